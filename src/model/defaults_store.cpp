@@ -1,0 +1,55 @@
+#include "model/defaults_store.h"
+
+#include "model/file_io.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
+namespace tallyvane::model {
+
+DefaultsStore::DefaultsStore(const std::filesystem::path& path)
+    : m_settings(std::make_unique<QSettings>(QFile(path).fileName(), QSettings::IniFormat)) {}
+
+std::optional<DefaultsStore> DefaultsStore::open(const std::filesystem::path& path) {
+    makePrivateDirectory(path.parent_path());
+    const QFileInfo file(path);
+    if (file.exists() && !(file.isFile() && file.isReadable() && file.isWritable())) {
+        return std::nullopt;
+    }
+    DefaultsStore store(path);
+    if (store.m_settings->status() != QSettings::NoError || !store.m_settings->isWritable()) {
+        return std::nullopt;
+    }
+    return store;
+}
+
+DefaultsStore DefaultsStore::openFirst(const std::filesystem::path& preferred,
+                                       const std::filesystem::path& otherwise) {
+    std::optional<DefaultsStore> store = open(preferred);
+    return store ? std::move(*store) : DefaultsStore(otherwise);
+}
+
+QByteArray DefaultsStore::data(const QString& key) {
+    m_settings->sync();
+    return m_settings->value(key).toByteArray();
+}
+
+QString DefaultsStore::text(const QString& key) {
+    m_settings->sync();
+    return m_settings->value(key).toString();
+}
+
+void DefaultsStore::setData(const QString& key, const QByteArray& value) {
+    set(key, value);
+}
+
+void DefaultsStore::setText(const QString& key, const QString& value) {
+    set(key, value);
+}
+
+void DefaultsStore::set(const QString& key, const QVariant& value) {
+    m_settings->setValue(key, value);
+    m_settings->sync();
+}
+
+} // namespace tallyvane::model

@@ -1,0 +1,101 @@
+#include "model/file_io.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QDirIterator>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tallyvane::model {
+
+namespace {
+
+class FileDescriptor {
+public:
+    FileDescriptor(const std::filesystem::path& path, int flags)
+        : m_fd(::open(path.c_str(), flags | O_CLOEXEC)) {}
+    ~FileDescriptor() {
+        if (m_fd >= 0) {
+            ::close(m_fd);
+        }
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    int get() const { return m_fd; }
+
+private:
+    int m_fd;
+};
+
+/// Puts the directory's entries on the disk, so that a rename in it survives a loss of power.
+void syncDirectory(const std::filesystem::path& directory) {
+    const FileDescriptor descriptor(directory, O_RDONLY | O_DIRECTORY);
+    if (descriptor.get() >= 0) {
+        ::fsync(descriptor.get());
+    }
+}
+
+} // namespace
+
+std::optional<QByteArray> readFile(const std::filesystem::path& path, qsizetype maximumSize) {
+    const FileDescriptor descriptor(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+    struct stat status{};
+    if (descriptor.get() < 0 || ::fstat(descriptor.get(), &status) != 0 ||
+        !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    QFile file;
+    if (!file.open(descriptor.get(), QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    QByteArray bytes = file.read(maximumSize + 1);
+    if (file.error() != QFile::NoError || bytes.size() > maximumSize) {
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+std::expected<void, FileError> writeFile(const std::filesystem::path& path,
+                                         const QByteArray& bytes) {
+    QSaveFile file(QFile(path).fileName());
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) &&
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+        file.write(bytes) == bytes.size() && file.commit(); // commit puts the bytes on the disk
+    if (!isWritten) {
+        return std::unexpected(FileError{
+            QStringLiteral("Could not save %1: %2.").arg(file.fileName(), file.errorString())});
+    }
+    syncDirectory(path.parent_path());
+    return {};
+}
+
+void removeUnfinishedWrites(const std::filesystem::path& path) {
+    const QFileInfo target(path);
+    const QDateTime lastMinute = QDateTime::currentDateTimeUtc().addSecs(-60);
+    QDirIterator leftovers(target.path(), {target.fileName() + QStringLiteral(".??????")},
+                           QDir::Files | QDir::Hidden | QDir::NoSymLinks);
+    while (leftovers.hasNext()) {
+        const QFileInfo leftover = leftovers.nextFileInfo();
+        if (leftover.lastModified() < lastMinute) {
+            QFile::remove(leftover.filePath());
+        }
+    }
+}
+
+void makePrivateDirectory(const std::filesystem::path& directory) {
+    std::error_code ignored;
+    if (directory.empty() || std::filesystem::is_directory(directory, ignored)) {
+        return;
+    }
+    makePrivateDirectory(directory.parent_path());
+    ::mkdir(directory.c_str(), S_IRWXU);
+}
+
+} // namespace tallyvane::model

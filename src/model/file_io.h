@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <expected>
+#include <filesystem>
+#include <optional>
+
+namespace tallyvane::model {
+
+struct FileError {
+    QString message; ///< for the user: which file, and the system's reason
+};
+
+/// The whole of a regular file of at most `maximumSize` bytes; nothing when there is none, it
+/// cannot be read, is larger, or is anything but a regular file. Never blocks on a pipe.
+[[nodiscard]] std::optional<QByteArray> readFile(const std::filesystem::path& path,
+                                                 qsizetype maximumSize);
+
+/// Replaces the file at `path` by one that holds `bytes` and that only the user can read. At every
+/// instant, a crash or a loss of power included, `path` is the old or the new file whole; when
+/// this returns a value the new one is on the disk. A crash can leave a file named `path` plus a
+/// dot and six characters, which `removeUnfinishedWrites` clears away.
+[[nodiscard]] std::expected<void, FileError> writeFile(const std::filesystem::path& path,
+                                                       const QByteArray& bytes);
+
+/// Removes what writes of `path` that never ended left behind, except files of the last minute,
+/// which another process may be writing.
+void removeUnfinishedWrites(const std::filesystem::path& path);
+
+/// Makes the directory and its missing parents, those that it makes open to the user alone.
+/// A failure shows when a file is written there.
+void makePrivateDirectory(const std::filesystem::path& directory);
+
+} // namespace tallyvane::model

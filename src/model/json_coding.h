@@ -1,0 +1,96 @@
+#pragma once
+
+#include "model/raw_values.h"
+#include "model/timestamp.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QJsonObject>
+#include <QtCore/QJsonValue>
+#include <QtCore/QString>
+
+#include <cstdint>
+#include <expected>
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// The one JSON form of the files that this program writes, and its strict reading.
+namespace tallyvane::model {
+
+struct EncodeError {
+    QString message; ///< for the user: what could not be written
+};
+
+struct DecodeError {
+    QString message; ///< for a developer: where the document departs from its form
+};
+
+/// Writes `object` with keys sorted, two blanks of indent, `"key" : value`, whole numbers without
+/// a fraction, other numbers in the shortest form that reads back the same, `[]` for an empty
+/// list. Equal objects give equal bytes. Fails on a number that is not
+/// finite.
+[[nodiscard]] std::expected<QByteArray, EncodeError> encodeJson(const QJsonObject& object);
+
+/// Reads the members of one object strictly. A member that is missing or of the wrong type yields
+/// a default and is noted; `decodeJson` fails the document on the first such note.
+class JsonReader {
+public:
+    JsonReader(QJsonObject object, std::optional<DecodeError>& firstError)
+        : m_object(std::move(object)), m_firstError(firstError) {}
+
+    [[nodiscard]] double number(QLatin1StringView key) const;
+    [[nodiscard]] std::int64_t integer(QLatin1StringView key) const;
+    [[nodiscard]] Timestamp timestamp(QLatin1StringView key) const;
+
+    /// Optional members may be missing or null.
+    [[nodiscard]] std::optional<QString> optionalText(QLatin1StringView key) const;
+    [[nodiscard]] std::optional<Timestamp> optionalTimestamp(QLatin1StringView key) const;
+    [[nodiscard]] std::optional<JsonReader> optionalObject(QLatin1StringView key) const;
+
+    template <typename E> [[nodiscard]] E enumeration(QLatin1StringView key) const {
+        const std::optional<E> value = fromRawValue<E>(text(key));
+        if (!value) {
+            note(key, "has an unknown value");
+        }
+        return value.value_or(E{});
+    }
+
+    /// A list of objects, each read by `readElement`.
+    template <typename T, typename ReadElement>
+    [[nodiscard]] std::vector<T> list(QLatin1StringView key, ReadElement readElement) const {
+        std::vector<T> elements;
+        for (const JsonReader& element : objects(key)) {
+            elements.push_back(readElement(element));
+        }
+        return elements;
+    }
+
+private:
+    [[nodiscard]] QString text(QLatin1StringView key) const;
+    [[nodiscard]] std::vector<JsonReader> objects(QLatin1StringView key) const;
+    [[nodiscard]] bool holds(QLatin1StringView key) const;
+    void note(QLatin1StringView key, const char* problem) const;
+
+    QJsonObject m_object;
+    std::reference_wrapper<std::optional<DecodeError>> m_firstError;
+};
+
+/// Parses `json`, whose top level must be an object.
+[[nodiscard]] std::expected<QJsonObject, DecodeError> parseJsonObject(const QByteArray& json);
+
+/// Parses `json` and lets `read` make a T of its top-level object.
+template <typename T, typename Read>
+[[nodiscard]] std::expected<T, DecodeError> decodeJson(const QByteArray& json, Read read) {
+    const std::expected<QJsonObject, DecodeError> object = parseJsonObject(json);
+    if (!object) {
+        return std::unexpected(object.error());
+    }
+    std::optional<DecodeError> firstError;
+    T value = read(JsonReader(*object, firstError));
+    if (firstError) {
+        return std::unexpected(*firstError);
+    }
+    return value;
+}
+
+} // namespace tallyvane::model

@@ -1,0 +1,105 @@
+#include "model/quota_display.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tallyvane::model {
+
+namespace {
+
+using namespace std::chrono;
+
+QString pendingText(const ProviderQuotaSnapshot& entry) {
+    return entry.statusMessage.value_or(QStringLiteral("Sync pending"));
+}
+
+int wholeRemaining(const std::optional<QuotaWindowSnapshot>& window) {
+    return window ? static_cast<int>(remainingPercent(*window)) : 0;
+}
+
+} // namespace
+
+Colour accentColour(AIProvider provider) {
+    return provider == AIProvider::claude ? Colour{.red = 0.91, .green = 0.42, .blue = 0.2}
+                                          : Colour{.red = 0.38, .green = 0.37, .blue = 0.93};
+}
+
+QString usagePage(AIProvider provider) {
+    return provider == AIProvider::claude ? QStringLiteral("https://claude.ai/settings/usage")
+                                          : QStringLiteral("https://chatgpt.com/settings/usage");
+}
+
+QString displayName(AIProvider provider) {
+    return provider == AIProvider::claude ? QStringLiteral("Claude") : QStringLiteral("Codex");
+}
+
+double remainingPercent(const QuotaWindowSnapshot& window) {
+    return std::clamp(100.0 - window.usedPercent, 0.0, 100.0);
+}
+
+std::optional<int> lowestRemainingPercent(const QuotaSnapshot& snapshot) {
+    std::optional<int> lowest;
+    for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
+        if (entry.fiveHour) {
+            const int remaining = static_cast<int>(std::lround(remainingPercent(*entry.fiveHour)));
+            lowest = std::min(lowest.value_or(remaining), remaining);
+        }
+    }
+    return lowest;
+}
+
+QString summaryText(const ProviderQuotaSnapshot& entry) {
+    if (entry.syncState == QuotaSyncState::pending) {
+        return pendingText(entry);
+    }
+    return QStringLiteral("5H %1%  \u00B7  WK %2%")
+        .arg(wholeRemaining(entry.fiveHour))
+        .arg(wholeRemaining(entry.week));
+}
+
+QString resetText(std::optional<Timestamp> resetsAt, const ProviderQuotaSnapshot& entry,
+                  Timestamp now, const WeekdayTimeFormat& weekdayTime) {
+    switch (entry.syncState) {
+    case QuotaSyncState::pending:
+        return pendingText(entry);
+    case QuotaSyncState::unavailable:
+        return QStringLiteral("Not available");
+    case QuotaSyncState::current:
+        break;
+    }
+    if (!resetsAt) {
+        return QStringLiteral("Reset unknown");
+    }
+    const auto left = *resetsAt - now;
+    if (left <= microseconds{0}) {
+        return pendingText(entry);
+    }
+    if (left >= days{1}) {
+        return weekdayTime.format(*resetsAt);
+    }
+    // Never "0m": the first minute of every hour reads as one.
+    const auto whole = hh_mm_ss{floor<seconds>(left)};
+    const auto minutesLeft = std::max<std::int64_t>(whole.minutes().count(), 1);
+    const auto hoursLeft = whole.hours().count();
+    return hoursLeft > 0 ? QStringLiteral("in %1h %2m").arg(hoursLeft).arg(minutesLeft)
+                         : QStringLiteral("in %1m").arg(minutesLeft);
+}
+
+QString ageText(std::optional<Timestamp> date, Timestamp now) {
+    if (!date) {
+        return QStringLiteral("never");
+    }
+    const auto age = now - *date;
+    if (age < minutes{1}) {
+        return QStringLiteral("just now");
+    }
+    if (age < hours{1}) {
+        return QStringLiteral("%1 min ago").arg(age / minutes{1});
+    }
+    if (age < days{1}) {
+        return QStringLiteral("%1 hr ago").arg(age / hours{1});
+    }
+    return QStringLiteral("%1 d ago").arg(age / days{1});
+}
+
+} // namespace tallyvane::model

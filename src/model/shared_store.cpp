@@ -1,0 +1,83 @@
+#include "model/shared_store.h"
+
+#include "model/defaults_store.h"
+
+namespace tallyvane::model {
+
+namespace {
+
+constexpr auto groupIdentifier = "group.corvelle.Gaugewell";
+constexpr qsizetype maximumFileSize = qsizetype{64} << 20;
+
+const QString mirrorKey = QStringLiteral("quotaSnapshotData");
+
+std::optional<QuotaSnapshot> decoded(const std::optional<QByteArray>& json) {
+    if (!json) {
+        return std::nullopt;
+    }
+    const auto snapshot = decodeSnapshot(*json);
+    return snapshot ? std::optional(*snapshot) : std::nullopt;
+}
+
+} // namespace
+
+std::filesystem::path StoreLocations::defaultsSuite() const {
+    return configHome / (std::string(groupIdentifier) + ".conf");
+}
+
+std::filesystem::path StoreLocations::standardDefaults() const {
+    return configHome / "tallyvane.conf";
+}
+
+SharedStore::SharedStore(const StoreLocations& locations)
+    : m_defaultsSuite(locations.defaultsSuite()), m_baseURL(locations.dataHome / groupIdentifier),
+      m_containerSource(ContainerSource::appGroup) {
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(m_baseURL, ignored)) {
+        m_baseURL = locations.dataHome / "Gaugewell";
+        m_containerSource = ContainerSource::fallback;
+        makePrivateDirectory(m_baseURL);
+    }
+}
+
+std::optional<QuotaSnapshot> SharedStore::loadSnapshot() const {
+    if (auto snapshot = decoded(readFile(snapshotFile(), maximumFileSize)); snapshot) {
+        return snapshot;
+    }
+    auto suite = DefaultsStore::open(m_defaultsSuite);
+    return suite ? decoded(suite->data(mirrorKey)) : std::nullopt;
+}
+
+std::expected<void, FileError> SharedStore::saveSnapshot(const QuotaSnapshot& snapshot) const {
+    const auto json = encodeSnapshot(snapshot);
+    if (!json) {
+        return std::unexpected(FileError{json.error().message});
+    }
+    removeUnfinishedWrites(snapshotFile());
+    if (auto written = writeFile(snapshotFile(), *json); !written) {
+        return written;
+    }
+    if (auto suite = DefaultsStore::open(m_defaultsSuite); suite) {
+        suite->setData(mirrorKey, *json);
+    }
+    return {};
+}
+
+std::optional<QByteArray> SharedStore::loadHistory() const {
+    return readFile(historyFile(), maximumFileSize);
+}
+
+std::expected<void, FileError> SharedStore::saveHistory(const QByteArray& json) const {
+    removeUnfinishedWrites(historyFile());
+    return writeFile(historyFile(), json);
+}
+
+std::filesystem::path SharedStore::snapshotFile() const {
+    return m_baseURL / "quota-snapshot.json";
+}
+
+std::filesystem::path SharedStore::historyFile() const {
+    return m_baseURL / "usage-history.json";
+}
+
+} // namespace tallyvane::model

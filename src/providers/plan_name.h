@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace tallyvane::providers {
+
+/// The display name of a plan identifier: "team_premium" becomes "Team Premium".
+[[nodiscard]] QString planName(const QString& identifier);
+
+} // namespace tallyvane::providers

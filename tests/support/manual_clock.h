@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/clock.h"
+
+#include <list>
+
+namespace tallyvane::tests {
+
+/// A clock that moves only when a test moves it.
+class ManualClock final : public platform::Clock {
+public:
+    explicit ManualClock(model::Timestamp start) : m_now(start) {}
+
+    [[nodiscard]] model::Timestamp now() const override { return m_now; }
+
+    [[nodiscard]] std::unique_ptr<platform::Alarm> after(std::chrono::milliseconds delay,
+                                                         std::function<void()> action) override {
+        return std::make_unique<ManualAlarm>(*this, m_now + delay, std::move(action));
+    }
+
+    /// Moves on by `duration`, ringing each alarm in it at its own time.
+    void advance(std::chrono::milliseconds duration) {
+        const model::Timestamp end = m_now + duration;
+        while (ManualAlarm* next = earliestUntil(end)) {
+            m_now = std::max(m_now, next->due);
+            m_pending.remove(next);
+            const auto action = next->action;
+            action();
+        }
+        m_now = end;
+    }
+
+    /// How many alarms are set.
+    [[nodiscard]] std::size_t pendingAlarms() const { return m_pending.size(); }
+
+private:
+    struct ManualAlarm final : platform::Alarm {
+        ManualAlarm(ManualClock& owner, model::Timestamp at, std::function<void()> call)
+            : clock(owner), due(at), action(std::move(call)) {
+            clock.m_pending.push_back(this);
+        }
+        ~ManualAlarm() override { clock.m_pending.remove(this); }
+
+        ManualClock& clock;
+        model::Timestamp due;
+        std::function<void()> action;
+    };
+
+    ManualAlarm* earliestUntil(model::Timestamp end) {
+        const auto earliest = std::ranges::min_element(
+            m_pending, {}, [](const ManualAlarm* alarm) { return alarm->due; });
+        return earliest != m_pending.end() && (*earliest)->due <= end ? *earliest : nullptr;
+    }
+
+    model::Timestamp m_now;
+    std::list<ManualAlarm*> m_pending;
+};
+
+} // namespace tallyvane::tests
