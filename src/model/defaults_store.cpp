@@ -8,7 +8,8 @@
 namespace tallyvane::model {
 
 DefaultsStore::DefaultsStore(const std::filesystem::path& path)
-    : m_settings(std::make_unique<QSettings>(QFile(path).fileName(), QSettings::IniFormat)) {}
+    : m_path(path),
+      m_settings(std::make_unique<QSettings>(QFile(path).fileName(), QSettings::IniFormat)) {}
 
 std::optional<DefaultsStore> DefaultsStore::open(const std::filesystem::path& path) {
     makePrivateDirectory(path.parent_path());
@@ -48,6 +49,7 @@ void DefaultsStore::setText(const QString& key, const QString& value) {
 }
 
 void DefaultsStore::set(const QString& key, const QVariant& value) {
+    makePrivateFile(m_path); // QSettings would let others read a file that it makes
     m_settings->setValue(key, value);
     m_settings->sync();
 }

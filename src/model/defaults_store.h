@@ -33,6 +33,7 @@ private:
     explicit DefaultsStore(const std::filesystem::path& path);
     void set(const QString& key, const QVariant& value);
 
+    std::filesystem::path m_path;
     std::unique_ptr<QSettings> m_settings;
 };
 

@@ -18,7 +18,7 @@ namespace {
 class FileDescriptor {
 public:
     FileDescriptor(const std::filesystem::path& path, int flags)
-        : m_fd(::open(path.c_str(), flags | O_CLOEXEC)) {}
+        : m_fd(::open(path.c_str(), flags | O_CLOEXEC, S_IRUSR | S_IWUSR)) {}
     ~FileDescriptor() {
         if (m_fd >= 0) {
             ::close(m_fd);
@@ -64,10 +64,10 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qsizetype 
 std::expected<void, FileError> writeFile(const std::filesystem::path& path,
                                          const QByteArray& bytes) {
     QSaveFile file(QFile(path).fileName());
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) &&
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-        file.write(bytes) == bytes.size() && file.commit(); // commit puts the bytes on the disk
+    const bool isWritten = file.open(QIODevice::WriteOnly) &&
+                           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+                           file.write(bytes) == bytes.size() &&
+                           file.commit(); // commit puts the bytes on the disk
     if (!isWritten) {
         return std::unexpected(FileError{
             QStringLiteral("Could not save %1: %2.").arg(file.fileName(), file.errorString())});
@@ -87,6 +87,10 @@ void removeUnfinishedWrites(const std::filesystem::path& path) {
             QFile::remove(leftover.filePath());
         }
     }
+}
+
+void makePrivateFile(const std::filesystem::path& path) {
+    const FileDescriptor made(path, O_CREAT | O_WRONLY | O_NONBLOCK);
 }
 
 void makePrivateDirectory(const std::filesystem::path& directory) {

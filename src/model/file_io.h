@@ -29,6 +29,9 @@ struct FileError {
 /// which another process may be writing.
 void removeUnfinishedWrites(const std::filesystem::path& path);
 
+/// Makes an empty file that only the user can read, unless there is one.
+void makePrivateFile(const std::filesystem::path& path);
+
 /// Makes the directory and its missing parents, those that it makes open to the user alone.
 /// A failure shows when a file is written there.
 void makePrivateDirectory(const std::filesystem::path& directory);

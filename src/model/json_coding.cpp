@@ -95,15 +95,18 @@ private:
     }
 
     bool writeNumber(const QJsonValue& value) {
+        const double number = value.toDouble();
+        if (!std::isfinite(number)) {
+            return false;
+        }
         if (const auto integer = asInteger(value); integer) {
             m_bytes += QByteArray::number(qlonglong{*integer});
             return true;
         }
-        const double number = value.toDouble();
         std::array<char, 32> digits{};
         const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
         m_bytes += QByteArrayView(digits.data(), end);
-        return std::isfinite(number);
+        return true;
     }
 
     void writeString(const QString& text) {

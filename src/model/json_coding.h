@@ -47,7 +47,8 @@ public:
     [[nodiscard]] std::optional<Timestamp> optionalTimestamp(QLatin1StringView key) const;
     [[nodiscard]] std::optional<JsonReader> optionalObject(QLatin1StringView key) const;
 
-    template <typename E> [[nodiscard]] E enumeration(QLatin1StringView key) const {
+    template <typename E>
+    [[nodiscard]] E enumeration(QLatin1StringView key) const {
         const std::optional<E> value = fromRawValue<E>(text(key));
         if (!value) {
             note(key, "has an unknown value");

@@ -12,15 +12,18 @@ namespace tallyvane::model {
 
 /// The texts by which the cases of enumeration `E` are stored, in declaration order. Specialised
 /// beside each enumeration whose cases count up from zero.
-template <typename E> inline constexpr std::array<QLatin1StringView, 0> rawValues{};
+template <typename E>
+inline constexpr std::array<QLatin1StringView, 0> rawValues{};
 
 /// The stored text of one case.
-template <typename E> constexpr QLatin1StringView rawValue(E value) {
+template <typename E>
+constexpr QLatin1StringView rawValue(E value) {
     return rawValues<E>[static_cast<std::size_t>(std::to_underlying(value))];
 }
 
 /// The case stored as `text`, compared exactly; nothing when there is none.
-template <typename E> std::optional<E> fromRawValue(QStringView text) {
+template <typename E>
+std::optional<E> fromRawValue(QStringView text) {
     const auto found = std::ranges::find_if(
         rawValues<E>, [text](QLatin1StringView stored) { return stored == text; });
     if (found == rawValues<E>.end()) {
@@ -30,7 +33,8 @@ template <typename E> std::optional<E> fromRawValue(QStringView text) {
 }
 
 /// Every case, in declaration order.
-template <typename E> inline constexpr auto allCases = [] {
+template <typename E>
+inline constexpr auto allCases = [] {
     std::array<E, rawValues<E>.size()> cases{};
     for (std::size_t i = 0; i < cases.size(); ++i) {
         cases[i] = static_cast<E>(i);

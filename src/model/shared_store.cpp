@@ -30,7 +30,8 @@ std::filesystem::path StoreLocations::standardDefaults() const {
 }
 
 SharedStore::SharedStore(const StoreLocations& locations)
-    : m_defaultsSuite(locations.defaultsSuite()), m_baseURL(locations.dataHome / groupIdentifier),
+    : m_defaultsSuite(locations.defaultsSuite()),
+      m_baseURL(locations.dataHome / groupIdentifier),
       m_containerSource(ContainerSource::appGroup) {
     std::error_code ignored;
     if (!std::filesystem::is_directory(m_baseURL, ignored)) {

@@ -9,10 +9,10 @@ namespace {
 using namespace std::chrono;
 
 constexpr Timestamp earliest = sys_days{year{0} / January / 1};
-constexpr Timestamp latest = sys_days{year{9999} / December / 31} + days{1} - microseconds{1};
+constexpr Timestamp end = sys_days{year{9999} / December / 31} + days{1};
 
 bool isRepresentable(Timestamp timestamp) {
-    return earliest <= timestamp && timestamp <= latest;
+    return earliest <= timestamp && timestamp < end;
 }
 
 /// Takes fields off the front of a text; after the first mismatch nothing matches any more.
@@ -126,9 +126,11 @@ QString formatTimestamp(Timestamp timestamp) {
 
 std::optional<Timestamp> timestampFromUnixSeconds(double seconds) {
     const double micros = std::floor(seconds * 1e6);
-    const auto count = [](Timestamp t) { return static_cast<double>(t.time_since_epoch().count()); };
+    const auto count = [](Timestamp t) {
+        return static_cast<double>(t.time_since_epoch().count());
+    };
     // Written so that a NaN fails the test too.
-    if (!(micros >= count(earliest) && micros <= count(latest))) {
+    if (!(micros >= count(earliest) && micros < count(end))) {
         return std::nullopt;
     }
     return Timestamp{microseconds{static_cast<std::int64_t>(micros)}};

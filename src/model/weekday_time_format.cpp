@@ -10,7 +10,10 @@ struct WeekdayTimeFormat::Formatter {
     std::unique_ptr<icu::DateFormat> dates;
 
     Formatter(const std::string& localeName, const std::string& timeZone) {
-        const icu::Locale locale(localeName.c_str());
+        icu::Locale locale(localeName.c_str());
+        if (locale.isBogus() != 0) {
+            locale = icu::Locale::getRoot(); // ICU crashes on a locale that it could not parse
+        }
         UErrorCode status = U_ZERO_ERROR;
         dates.reset(icu::DateFormat::createInstanceForSkeleton(icu::UnicodeString("EEEjmm"), locale,
                                                                status));

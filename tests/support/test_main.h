@@ -15,20 +15,7 @@ private Q_SLOTS:
 };
 
 /// Gives the program an empty home and nothing of the caller's session.
-inline void isolate(const QTemporaryDir& home) {
-    const QByteArray path = home.path().toUtf8();
-    qputenv("HOME", path);
-    qputenv("XDG_DATA_HOME", path + "/data");
-    qputenv("XDG_CONFIG_HOME", path + "/config");
-    qputenv("XDG_RUNTIME_DIR", path);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path + "/no-bus");
-    qputenv("TZ", "UTC");
-    qputenv("LANG", "C.UTF-8");
-    for (const char* name : {"LC_ALL", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy",
-                             "https_proxy", "all_proxy", "GAUGEWELL_USE_FIXTURES"}) {
-        qunsetenv(name);
-    }
-}
+void isolate(const QTemporaryDir& home);
 
 } // namespace tallyvane::tests
 

@@ -8,9 +8,9 @@ namespace tallyvane::platform {
 namespace {
 
 void emitSignal(const QString& name, const QVariantList& arguments) {
-    QDBusMessage signal = QDBusMessage::createSignal(
-        QStringLiteral("/org/corvelle/Tallyvane"), QStringLiteral("org.corvelle.Tallyvane.Widgets"),
-        name);
+    QDBusMessage signal =
+        QDBusMessage::createSignal(QStringLiteral("/org/corvelle/Tallyvane"),
+                                   QStringLiteral("org.corvelle.Tallyvane.Widgets"), name);
     signal.setArguments(arguments);
     if (QDBusConnection bus = QDBusConnection::sessionBus(); bus.isConnected()) {
         bus.send(signal);

@@ -1,0 +1,49 @@
+#include "history/usage_history.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonObject>
+
+namespace tallyvane::history {
+
+using model::JsonReader;
+
+std::expected<QByteArray, model::EncodeError> encodeHistory(const UsageHistory& history) {
+    QJsonArray points;
+    for (const UsageHistoryPoint& point : history.points) {
+        points.append(QJsonObject{
+            {QStringLiteral("date"), model::formatTimestamp(point.date)},
+            {QStringLiteral("provider"), model::rawValue(point.provider)},
+            {QStringLiteral("estimatedQuotaConsumed"), point.estimatedQuotaConsumed},
+            {QStringLiteral("estimatedLocalTokens"), qint64{point.estimatedLocalTokens}}});
+    }
+    return model::encodeJson({{QStringLiteral("schemaVersion"), qint64{history.schemaVersion}},
+                              {QStringLiteral("points"), points}});
+}
+
+std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& json) {
+    const auto readPoint = [](const JsonReader& point) {
+        return UsageHistoryPoint{
+            .date = point.timestamp(QLatin1StringView{"date"}),
+            .provider = point.enumeration<model::AIProvider>(QLatin1StringView{"provider"}),
+            .estimatedQuotaConsumed = point.number(QLatin1StringView{"estimatedQuotaConsumed"}),
+            .estimatedLocalTokens = point.integer(QLatin1StringView{"estimatedLocalTokens"}),
+        };
+    };
+    return model::decodeJson<UsageHistory>(json, [&](const JsonReader& reader) {
+        return UsageHistory{
+            .schemaVersion = reader.integer(QLatin1StringView{"schemaVersion"}),
+            .points = reader.list<UsageHistoryPoint>(QLatin1StringView{"points"}, readPoint),
+        };
+    });
+}
+
+std::optional<UsageHistory> loadHistory(const model::SharedStore& store) {
+    const std::optional<QByteArray> json = store.loadHistory();
+    if (!json) {
+        return std::nullopt;
+    }
+    const auto history = decodeHistory(*json);
+    return history ? std::optional(*history) : std::nullopt;
+}
+
+} // namespace tallyvane::history

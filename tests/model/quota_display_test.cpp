@@ -1,0 +1,124 @@
+#include "model/quota_display.h"
+#include "support/test_main.h"
+
+using namespace std::chrono_literals;
+using namespace tallyvane::model;
+
+class QuotaDisplayTest : public tallyvane::tests::HermeticTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void resetTexts_data() {
+        QTest::addColumn<QuotaSyncState>("state");
+        QTest::addColumn<std::optional<int>>("secondsLeft");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QString>("expected");
+        using enum QuotaSyncState;
+        const auto row = [](const char* expected, QuotaSyncState state, std::optional<int> left,
+                            const char* message = "") {
+            QTest::addRow("%s, %d s, \"%s\"", expected, left.value_or(-1), message)
+                << state << left << QString::fromLatin1(message) << QString::fromLatin1(expected);
+        };
+        row("Sync pending", pending, 60);
+        row("Rate limited", pending, 60, "Rate limited");
+        row("Not available", unavailable, 60, "Rate limited");
+        row("Reset unknown", current, {}, "Rate limited");
+        row("Sync pending", current, 0);
+        row("Rate limited", current, -5, "Rate limited");
+        row("in 1m", current, 1);
+        row("in 1m", current, 119);
+        row("in 45m", current, 2700);
+        row("in 59m", current, 3599);
+        row("in 1h 1m", current, 3600);
+        row("in 1h 30m", current, 5400);
+        row("in 2h 1m", current, 7200);
+        row("in 23h 59m", current, 86399);
+        row("Wed 12:00 AM", current, 86400);
+        row("Tue 3:45 PM", current, 7 * 86400 + 15 * 3600 + 45 * 60);
+    }
+
+    void resetTexts() {
+        QFETCH(QuotaSyncState, state);
+        QFETCH(std::optional<int>, secondsLeft);
+        QFETCH(QString, message);
+        QFETCH(QString, expected);
+        ProviderQuotaSnapshot entry{.syncState = state};
+        if (!message.isEmpty()) {
+            entry.statusMessage = message;
+        }
+        std::optional<Timestamp> resetsAt;
+        if (secondsLeft) {
+            resetsAt = m_tuesdayMidnight + std::chrono::seconds(*secondsLeft);
+        }
+        QCOMPARE(resetText(resetsAt, entry, m_tuesdayMidnight, WeekdayTimeFormat("en_US", "UTC")),
+                 expected);
+    }
+
+    void weekdayFollowsLocaleAndZone() {
+        const Timestamp afternoon = m_tuesdayMidnight + 15h + 45min;
+        const auto text = [&](const char* locale, const char* zone) {
+            return WeekdayTimeFormat(locale, zone).format(afternoon);
+        };
+        QCOMPARE(text("de_DE.UTF-8", "UTC"), QStringLiteral("Di., 15:45"));
+        QCOMPARE(text("en_US.UTF-8", "Asia/Kolkata"), QStringLiteral("Tue 9:15 PM"));
+        QCOMPARE(text("C.UTF-8", "Pacific/Auckland"), QStringLiteral("Wed 04:45"));
+        QCOMPARE(text("no such locale", "UTC"), QStringLiteral("Tue 3:45 PM"));
+    }
+
+    void ageTexts() {
+        const Timestamp now = m_tuesdayMidnight;
+        QCOMPARE(ageText({}, now), QStringLiteral("never"));
+        const std::pair<std::chrono::seconds, const char*> rows[] = {
+            {-90s, "just now"},  {59s, "just now"},
+            {60s, "1 min ago"},  {3599s, "59 min ago"},
+            {3600s, "1 hr ago"}, {86399s, "23 hr ago"},
+            {86400s, "1 d ago"}, {86400s * 2000, "2000 d ago"}};
+        for (const auto& [age, expected] : rows) {
+            QCOMPARE(ageText(now - age, now), QString::fromLatin1(expected));
+        }
+    }
+
+    void figures_data() {
+        QTest::addColumn<std::optional<double>>("codexUsed");
+        QTest::addColumn<std::optional<double>>("claudeUsed");
+        QTest::addColumn<std::optional<int>>("lowest");
+        QTest::addColumn<QString>("claudeSummary");
+        using Used = std::optional<double>;
+        using Lowest = std::optional<int>;
+        QTest::newRow("none") << Used() << Used() << Lowest() << QStringLiteral("5H 0%  ·  WK 90%");
+        QTest::newRow("rounded and truncated")
+            << Used(12.5) << Used(80.4) << Lowest(20) << QStringLiteral("5H 19%  ·  WK 90%");
+        QTest::newRow("beyond the range")
+            << Used(-5) << Used(130) << Lowest(0) << QStringLiteral("5H 0%  ·  WK 90%");
+        QTest::newRow("half rounds up")
+            << Used(99.5) << Used(0.1) << Lowest(1) << QStringLiteral("5H 99%  ·  WK 90%");
+        QTest::newRow("full") << Used(-5) << Used() << Lowest(100)
+                              << QStringLiteral("5H 0%  ·  WK 90%");
+    }
+
+    void figures() {
+        QFETCH(std::optional<double>, codexUsed);
+        QFETCH(std::optional<double>, claudeUsed);
+        QFETCH(std::optional<int>, lowest);
+        QFETCH(QString, claudeSummary);
+        QuotaSnapshot snapshot = placeholderSnapshot(m_tuesdayMidnight);
+        const auto window = [](std::optional<double> used) {
+            return used ? std::optional(QuotaWindowSnapshot{.usedPercent = *used}) : std::nullopt;
+        };
+        snapshot.providers[0].fiveHour = window(codexUsed);
+        snapshot.providers[1].fiveHour = window(claudeUsed);
+        snapshot.providers[1].week = window(10);
+        QCOMPARE(lowestRemainingPercent(snapshot), lowest);
+        QCOMPARE(summaryText(snapshot.providers[1]), claudeSummary);
+        snapshot.providers[1].syncState = QuotaSyncState::pending;
+        QCOMPARE(summaryText(snapshot.providers[1]), QStringLiteral("Sync pending"));
+        QCOMPARE(lowestRemainingPercent(snapshot), lowest);
+    }
+
+private:
+    const Timestamp m_tuesdayMidnight =
+        std::chrono::sys_days{std::chrono::year{2025} / std::chrono::January / 28};
+};
+
+TALLYVANE_TEST_MAIN(QuotaDisplayTest)
+#include "quota_display_test.moc"

@@ -1,0 +1,168 @@
+#include "model/defaults_store.h"
+#include "model/shared_store.h"
+#include "support/test_main.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtCore/QRandomGenerator>
+
+#include <csignal>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace tallyvane::model;
+namespace fs = std::filesystem;
+
+namespace {
+
+QuotaSnapshot snapshotUsing(double usedPercent) {
+    QuotaSnapshot snapshot = placeholderSnapshot({});
+    snapshot.providers[0].week = QuotaWindowSnapshot{.usedPercent = usedPercent};
+    return snapshot;
+}
+
+fs::perms permissionsOf(const fs::path& path) {
+    return fs::status(path).permissions();
+}
+
+/// Fresh directories for one test.
+struct Place {
+    QTemporaryDir directory;
+    fs::path root{directory.path().toStdString()};
+    StoreLocations locations{.dataHome = root / "data", .configHome = root / "config"};
+    fs::path snapshotFile = locations.dataHome / "Gaugewell" / "quota-snapshot.json";
+};
+
+} // namespace
+
+class SharedStoreTest : public tallyvane::tests::HermeticTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void choosesTheContainer() {
+        const Place place;
+        const SharedStore own(place.locations);
+        QCOMPARE(own.containerSource(), ContainerSource::fallback);
+        QVERIFY(own.baseURL() == place.locations.dataHome / "Gaugewell");
+        QCOMPARE(permissionsOf(own.baseURL()), fs::perms::owner_all);
+
+        fs::create_directory(place.locations.dataHome / "group.corvelle.Gaugewell");
+        const SharedStore shared(place.locations);
+        QCOMPARE(shared.containerSource(), ContainerSource::appGroup);
+        QVERIFY(shared.baseURL() == place.locations.dataHome / "group.corvelle.Gaugewell");
+    }
+
+    void savesForTheUserAlone() {
+        const Place place;
+        const SharedStore store(place.locations);
+        QVERIFY(!store.loadSnapshot());
+        ::umask(0);
+        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
+        QVERIFY(store.saveHistory("[]"));
+        const auto userOnly = fs::perms::owner_read | fs::perms::owner_write;
+        QCOMPARE(permissionsOf(place.snapshotFile), userOnly);
+        QCOMPARE(permissionsOf(store.baseURL() / "usage-history.json"), userOnly);
+        QCOMPARE(permissionsOf(place.locations.defaultsSuite()), userOnly);
+        QCOMPARE(permissionsOf(place.locations.configHome), fs::perms::owner_all);
+        QVERIFY(store.loadSnapshot() == snapshotUsing(1));
+        QCOMPARE(*store.loadHistory(), QByteArray("[]"));
+    }
+
+    void readsTheFileThenTheMirror() {
+        const Place place;
+        const SharedStore store(place.locations);
+        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
+        DefaultsStore::open(place.locations.defaultsSuite())
+            ->setData(QStringLiteral("quotaSnapshotData"), *encodeSnapshot(snapshotUsing(2)));
+        QVERIFY(store.loadSnapshot() == snapshotUsing(1));
+
+        QFile file(place.snapshotFile);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("{\"schemaVersion\" : 1");
+        file.close();
+        QVERIFY(store.loadSnapshot() == snapshotUsing(2));
+
+        fs::remove(place.snapshotFile);
+        QCOMPARE(::mkfifo(place.snapshotFile.c_str(), 0600), 0);
+        QVERIFY(store.loadSnapshot() == snapshotUsing(2));
+
+        QFile suite(place.locations.defaultsSuite());
+        QVERIFY(suite.open(QIODevice::WriteOnly));
+        suite.write("no equals sign\n");
+        suite.close();
+        QVERIFY(!store.loadSnapshot());
+    }
+
+    void failedWriteLeavesTheMirror() {
+        const Place place;
+        const SharedStore store(place.locations);
+        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
+        fs::remove_all(store.baseURL());
+        QFile obstacle(store.baseURL());
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+
+        const auto saved = store.saveSnapshot(snapshotUsing(2));
+        QVERIFY(!saved);
+        QVERIFY2(saved.error().message.contains(u"quota-snapshot.json") &&
+                     saved.error().message.contains(u"Not a directory"),
+                 qPrintable(saved.error().message));
+        QVERIFY(store.loadSnapshot() == snapshotUsing(1));
+    }
+
+    void savesWithoutASuite() {
+        const Place place;
+        fs::create_directories(place.locations.defaultsSuite());
+        const SharedStore store(place.locations);
+        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
+        QVERIFY(fs::is_empty(place.locations.defaultsSuite()));
+        DefaultsStore defaults = DefaultsStore::openFirst(place.locations.defaultsSuite(),
+                                                          place.locations.standardDefaults());
+        defaults.setText(QStringLiteral("appearance"), QStringLiteral("dark"));
+        QVERIFY(fs::exists(place.locations.standardDefaults()));
+        QCOMPARE(defaults.text(QStringLiteral("appearance")), QStringLiteral("dark"));
+    }
+
+    void clearsUnfinishedWrites() {
+        const Place place;
+        const SharedStore store(place.locations);
+        const fs::path old = place.snapshotFile.string() + ".AbCdEf";
+        const fs::path recent = place.snapshotFile.string() + ".GhIjKl";
+        const fs::path foreign = place.snapshotFile.string() + ".backup2";
+        for (const fs::path& path : {old, recent, foreign}) {
+            QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+            const auto age = std::chrono::hours(path == recent ? 0 : 1);
+            fs::last_write_time(path, fs::file_time_type::clock::now() - age);
+        }
+        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
+        QVERIFY(!fs::exists(old) && fs::exists(recent) && fs::exists(foreign));
+    }
+
+    /// A process that saves without pause is killed at a random instant, many times over.
+    void survivesKills() {
+        const Place place;
+        const SharedStore store(place.locations);
+        for (int round = 0; round < 200; ++round) {
+            const pid_t child = ::fork();
+            if (child == 0) {
+                for (int i = 0;; ++i) {
+                    (void)store.saveSnapshot(snapshotUsing(i));
+                }
+            }
+            QTest::qWait(0);
+            ::usleep(QRandomGenerator::global()->bounded(1000, 12000));
+            ::kill(child, SIGKILL);
+            ::waitpid(child, nullptr, 0);
+            if (fs::exists(place.snapshotFile)) {
+                QFile file(place.snapshotFile);
+                QVERIFY(file.open(QIODevice::ReadOnly));
+                QVERIFY(decodeSnapshot(file.readAll()));
+            }
+        }
+        QVERIFY(fs::exists(place.snapshotFile));
+    }
+};
+
+TALLYVANE_TEST_MAIN(SharedStoreTest)
+#include "shared_store_test.moc"
