@@ -10,7 +10,7 @@ namespace tallyvane::tests {
 class HermeticTest : public QObject {
     Q_OBJECT
 
-private Q_SLOTS:
+protected Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
 };
 

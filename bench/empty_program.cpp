@@ -1,0 +1,5 @@
+#include <QtCore/qglobal.h>
+
+int main() {
+    return qVersion() != nullptr ? 0 : 1;
+}

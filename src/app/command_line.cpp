@@ -1,0 +1,92 @@
+#include "app/command_line.h"
+
+#include <QtCore/QCommandLineParser>
+
+namespace tallyvane::app {
+
+std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments) {
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")});
+    const QCommandLineOption json(QStringLiteral("json"));
+    const QCommandLineOption waybar(QStringLiteral("waybar"));
+    QCommandLineParser parser;
+    parser.addOptions({help, version, json, waybar});
+    if (!parser.parse(arguments)) {
+        return std::unexpected(parser.errorText());
+    }
+    if (parser.isSet(help)) {
+        return CommandLine{.command = Command::help};
+    }
+    if (parser.isSet(version)) {
+        return CommandLine{.command = Command::version};
+    }
+
+    const QStringList words = parser.positionalArguments();
+    const QString word = words.value(0);
+    CommandLine commandLine;
+    if (word == u"refresh") {
+        commandLine.command = Command::refresh;
+    } else if (word == u"status") {
+        commandLine.command = Command::status;
+    } else if (!words.isEmpty()) {
+        return std::unexpected(QStringLiteral("Unknown command '%1'.").arg(word));
+    }
+    if (words.size() > 1) {
+        return std::unexpected(QStringLiteral("Unexpected argument '%1'.").arg(words[1]));
+    }
+
+    if (parser.isSet(json) && parser.isSet(waybar)) {
+        return std::unexpected(QStringLiteral("--json and --waybar exclude each other."));
+    }
+    if (parser.isSet(json)) {
+        commandLine.statusFormat = StatusFormat::json;
+    }
+    if (parser.isSet(waybar)) {
+        commandLine.statusFormat = StatusFormat::waybar;
+    }
+    if (commandLine.statusFormat != StatusFormat::text && commandLine.command != Command::status) {
+        return std::unexpected(QStringLiteral("--json and --waybar go with 'tallyvane status'."));
+    }
+    return commandLine;
+}
+
+QString helpText() {
+    return QStringLiteral(
+        "Usage: tallyvane [command] [options]\n"
+        "\n"
+        "Shows how much of your Claude Code and Codex quotas is left.\n"
+        "\n"
+        "Commands:\n"
+        "  (none)      Start the desktop program.\n"
+        "  refresh     Ask both providers now, store the result and print it.\n"
+        "  status      Print the stored result without asking anybody.\n"
+        "\n"
+        "Options of status:\n"
+        "  --json      Print the stored snapshot as JSON.\n"
+        "  --waybar    Print one line of JSON for a custom module of Waybar.\n"
+        "\n"
+        "Options:\n"
+        "  -h, --help     Print this help.\n"
+        "  -v, --version  Print the version.\n"
+        "\n"
+        "Exit codes:\n"
+        "  0  Done; after refresh: both providers are current.\n"
+        "  1  The result could not be stored or printed, or this build has no desktop part.\n"
+        "  2  The command line was not understood.\n"
+        "  3  After refresh: stored, but a provider failed; standard error says why.\n"
+        "  4  After status: nothing is stored yet.\n"
+        "\n"
+        "Environment:\n"
+        "  NO_COLOR    When set and not empty, print without colour.\n"
+        "\n"
+        "Examples:\n"
+        "  tallyvane refresh\n"
+        "  tallyvane status --json | jq '.providers[].fiveHour.usedPercent'\n"
+        "\n"
+        "  A module of Waybar:\n"
+        "    \"custom/tallyvane\": {\n"
+        "      \"exec\": \"tallyvane status --waybar\", \"return-type\": \"json\", \"interval\": 60\n"
+        "    }\n");
+}
+
+} // namespace tallyvane::app

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <expected>
+
+namespace tallyvane::app {
+
+enum class Command { desktop, refresh, status, help, version };
+enum class StatusFormat { text, json, waybar };
+
+/// What the user asked for.
+struct CommandLine {
+    Command command = Command::desktop;
+    StatusFormat statusFormat = StatusFormat::text; ///< of `Command::status` alone
+
+    bool operator==(const CommandLine&) const = default;
+};
+
+/// Reads the arguments, the program's name first. The error is one line for the user.
+[[nodiscard]] std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments);
+
+/// What --help prints.
+[[nodiscard]] QString helpText();
+
+} // namespace tallyvane::app

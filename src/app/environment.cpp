@@ -1,0 +1,39 @@
+#include "app/environment.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QProcessEnvironment>
+#include <QtCore/QStandardPaths>
+
+namespace tallyvane::app {
+
+namespace {
+
+std::filesystem::path toPath(const QString& path) {
+    return QFile(path).filesystemFileName();
+}
+
+std::string timeLocale() {
+    for (const char* name : {"LC_ALL", "LC_TIME", "LANG"}) {
+        if (std::string value = qgetenv(name).toStdString(); !value.empty()) {
+            return value;
+        }
+    }
+    return "C";
+}
+
+} // namespace
+
+Environment readEnvironment() {
+    const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const QString configHome =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return {.locations = {.dataHome = toPath(dataHome), .configHome = toPath(configHome)},
+            .home = toPath(QDir::homePath()),
+            .launchContext =
+                core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),
+            .timeLocale = timeLocale(),
+            .wantsColour = qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb"};
+}
+
+} // namespace tallyvane::app

@@ -1,0 +1,47 @@
+#include "app/command_line.h"
+#include "app/environment.h"
+#include "app/refresh_command.h"
+#include "app/status_command.h"
+#include "app/terminal.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <utility>
+
+namespace tallyvane::app {
+
+namespace {
+
+ExitCode run(const CommandLine& commandLine) {
+    switch (commandLine.command) {
+    case Command::refresh:
+        return runRefresh(readEnvironment());
+    case Command::status:
+        return runStatus(readEnvironment(), commandLine.statusFormat);
+    case Command::help:
+        return print(helpText()) ? ExitCode::success : ExitCode::failure;
+    case Command::version:
+        return print(QStringLiteral("tallyvane " TALLYVANE_VERSION "\n")) ? ExitCode::success
+                                                                          : ExitCode::failure;
+    case Command::desktop:
+        break;
+    }
+    printError(QStringLiteral("The desktop part is not in this build; 'tallyvane refresh' and "
+                              "'tallyvane status' work without it."));
+    return ExitCode::failure;
+}
+
+} // namespace
+
+} // namespace tallyvane::app
+
+int main(int argc, char** argv) {
+    using namespace tallyvane::app;
+    const QCoreApplication application(argc, argv);
+    const auto commandLine = parseCommandLine(QCoreApplication::arguments());
+    if (!commandLine) {
+        printError(commandLine.error() + QStringLiteral(" Try 'tallyvane --help'."));
+        return std::to_underlying(ExitCode::usage);
+    }
+    return std::to_underlying(run(*commandLine));
+}

@@ -1,0 +1,46 @@
+#include "app/terminal.h"
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace tallyvane::app {
+
+namespace {
+
+bool write(std::FILE* stream, const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    const auto size = static_cast<std::size_t>(bytes.size());
+    return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
+}
+
+} // namespace
+
+bool isTerminal(std::FILE* stream) {
+    return ::isatty(::fileno(stream)) == 1;
+}
+
+bool print(const QString& text) {
+    if (write(stdout, text)) {
+        return true;
+    }
+    printError(QStringLiteral("Could not write the output: %1.").arg(qt_error_string(errno)));
+    return false;
+}
+
+void printError(const QString& message) {
+    write(stderr, QStringLiteral("tallyvane: %1\n").arg(message));
+}
+
+ProgressLine::ProgressLine(const QString& text) {
+    if (isTerminal(stderr)) {
+        write(stderr, text);
+    }
+}
+
+ProgressLine::~ProgressLine() {
+    if (isTerminal(stderr)) {
+        write(stderr, QStringLiteral("\r\033[K"));
+    }
+}
+
+} // namespace tallyvane::app

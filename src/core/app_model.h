@@ -1,0 +1,114 @@
+#pragma once
+
+#include "history/local_token_estimator.h"
+#include "history/usage_history.h"
+#include "model/defaults_store.h"
+#include "model/quota_snapshot.h"
+#include "model/shared_store.h"
+#include "notify/notification_settings.h"
+#include "notify/quota_notifier.h"
+#include "platform/clock.h"
+#include "platform/widget_centre.h"
+#include "providers/claude/claude_quota_client.h"
+#include "providers/codex/codex_quota_client.h"
+
+#include <QCoro/QCoroTask>
+#include <QtCore/QObject>
+#include <QtCore/QProperty>
+
+#include <map>
+#include <optional>
+
+namespace tallyvane::core {
+
+/// What the model works with; each outlives it.
+struct Collaborators {
+    const model::SharedStore& store;
+    model::DefaultsStore& defaults; ///< preferences: key "appearance"
+    providers::CodexQuotaClient& codexClient;
+    providers::ClaudeQuotaClient& claudeClient;
+    history::LocalTokenEstimator& tokenEstimator;
+    notify::QuotaNotifier& notifier;
+    platform::WidgetCentre& widgetCentre;
+    platform::Clock& clock;
+};
+
+/// What came of one call of AppModel::refresh.
+struct RefreshReport {
+    enum class Outcome {
+        published,      ///< the new figures are saved and shown
+        alreadyRunning, ///< another refresh runs; this call did nothing
+        notSaved,       ///< a file could not be written; AppModel::lastError says which
+    };
+
+    Outcome outcome = Outcome::published;
+    std::map<model::AIProvider, QString> failures; ///< per provider that failed: why, for the user
+};
+
+/// The short text that a Claude failure leaves on the Claude entry; nothing for those that have
+/// none.
+[[nodiscard]] std::optional<QString> shortText(const providers::ClaudeFetchError& error);
+
+/// The program's whole state and its refresh cycle. Main thread only. Its coroutines outlive no
+/// event loop, so it outlives the event loop.
+class AppModel : public QObject {
+    Q_OBJECT
+
+public:
+    /// Starts from the given snapshot and history, else from the stored ones, else from none.
+    explicit AppModel(const Collaborators& with,
+                      std::optional<model::QuotaSnapshot> snapshot = std::nullopt,
+                      std::optional<history::UsageHistory> history = std::nullopt);
+
+    [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
+    [[nodiscard]] history::UsageHistory history() const { return m_history; }
+    [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
+    /// For the user: why the Codex figures or the files are not up to date.
+    [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
+    [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
+    [[nodiscard]] notify::NotificationSettings notificationSettings() const {
+        return m_notificationSettings;
+    }
+
+    /// Also stores it under "appearance".
+    void setAppearance(model::AppAppearance appearance);
+
+    /// Asks both providers, counts local tokens, saves and publishes the result. A provider's
+    /// failure is part of the result. While one call runs, others return at once.
+    QCoro::Task<RefreshReport> refresh();
+
+Q_SIGNALS:
+    // Each only when the value really changed.
+    void snapshotChanged();
+    void historyChanged();
+    void isRefreshingChanged();
+    void lastErrorChanged();
+    void appearanceChanged();
+    void notificationSettingsChanged();
+
+private:
+    struct FetchedEntry {
+        model::ProviderQuotaSnapshot entry;
+        std::optional<QString> failure;
+    };
+
+    QCoro::Task<FetchedEntry> fetchCodex();
+    QCoro::Task<FetchedEntry> fetchClaude();
+    QCoro::Task<RefreshReport> runCycle();
+    [[nodiscard]] model::ProviderQuotaSnapshot staleEntry(model::AIProvider provider) const;
+
+    Collaborators m_with;
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::QuotaSnapshot, m_snapshot,
+                               &AppModel::snapshotChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, history::UsageHistory, m_history,
+                               &AppModel::historyChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_isRefreshing, &AppModel::isRefreshingChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<QString>, m_lastError,
+                               &AppModel::lastErrorChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::AppAppearance, m_appearance,
+                               &AppModel::appearanceChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, notify::NotificationSettings, m_notificationSettings,
+                               &AppModel::notificationSettingsChanged)
+};
+
+} // namespace tallyvane::core

@@ -1,0 +1,25 @@
+#include "core/auto_refresh.h"
+
+#include "core/spawn.h"
+
+namespace tallyvane::core {
+
+void AutoRefresh::start(const LaunchContext& context) {
+    if (!context.isTestHost && !context.isFixtureMode) {
+        spawn(refreshAndWait());
+    }
+}
+
+void AutoRefresh::stop() {
+    m_isStopped = true;
+    m_next.reset();
+}
+
+QCoro::Task<> AutoRefresh::refreshAndWait() {
+    co_await m_model.refresh();
+    if (!m_isStopped) {
+        m_next = m_clock.after(refreshInterval, [this] { spawn(refreshAndWait()); });
+    }
+}
+
+} // namespace tallyvane::core

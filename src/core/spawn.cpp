@@ -1,0 +1,26 @@
+#include "core/spawn.h"
+
+#include <exception>
+
+namespace tallyvane::core {
+
+namespace {
+
+QCoro::Task<> guarded(QCoro::Task<> task) {
+    try {
+        co_await task;
+    } catch (const std::exception& error) {
+        qFatal("a background task failed: %s", error.what());
+    } catch (...) {
+        qFatal("a background task failed");
+    }
+}
+
+} // namespace
+
+void spawn(QCoro::Task<> task) {
+    // The frame keeps itself, and with it `task`, until the end.
+    guarded(std::move(task));
+}
+
+} // namespace tallyvane::core

@@ -1,0 +1,154 @@
+#include "model/quota_snapshot.h"
+
+#include "support/test_main.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QProcess>
+
+namespace {
+
+struct Run {
+    int exitCode = -1;
+    QString output;
+    QString error;
+};
+
+} // namespace
+
+/// Drives the installed program as a user does, in a home of its own for each test.
+class ProgramTest : public tallyvane::tests::HermeticTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() {
+        HermeticTest::init();
+        m_home = std::make_unique<QTemporaryDir>();
+    }
+
+    void refusesWhatItDoesNotKnow() {
+        const Run unknown = run({QStringLiteral("status"), QStringLiteral("--colour")});
+        QCOMPARE(unknown.exitCode, 2);
+        QCOMPARE(unknown.error, QStringLiteral("tallyvane: Unknown option 'colour'. "
+                                               "Try 'tallyvane --help'.\n"));
+        QCOMPARE(run({}).exitCode, 1);
+    }
+
+    void helps() {
+        const Run help = run({QStringLiteral("--help")});
+        QCOMPARE(help.exitCode, 0);
+        for (const auto word : {"refresh", "status", "--json", "--waybar", "Examples:"}) {
+            QVERIFY(help.output.contains(QLatin1StringView(word)));
+        }
+        QVERIFY(run({QStringLiteral("--version")}).output.startsWith(u"tallyvane "));
+    }
+
+    void tellsThatNothingIsStored() {
+        const Run status = run({QStringLiteral("status")});
+        QCOMPARE(status.exitCode, 4);
+        QVERIFY(status.output.isEmpty() && status.error.contains(u"refresh"));
+        const Run waybar = run({QStringLiteral("status"), QStringLiteral("--waybar")});
+        QCOMPARE(waybar.exitCode, 4);
+        QVERIFY(waybar.output.contains(u"\"class\":\"none\""));
+    }
+
+    void refreshesAndReports() {
+        installCodex(R"(printf '%s\n' '{"id":0,"result":{}}' '{"method":"noise"}')"
+                     R"( '{"id":1,"result":{"rateLimits":{"planType":"team_pro","primary":)"
+                     R"({"usedPercent":42,"windowDurationMins":300,"resetsAt":4102444800},)"
+                     R"("secondary":null}}}'; cat)");
+        const Run refresh = run({QStringLiteral("refresh")});
+        QCOMPARE(refresh.exitCode, 3);
+        QVERIFY2(refresh.output.startsWith(u"Codex (Team Pro), synced just now\n"
+                                           "  5 hours   58% left  "),
+                 qPrintable(refresh.output));
+        QVERIFY2(refresh.output.contains(u"Claude, never synced\n") &&
+                     refresh.error.startsWith(u"tallyvane: Claude: "),
+                 qPrintable(refresh.error));
+        QCOMPARE(refresh.error.count(u'\n'), 1);
+
+        const QString output = run({QStringLiteral("status")}).output;
+        QCOMPARE(output, refresh.output);
+        QFile file(m_home->filePath(QStringLiteral("data/Gaugewell/quota-snapshot.json")));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray stored = file.readAll();
+        const auto snapshot = tallyvane::model::decodeSnapshot(stored);
+        QVERIFY(snapshot);
+        QCOMPARE(snapshot->providers[1].statusMessage, QStringLiteral("Keychain auth"));
+        QCOMPARE(run({QStringLiteral("status"), QStringLiteral("--json")}).output.toUtf8(),
+                 stored + '\n');
+        QVERIFY(run({QStringLiteral("status"), QStringLiteral("--waybar")})
+                    .output.contains(u"\"text\":\"58%\""));
+    }
+
+    void keepsOldFiguresWhenCodexFails() {
+        installCodex(R"(echo '{"id":1,"result":{"rateLimits":{"primary":{"usedPercent":42}}}}'; cat)");
+        QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
+        installCodex(R"(echo '{"error":{"code":-32600,"message":"not signed in"},"id":1}'; cat)");
+        const Run failed = run({QStringLiteral("refresh")});
+        QCOMPARE(failed.exitCode, 3);
+        QVERIFY2(failed.error.contains(u"Codex: Command failed (-1): not signed in\n"),
+                 qPrintable(failed.error));
+        QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
+        QVERIFY(!run({QStringLiteral("status"), QStringLiteral("--json")})
+                     .output.contains(u"not signed in"));
+    }
+
+    void tellsWhatItCouldNotStore() {
+        QFile obstacle(m_home->filePath(QStringLiteral("data")));
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+        const Run refresh = run({QStringLiteral("refresh")});
+        QCOMPARE(refresh.exitCode, 1);
+        QVERIFY2(refresh.error.contains(u"quota-snapshot.json"), qPrintable(refresh.error));
+    }
+
+    void reportsAFullDisk() {
+        QProcess program;
+        program.setStandardOutputFile(QStringLiteral("/dev/full"));
+        program.start(QStringLiteral(TALLYVANE_PROGRAM), {QStringLiteral("--help")});
+        QVERIFY(program.waitForFinished());
+        QCOMPARE(program.exitCode(), 1);
+        QVERIFY(program.readAllStandardError().contains("No space left"));
+    }
+
+    void loadsNoGui() {
+        QProcess ldd;
+        ldd.start(QStringLiteral("ldd"), {QStringLiteral(TALLYVANE_PROGRAM)});
+        QVERIFY(ldd.waitForFinished());
+        const QByteArray libraries = ldd.readAllStandardOutput();
+        QVERIFY(libraries.contains("libQt6Core") && !libraries.contains("libQt6Gui"));
+    }
+
+private:
+    /// Puts a shell script where the program looks for the Codex CLI.
+    void installCodex(const char* script) {
+        QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral(".local/bin")));
+        QFile codex(m_home->filePath(QStringLiteral(".local/bin/codex")));
+        QVERIFY(codex.open(QIODevice::WriteOnly));
+        codex.write("#!/bin/sh\n");
+        codex.write(script);
+        codex.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    Run run(const QStringList& arguments) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), m_home->path());
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), m_home->filePath(QStringLiteral("data")));
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                           m_home->filePath(QStringLiteral("config")));
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(TALLYVANE_PROGRAM), arguments);
+        const bool isFinished = program.waitForFinished();
+        return {.exitCode = isFinished ? program.exitCode() : -1,
+                .output = QString::fromUtf8(program.readAllStandardOutput()),
+                .error = QString::fromUtf8(program.readAllStandardError())};
+    }
+
+    std::unique_ptr<QTemporaryDir> m_home;
+};
+
+TALLYVANE_TEST_MAIN(ProgramTest)
+#include "program_test.moc"
