@@ -5,8 +5,9 @@
 namespace tallyvane::app {
 
 std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments) {
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")});
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")});
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(
+        QStringList{QStringLiteral("v"), QStringLiteral("version")});
     const QCommandLineOption json(QStringLiteral("json"));
     const QCommandLineOption waybar(QStringLiteral("waybar"));
     QCommandLineParser parser;

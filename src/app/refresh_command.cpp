@@ -2,6 +2,7 @@
 
 #include "app/status_command.h"
 #include "core/app_model.h"
+#include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/secret_service_store.h"
@@ -19,8 +20,10 @@ ExitCode runRefresh(const Environment& environment) {
     model::DefaultsStore defaults =
         model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
                                         environment.locations.standardDefaults());
+    providers::ProcessRunner processRunner(clock);
     providers::CodexQuotaClient codexClient(
-        providers::codexCandidates(environment.home), clock);
+        providers::codexCandidates(QString::fromStdString(environment.home.string())),
+        processRunner, clock);
     providers::ClaudeQuotaClient claudeClient(
         {.credentialsFile = environment.home / ".claude" / ".credentials.json"}, secrets, clock);
     history::LocalTokenEstimator tokenEstimator;

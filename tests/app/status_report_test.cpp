@@ -22,7 +22,7 @@ private Q_SLOTS:
         QCOMPARE(statusText(snapshot, m_now, weekdayTime, Palette::plain),
                  QStringLiteral("Codex (Plus), synced 2 min ago\n"
                                 "  5 hours   58% left  in 1h 30m\n"
-                                "  Week        -        Reset unknown\n"
+                                "  Week        -       Reset unknown\n"
                                 "Claude, synced 2 min ago\n"
                                 "  5 hours   19% left  in 1h 30m\n"
                                 "  Week     100% left  Tue 12:00 AM\n"));
@@ -30,7 +30,7 @@ private Q_SLOTS:
         QVERIFY(coloured.contains(u"\033[32m 58% left\033[0m"));
         QVERIFY(coloured.contains(u"\033[31m 19% left\033[0m"));
         QVERIFY(statusText({}, m_now, weekdayTime, Palette::plain)
-                    .startsWith(u"Codex, never synced\n  5 hours     -        Not available\n"));
+                    .startsWith(u"Codex, never synced\n  5 hours     -       Not available\n"));
     }
 
     void waybar_data() {

@@ -1,0 +1,239 @@
+#include "core/app_model.h"
+
+#include "core/auto_refresh.h"
+#include "support/fake_secret_store.h"
+#include "support/manual_clock.h"
+#include "support/test_main.h"
+#include "support/tls_server.h"
+
+#include <QtCore/QFile>
+#include <QtTest/QSignalSpy>
+
+using namespace tallyvane;
+using namespace std::chrono_literals;
+using model::AIProvider;
+using model::QuotaSyncState;
+using tests::httpReply;
+
+namespace {
+
+constexpr model::Timestamp start = std::chrono::sys_days{std::chrono::year{2026} / 4 / 10};
+
+struct RecordingWidgetCentre final : platform::WidgetCentre {
+    QStringList calls;
+    void reloadTimelines(const QString& kind) override { calls << kind; }
+    void reloadAllTimelines() override { calls << QStringLiteral("all"); }
+};
+
+/// An AppModel with its real collaborators in a home of its own: the Codex CLI is a shell script
+/// there, the Claude service a server on loopback.
+struct Desk {
+    explicit Desk(const tests::TlsIdentity& identity, QList<tests::ScriptedReply> replies = {})
+        : server(identity, std::move(replies)) {
+        source.usageURL = server.url(QStringLiteral("/usage"));
+        source.credentialsFile = root / "credentials.json";
+        source.tls.setCaCertificates({identity.certificate});
+    }
+
+    void write(const char* name, const QByteArray& bytes) const {
+        QFile file(root / name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    void signIn() const {
+        write("credentials.json", R"({"claudeAiOauth":{"accessToken":"secret"}})");
+    }
+
+    void installCodex(int usedPercent) const {
+        write("codex", "#!/bin/sh\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":"
+                       "{\"usedPercent\":" +
+                           QByteArray::number(usedPercent) + "}}}}'\ncat >/dev/null\n");
+    }
+
+    QTemporaryDir home;
+    std::filesystem::path root{home.path().toStdString()};
+    model::StoreLocations locations{.dataHome = root / "data", .configHome = root / "config"};
+    tests::TlsServer server;
+    tests::ManualClock clock{start};
+    tests::FakeSecretStore secrets;
+    RecordingWidgetCentre widgetCentre;
+    model::SharedStore store{locations};
+    model::DefaultsStore defaults = model::DefaultsStore::openFirst(locations.defaultsSuite(),
+                                                                    locations.standardDefaults());
+    providers::ProcessRunner runner{clock};
+    providers::CodexQuotaClient codexClient{{home.filePath(QStringLiteral("codex"))}, runner, clock};
+    providers::ClaudeQuotaSource source;
+    history::LocalTokenEstimator tokenEstimator;
+    notify::QuotaNotifier notifier;
+};
+
+/// The part of a desk that is made when its files and the server are set up.
+struct Running {
+    explicit Running(Desk& desk)
+        : claudeClient(desk.source, desk.secrets, desk.clock),
+          model({.store = desk.store,
+                 .defaults = desk.defaults,
+                 .codexClient = desk.codexClient,
+                 .claudeClient = claudeClient,
+                 .tokenEstimator = desk.tokenEstimator,
+                 .notifier = desk.notifier,
+                 .widgetCentre = desk.widgetCentre,
+                 .clock = desk.clock}) {}
+
+    providers::ClaudeQuotaClient claudeClient;
+    core::AppModel model;
+};
+
+/// Both providers synced an hour ago, with a message that a failure must not keep.
+model::QuotaSnapshot syncedSnapshot() {
+    model::QuotaSnapshot snapshot = model::placeholderSnapshot(start - 1h);
+    for (model::ProviderQuotaSnapshot& entry : snapshot.providers) {
+        entry.week = model::QuotaWindowSnapshot{.usedPercent = 7};
+        entry.syncedAt = start - 1h;
+        entry.syncState = QuotaSyncState::current;
+        entry.statusMessage = QStringLiteral("old");
+    }
+    return snapshot;
+}
+
+} // namespace
+
+class AppModelTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    const tests::TlsIdentity m_identity = tests::makeTlsIdentity();
+
+private Q_SLOTS:
+    void publishesAndSaves() {
+        Desk desk(m_identity, {httpReply(200, R"({"five_hour":{"utilization":3}})")});
+        desk.installCodex(42);
+        desk.signIn();
+        Running running(desk);
+        core::AppModel& model = running.model;
+        QVERIFY(model.snapshot() == model::placeholderSnapshot(start));
+        const QSignalSpy published(&model, &core::AppModel::snapshotChanged);
+        const QSignalSpy refreshing(&model, &core::AppModel::isRefreshingChanged);
+
+        auto first = model.refresh();
+        QVERIFY(model.isRefreshing());
+        QCOMPARE(QCoro::waitFor(model.refresh()).outcome,
+                 core::RefreshReport::Outcome::alreadyRunning);
+        const core::RefreshReport report = QCoro::waitFor(first);
+
+        QCOMPARE(report.outcome, core::RefreshReport::Outcome::published);
+        QVERIFY(report.failures.empty() && !model.lastError());
+        const model::QuotaSnapshot snapshot = model.snapshot();
+        QCOMPARE(snapshot.providers.size(), 2U);
+        QCOMPARE(snapshot.providers[0].fiveHour->usedPercent, 42);
+        QCOMPARE(snapshot.providers[1].fiveHour->usedPercent, 3);
+        QVERIFY(desk.store.loadSnapshot() == snapshot);
+        QCOMPARE(published.count(), 1);
+        QCOMPARE(refreshing.count(), 2);
+        QCOMPARE(desk.server.requests().size(), 1);
+        const QStringList expected{QStringLiteral("GaugewellWidget"), QStringLiteral("all")};
+        QCOMPARE(desk.widgetCentre.calls, expected);
+    }
+
+    void keepsWhatFailed_data() {
+        QTest::addColumn<bool>("hasSynced");
+        QTest::addColumn<int>("httpStatus"); // of the Claude service; 0: not signed in
+        QTest::addColumn<QString>("message");
+        QTest::newRow("not signed in") << true << 0 << QStringLiteral("Keychain auth");
+        QTest::newRow("rate limited") << true << 429 << QStringLiteral("Rate limited");
+        QTest::newRow("server error") << true << 500 << QString();
+        QTest::newRow("never synced") << false << 429 << QStringLiteral("Rate limited");
+    }
+
+    void keepsWhatFailed() {
+        QFETCH(bool, hasSynced);
+        QFETCH(int, httpStatus);
+        QFETCH(QString, message);
+        Desk desk(m_identity, {httpReply(httpStatus, {})});
+        if (httpStatus != 0) {
+            desk.signIn();
+        }
+        const model::QuotaSnapshot before =
+            hasSynced ? syncedSnapshot() : model::placeholderSnapshot(start);
+        QVERIFY(desk.store.saveSnapshot(before));
+        Running running(desk);
+
+        const core::RefreshReport report = QCoro::waitFor(running.model.refresh());
+        const model::QuotaSnapshot after = running.model.snapshot();
+        QCOMPARE(report.failures.size(), 2U);
+        QCOMPARE(running.model.lastError(), QStringLiteral("Could not find Codex CLI."));
+        for (std::size_t i = 0; i < 2; ++i) {
+            model::ProviderQuotaSnapshot expected = before.providers[i];
+            expected.syncState = hasSynced ? QuotaSyncState::pending : QuotaSyncState::unavailable;
+            if (expected.provider == AIProvider::claude) {
+                expected.statusMessage =
+                    message.isEmpty() ? std::nullopt : std::optional(message);
+            }
+            QVERIFY(after.providers[i] == expected);
+        }
+        QVERIFY(desk.store.loadSnapshot() == after);
+    }
+
+    void shortTexts() {
+        using Error = providers::ClaudeQuotaError;
+        const std::pair<providers::ClaudeFetchError, const char*> rows[] = {
+            {Error{Error::Kind::noCredentials}, "Keychain auth"},
+            {Error{Error::Kind::tokenExpired}, "Sign-in expired"},
+            {Error{Error::Kind::httpStatus, 401}, "Sign-in expired"},
+            {Error{Error::Kind::rateLimited}, "Rate limited"},
+            {providers::TransportError{}, "Network error"},
+            {Error{Error::Kind::httpStatus, 500}, ""},
+            {Error{Error::Kind::malformedResponse}, ""},
+        };
+        for (const auto& [error, text] : rows) {
+            QCOMPARE(core::shortText(error).value_or(QString()), QString::fromLatin1(text));
+        }
+    }
+
+    void showsNothingThatIsNotSaved() {
+        Desk desk(m_identity);
+        Running running(desk);
+        std::filesystem::remove_all(desk.store.baseURL());
+        const model::QuotaSnapshot before = running.model.snapshot();
+        desk.installCodex(42);
+        const core::RefreshReport report = QCoro::waitFor(running.model.refresh());
+        QCOMPARE(report.outcome, core::RefreshReport::Outcome::notSaved);
+        QVERIFY(running.model.lastError()->contains(u"quota-snapshot.json"));
+        QVERIFY(running.model.snapshot() == before && !running.model.isRefreshing());
+        QVERIFY(desk.widgetCentre.calls.isEmpty());
+    }
+
+    void remembersTheAppearance() {
+        Desk desk(m_identity);
+        desk.defaults.setText(QStringLiteral("appearance"), QStringLiteral("Dark"));
+        QCOMPARE(Running(desk).model.appearance(), model::AppAppearance::system);
+        Running(desk).model.setAppearance(model::AppAppearance::dark);
+        QCOMPARE(Running(desk).model.appearance(), model::AppAppearance::dark);
+    }
+
+    void refreshesEveryFiveMinutes() {
+        Desk desk(m_identity);
+        Running running(desk);
+        core::AutoRefresh autoRefresh(running.model, desk.clock);
+        const QSignalSpy published(&running.model, &core::AppModel::snapshotChanged);
+
+        autoRefresh.start({.isTestHost = true});
+        autoRefresh.start({.isFixtureMode = true});
+        QVERIFY(!running.model.isRefreshing());
+        autoRefresh.start({});
+        QTRY_COMPARE(desk.clock.pendingAlarms(), 1U);
+        QCOMPARE(published.count(), 1);
+        desk.clock.advance(299s);
+        QVERIFY(!running.model.isRefreshing());
+        desk.clock.advance(1s);
+        QTRY_COMPARE(published.count(), 2);
+        QTRY_COMPARE(desk.clock.pendingAlarms(), 1U);
+        autoRefresh.stop();
+        desk.clock.advance(1h);
+        QVERIFY(!running.model.isRefreshing());
+    }
+};
+
+TALLYVANE_TEST_MAIN(AppModelTest)
+#include "app_model_test.moc"
