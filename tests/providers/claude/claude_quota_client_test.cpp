@@ -122,6 +122,16 @@ private Q_SLOTS:
         QCOMPARE(outcome(QCoro::waitFor(client.fetch())), notFound);
     }
 
+    void asksOnceMoreWithTheNewToken() {
+        writeFile(record("old"));
+        ScriptedReply refusal = httpReply(401, {});
+        refusal.before = [this] { writeFile(record("new")); };
+        tests::TlsServer server(m_identity, {refusal, httpReply(200, usage)});
+        providers::ClaudeQuotaClient client(sourceOf(server), m_secrets, m_clock);
+        QCOMPARE(outcome(QCoro::waitFor(client.fetch())), figures);
+        QVERIFY(server.requests().last().contains("Authorization: Bearer new"));
+    }
+
     void understandsAnswers_data() {
         using Ending = ScriptedReply::Ending;
         QTest::addColumn<Script>("script");
@@ -129,9 +139,6 @@ private Q_SLOTS:
         const auto row = [](const char* name, Script script, const QString& expected) {
             QTest::newRow(name) << script << expected;
         };
-        ScriptedReply replacing = httpReply(401, {});
-        replacing.before = [this] { writeFile(record("secret-token-2")); };
-        row("401, then a new token", {replacing, httpReply(200, usage)}, figures);
         row("401 twice", {httpReply(401, {}), httpReply(401, {})}, notAccepted);
         row("429", {httpReply(429, usage)},
             QStringLiteral("The Claude service was asked too many times."));
