@@ -7,6 +7,7 @@ target_compile_definitions(tallyvane_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 target_compile_options(tallyvane_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wno-sign-conversion             # part of -Wconversion for clang alone
     -Wno-missing-field-initializers) # a record's other fields keep their defaults
 
 # tallyvane_library(<folder> SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])

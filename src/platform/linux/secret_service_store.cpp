@@ -1,0 +1,86 @@
+#include "platform/linux/secret_service_store.h"
+
+#include <QCoro/QCoroFuture>
+#include <QtCore/QPromise>
+#include <QtCore/QTimer>
+#include <libsecret/secret.h>
+
+#include <memory>
+#include <thread>
+
+namespace tallyvane::platform {
+
+namespace {
+
+/// One lookup, shared by the thread that waits and the thread that asks.
+struct Lookup {
+    Lookup() { promise.start(); }
+    ~Lookup() { g_object_unref(cancellable); }
+    Lookup(const Lookup&) = delete;
+    Lookup& operator=(const Lookup&) = delete;
+
+    /// Only the first answer counts.
+    void answer(std::optional<QByteArray> secret) {
+        promise.addResult(std::move(secret));
+        promise.finish();
+    }
+
+    GCancellable* cancellable = g_cancellable_new();
+    QPromise<std::optional<QByteArray>> promise;
+};
+
+/// Blocks until the service has answered or `cancellable` is cancelled, and at times longer.
+std::optional<QByteArray> findSecret(const QByteArray& service, GCancellable* cancellable) {
+    static const SecretSchema schema{.name = "org.corvelle.Tallyvane.Lookup",
+                                     .flags = SECRET_SCHEMA_DONT_MATCH_NAME,
+                                     .attributes = {{"service", SECRET_SCHEMA_ATTRIBUTE_STRING}}};
+    // A context that nobody runs: in the default one, which is the main thread's, the end of the
+    // bus would end the program.
+    g_autoptr(GMainContext) context = g_main_context_new();
+    g_autoptr(GMainContextPusher) pusher = g_main_context_pusher_new(context);
+    g_autoptr(GHashTable) attributes =
+        secret_attributes_build(&schema, "service", service.constData(), nullptr);
+    // Not the shared instance, which would outlive its bus.
+    g_autoptr(SecretService) keyring = secret_service_open_sync(
+        SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_NONE, cancellable, nullptr);
+    if (keyring == nullptr) {
+        return std::nullopt;
+    }
+    const auto flags =
+        static_cast<SecretSearchFlags>(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
+    g_autolist(SecretItem) items =
+        secret_service_search_sync(keyring, &schema, attributes, flags, cancellable, nullptr);
+    for (const GList* entry = items; entry != nullptr; entry = entry->next) {
+        auto* item = static_cast<SecretItem*>(entry->data);
+        g_autoptr(SecretValue) value =
+            secret_item_get_locked(item) ? nullptr : secret_item_get_secret(item);
+        if (value != nullptr) {
+            gsize length = 0;
+            const char* bytes = secret_value_get(value, &length);
+            return QByteArray(bytes, static_cast<qsizetype>(length));
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+QCoro::Task<std::optional<QByteArray>> SecretServiceStore::lookup(QString service) {
+    const auto lookup = std::make_shared<Lookup>();
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [lookup] {
+        lookup->answer(std::nullopt);
+        g_cancellable_cancel(lookup->cancellable);
+    });
+    timer.setSingleShot(true);
+    timer.start(m_patience);
+    // Detached, since some calls cannot be cancelled (the greeting of the bus) and a thread of a
+    // pool would hold up the end of the program.
+    std::thread([lookup, name = service.toUtf8()] {
+        lookup->answer(findSecret(name, lookup->cancellable));
+    }).detach();
+    const QFuture<std::optional<QByteArray>> secret = lookup->promise.future();
+    co_return co_await secret;
+}
+
+} // namespace tallyvane::platform

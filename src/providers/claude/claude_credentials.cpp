@@ -1,0 +1,52 @@
+#include "providers/claude/claude_credentials.h"
+
+#include "model/file_io.h"
+#include "providers/json_members.h"
+
+namespace tallyvane::providers {
+
+namespace {
+
+constexpr qsizetype maximumRecordSize = 1024 * 1024;
+
+bool isControl(QChar c) {
+    return c.category() == QChar::Other_Control;
+}
+
+} // namespace
+
+std::optional<Credentials> parseSignInRecord(const QByteArray& json) {
+    const auto record = parseObject(json).value_or(QJsonObject());
+    const auto signIn =
+        objectMember(record, QLatin1StringView("claudeAiOauth")).value_or(QJsonObject());
+    const QString token = textMember(signIn, QLatin1StringView("accessToken")).value_or(QString());
+    if (token.isEmpty() || std::ranges::any_of(token, isControl)) {
+        return std::nullopt;
+    }
+    const auto milliseconds = numberMember(signIn, QLatin1StringView("expiresAt"));
+    return Credentials{
+        .accessToken = token.toUtf8(),
+        .expiresAt =
+            milliseconds ? model::timestampFromUnixSeconds(*milliseconds / 1000) : std::nullopt,
+        .subscriptionType = textMember(signIn, QLatin1StringView("subscriptionType"))};
+}
+
+QCoro::Task<std::optional<Credentials>> readStoredCredentials(platform::SecretStore* store,
+                                                              QString keychainService,
+                                                              std::filesystem::path file) {
+    const std::optional<QByteArray> secret = co_await store->lookup(keychainService);
+    std::optional<Credentials> credentials = parseSignInRecord(secret.value_or(QByteArray()));
+    if (!credentials) {
+        const auto bytes = model::readFile(file, maximumRecordSize);
+        credentials = parseSignInRecord(bytes.value_or(QByteArray()));
+    }
+    co_return credentials;
+}
+
+std::optional<Credentials> TokenCache::usableAt(model::Timestamp now) const {
+    const bool isUsable =
+        m_value && m_value->expiresAt && *m_value->expiresAt > now + std::chrono::seconds{60};
+    return isUsable ? m_value : std::nullopt;
+}
+
+} // namespace tallyvane::providers

@@ -1,0 +1,48 @@
+#include "platform/linux/boot_clock.h"
+#include "support/test_main.h"
+
+using namespace tallyvane;
+using namespace std::chrono_literals;
+
+class BootClockTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    platform::BootClock m_clock;
+
+private Q_SLOTS:
+    void ringsOnceInOrderOfTime() {
+        QList<int> rung;
+        const auto later = m_clock.after(20ms, [&] { rung.append(2); });
+        const auto atOnce = m_clock.after(0ms, [&] { rung.append(0); });
+        const auto soon = m_clock.after(1ms, [&] { rung.append(1); });
+        QVERIFY(rung.isEmpty());
+        QTRY_VERIFY(rung.contains(2));
+        QCOMPARE(rung.size(), 3);
+        QCOMPARE(rung.last(), 2);
+    }
+
+    void aDestroyedAlarmIsSilent() {
+        bool isRung = false;
+        bool isOver = false;
+        auto cancelled = m_clock.after(1ms, [&] { isRung = true; });
+        const auto later = m_clock.after(10ms, [&] { isOver = true; });
+        cancelled.reset();
+        QTRY_VERIFY(isOver);
+        QVERIFY(!isRung);
+    }
+
+    void anActionMayDestroyItsAlarm() {
+        std::unique_ptr<platform::Alarm> alarm;
+        QString text = QStringLiteral("kept by the action until its end");
+        QString seen;
+        alarm = m_clock.after(1ms, [&alarm, &seen, text] {
+            alarm.reset();
+            seen = text;
+        });
+        QTRY_COMPARE(seen, text);
+        QVERIFY(!alarm);
+    }
+};
+
+TALLYVANE_TEST_MAIN(BootClockTest)
+#include "boot_clock_test.moc"

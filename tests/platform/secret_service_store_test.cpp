@@ -1,0 +1,129 @@
+#include "platform/linux/secret_service_store.h"
+#include "support/private_bus.h"
+#include "support/test_main.h"
+
+#include <QtCore/QTimer>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusObjectPath>
+#include <QtDBus/QDBusVirtualObject>
+#include <QtNetwork/QLocalServer>
+
+using namespace tallyvane;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString service = QStringLiteral("Claude Code-credentials");
+
+QDBusConnection connectTo(const tests::PrivateBus& bus) {
+    return QDBusConnection::connectToBus(bus.address(), bus.address());
+}
+
+/// A keyring with an unlocked login collection on the bus of the environment.
+class GnomeKeyring {
+public:
+    GnomeKeyring() {
+        m_daemon.setProcessChannelMode(QProcess::MergedChannels);
+        m_daemon.start(QStringLiteral("gnome-keyring-daemon"),
+                       {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
+                        QStringLiteral("--components=secrets")});
+        m_daemon.write("password");
+        m_daemon.closeWriteChannel();
+    }
+    ~GnomeKeyring() {
+        m_daemon.kill();
+        m_daemon.waitForFinished();
+    }
+
+    bool holds(const QString& attribute, const QByteArray& secret) {
+        QProcess tool;
+        tool.start(QStringLiteral("secret-tool"),
+                   {QStringLiteral("store"), QStringLiteral("--label=test"), attribute, service,
+                    QStringLiteral("account"), QString::fromUtf8(secret)});
+        tool.write(secret);
+        tool.closeWriteChannel();
+        return tool.waitForFinished() && tool.exitCode() == 0;
+    }
+
+    static bool lock(QDBusConnection bus) {
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
+            QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("Lock"));
+        call << QVariant::fromValue(
+            QList{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login"))});
+        return bus.call(call).type() == QDBusMessage::ReplyMessage;
+    }
+
+private:
+    QProcess m_daemon;
+};
+
+class SilentObject final : public QDBusVirtualObject {
+public:
+    int calls = 0;
+
+    QString introspect(const QString& /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage& /*message*/, const QDBusConnection& /*bus*/) override {
+        ++calls;
+        return true;
+    }
+};
+
+} // namespace
+
+class SecretServiceStoreTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    /// Whether a lookup of little patience comes back empty while the event loop runs.
+    static bool isMissWithoutBlocking() {
+        int ticks = 0;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, [&ticks] { ++ticks; });
+        ticker.start(1);
+        platform::SecretServiceStore store(100ms);
+        auto lookup = store.lookup(service);
+        return QTest::qWaitFor([&lookup] { return lookup.isReady(); }, 10'000) && ticks > 10 &&
+               !QCoro::waitFor(std::move(lookup));
+    }
+
+private Q_SLOTS:
+    void readsTheKeyring() {
+        const tests::PrivateBus bus;
+        platform::SecretServiceStore store;
+        QVERIFY(!QCoro::waitFor(store.lookup(service))); // nobody has the name
+        GnomeKeyring keyring;
+        QTRY_VERIFY(keyring.holds(QStringLiteral("other"), "wrong"));
+        QVERIFY(!QCoro::waitFor(store.lookup(service)));
+        QVERIFY(keyring.holds(QStringLiteral("service"), "s\xc3\xa9"
+                                                         "cret"));
+        QCOMPARE(QCoro::waitFor(store.lookup(service)), QByteArray("s\xc3\xa9"
+                                                                   "cret"));
+        QVERIFY(!QCoro::waitFor(store.lookup(QStringLiteral("Other"))));
+        QVERIFY(GnomeKeyring::lock(connectTo(bus)));
+        QVERIFY(!QCoro::waitFor(store.lookup(service)));
+    }
+
+    void aSilentServiceIsAMiss() {
+        const tests::PrivateBus bus;
+        QDBusConnection connection = connectTo(bus);
+        SilentObject object;
+        QVERIFY(connection.registerVirtualObject(QStringLiteral("/org/freedesktop/secrets"),
+                                                 &object, QDBusConnection::SubPath));
+        QVERIFY(connection.registerService(QStringLiteral("org.freedesktop.secrets")));
+        QVERIFY(isMissWithoutBlocking());
+        QVERIFY(object.calls > 0);
+    }
+
+    void aSilentBusIsAMiss() {
+        const QTemporaryDir directory;
+        QLocalServer bus;
+        QVERIFY(bus.listen(directory.filePath(QStringLiteral("bus"))));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + bus.fullServerName().toUtf8());
+        QVERIFY(isMissWithoutBlocking());
+        QVERIFY(bus.hasPendingConnections());
+    }
+};
+
+TALLYVANE_TEST_MAIN(SecretServiceStoreTest)
+#include "secret_service_store_test.moc"

@@ -1,0 +1,90 @@
+#include "support/tls_server.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+
+namespace tallyvane::tests {
+
+ScriptedReply httpReply(int status, const QByteArray& body, const QByteArray& headers) {
+    return {"HTTP/1.1 " + QByteArray::number(status) + " Scripted\r\nContent-Length: " +
+            QByteArray::number(body.size()) + "\r\n" + headers + "\r\n" + body};
+}
+
+TlsIdentity makeTlsIdentity() {
+    const QTemporaryDir directory;
+    QFile certificate(directory.filePath(QStringLiteral("certificate")));
+    QFile key(directory.filePath(QStringLiteral("key")));
+    QProcess openssl;
+    openssl.start(QStringLiteral("openssl"),
+                  {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
+                   QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
+                   QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-subj"),
+                   QStringLiteral("/CN=127.0.0.1"), QStringLiteral("-addext"),
+                   QStringLiteral("subjectAltName=IP:127.0.0.1"), QStringLiteral("-keyout"),
+                   key.fileName(), QStringLiteral("-out"), certificate.fileName()});
+    openssl.waitForFinished();
+    if (!certificate.open(QIODevice::ReadOnly) || !key.open(QIODevice::ReadOnly)) {
+        qFatal("openssl made no certificate: %s", openssl.readAllStandardError().constData());
+    }
+    return {QSslCertificate(&certificate), QSslKey(&key, QSsl::Ec)};
+}
+
+TlsServer::TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script)
+    : m_script(std::move(script)) {
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.setLocalCertificate(identity.certificate);
+    configuration.setPrivateKey(identity.key);
+    m_server.setSslConfiguration(configuration);
+    connect(&m_server, &QSslServer::pendingConnectionAvailable, this, [this] {
+        QTcpSocket* socket = m_server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
+        read(socket);
+    });
+    m_server.listen(QHostAddress::LocalHost);
+}
+
+QUrl TlsServer::url(const QString& path) const {
+    return QUrl(QStringLiteral("https://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(path));
+}
+
+void TlsServer::read(QTcpSocket* socket) {
+    const QByteArray received = socket->peek(socket->bytesAvailable());
+    const qsizetype end = received.indexOf("\r\n\r\n");
+    if (end < 0) {
+        return;
+    }
+    socket->skip(end + 4);
+    m_requests.append(received.first(end).replace("\r\n", "\n").split('\n'));
+    if (m_script.isEmpty()) {
+        socket->abort();
+        QFAIL("a request came that was not expected");
+    }
+    const ScriptedReply reply = m_script.first();
+    if (reply.ending != ScriptedReply::Ending::alwaysCloses) {
+        m_script.removeFirst();
+    }
+    if (reply.before) {
+        reply.before();
+    }
+    socket->write(reply.bytes);
+    switch (reply.ending) {
+    case ScriptedReply::Ending::closes:
+    case ScriptedReply::Ending::alwaysCloses:
+        socket->disconnectFromHost();
+        break;
+    case ScriptedReply::Ending::keepsOpen:
+        break;
+    case ScriptedReply::Ending::drips:
+        auto* timer = new QTimer(socket);
+        connect(timer, &QTimer::timeout, this, [this, socket] {
+            socket->write("x");
+            ++m_drips;
+        });
+        timer->start(1);
+    }
+}
+
+} // namespace tallyvane::tests

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QUrl>
+#include <QtNetwork/QSslConfiguration>
+#include <QtNetwork/QSslKey>
+#include <QtNetwork/QSslServer>
+
+#include <functional>
+
+namespace tallyvane::tests {
+
+/// What the server does with one request.
+struct ScriptedReply {
+    enum class Ending {
+        closes,
+        alwaysCloses, ///< the same for every further request
+        keepsOpen,
+        drips, ///< a byte a millisecond
+    };
+
+    QByteArray bytes; ///< sent as they stand
+    Ending ending = Ending::closes;
+    std::function<void()> before; ///< called when the request has arrived
+};
+
+[[nodiscard]] ScriptedReply httpReply(int status, const QByteArray& body,
+                                      const QByteArray& headers = {});
+
+/// A self-signed certificate for 127.0.0.1 and its key, made by the openssl command.
+struct TlsIdentity {
+    QSslCertificate certificate;
+    QSslKey key;
+};
+[[nodiscard]] TlsIdentity makeTlsIdentity();
+
+/// An HTTPS server on a free port of 127.0.0.1 that gives each scripted reply once, in order. One
+/// request more than that fails the test.
+class TlsServer : public QObject {
+public:
+    TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script);
+
+    [[nodiscard]] QUrl url(const QString& path) const;
+    /// Makes every further connection be refused.
+    void stop() { m_server.close(); }
+
+    /// The request line and header lines of each request so far.
+    [[nodiscard]] const QList<QByteArrayList>& requests() const { return m_requests; }
+    /// How many single bytes were dripped.
+    [[nodiscard]] int drips() const { return m_drips; }
+
+private:
+    void read(QTcpSocket* socket);
+
+    QSslServer m_server;
+    QList<ScriptedReply> m_script;
+    QList<QByteArrayList> m_requests;
+    int m_drips = 0;
+};
+
+} // namespace tallyvane::tests
