@@ -1,0 +1,29 @@
+#pragma once
+
+#include "model/quota_snapshot.h"
+#include "providers/codex/codex_error.h"
+#include "providers/process_runner.h"
+
+namespace tallyvane::providers {
+
+/// Where the Codex CLI is looked for, in this order. The search path is not: a desktop session's
+/// differs from a shell's.
+[[nodiscard]] QStringList codexCandidates(const QString& homeDirectory);
+
+/// Asks the user's own Codex CLI for the quota, by its application server ("codex app-server":
+/// JSON-RPC messages without a version member, one a line). The CLI uses its own sign-in.
+class CodexQuotaClient {
+public:
+    CodexQuotaClient(QStringList candidates, ProcessRunner& runner, const platform::Clock& clock)
+        : m_candidates(std::move(candidates)), m_runner(runner), m_clock(clock) {}
+
+    /// Takes up to 20 seconds. Main thread only; this object must outlive the task.
+    [[nodiscard]] QCoro::Task<std::expected<model::ProviderQuotaSnapshot, CodexError>> fetch();
+
+private:
+    QStringList m_candidates;
+    ProcessRunner& m_runner;
+    const platform::Clock& m_clock;
+};
+
+} // namespace tallyvane::providers

@@ -1,0 +1,92 @@
+#include "providers/process_runner.h"
+
+#include "providers/child_guardian.h"
+
+#include <QCoro/QCoroFuture>
+#include <QtCore/QFileInfo>
+#include <QtCore/QProcess>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace tallyvane::providers {
+
+namespace {
+
+std::unexpected<ProcessRunnerError> launchFailed(const QString& reason) {
+    return std::unexpected(ProcessRunnerError{ProcessRunnerError::Kind::launchFailed, reason});
+}
+
+/// A child that talks to `collector` and is torn down, without being waited for, with this object.
+class Child {
+public:
+    Child(const QString& executable, const QStringList& arguments, const QByteArray& input,
+          std::chrono::milliseconds grace, ResponseCollector& collector) {
+        if (!m_guardian.isReady()) {
+            collector.finish(launchFailed(qt_error_string(errno)));
+            return;
+        }
+        QProcess* const process = m_process;
+        QObject::connect(process, &QProcess::readyReadStandardOutput, process, [=, &collector] {
+            collector.appendOutput(process->readAllStandardOutput());
+        });
+        QObject::connect(process, &QProcess::readyReadStandardError, process, [=, &collector] {
+            collector.appendError(process->readAllStandardError());
+        });
+        QObject::connect(process, &QProcess::started, process, [=] { process->write(input); });
+        QObject::connect(process, &QProcess::errorOccurred, process,
+                         [=, &collector](QProcess::ProcessError error) {
+                             if (error == QProcess::FailedToStart) {
+                                 collector.finish(launchFailed(process->errorString()));
+                             }
+                         });
+        m_guardian.guard(*process, grace);
+        process->start(executable, arguments);
+    }
+
+    ~Child() {
+        m_process->disconnect();
+        m_process->closeReadChannel(QProcess::StandardOutput);
+        m_process->closeReadChannel(QProcess::StandardError);
+        m_process->closeWriteChannel();
+        // The destructor of a running QProcess kills the program and waits, so it has to stay
+        // until then. At the end of this program a late one is left to the system on purpose.
+        if (m_process->state() == QProcess::NotRunning) {
+            m_process->deleteLater();
+        } else {
+            QObject::connect(m_process, &QProcess::stateChanged, m_process,
+                             [process = m_process](QProcess::ProcessState state) {
+                                 if (state == QProcess::NotRunning) {
+                                     process->deleteLater();
+                                 }
+                             });
+        }
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+private:
+    QProcess* m_process = new QProcess; // deletes itself, see above
+    ChildGuardian m_guardian;
+};
+
+} // namespace
+
+std::optional<QString> findExecutable(const QStringList& candidates) {
+    const auto found = std::ranges::find_if(candidates, [](const QString& path) {
+        const QFileInfo file(path);
+        return file.isFile() && file.isExecutable();
+    });
+    return found != candidates.end() ? std::optional(*found) : std::nullopt;
+}
+
+QCoro::Task<CommandReply> ProcessRunner::requestRateLimits(QString executable,
+                                                           QStringList arguments, QByteArray input,
+                                                           std::chrono::milliseconds timeout) {
+    ResponseCollector collector;
+    const auto alarm = m_clock.after(timeout, [&collector] { collector.timeoutFired(); });
+    const Child child(executable, arguments, input, m_grace, collector);
+    co_return co_await collector.waitForResult();
+}
+
+} // namespace tallyvane::providers

@@ -1,0 +1,152 @@
+#include "providers/codex/codex_quota_client.h"
+#include "support/manual_clock.h"
+#include "support/test_main.h"
+
+#include <QCoro/QCoroTask>
+#include <QtCore/QDirIterator>
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+
+#include <cerrno>
+#include <chrono>
+#include <optional>
+#include <signal.h>
+#include <sys/wait.h>
+
+using namespace tallyvane;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int patience = 20'000; // ms; for what happens soon
+
+QString inHome(const char* name) {
+    return qEnvironmentVariable("HOME") + u'/' + QLatin1StringView{name};
+}
+
+QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray{};
+}
+
+QString program(const QString& name) {
+    return QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") + name;
+}
+
+/// How many programs run that this test has started, however indirectly. They have its home
+/// directory in their environment; this test had another when it was started.
+int runningPrograms() {
+    int count = 0;
+    QDirIterator processes(QStringLiteral("/proc"), {QStringLiteral("[1-9]*")}, QDir::Dirs);
+    while (processes.hasNext()) {
+        const QByteArray environment =
+            '\0' + contents(processes.next() + QStringLiteral("/environ"));
+        count += environment.contains('\0' + ("HOME=" + qgetenv("HOME")) + '\0');
+    }
+    return count;
+}
+
+/// Whether this process has no child, not even one that ended without being waited for.
+bool hasNoChild() {
+    siginfo_t ignored;
+    return ::waitid(P_ALL, 0, &ignored, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
+}
+
+using Result = std::expected<model::ProviderQuotaSnapshot, providers::CodexError>;
+
+QString outcome(const Result& result) {
+    return result ? result->planName.value_or(QString{}) : description(result.error());
+}
+
+/// A client on a clock of its own and its one fetch.
+struct Fetch {
+    explicit Fetch(const QStringList& candidates) : client(candidates, runner, clock) {
+        QCoro::connect(client.fetch(), &context, [this](const Result& value) { result = value; });
+    }
+
+    tests::ManualClock clock{model::Timestamp{}};
+    providers::ProcessRunner runner{clock, 1h}; // so nothing is killed that a test waits for
+    providers::CodexQuotaClient client;
+    std::optional<Result> result;
+    QObject context;
+};
+
+} // namespace
+
+class TestCodexQuotaClient final : public tests::HermeticTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() {
+        QTRY_COMPARE_WITH_TIMEOUT(runningPrograms(), 0, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(hasNoChild(), patience);
+        QFile::remove(inHome("ready"));
+    }
+
+    void answersAtOnce_data() {
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("reply-amid-noise") << QStringLiteral("Plus");
+        QTest::newRow("launcher-stays") << QStringLiteral("Command failed (-1): sign in");
+        QTest::newRow("floods") << QStringLiteral("Command timed out.");
+        QTest::newRow("no-interpreter") << QStringLiteral("No such file or directory");
+        QTest::newRow("no-program") << QStringLiteral("Exec format error");
+    }
+
+    void answersAtOnce() {
+        QFETCH(QString, expected);
+        Fetch fetch({program(QLatin1StringView{QTest::currentDataTag()})});
+        QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
+        QVERIFY2(outcome(*fetch.result).endsWith(expected), qPrintable(outcome(*fetch.result)));
+        QCOMPARE(fetch.clock.pendingAlarms(), std::size_t{0});
+    }
+
+    void timesOut_data() {
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("hangs") << QStringLiteral("Command timed out.");
+        QTest::newRow("launcher-ends") << QStringLiteral("Command timed out.");
+        QTest::newRow("dies") << QStringLiteral("Command failed (-1): boom");
+        QTest::newRow("garbage") << QStringLiteral("Command timed out.");
+    }
+
+    void timesOut() {
+        Fetch fetch({program(QLatin1StringView{QTest::currentDataTag()})});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
+        QCoreApplication::processEvents();
+        fetch.clock.advance(19'999ms);
+        QCoreApplication::processEvents();
+        QVERIFY(!fetch.result);
+        fetch.clock.advance(1ms);
+        QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
+        QTEST(outcome(*fetch.result), "expected");
+    }
+
+    void doesNotWaitForTheChildToEnd() {
+        Fetch fetch({program(QStringLiteral("refuses-to-end"))});
+        QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
+        QCOMPARE(runningPrograms(), 2);
+        QCOMPARE(::kill(-contents(inHome("ready")).trimmed().toInt(), SIGKILL), 0);
+    }
+
+    void leavesNothingWhenKilled() {
+        QProcess runner;
+        runner.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hanging_runner"),
+                     {program(QStringLiteral("refuses-to-end"))});
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
+        runner.kill();
+        QVERIFY(runner.waitForFinished());
+    }
+
+    void looksForARegularExecutable() {
+        const QStringList unfit{inHome("missing"), inHome(""), QStringLiteral("/etc/passwd")};
+        const Fetch fetch(unfit);
+        QVERIFY(fetch.result);
+        QCOMPARE(outcome(*fetch.result), QStringLiteral("Could not find Codex CLI."));
+
+        const QString first = program(QStringLiteral("hangs"));
+        const QStringList candidates = unfit + QStringList{first, QStringLiteral("/bin/sh")};
+        QCOMPARE(providers::findExecutable(candidates), std::optional(first));
+    }
+};
+
+TALLYVANE_TEST_MAIN(TestCodexQuotaClient)
+#include "test_codex_quota_client.moc"
