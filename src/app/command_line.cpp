@@ -6,8 +6,7 @@ namespace tallyvane::app {
 
 std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments) {
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
-    const QCommandLineOption version(
-        QStringList{QStringLiteral("v"), QStringLiteral("version")});
+    const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
     const QCommandLineOption json(QStringLiteral("json"));
     const QCommandLineOption waybar(QStringLiteral("waybar"));
     QCommandLineParser parser;
@@ -86,7 +85,8 @@ QString helpText() {
         "\n"
         "  A module of Waybar:\n"
         "    \"custom/tallyvane\": {\n"
-        "      \"exec\": \"tallyvane status --waybar\", \"return-type\": \"json\", \"interval\": 60\n"
+        "      \"exec\": \"tallyvane status --waybar\", \"return-type\": \"json\", \"interval\": "
+        "60\n"
         "    }\n");
 }
 

@@ -13,7 +13,7 @@ struct Environment {
     model::StoreLocations locations;
     std::filesystem::path home;
     core::LaunchContext launchContext;
-    std::string timeLocale; ///< the POSIX locale in which times are written
+    std::string timeLocale;  ///< the POSIX locale in which times are written
     bool wantsColour = true; ///< false under NO_COLOR and on a dumb terminal
 };
 

@@ -17,9 +17,8 @@ ExitCode runRefresh(const Environment& environment) {
     platform::SecretServiceStore secrets;
     platform::DBusWidgetCentre widgetCentre;
     const model::SharedStore store(environment.locations);
-    model::DefaultsStore defaults =
-        model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
-                                        environment.locations.standardDefaults());
+    model::DefaultsStore defaults = model::DefaultsStore::openFirst(
+        environment.locations.defaultsSuite(), environment.locations.standardDefaults());
     providers::ProcessRunner processRunner(clock);
     providers::CodexQuotaClient codexClient(
         providers::codexCandidates(QString::fromStdString(environment.home.string())),

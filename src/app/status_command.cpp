@@ -17,7 +17,8 @@ ExitCode runStatus(const Environment& environment, StatusFormat format) {
     const model::Timestamp now = platform::BootClock().now();
     const auto snapshot = model::SharedStore(environment.locations).loadSnapshot();
     if (!snapshot) {
-        printError(QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
+        printError(
+            QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
         const bool isPrinted = format != StatusFormat::waybar ||
                                print(waybarLine(model::placeholderSnapshot(now), now));
         return isPrinted ? ExitCode::nothingStored : ExitCode::failure;

@@ -1,5 +1,4 @@
 #include "app/command_line.h"
-
 #include "support/test_main.h"
 
 using namespace tallyvane::app;
@@ -40,8 +39,8 @@ private Q_SLOTS:
         QFETCH(QString, arguments);
         QFETCH(CommandLine, expected);
         QFETCH(QString, error);
-        const auto parsed = parseCommandLine(QStringLiteral("tallyvane ").append(arguments).split(
-            u' ', Qt::SkipEmptyParts));
+        const auto parsed = parseCommandLine(
+            QStringLiteral("tallyvane ").append(arguments).split(u' ', Qt::SkipEmptyParts));
         QCOMPARE(parsed.has_value(), error.isEmpty());
         if (parsed) {
             QVERIFY(*parsed == expected);

@@ -1,5 +1,4 @@
 #include "model/quota_snapshot.h"
-
 #include "support/test_main.h"
 
 #include <QtCore/QDir>
@@ -84,7 +83,8 @@ private Q_SLOTS:
     }
 
     void keepsOldFiguresWhenCodexFails() {
-        installCodex(R"(echo '{"id":1,"result":{"rateLimits":{"primary":{"usedPercent":42}}}}'; cat)");
+        installCodex(
+            R"(echo '{"id":1,"result":{"rateLimits":{"primary":{"usedPercent":42}}}}'; cat)");
         QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
         installCodex(R"(echo '{"error":{"code":-32600,"message":"not signed in"},"id":1}'; cat)");
         const Run failed = run({QStringLiteral("refresh")});
@@ -135,7 +135,8 @@ private:
     Run run(const QStringList& arguments) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), m_home->path());
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), m_home->filePath(QStringLiteral("data")));
+        environment.insert(QStringLiteral("XDG_DATA_HOME"),
+                           m_home->filePath(QStringLiteral("data")));
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
                            m_home->filePath(QStringLiteral("config")));
         QProcess program;

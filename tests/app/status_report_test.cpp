@@ -1,5 +1,4 @@
 #include "app/status_report.h"
-
 #include "support/test_main.h"
 
 #include <QtCore/QJsonDocument>
@@ -16,8 +15,8 @@ private Q_SLOTS:
     void text() {
         QuotaSnapshot snapshot = usedSnapshot(42, 80.4);
         snapshot.providers[0].planName = QStringLiteral("Plus");
-        snapshot.providers[1].week = QuotaWindowSnapshot{.usedPercent = 0,
-                                                         .resetsAt = m_now + 7 * 24h};
+        snapshot.providers[1].week =
+            QuotaWindowSnapshot{.usedPercent = 0, .resetsAt = m_now + 7 * 24h};
         const WeekdayTimeFormat weekdayTime("en_US", "UTC");
         QCOMPARE(statusText(snapshot, m_now, weekdayTime, Palette::plain),
                  QStringLiteral("Codex (Plus), synced 2 min ago\n"

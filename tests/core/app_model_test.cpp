@@ -1,5 +1,4 @@
 #include "core/app_model.h"
-
 #include "core/auto_refresh.h"
 #include "support/fake_secret_store.h"
 #include "support/manual_clock.h"
@@ -60,10 +59,11 @@ struct Desk {
     tests::FakeSecretStore secrets;
     RecordingWidgetCentre widgetCentre;
     model::SharedStore store{locations};
-    model::DefaultsStore defaults = model::DefaultsStore::openFirst(locations.defaultsSuite(),
-                                                                    locations.standardDefaults());
+    model::DefaultsStore defaults =
+        model::DefaultsStore::openFirst(locations.defaultsSuite(), locations.standardDefaults());
     providers::ProcessRunner runner{clock};
-    providers::CodexQuotaClient codexClient{{home.filePath(QStringLiteral("codex"))}, runner, clock};
+    providers::CodexQuotaClient codexClient{
+        {home.filePath(QStringLiteral("codex"))}, runner, clock};
     providers::ClaudeQuotaSource source;
     history::LocalTokenEstimator tokenEstimator;
     notify::QuotaNotifier notifier;
@@ -167,8 +167,7 @@ private Q_SLOTS:
             model::ProviderQuotaSnapshot expected = before.providers[i];
             expected.syncState = hasSynced ? QuotaSyncState::pending : QuotaSyncState::unavailable;
             if (expected.provider == AIProvider::claude) {
-                expected.statusMessage =
-                    message.isEmpty() ? std::nullopt : std::optional(message);
+                expected.statusMessage = message.isEmpty() ? std::nullopt : std::optional(message);
             }
             QVERIFY(after.providers[i] == expected);
         }

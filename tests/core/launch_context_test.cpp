@@ -1,5 +1,4 @@
 #include "core/launch_context.h"
-
 #include "support/test_main.h"
 
 using tallyvane::core::LaunchContext;
