@@ -29,18 +29,19 @@ struct Lookup {
     QPromise<std::optional<QByteArray>> promise;
 };
 
-/// Blocks until the service has answered or `cancellable` is cancelled, and at times longer.
-std::optional<QByteArray> findSecret(const QByteArray& service, GCancellable* cancellable) {
+std::optional<QByteArray> readSecret(const char* service, GCancellable* cancellable) {
     static const SecretSchema schema{.name = "org.corvelle.Tallyvane.Lookup",
                                      .flags = SECRET_SCHEMA_DONT_MATCH_NAME,
                                      .attributes = {{"service", SECRET_SCHEMA_ATTRIBUTE_STRING}}};
-    // A context that nobody runs: in the default one, which is the main thread's, the end of the
-    // bus would end the program.
-    g_autoptr(GMainContext) context = g_main_context_new();
-    g_autoptr(GMainContextPusher) pusher = g_main_context_pusher_new(context);
     g_autoptr(GHashTable) attributes =
-        secret_attributes_build(&schema, "service", service.constData(), nullptr);
-    // Not the shared instance, which would outlive its bus.
+        secret_attributes_build(&schema, "service", service, nullptr);
+    g_autoptr(GDBusConnection) bus = g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr);
+    if (bus == nullptr) {
+        return std::nullopt;
+    }
+    // Else the end of the bus would end the program.
+    g_dbus_connection_set_exit_on_close(bus, FALSE);
+    // Not the library's shared instance, which would outlive its bus.
     g_autoptr(SecretService) keyring = secret_service_open_sync(
         SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_NONE, cancellable, nullptr);
     if (keyring == nullptr) {
@@ -61,6 +62,17 @@ std::optional<QByteArray> findSecret(const QByteArray& service, GCancellable* ca
         }
     }
     return std::nullopt;
+}
+
+/// Blocks until the service has answered or `cancellable` is cancelled, and at times longer.
+std::optional<QByteArray> findSecret(const QByteArray& service, GCancellable* cancellable) {
+    // Calls back in this thread, not in the main one.
+    g_autoptr(GMainContext) context = g_main_context_new();
+    g_autoptr(GMainContextPusher) pusher = g_main_context_pusher_new(context);
+    auto secret = readSecret(service.constData(), cancellable);
+    while (g_main_context_iteration(context, FALSE)) { // frees what the calls left
+    }
+    return secret;
 }
 
 } // namespace

@@ -85,19 +85,19 @@ ClaudeQuotaClient::attempt() {
 
 QCoro::Task<std::expected<Credentials, ClaudeQuotaError>>
 ClaudeQuotaClient::loadCredentials(model::Timestamp now) {
-    if (const auto cached = m_cache.usableAt(now)) {
-        co_return *cached;
+    std::optional<Credentials> credentials = m_cache.usableAt(now);
+    if (!credentials) {
+        credentials = co_await readStoredCredentials(&m_secrets, m_source.keychainService,
+                                                     m_source.credentialsFile);
+        if (!credentials) {
+            co_return std::unexpected(ClaudeQuotaError{Kind::noCredentials});
+        }
+        if (credentials->expiresAt && *credentials->expiresAt <= now) {
+            co_return std::unexpected(ClaudeQuotaError{Kind::tokenExpired});
+        }
+        m_cache.replace(*credentials);
     }
-    const auto stored = co_await readStoredCredentials(&m_secrets, m_source.keychainService,
-                                                       m_source.credentialsFile);
-    if (!stored) {
-        co_return std::unexpected(ClaudeQuotaError{Kind::noCredentials});
-    }
-    if (stored->expiresAt && *stored->expiresAt <= now) {
-        co_return std::unexpected(ClaudeQuotaError{Kind::tokenExpired});
-    }
-    m_cache.replace(*stored);
-    co_return *stored;
+    co_return *std::move(credentials);
 }
 
 QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
