@@ -5,7 +5,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/wait.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tallyvane::providers {
@@ -16,7 +16,11 @@ using namespace std::chrono;
 
 constexpr milliseconds groupPollInterval{20};
 
+/// The whole life of the guardian: nothing but async-signal-safe calls.
 [[noreturn]] void keepWatch(int lifeline, pid_t group, milliseconds grace) {
+    sigset_t all;
+    ::sigfillset(&all);
+    ::sigprocmask(SIG_SETMASK, &all, nullptr);
     // Outside the group, so as not to signal itself, but inside the session, whose number is the
     // group's: while the guardian lives, the system gives that number to no one else.
     ::setpgid(0, 0);
@@ -38,31 +42,19 @@ constexpr milliseconds groupPollInterval{20};
 }
 
 /// Runs in QProcess's child before it becomes the program. Until then the child borrows the memory
-/// of this program and a stack of 4 kB (seen in Qt 6.4), and this program stands still: hence few
-/// locals, none but async-signal-safe calls, and _Fork instead of fork, which runs handlers.
+/// of this program and a stack of 4 kB (seen in Qt 6.4), and this program stands still: hence
+/// nothing here but two system calls.
 void startGuardian(int lifeline, milliseconds grace) {
-    sigset_t all;
-    sigset_t inherited;
-    ::sigfillset(&all);
-    ::sigprocmask(SIG_SETMASK, &all, &inherited); // the guardian keeps them blocked
-    ::signal(SIGCHLD, SIG_DFL);                   // were it ignored, waitpid would tell nothing
     const pid_t group = ::setsid();
-
-    // By way of a go-between, so that the program finds no child that it has not started.
-    const pid_t goBetween = ::_Fork();
-    if (goBetween == 0) {
-        const pid_t guardian = ::_Fork();
-        if (guardian == 0) {
-            keepWatch(lifeline, group, grace);
-        }
-        ::_exit(guardian > 0 ? 0 : 1);
+    // A fork that signals nobody when it ends, so that the program, whose child it is, does not
+    // meet it in its wait calls.
+    const long guardian = ::syscall(SYS_clone, 0, 0, 0, 0, 0);
+    if (guardian == 0) {
+        keepWatch(lifeline, group, grace);
     }
-    int status = 1;
-    ::waitpid(goBetween, &status, 0);
-    if (status != 0) {
+    if (guardian < 0) {
         ::_exit(1); // nothing runs unguarded; QProcess sees a program that ends at once
     }
-    ::sigprocmask(SIG_SETMASK, &inherited, nullptr);
 }
 
 } // namespace

@@ -61,7 +61,8 @@ QString outcome(const Result& result) {
 /// A client on a clock of its own and its one fetch.
 struct Fetch {
     explicit Fetch(const QStringList& candidates) : client(candidates, runner, clock) {
-        QCoro::connect(client.fetch(), &context, [this](const Result& value) { result = value; });
+        QCoro::connect(client.fetch(), &context,
+                       [this](const Result& value) { result.emplace(value); });
     }
 
     tests::ManualClock clock{model::Timestamp{}};

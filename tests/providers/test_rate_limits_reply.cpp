@@ -108,7 +108,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(tallyvane::model::ProviderQuotaSnapshot)
-
 TALLYVANE_TEST_MAIN(TestRateLimitsReply)
 #include "test_rate_limits_reply.moc"
