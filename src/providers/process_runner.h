@@ -25,7 +25,7 @@ public:
     /// Starts `executable`, writes `input` to its standard input, which stays open, and gives the
     /// first line of its standard output that is an object whose "id" is 1. The child has this
     /// program's environment and working directory. That it ends says nothing: without a reply
-    /// the wait lasts until `timeout`.
+    /// the wait lasts until `timeout`. What others write to its pipes after its end is not read.
     ///
     /// Whatever comes out, the child and all that it started are being ended by then; none of it
     /// outlives this program by more than the grace.

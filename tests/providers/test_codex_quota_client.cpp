@@ -66,7 +66,7 @@ struct Fetch {
     }
 
     tests::ManualClock clock{model::Timestamp{}};
-    providers::ProcessRunner runner{clock, 1h}; // so nothing is killed that a test waits for
+    providers::ProcessRunner runner{clock, 1min}; // long enough for what a test looks at
     providers::CodexQuotaClient client;
     std::optional<Result> result;
     QObject context;
