@@ -8,6 +8,8 @@
 #include <QtCore/QFile>
 #include <QtTest/QSignalSpy>
 
+#include <sys/wait.h>
+
 using namespace tallyvane;
 using namespace std::chrono_literals;
 using model::AIProvider;
@@ -106,6 +108,12 @@ class AppModelTest : public tests::HermeticTest {
     const tests::TlsIdentity m_identity = tests::makeTlsIdentity();
 
 private Q_SLOTS:
+    /// A child that is still ending holds memory.
+    void cleanup() {
+        QTRY_VERIFY(::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) != 0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     void publishesAndSaves() {
         Desk desk(m_identity, {httpReply(200, R"({"five_hour":{"utilization":3}})")});
         desk.installCodex(42);

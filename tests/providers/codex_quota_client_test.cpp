@@ -150,4 +150,4 @@ private Q_SLOTS:
 };
 
 TALLYVANE_TEST_MAIN(TestCodexQuotaClient)
-#include "test_codex_quota_client.moc"
+#include "codex_quota_client_test.moc"

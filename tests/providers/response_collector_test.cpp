@@ -82,4 +82,4 @@ private Q_SLOTS:
 };
 
 TALLYVANE_TEST_MAIN(TestResponseCollector)
-#include "test_response_collector.moc"
+#include "response_collector_test.moc"

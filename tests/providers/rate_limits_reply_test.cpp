@@ -109,4 +109,4 @@ private Q_SLOTS:
 };
 
 TALLYVANE_TEST_MAIN(TestRateLimitsReply)
-#include "test_rate_limits_reply.moc"
+#include "rate_limits_reply_test.moc"
