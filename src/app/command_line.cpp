@@ -2,7 +2,25 @@
 
 #include <QtCore/QCommandLineParser>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tallyvane::app {
+
+namespace {
+
+struct CommandName {
+    QLatin1StringView name;
+    Command command;
+};
+
+constexpr CommandName commands[] = {
+    {QLatin1StringView{"refresh"}, Command::refresh},
+    {QLatin1StringView{"status"}, Command::status},
+    {QLatin1StringView{"history"}, Command::history},
+};
+
+} // namespace
 
 std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments) {
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
@@ -22,30 +40,32 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
     }
 
     const QStringList words = parser.positionalArguments();
-    const QString word = words.value(0);
-    CommandLine commandLine;
-    if (word == u"refresh") {
-        commandLine.command = Command::refresh;
-    } else if (word == u"status") {
-        commandLine.command = Command::status;
-    } else if (!words.isEmpty()) {
-        return std::unexpected(QStringLiteral("Unknown command '%1'.").arg(word));
-    }
     if (words.size() > 1) {
         return std::unexpected(QStringLiteral("Unexpected argument '%1'.").arg(words[1]));
+    }
+    CommandLine commandLine;
+    if (!words.isEmpty()) {
+        const auto known = std::ranges::find(commands, words[0], &CommandName::name);
+        if (known == std::end(commands)) {
+            return std::unexpected(QStringLiteral("Unknown command '%1'.").arg(words[0]));
+        }
+        commandLine.command = known->command;
     }
 
     if (parser.isSet(json) && parser.isSet(waybar)) {
         return std::unexpected(QStringLiteral("--json and --waybar exclude each other."));
     }
     if (parser.isSet(json)) {
-        commandLine.statusFormat = StatusFormat::json;
+        if (commandLine.command != Command::status && commandLine.command != Command::history) {
+            return std::unexpected(QStringLiteral("--json goes with 'status' and 'history'."));
+        }
+        commandLine.outputFormat = OutputFormat::json;
     }
     if (parser.isSet(waybar)) {
-        commandLine.statusFormat = StatusFormat::waybar;
-    }
-    if (commandLine.statusFormat != StatusFormat::text && commandLine.command != Command::status) {
-        return std::unexpected(QStringLiteral("--json and --waybar go with 'tallyvane status'."));
+        if (commandLine.command != Command::status) {
+            return std::unexpected(QStringLiteral("--waybar goes with 'status'."));
+        }
+        commandLine.outputFormat = OutputFormat::waybar;
     }
     return commandLine;
 }
@@ -60,10 +80,11 @@ QString helpText() {
         "  (none)      Start the desktop program.\n"
         "  refresh     Ask both providers now, store the result and print it.\n"
         "  status      Print the stored result without asking anybody.\n"
+        "  history     Print the stored use per day and provider.\n"
         "\n"
-        "Options of status:\n"
-        "  --json      Print the stored snapshot as JSON.\n"
-        "  --waybar    Print one line of JSON for a custom module of Waybar.\n"
+        "Options of commands:\n"
+        "  --json      With status or history: print what is stored as JSON.\n"
+        "  --waybar    With status: print one line of JSON for a custom module of Waybar.\n"
         "\n"
         "Options:\n"
         "  -h, --help     Print this help.\n"
@@ -74,10 +95,11 @@ QString helpText() {
         "  1  The result could not be stored or printed, or this build has no desktop part.\n"
         "  2  The command line was not understood.\n"
         "  3  After refresh: stored, but a provider failed; standard error says why.\n"
-        "  4  After status: nothing is stored yet.\n"
+        "  4  After status and history: nothing is stored yet.\n"
         "\n"
         "Environment:\n"
-        "  NO_COLOR    When set and not empty, print without colour.\n"
+        "  NO_COLOR                  When set and not empty, print without colour.\n"
+        "  GAUGEWELL_USE_FIXTURES    When 1, status and history show made-up figures.\n"
         "\n"
         "Examples:\n"
         "  tallyvane refresh\n"

@@ -7,13 +7,13 @@
 
 namespace tallyvane::app {
 
-enum class Command { desktop, refresh, status, help, version };
-enum class StatusFormat { text, json, waybar };
+enum class Command { desktop, refresh, status, history, help, version };
+enum class OutputFormat { text, json, waybar };
 
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    StatusFormat statusFormat = StatusFormat::text; ///< of `Command::status` alone
+    OutputFormat outputFormat = OutputFormat::text; ///< of commands that print
 
     bool operator==(const CommandLine&) const = default;
 };

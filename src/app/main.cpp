@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/environment.h"
+#include "app/history_command.h"
 #include "app/refresh_command.h"
 #include "app/status_command.h"
 #include "app/terminal.h"
@@ -17,7 +18,9 @@ ExitCode run(const CommandLine& commandLine) {
     case Command::refresh:
         return runRefresh(readEnvironment());
     case Command::status:
-        return runStatus(readEnvironment(), commandLine.statusFormat);
+        return runStatus(readEnvironment(), commandLine.outputFormat);
+    case Command::history:
+        return runHistory(readEnvironment(), commandLine.outputFormat);
     case Command::help:
         return print(helpText()) ? ExitCode::success : ExitCode::failure;
     case Command::version:

@@ -59,6 +59,11 @@ void AppModel::setAppearance(model::AppAppearance appearance) {
     m_appearance = appearance;
 }
 
+void AppModel::clearHistory() {
+    m_history = history::UsageHistory{};
+    (void)history::saveHistory(m_with.store, m_history);
+}
+
 QCoro::Task<RefreshReport> AppModel::refresh() {
     if (m_isRefreshing) {
         co_return RefreshReport{.outcome = RefreshReport::Outcome::alreadyRunning};
@@ -100,8 +105,9 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     }
 
     const history::TokenTotals totals = co_await tokenTask;
-    const history::UsageHistoryRecorder recorder(m_with.store);
-    const auto recorded = recorder.record(previous, current, totals);
+    history::UsageHistoryRecorder recorder(m_with.store, m_with.defaults,
+                                           QTimeZone::systemTimeZone());
+    const auto recorded = recorder.record(previous, current, totals, current.updatedAt);
     if (!recorded) {
         // The stored snapshot is then newer than the one shown, until the next refresh.
         m_lastError = recorded.error().message;

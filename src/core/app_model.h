@@ -24,7 +24,7 @@ namespace tallyvane::core {
 /// What the model works with; each outlives it.
 struct Collaborators {
     const model::SharedStore& store;
-    model::DefaultsStore& defaults; ///< preferences: key "appearance"
+    model::DefaultsStore& defaults; ///< preferences and token baselines
     providers::CodexQuotaClient& codexClient;
     providers::ClaudeQuotaClient& claudeClient;
     history::LocalTokenEstimator& tokenEstimator;
@@ -72,6 +72,10 @@ public:
 
     /// Also stores it under "appearance".
     void setAppearance(model::AppAppearance appearance);
+
+    /// Empties the history, on show and on the disk. The token baselines stay, so that the next
+    /// refresh counts only new tokens. What cannot be written is no error here.
+    void clearHistory();
 
     /// Asks both providers, counts local tokens, saves and publishes the result. A provider's
     /// failure is part of the result. While one call runs, others return at once.

@@ -2,6 +2,7 @@
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
+#include <QtCore/QLocale>
 
 namespace tallyvane::history {
 
@@ -37,6 +38,15 @@ std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& 
     });
 }
 
+QString id(const UsageHistoryPoint& point) {
+    const double seconds = std::chrono::duration<double>(point.date.time_since_epoch()).count();
+    QString text = QString::number(seconds, 'f', QLocale::FloatingPointShortest);
+    if (!text.contains(u'.')) {
+        text += QStringLiteral(".0");
+    }
+    return model::rawValue(point.provider) + QLatin1Char('-') + text;
+}
+
 std::optional<UsageHistory> loadHistory(const model::SharedStore& store) {
     const std::optional<QByteArray> json = store.loadHistory();
     if (!json) {
@@ -44,6 +54,15 @@ std::optional<UsageHistory> loadHistory(const model::SharedStore& store) {
     }
     const auto history = decodeHistory(*json);
     return history ? std::optional(*history) : std::nullopt;
+}
+
+std::expected<void, model::FileError> saveHistory(const model::SharedStore& store,
+                                                  const UsageHistory& history) {
+    const auto json = encodeHistory(history);
+    if (!json) {
+        return std::unexpected(model::FileError{json.error().message});
+    }
+    return store.saveHistory(*json);
 }
 
 } // namespace tallyvane::history

@@ -32,7 +32,13 @@ struct UsageHistory {
 encodeHistory(const UsageHistory& history);
 [[nodiscard]] std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& json);
 
+/// Identifies a point in a list: the provider and the seconds since 1970, "codex-1738281600.0".
+[[nodiscard]] QString id(const UsageHistoryPoint& point);
+
 /// The stored history; nothing when there is none or it does not decode.
 [[nodiscard]] std::optional<UsageHistory> loadHistory(const model::SharedStore& store);
+
+[[nodiscard]] std::expected<void, model::FileError> saveHistory(const model::SharedStore& store,
+                                                                const UsageHistory& history);
 
 } // namespace tallyvane::history

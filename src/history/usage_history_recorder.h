@@ -2,22 +2,36 @@
 
 #include "history/local_token_estimator.h"
 #include "history/usage_history.h"
+#include "model/defaults_store.h"
+
+#include <QtCore/QTimeZone>
+
+#include <optional>
 
 namespace tallyvane::history {
 
-/// Turns one refresh into history. Made anew for each. This version adds no points yet.
+/// Turns one refresh into history. Made anew for each, with the time zone of the moment.
 class UsageHistoryRecorder {
 public:
-    explicit UsageHistoryRecorder(const model::SharedStore& store) : m_store(store) {}
+    /// `defaults` keeps the token totals last seen, as whole numbers under "token-baseline.codex"
+    /// and "token-baseline.claude".
+    UsageHistoryRecorder(const model::SharedStore& store, model::DefaultsStore& defaults,
+                         QTimeZone zone)
+        : m_store(store), m_defaults(defaults), m_zone(std::move(zone)) {}
 
-    /// The history after the refresh that replaced `previous` by `current`, already saved; fails
-    /// when it cannot be saved.
+    /// Adds to each provider's point of today what its weekly quota rose by from `previous` to
+    /// `current` and what its token total rose by since the last call, drops points older than 90
+    /// days and saves the file. A figure that fell adds nothing. Gives the history as saved.
     [[nodiscard]] std::expected<UsageHistory, model::FileError>
-    record(const model::QuotaSnapshot& previous, const model::QuotaSnapshot& current,
-           const TokenTotals& tokenTotals) const;
+    record(const std::optional<model::QuotaSnapshot>& previous, const model::QuotaSnapshot& current,
+           const TokenTotals& tokenTotals, model::Timestamp now);
 
 private:
+    std::int64_t tokenDelta(model::AIProvider provider, std::int64_t total);
+
     const model::SharedStore& m_store;
+    model::DefaultsStore& m_defaults;
+    QTimeZone m_zone;
 };
 
 } // namespace tallyvane::history

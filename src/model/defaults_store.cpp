@@ -31,13 +31,15 @@ DefaultsStore DefaultsStore::openFirst(const std::filesystem::path& preferred,
 }
 
 QByteArray DefaultsStore::data(const QString& key) {
-    m_settings->sync();
-    return m_settings->value(key).toByteArray();
+    return get(key).toByteArray();
 }
 
 QString DefaultsStore::text(const QString& key) {
-    m_settings->sync();
-    return m_settings->value(key).toString();
+    return get(key).toString();
+}
+
+std::int64_t DefaultsStore::integer(const QString& key) {
+    return get(key).toLongLong();
 }
 
 void DefaultsStore::setData(const QString& key, const QByteArray& value) {
@@ -46,6 +48,15 @@ void DefaultsStore::setData(const QString& key, const QByteArray& value) {
 
 void DefaultsStore::setText(const QString& key, const QString& value) {
     set(key, value);
+}
+
+void DefaultsStore::setInteger(const QString& key, std::int64_t value) {
+    set(key, qlonglong{value});
+}
+
+QVariant DefaultsStore::get(const QString& key) {
+    m_settings->sync();
+    return m_settings->value(key);
 }
 
 void DefaultsStore::set(const QString& key, const QVariant& value) {

@@ -4,6 +4,7 @@
 #include <QtCore/QSettings>
 #include <QtCore/QString>
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -25,12 +26,15 @@ public:
     /// The value of a key, read anew from the file; empty when absent.
     [[nodiscard]] QByteArray data(const QString& key);
     [[nodiscard]] QString text(const QString& key);
+    [[nodiscard]] std::int64_t integer(const QString& key); ///< 0 when absent
 
     void setData(const QString& key, const QByteArray& value);
     void setText(const QString& key, const QString& value);
+    void setInteger(const QString& key, std::int64_t value);
 
 private:
     explicit DefaultsStore(const std::filesystem::path& path);
+    QVariant get(const QString& key);
     void set(const QString& key, const QVariant& value);
 
     std::filesystem::path m_path;

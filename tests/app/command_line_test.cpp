@@ -21,8 +21,9 @@ private Q_SLOTS:
         understood("", {});
         understood("refresh", {.command = Command::refresh});
         understood("status", {.command = Command::status});
-        understood("status --json", {Command::status, StatusFormat::json});
-        understood("--waybar status", {Command::status, StatusFormat::waybar});
+        understood("status --json", {Command::status, OutputFormat::json});
+        understood("history --json", {Command::history, OutputFormat::json});
+        understood("--waybar status", {Command::status, OutputFormat::waybar});
         understood("status -h", {.command = Command::help});
         understood("--version", {.command = Command::version});
         refused("--colour", "colour");
@@ -30,6 +31,7 @@ private Q_SLOTS:
         refused("statuses", "statuses");
         refused("refresh status", "status");
         refused("refresh --json", "status");
+        refused("history --waybar", "status");
         refused("--waybar", "status");
         refused("status --json --waybar", "exclude");
         refused("status --json=1", "json");
