@@ -28,6 +28,7 @@ public:
     [[nodiscard]] QString text(const QString& key);
     [[nodiscard]] std::int64_t integer(const QString& key); ///< 0 when absent
 
+    /// A value that finds no room on the disk is dropped, and the file stays as it was.
     void setData(const QString& key, const QByteArray& value);
     void setText(const QString& key, const QString& value);
     void setInteger(const QString& key, std::int64_t value);
