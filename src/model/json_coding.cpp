@@ -109,35 +109,22 @@ private:
         return true;
     }
 
-    void writeString(const QString& text) {
-        m_bytes += '"';
-        const QByteArray utf8 = text.toUtf8();
-        for (const char c : utf8) {
-            switch (c) {
-            case '"':
-                m_bytes += "\\\"";
-                break;
-            case '\\':
-                m_bytes += "\\\\";
-                break;
-            case '\n':
-                m_bytes += "\\n";
-                break;
-            case '\r':
-                m_bytes += "\\r";
-                break;
-            case '\t':
-                m_bytes += "\\t";
-                break;
-            default:
-                if (static_cast<unsigned char>(c) < 0x20) {
-                    m_bytes += "\\u" + QByteArray::number(c, 16).rightJustified(4, '0');
-                } else {
-                    m_bytes += c;
-                }
+    void writeString(QStringView text) {
+        QString escaped;
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const QChar c = text[i];
+            if (c == u'"' || c == u'\\') {
+                escaped += u'\\';
+                escaped += c;
+            } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+                escaped += text.sliced(i++, 2);
+            } else if (c.unicode() < 0x20 || c.isSurrogate()) { // half a pair has no UTF-8 form
+                escaped += QString::asprintf("\\u%04x", static_cast<unsigned>(c.unicode()));
+            } else {
+                escaped += c;
             }
         }
-        m_bytes += '"';
+        m_bytes += '"' + escaped.toUtf8() + '"';
     }
 
     QByteArray m_bytes;

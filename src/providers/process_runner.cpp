@@ -3,6 +3,7 @@
 #include "providers/child_guardian.h"
 
 #include <QCoro/QCoroFuture>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 
@@ -21,7 +22,8 @@ std::unexpected<ProcessRunnerError> launchFailed(const QString& reason) {
 class Child {
 public:
     Child(const QString& executable, const QStringList& arguments, const QByteArray& input,
-          std::chrono::milliseconds grace, ResponseCollector& collector) {
+          std::chrono::milliseconds grace, ResponseCollector& collector, QObject& owner)
+        : m_process(new QProcess(&owner)) {
         if (!m_guardian.isReady()) {
             collector.finish(launchFailed(qt_error_string(errno)));
             return;
@@ -49,8 +51,7 @@ public:
         m_process->closeReadChannel(QProcess::StandardOutput);
         m_process->closeReadChannel(QProcess::StandardError);
         m_process->closeWriteChannel();
-        // The destructor of a running QProcess kills the program and waits, so it has to stay
-        // until then. At the end of this program a late one is left to the system on purpose.
+        // The destructor of a running QProcess kills the program and waits, so it stays until then.
         if (m_process->state() == QProcess::NotRunning) {
             m_process->deleteLater();
         } else {
@@ -66,7 +67,7 @@ public:
     Child& operator=(const Child&) = delete;
 
 private:
-    QProcess* m_process = new QProcess; // deletes itself, see above
+    QProcess* m_process; // deletes itself, see above
     ChildGuardian m_guardian;
 };
 
@@ -80,12 +81,23 @@ std::optional<QString> findExecutable(const QStringList& candidates) {
     return found != candidates.end() ? std::optional(*found) : std::nullopt;
 }
 
+ProcessRunner::~ProcessRunner() {
+    // Their guardians have been told and end them all, but QProcess insists on seeing its own go.
+    const QDeadlineTimer deadline(std::chrono::milliseconds{100});
+    for (QProcess* process : m_processes.findChildren<QProcess*>()) {
+        if (!process->waitForFinished(static_cast<int>(deadline.remainingTime()))) {
+            process->kill();
+            process->waitForFinished();
+        }
+    }
+}
+
 QCoro::Task<CommandReply> ProcessRunner::requestRateLimits(QString executable,
                                                            QStringList arguments, QByteArray input,
                                                            std::chrono::milliseconds timeout) {
     ResponseCollector collector;
     const auto alarm = m_clock.after(timeout, [&collector] { collector.timeoutFired(); });
-    const Child child(executable, arguments, input, m_grace, collector);
+    const Child child(executable, arguments, input, m_grace, collector, m_processes);
     co_return co_await collector.waitForResult();
 }
 

@@ -4,6 +4,7 @@
 #include "providers/response_collector.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QObject>
 #include <QtCore/QStringList>
 
 #include <chrono>
@@ -14,13 +15,17 @@ namespace tallyvane::providers {
 /// The first of these absolute paths that is a regular file which the user may execute.
 [[nodiscard]] std::optional<QString> findExecutable(const QStringList& candidates);
 
-/// Holds short conversations with child processes. Main thread only; must outlive its tasks.
+/// Holds short conversations with child processes. Main thread only; must outlive its tasks. Its
+/// own end waits a tenth of a second at most for children that are ending.
 class ProcessRunner {
 public:
     /// A child that has not ended `grace` after the request to terminate is killed.
     explicit ProcessRunner(platform::Clock& clock,
                            std::chrono::milliseconds grace = std::chrono::seconds{5})
         : m_clock(clock), m_grace(grace) {}
+    ~ProcessRunner();
+    ProcessRunner(const ProcessRunner&) = delete;
+    ProcessRunner& operator=(const ProcessRunner&) = delete;
 
     /// Starts `executable`, writes `input` to its standard input, which stays open, and gives the
     /// first line of its standard output that is an object whose "id" is 1. The child has this
@@ -37,6 +42,7 @@ public:
 private:
     platform::Clock& m_clock;
     std::chrono::milliseconds m_grace;
+    QObject m_processes; ///< parent of every QProcess until its program has ended
 };
 
 } // namespace tallyvane::providers

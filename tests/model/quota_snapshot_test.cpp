@@ -13,7 +13,7 @@ Timestamp at(QStringView text) {
 
 QuotaSnapshot fullSnapshot() {
     return {.providers = {{.provider = AIProvider::codex,
-                           .planName = QStringLiteral("Plus \"1\"\n\u00e9\x01\\"),
+                           .planName = QStringLiteral("Plus \"1\"\n\u00e9\x01\\\U0001F642\xD83D"),
                            .fiveHour = QuotaWindowSnapshot{.usedPercent = 42,
                                                            .resetsAt = at(u"2025-01-31T16:00:00Z")},
                            .week = QuotaWindowSnapshot{.usedPercent = 0.1},
