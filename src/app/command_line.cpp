@@ -28,6 +28,8 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
         commandLine.command = Command::refresh;
     } else if (word == u"status") {
         commandLine.command = Command::status;
+    } else if (word == u"tokens") {
+        commandLine.command = Command::tokens;
     } else if (!words.isEmpty()) {
         return std::unexpected(QStringLiteral("Unknown command '%1'.").arg(word));
     }
@@ -39,13 +41,18 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
         return std::unexpected(QStringLiteral("--json and --waybar exclude each other."));
     }
     if (parser.isSet(json)) {
-        commandLine.statusFormat = StatusFormat::json;
+        commandLine.outputFormat = OutputFormat::json;
     }
     if (parser.isSet(waybar)) {
-        commandLine.statusFormat = StatusFormat::waybar;
+        commandLine.outputFormat = OutputFormat::waybar;
     }
-    if (commandLine.statusFormat != StatusFormat::text && commandLine.command != Command::status) {
-        return std::unexpected(QStringLiteral("--json and --waybar go with 'tallyvane status'."));
+    const bool isStatus = commandLine.command == Command::status;
+    if (parser.isSet(waybar) && !isStatus) {
+        return std::unexpected(QStringLiteral("--waybar goes with 'tallyvane status'."));
+    }
+    if (parser.isSet(json) && !isStatus && commandLine.command != Command::tokens) {
+        return std::unexpected(
+            QStringLiteral("--json goes with 'tallyvane status' and 'tallyvane tokens'."));
     }
     return commandLine;
 }
@@ -60,10 +67,11 @@ QString helpText() {
         "  (none)      Start the desktop program.\n"
         "  refresh     Ask both providers now, store the result and print it.\n"
         "  status      Print the stored result without asking anybody.\n"
+        "  tokens      Count the tokens in the local session logs of the last 35 days.\n"
         "\n"
-        "Options of status:\n"
-        "  --json      Print the stored snapshot as JSON.\n"
-        "  --waybar    Print one line of JSON for a custom module of Waybar.\n"
+        "Options of status and tokens:\n"
+        "  --json      Print JSON.\n"
+        "  --waybar    After status: print one line of JSON for a custom module of Waybar.\n"
         "\n"
         "Options:\n"
         "  -h, --help     Print this help.\n"
@@ -82,6 +90,7 @@ QString helpText() {
         "Examples:\n"
         "  tallyvane refresh\n"
         "  tallyvane status --json | jq '.providers[].fiveHour.usedPercent'\n"
+        "  tallyvane tokens --json | jq .totals.claude\n"
         "\n"
         "  A module of Waybar:\n"
         "    \"custom/tallyvane\": {\n"

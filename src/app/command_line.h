@@ -7,13 +7,14 @@
 
 namespace tallyvane::app {
 
-enum class Command { desktop, refresh, status, help, version };
-enum class StatusFormat { text, json, waybar };
+enum class Command { desktop, refresh, status, tokens, help, version };
+enum class OutputFormat { text, json, waybar };
 
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    StatusFormat statusFormat = StatusFormat::text; ///< of `Command::status` alone
+    OutputFormat outputFormat =
+        OutputFormat::text; ///< of `status` and `tokens`, which has no waybar
 
     bool operator==(const CommandLine&) const = default;
 };

@@ -3,6 +3,7 @@
 #include "app/refresh_command.h"
 #include "app/status_command.h"
 #include "app/terminal.h"
+#include "app/tokens_command.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -17,7 +18,9 @@ ExitCode run(const CommandLine& commandLine) {
     case Command::refresh:
         return runRefresh(readEnvironment());
     case Command::status:
-        return runStatus(readEnvironment(), commandLine.statusFormat);
+        return runStatus(readEnvironment(), commandLine.outputFormat);
+    case Command::tokens:
+        return runTokens(readEnvironment(), commandLine.outputFormat);
     case Command::help:
         return print(helpText()) ? ExitCode::success : ExitCode::failure;
     case Command::version:

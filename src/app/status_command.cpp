@@ -13,26 +13,26 @@ bool printStatusText(const Environment& environment, const model::QuotaSnapshot&
     return print(statusText(snapshot, now, weekdayTime, palette));
 }
 
-ExitCode runStatus(const Environment& environment, StatusFormat format) {
+ExitCode runStatus(const Environment& environment, OutputFormat format) {
     const model::Timestamp now = platform::BootClock().now();
     const auto snapshot = model::SharedStore(environment.locations).loadSnapshot();
     if (!snapshot) {
         printError(
             QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
-        const bool isPrinted = format != StatusFormat::waybar ||
+        const bool isPrinted = format != OutputFormat::waybar ||
                                print(waybarLine(model::placeholderSnapshot(now), now));
         return isPrinted ? ExitCode::nothingStored : ExitCode::failure;
     }
     bool isPrinted = false;
     switch (format) {
-    case StatusFormat::text:
+    case OutputFormat::text:
         isPrinted = printStatusText(environment, *snapshot, now);
         break;
-    case StatusFormat::json:
+    case OutputFormat::json:
         // What was decoded can be encoded.
         isPrinted = print(QString::fromUtf8(model::encodeSnapshot(*snapshot).value()) + u'\n');
         break;
-    case StatusFormat::waybar:
+    case OutputFormat::waybar:
         isPrinted = print(waybarLine(*snapshot, now));
         break;
     }

@@ -7,7 +7,7 @@
 namespace tallyvane::app {
 
 /// Prints the stored snapshot, without a refresh.
-[[nodiscard]] ExitCode runStatus(const Environment& environment, StatusFormat format);
+[[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format);
 
 /// Prints a snapshot for people, with colour on a terminal.
 [[nodiscard]] bool printStatusText(const Environment& environment,

@@ -21,8 +21,10 @@ private Q_SLOTS:
         understood("", {});
         understood("refresh", {.command = Command::refresh});
         understood("status", {.command = Command::status});
-        understood("status --json", {Command::status, StatusFormat::json});
-        understood("--waybar status", {Command::status, StatusFormat::waybar});
+        understood("status --json", {Command::status, OutputFormat::json});
+        understood("--waybar status", {Command::status, OutputFormat::waybar});
+        understood("tokens", {.command = Command::tokens});
+        understood("tokens --json", {Command::tokens, OutputFormat::json});
         understood("status -h", {.command = Command::help});
         understood("--version", {.command = Command::version});
         refused("--colour", "colour");
@@ -31,6 +33,7 @@ private Q_SLOTS:
         refused("refresh status", "status");
         refused("refresh --json", "status");
         refused("--waybar", "status");
+        refused("tokens --waybar", "status");
         refused("status --json --waybar", "exclude");
         refused("status --json=1", "json");
     }
