@@ -18,6 +18,7 @@ constexpr CommandName commands[] = {
     {QLatin1StringView{"refresh"}, Command::refresh},
     {QLatin1StringView{"status"}, Command::status},
     {QLatin1StringView{"history"}, Command::history},
+    {QLatin1StringView{"tokens"}, Command::tokens},
 };
 
 } // namespace
@@ -56,8 +57,9 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
         return std::unexpected(QStringLiteral("--json and --waybar exclude each other."));
     }
     if (parser.isSet(json)) {
-        if (commandLine.command != Command::status && commandLine.command != Command::history) {
-            return std::unexpected(QStringLiteral("--json goes with 'status' and 'history'."));
+        if (commandLine.command == Command::desktop || commandLine.command == Command::refresh) {
+            return std::unexpected(
+                QStringLiteral("--json goes with 'status', 'history' and 'tokens'."));
         }
         commandLine.outputFormat = OutputFormat::json;
     }
@@ -81,9 +83,10 @@ QString helpText() {
         "  refresh     Ask both providers now, store the result and print it.\n"
         "  status      Print the stored result without asking anybody.\n"
         "  history     Print the stored use per day and provider.\n"
+        "  tokens      Count the tokens in the local session logs of the last 35 days.\n"
         "\n"
         "Options of commands:\n"
-        "  --json      With status or history: print what is stored as JSON.\n"
+        "  --json      With status, history and tokens: print JSON.\n"
         "  --waybar    With status: print one line of JSON for a custom module of Waybar.\n"
         "\n"
         "Options:\n"
@@ -104,6 +107,7 @@ QString helpText() {
         "Examples:\n"
         "  tallyvane refresh\n"
         "  tallyvane status --json | jq '.providers[].fiveHour.usedPercent'\n"
+        "  tallyvane tokens --json | jq .totals.claude\n"
         "\n"
         "  A module of Waybar:\n"
         "    \"custom/tallyvane\": {\n"

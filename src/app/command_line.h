@@ -7,13 +7,13 @@
 
 namespace tallyvane::app {
 
-enum class Command { desktop, refresh, status, history, help, version };
+enum class Command { desktop, refresh, status, history, tokens, help, version };
 enum class OutputFormat { text, json, waybar };
 
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    OutputFormat outputFormat = OutputFormat::text; ///< of commands that print
+    OutputFormat outputFormat = OutputFormat::text; ///< waybar with `status` alone
 
     bool operator==(const CommandLine&) const = default;
 };

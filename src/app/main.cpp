@@ -4,6 +4,7 @@
 #include "app/refresh_command.h"
 #include "app/status_command.h"
 #include "app/terminal.h"
+#include "app/tokens_command.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -21,6 +22,8 @@ ExitCode run(const CommandLine& commandLine) {
         return runStatus(readEnvironment(), commandLine.outputFormat);
     case Command::history:
         return runHistory(readEnvironment(), commandLine.outputFormat);
+    case Command::tokens:
+        return runTokens(readEnvironment(), commandLine.outputFormat);
     case Command::help:
         return print(helpText()) ? ExitCode::success : ExitCode::failure;
     case Command::version:

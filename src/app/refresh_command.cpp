@@ -25,7 +25,7 @@ ExitCode runRefresh(const Environment& environment) {
         processRunner, clock);
     providers::ClaudeQuotaClient claudeClient(
         {.credentialsFile = environment.home / ".claude" / ".credentials.json"}, secrets, clock);
-    history::LocalTokenEstimator tokenEstimator;
+    history::LocalTokenEstimator tokenEstimator(environment.home);
     notify::QuotaNotifier notifier;
     core::AppModel model({.store = store,
                           .defaults = defaults,

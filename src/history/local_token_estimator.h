@@ -1,24 +1,34 @@
 #pragma once
 
-#include "model/quota_snapshot.h"
+#include "history/session_log_scan.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QThreadPool>
 
-#include <cstdint>
-#include <map>
+#include <filesystem>
 #include <stop_token>
 
 namespace tallyvane::history {
 
-/// Tokens per provider; always holds every provider.
-using TokenTotals = std::map<model::AIProvider, std::int64_t>;
-
-/// Counts the tokens in the assistants' local session logs. This version reads no logs yet and
-/// counts none.
+/// Counts the tokens in the assistants' local session logs, in a thread of its own that yields to
+/// everything else on the machine. Main thread only. Its end stops a running count and waits until
+/// the file at hand is read.
 class LocalTokenEstimator {
 public:
-    /// Never fails. Once `stop` is requested it ends soon, with totals that mean nothing.
+    /// Counts below `home`, the user's home directory.
+    explicit LocalTokenEstimator(std::filesystem::path home);
+    ~LocalTokenEstimator();
+    LocalTokenEstimator(const LocalTokenEstimator&) = delete;
+    LocalTokenEstimator& operator=(const LocalTokenEstimator&) = delete;
+
+    /// What scanSessionLogs counts from now on. Never fails. Once `stop` is requested it ends soon,
+    /// with totals that mean nothing.
     [[nodiscard]] QCoro::Task<TokenTotals> estimate(std::stop_token stop);
+
+private:
+    LogRoots m_roots;
+    std::stop_source m_end;
+    QThreadPool m_pool; ///< of one thread
 };
 
 } // namespace tallyvane::history

@@ -24,6 +24,8 @@ private Q_SLOTS:
         understood("status --json", {Command::status, OutputFormat::json});
         understood("history --json", {Command::history, OutputFormat::json});
         understood("--waybar status", {Command::status, OutputFormat::waybar});
+        understood("tokens", {.command = Command::tokens});
+        understood("tokens --json", {Command::tokens, OutputFormat::json});
         understood("status -h", {.command = Command::help});
         understood("--version", {.command = Command::version});
         refused("--colour", "colour");
@@ -33,6 +35,7 @@ private Q_SLOTS:
         refused("refresh --json", "status");
         refused("history --waybar", "status");
         refused("--waybar", "status");
+        refused("tokens --waybar", "status");
         refused("status --json --waybar", "exclude");
         refused("status --json=1", "json");
     }

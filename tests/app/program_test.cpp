@@ -38,7 +38,7 @@ private Q_SLOTS:
     void helps() {
         const Run help = run({QStringLiteral("--help")});
         QCOMPARE(help.exitCode, 0);
-        for (const auto word : {"refresh", "status", "--json", "--waybar", "Examples:"}) {
+        for (const auto word : {"refresh", "status", "tokens", "--json", "--waybar", "Examples:"}) {
             QVERIFY(help.output.contains(QLatin1StringView(word)));
         }
         QVERIFY(run({QStringLiteral("--version")}).output.startsWith(u"tallyvane "));
@@ -94,6 +94,25 @@ private Q_SLOTS:
         QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
         QVERIFY(!run({QStringLiteral("status"), QStringLiteral("--json")})
                      .output.contains(u"not signed in"));
+    }
+
+    void countsTokens() {
+        QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral(".claude/projects/-w")));
+        QFile log(m_home->filePath(QStringLiteral(".claude/projects/-w/a.jsonl")));
+        QVERIFY(log.open(QIODevice::WriteOnly));
+        log.write(R"({"type":"assistant","message":{"usage":{"output_tokens":42}}})");
+        log.close();
+        const Run text = run({QStringLiteral("tokens")});
+        QCOMPARE(text.exitCode, 0);
+        QVERIFY2(text.output.startsWith(u"Codex: 0 tokens\nClaude: 42 tokens\n1 files counted, "),
+                 qPrintable(text.output));
+        const QJsonObject json =
+            QJsonDocument::fromJson(
+                run({QStringLiteral("tokens"), QStringLiteral("--json")}).output.toUtf8())
+                .object();
+        const QJsonObject totals{{QStringLiteral("codex"), 0}, {QStringLiteral("claude"), 42}};
+        QCOMPARE(json[u"totals"].toObject(), totals);
+        QCOMPARE(json[u"readBytes"].toInteger(), log.size());
     }
 
     void tellsWhatItCouldNotStore() {

@@ -67,7 +67,7 @@ struct Desk {
     providers::CodexQuotaClient codexClient{
         {home.filePath(QStringLiteral("codex"))}, runner, clock};
     providers::ClaudeQuotaSource source;
-    history::LocalTokenEstimator tokenEstimator;
+    history::LocalTokenEstimator tokenEstimator{root};
     notify::QuotaNotifier notifier;
 };
 

@@ -1,0 +1,139 @@
+#include "history/log_tokens.h"
+
+#include "history/json_text.h"
+
+#include <optional>
+#include <simdjson.h>
+
+namespace tallyvane::history {
+
+using model::AIProvider;
+
+namespace {
+
+/// The parser takes nine bytes for each byte of the longest line; longer ones are rare.
+constexpr std::size_t maximumParsedSize = 1 << 20;
+
+/// As JsonText, of a parsed document.
+class ParsedJson {
+public:
+    ParsedJson(simdjson::dom::element element, bool& hasFraction)
+        : m_element(element), m_hasFraction(&hasFraction) {}
+
+    [[nodiscard]] std::optional<ParsedJson> member(std::string_view name) const {
+        std::optional<ParsedJson> found;
+        simdjson::dom::object object;
+        if (m_element.get(object) == simdjson::SUCCESS) {
+            for (const simdjson::dom::key_value_pair field : object) {
+                if (field.key == name) {
+                    found = ParsedJson(field.value, *m_hasFraction);
+                }
+            }
+        }
+        return found;
+    }
+
+    [[nodiscard]] bool isString(std::string_view text) const {
+        std::string_view string;
+        return m_element.get(string) == simdjson::SUCCESS && string == text;
+    }
+
+    [[nodiscard]] std::optional<std::int64_t> integer() const {
+        using simdjson::dom::element_type;
+        switch (m_element.type()) {
+        case element_type::INT64:
+            return m_element.get_int64().value_unsafe();
+        case element_type::UINT64:
+            return std::numeric_limits<std::int64_t>::max();
+        case element_type::BOOL:
+            return m_element.get_bool().value_unsafe() ? 1 : 0;
+        case element_type::DOUBLE:
+            *m_hasFraction = true;
+            break;
+        default:
+            break;
+        }
+        return std::nullopt;
+    }
+
+private:
+    simdjson::dom::element m_element;
+    bool* m_hasFraction; ///< set where a number that was asked for is known only rounded
+};
+
+template <typename Json>
+std::optional<Json> find(const Json& json, std::initializer_list<std::string_view> path) {
+    std::optional<Json> found = json;
+    for (const std::string_view name : path) {
+        if (found) {
+            found = found->member(name);
+        }
+    }
+    return found;
+}
+
+template <typename Json>
+TokenSum sumOf(const Json& usage, std::initializer_list<std::string_view> names) {
+    TokenSum sum;
+    for (const std::string_view name : names) {
+        const auto field = usage.member(name);
+        sum.add({.value = field ? field->integer().value_or(0) : 0});
+    }
+    return sum;
+}
+
+template <typename Json>
+TokenSum codexTokens(const Json& line) {
+    const auto type = find(line, {"payload", "type"});
+    const auto usage = find(line, {"payload", "info", "total_token_usage"});
+    if (!type || !type->isString("token_count") || !usage) {
+        return {};
+    }
+    const auto total = usage->member("total_tokens");
+    const auto tokens = total ? total->integer() : std::nullopt;
+    return tokens ? TokenSum{.value = *tokens} : sumOf(*usage, {"input_tokens", "output_tokens"});
+}
+
+template <typename Json>
+TokenSum claudeTokens(const Json& line) {
+    const auto type = line.member("type");
+    const auto usage = find(line, {"message", "usage"});
+    if (!type || !type->isString("assistant") || !usage) {
+        return {};
+    }
+    return sumOf(*usage, {"input_tokens", "output_tokens", "cache_creation_input_tokens",
+                          "cache_read_input_tokens"});
+}
+
+template <typename Json>
+TokenSum lineTokens(AIProvider provider, const Json& line) {
+    return provider == AIProvider::codex ? codexTokens(line) : claudeTokens(line);
+}
+
+} // namespace
+
+TokenSum plainLineTokens(AIProvider provider, std::string_view line) {
+    const auto object = JsonText::parseObject(line);
+    return object ? lineTokens(provider, *object) : TokenSum{};
+}
+
+LineTokenReader::LineTokenReader() : m_parser(std::make_unique<simdjson::dom::parser>()) {}
+
+LineTokenReader::~LineTokenReader() = default;
+
+TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
+    static_assert(padding >= simdjson::SIMDJSON_PADDING);
+    simdjson::dom::element element;
+    if (line.size() <= maximumParsedSize &&
+        m_parser->parse(line.data(), line.size(), false).get(element) == simdjson::SUCCESS) {
+        bool hasFraction = false;
+        const TokenSum sum = lineTokens(provider, ParsedJson(element, hasFraction));
+        if (!hasFraction) {
+            return sum;
+        }
+    }
+    // The parser refuses some valid lines: integers past 64 bits, lone surrogates, deep nesting.
+    return plainLineTokens(provider, line);
+}
+
+} // namespace tallyvane::history

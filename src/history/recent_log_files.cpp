@@ -1,0 +1,62 @@
+#include "history/recent_log_files.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace tallyvane::history {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Found {
+    fs::path path;
+    fs::file_time_type modified;
+};
+
+void collect(const fs::path& folder, const std::stop_token& stop, std::vector<Found>& logs) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        if (stop.stop_requested()) {
+            return;
+        }
+        std::error_code ignored; // what cannot be looked at is of no kind
+        if (entry->path().filename().native().starts_with('.') || entry->is_symlink(ignored)) {
+            continue;
+        }
+        if (entry->is_directory(ignored)) {
+            collect(entry->path(), stop, logs);
+        } else if (entry->path().extension() == ".jsonl" && entry->is_regular_file(ignored)) {
+            std::error_code gone;
+            const fs::file_time_type modified = entry->last_write_time(gone);
+            if (!gone) {
+                logs.push_back({entry->path(), modified});
+            }
+        }
+    }
+}
+
+} // namespace
+
+RecentLogFiles recentLogFiles(const fs::path& root, std::size_t limit,
+                              std::chrono::sys_time<std::chrono::nanoseconds> cutoff,
+                              const std::stop_token& stop) {
+    std::vector<Found> logs;
+    collect(root, stop, logs);
+    RecentLogFiles recent;
+    const auto oldest = std::chrono::file_clock::from_sys(cutoff);
+    recent.tooOld = static_cast<int>(
+        std::erase_if(logs, [oldest](const Found& log) { return log.modified < oldest; }));
+    std::ranges::stable_sort(logs, std::greater(), &Found::modified);
+    for (Found& log : logs) {
+        if (recent.files.size() < limit) {
+            recent.files.push_back(std::move(log.path));
+        } else {
+            ++recent.overLimit;
+        }
+    }
+    return recent;
+}
+
+} // namespace tallyvane::history

@@ -1,0 +1,233 @@
+#include "history/session_log_counter.h"
+#include "support/plain_session_log.h"
+#include "support/test_main.h"
+
+#include <QtCore/QRandomGenerator>
+
+#include <algorithm>
+
+using namespace tallyvane;
+using history::TokenSum;
+using model::AIProvider;
+
+namespace {
+
+constexpr qint64 greatest = std::numeric_limits<qint64>::max();
+
+/// Hands the log over in blocks of at most `blockSize` bytes.
+std::optional<TokenSum> tokensOf(AIProvider provider, std::string_view log, std::size_t blockSize,
+                                 history::SessionLogCounter& counter) {
+    counter.begin(provider);
+    while (!log.empty()) {
+        const std::span<char> space = counter.space();
+        const std::size_t size = std::min({blockSize, space.size(), log.size()});
+        std::ranges::copy(log.substr(0, size), space.begin());
+        log.remove_prefix(size);
+        if (!counter.take(size)) {
+            return std::nullopt;
+        }
+    }
+    return counter.finish();
+}
+
+QByteArray codex(const QByteArray& usage) {
+    return R"({"type":"event_msg","payload":{"type":"token_count","info":{"total_token_usage":)" +
+           usage + "}}}";
+}
+
+QByteArray total(const QByteArray& tokens) {
+    return codex("{\"total_tokens\":" + tokens + "}");
+}
+
+QByteArray claude(const QByteArray& tokens) {
+    return R"({"message":{"usage":{"input_tokens":)" + tokens + R"(}},"type":"assistant"})";
+}
+
+} // namespace
+
+class SessionLogCounterTest : public tests::HermeticTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void counts_data() {
+        QTest::addColumn<AIProvider>("provider");
+        QTest::addColumn<QByteArray>("log");
+        QTest::addColumn<std::optional<qint64>>("expected"); // nothing: not UTF-8
+        const auto inCodex = [](const char* name, const QByteArray& log,
+                                std::optional<qint64> expected) {
+            QTest::addRow("codex: %s", name) << AIProvider::codex << log << expected;
+        };
+        const auto inClaude = [](const char* name, const QByteArray& log,
+                                 std::optional<qint64> expected) {
+            QTest::addRow("claude: %s", name) << AIProvider::claude << log << expected;
+        };
+        // In front of the name, where the whole line must still be read.
+        const auto beside = [](const QByteArray& value) {
+            return "{\"x\":" + value + "," + total("7").sliced(1);
+        };
+
+        inCodex("empty", "", 0);
+        inCodex("largest", total("100") + '\n' + total("250") + '\n' + total("180"), 250);
+        inCodex("input and output", codex(R"({"input_tokens":40,"output_tokens":10,"x":1})"), 50);
+        inCodex("no figures", codex("{}"), 0);
+        inCodex("total is text", codex(R"({"total_tokens":"9","input_tokens":4})"), 4);
+        inCodex("total is smaller", codex(R"({"total_tokens":3,"input_tokens":4})"), 3);
+        inCodex("total is true", codex(R"({"total_tokens":true,"input_tokens":4})"), 1);
+        inCodex("negative", total("-5"), 0);
+        inCodex("no info", R"({"payload":{"type":"token_count","info":null}})", 0);
+        inCodex("usage is no object", codex("[1]"), 0);
+        inCodex("other type", total("5").replace("token_count", "token_usage_record"), 0);
+        inCodex("outer type", total("5").replace("event_msg", "token_count"), 5);
+        inCodex("quoted in a text", "{\"x\":\"\\\"token_count\\\"\"}\n" + total("5"), 5);
+        inCodex("no top-level object", "[" + total("5") + "]\n1\n" + total("4") + "\nnull", 4);
+        inCodex("empty lines", "\n\n" + total("4") + "\n\n", 4);
+        inCodex("torn line", total("9").chopped(1) + '\n' + total("4"), 4);
+        inCodex("CR LF", total("9") + "\r\n" + total("4") + "\r\n", 0);
+        inCodex("CR LF in a line", total("9").replace(":", ":\r\n") + "\r\n", 9);
+        inCodex("CR LF after a line", total("9") + '\n' + total("4") + "\r\n" + total("5"), 9);
+        inCodex("CR alone", total("9") + '\r' + total("4") + '\n' + total("5"), 5);
+        inCodex("byte-order mark", "\xEF\xBB\xBF" + total("9") + '\n' + total("4"), 4);
+        inCodex("NUL after", total("9") + QByteArray(1, '\0') + '\n' + total("4"), 4);
+        inCodex("escaped type", total("9").replace("token_count", "\\u0074oken\\u005Fcount"), 9);
+        inCodex("escaped names", total("9").replace("total_tokens", "total\\u005ftokens"), 9);
+        inCodex("escaped wrongly", total("9").replace("token_count", "\\token_count"), 0);
+        inCodex("last of two", R"({"payload":1,)" + total("9").sliced(1), 9);
+        inCodex("last of two is none", total("9").chopped(1) + R"(,"p\u0061yload":1})", 0);
+        inCodex("last of two totals", codex(R"({"total_tokens":9,"total_tokens":4})"), 4);
+        inCodex("lone surrogate", beside(R"("\ud83d")"), 7);
+        inCodex("lone low surrogate", beside(R"("\uDE00\ud83d")"), 7);
+        inCodex("whole surrogates", beside(R"("\ud83d\ude00")"), 7);
+        inCodex("integer past 64 bits", beside("123456789012345678901234567890"), 7);
+        inCodex("fraction past all range", beside("[1e999,-1E+999,1e-999]"), 7);
+        inCodex("deep", beside(QByteArray(50'000, '[') + QByteArray(50'000, ']')), 7);
+        inCodex("long", beside('"' + QByteArray(3'000'000, 'x') + '"'), 7);
+        for (const char* bad :
+             {"01",    "1.",      ".5",         "+1",      "1e",        "-",           "0x1",
+              "truex", "NaN",     "\"\t\"",     R"("\x")", R"("\u12")", R"("\u12g4")", "[1,]",
+              "[,]",   "{\"a\"}", "{\"a\":1,}", "{1:1}",   "'a'",       "[1}",         "/**/1",
+              "1\f",   "\"",      "[",          "",        "\"\\"}) {
+            inCodex(bad, beside(bad) + '\n' + total("4"), 4);
+        }
+        const std::pair<const char*, qint64> numbers[] = {
+            {"12.9", 12},
+            {"1.5e1", 15},
+            {"1250E-2", 12},
+            {"0.9999999999999999999999", 0},
+            {"9007199254740993.5", 9007199254740993},
+            {"9223372036854775807", greatest},
+            {"9223372036854775808", greatest},
+            {"18446744073709551615", greatest},
+            {"18446744073709551616", greatest},
+            {"1e400", greatest},
+            {"1e99999999999999999999", greatest},
+            {"1e-99999999999999999999", 0},
+            {"0e99999999999999999999", 0},
+            {"0.00000000000000000001e+21", 10},
+            {"-1e400", 0},
+            {"-0", 0},
+        };
+        for (const auto& [number, expected] : numbers) {
+            inCodex(number, total(number), expected);
+        }
+        inCodex("not UTF-8", total("4") + "\n\xFF", std::nullopt);
+        inCodex("an escaped surrogate, raw", total("4") + "\n\xED\xA0\x80", std::nullopt);
+        inCodex("character cut off", total("4") + "\n\xE2\x82", std::nullopt);
+        inCodex("all sizes of characters", "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\n" + total("4"),
+                4);
+
+        inClaude("sum", claude("3") + '\n' + claude("3"), 6);
+        inClaude("four fields",
+                 R"({"type":"assistant","message":{"usage":{"input_tokens":3,"output_tokens":50,)"
+                 R"("cache_creation_input_tokens":700,"cache_read_input_tokens":11000,"a":1}}})",
+                 11753);
+        inClaude("user", claude("3").replace("assistant", "user"), 0);
+        inClaude("role only", R"({"message":{"role":"assistant","usage":{"input_tokens":3}}})", 0);
+        inClaude("no usage", R"({"type":"assistant","message":{"usage":7}})", 0);
+        inClaude("not a number", claude("null") + '\n' + claude("\"5\"") + '\n' + claude("4"), 4);
+        inClaude("negative", claude("-3.7") + '\n' + claude("5"), 2);
+        inClaude("escaped type", claude("3").replace("assistant", "a\\u0073sist\\u0061nt"), 3);
+        inClaude("codex line", total("3"), 0);
+    }
+
+    void counts() {
+        QFETCH(AIProvider, provider);
+        QFETCH(QByteArray, log);
+        QFETCH(std::optional<qint64>, expected);
+        const std::string_view bytes(log.constData(), static_cast<std::size_t>(log.size()));
+        const auto plain = tests::plainLogTokens(provider, bytes);
+        QCOMPARE(plain ? std::optional<qint64>(plain->value) : std::nullopt, expected);
+        history::SessionLogCounter counter;
+        for (const std::size_t blockSize : {1'000'000, 61, 1}) {
+            if (log.size() > 100'000 && blockSize == 1) {
+                continue;
+            }
+            QVERIFY(tokensOf(provider, bytes, blockSize, counter) == plain);
+        }
+    }
+
+    void tellsOverflow() {
+        history::SessionLogCounter counter;
+        const QByteArray most = QByteArray::number(greatest);
+        const QByteArray twice = claude(most) + '\n' + claude("1");
+        QVERIFY(tokensOf(AIProvider::claude, claude(most).toStdString(), 1000, counter) ==
+                (TokenSum{.value = greatest}));
+        QVERIFY(tokensOf(AIProvider::claude, twice.toStdString(), 1000, counter)->isOverflown);
+        const QByteArray both = codex(R"({"output_tokens":1,"input_tokens":)" + most + "}");
+        QVERIFY(tokensOf(AIProvider::codex, both.toStdString(), 1000, counter)->isOverflown);
+    }
+
+    /// Lines made of parts that matter, many of them broken.
+    void agreesWithThePlainWay() {
+        const QByteArrayList parts{"\n",
+                                   "\r\n",
+                                   "\r",
+                                   " ",
+                                   ",",
+                                   "{",
+                                   "}",
+                                   "\"",
+                                   "\\",
+                                   "\\u0061",
+                                   "\\ud800",
+                                   "1e3",
+                                   "\xC3\xA9",
+                                   "[[1]]",
+                                   "\"type\":",
+                                   "\"assistant\"",
+                                   "\"token_count\"",
+                                   "\"payload\":{}"};
+        const QByteArrayList lines{
+            total("12"),
+            claude("5"),
+            total("1.5"),
+            total("1e999"),
+            claude("99999999999999999999"),
+            R"({"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
+            R"({"x":"\ud800","m\u0065ssage":{"usage":{"input_tokens":2}},"t\u0079pe":"\u0061ssistant"})"};
+        QRandomGenerator random(7);
+        history::SessionLogCounter counter;
+        int counted = 0;
+        for (int round = 0; round < 4000; ++round) {
+            std::string log;
+            for (quint32 i = random.bounded(1U, 12U); i > 0; --i) {
+                const bool isWhole = random.bounded(2) == 0;
+                log += isWhole ? lines[random.bounded(lines.size())].toStdString() + '\n'
+                               : parts[random.bounded(parts.size())].toStdString();
+            }
+            if (random.bounded(8) == 0) {
+                log[random.bounded(static_cast<quint32>(log.size()))] ^=
+                    char(1 << random.bounded(8));
+            }
+            for (const AIProvider provider : model::allCases<AIProvider>) {
+                const auto plain = tests::plainLogTokens(provider, log);
+                QVERIFY2(tokensOf(provider, log, random.bounded(1U, 200U), counter) == plain,
+                         log.c_str());
+                counted += plain && plain->value > 0 ? 1 : 0;
+            }
+        }
+        QVERIFY2(counted > 1000, qPrintable(QString::number(counted)));
+    }
+};
+
+TALLYVANE_TEST_MAIN(SessionLogCounterTest)
+#include "session_log_counter_test.moc"
