@@ -115,6 +115,26 @@ private Q_SLOTS:
         QCOMPARE(json[u"readBytes"].toInteger(), log.size());
     }
 
+    void recordsNewTokens() {
+        const auto log = [this](int total) {
+            QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral(".codex/sessions/2026")));
+            QFile file(m_home->filePath(QStringLiteral(".codex/sessions/2026/a.jsonl")));
+            QVERIFY(file.open(QIODevice::Append));
+            file.write(R"({"payload":{"type":"token_count","info":{"total_token_usage":)"
+                       R"({"total_tokens":)" +
+                       QByteArray::number(total) + "}}}}\n");
+        };
+        QCOMPARE(run({QStringLiteral("history")}).exitCode, 4);
+        for (const int total : {1000, 1250}) {
+            log(total);
+            QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
+        }
+        const Run history = run({QStringLiteral("history"), QStringLiteral("--json")});
+        QVERIFY2(history.output.contains(u"\"estimatedLocalTokens\" : 250,"),
+                 qPrintable(history.output));
+        QCOMPARE(run({QStringLiteral("history")}).output.count(u'\n'), 3);
+    }
+
     void tellsWhatItCouldNotStore() {
         QFile obstacle(m_home->filePath(QStringLiteral("data")));
         QVERIFY(obstacle.open(QIODevice::WriteOnly));
