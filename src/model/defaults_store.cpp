@@ -7,6 +7,20 @@
 
 namespace tallyvane::model {
 
+namespace {
+
+/// Whether the file can be written anew. QSettings of Qt 6.4 takes no notice of a full disk and
+/// would leave an empty file.
+bool hasRoom(const std::filesystem::path& file) {
+    constexpr std::uintmax_t spare = 65536;
+    std::error_code ignored;
+    const std::uintmax_t size = std::filesystem::file_size(file, ignored);
+    const std::uintmax_t needed = spare + (ignored ? 0 : size);
+    return std::filesystem::space(file.parent_path(), ignored).available >= needed;
+}
+
+} // namespace
+
 DefaultsStore::DefaultsStore(const std::filesystem::path& path)
     : m_path(path),
       m_settings(std::make_unique<QSettings>(QFile(path).fileName(), QSettings::IniFormat)) {}
@@ -49,6 +63,9 @@ void DefaultsStore::setText(const QString& key, const QString& value) {
 }
 
 void DefaultsStore::set(const QString& key, const QVariant& value) {
+    if (!hasRoom(m_path)) {
+        return;
+    }
     makePrivateFile(m_path); // QSettings would let others read a file that it makes
     m_settings->setValue(key, value);
     m_settings->sync();

@@ -26,6 +26,7 @@ public:
     [[nodiscard]] QByteArray data(const QString& key);
     [[nodiscard]] QString text(const QString& key);
 
+    /// A value that finds no room on the disk is dropped, and the file stays as it was.
     void setData(const QString& key, const QByteArray& value);
     void setText(const QString& key, const QString& value);
 

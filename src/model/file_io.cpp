@@ -64,10 +64,11 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qsizetype 
 std::expected<void, FileError> writeFile(const std::filesystem::path& path,
                                          const QByteArray& bytes) {
     QSaveFile file(QFile(path).fileName());
+    // In Qt 6.4 commit() neither syncs the file nor minds that its last bytes found no room.
     const bool isWritten = file.open(QIODevice::WriteOnly) &&
                            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                           file.write(bytes) == bytes.size() &&
-                           file.commit(); // commit puts the bytes on the disk
+                           file.write(bytes) == bytes.size() && file.flush() &&
+                           ::fsync(file.handle()) == 0 && file.commit();
     if (!isWritten) {
         return std::unexpected(FileError{
             QStringLiteral("Could not save %1: %2.").arg(file.fileName(), file.errorString())});

@@ -8,6 +8,7 @@
 #include <QtCore/QRandomGenerator>
 
 #include <csignal>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -109,6 +110,33 @@ private Q_SLOTS:
                      saved.error().message.contains(u"Not a directory"),
                  qPrintable(saved.error().message));
         QVERIFY(store.loadSnapshot() == snapshotUsing(1));
+    }
+
+    void keepsWhatItHasOnAFullDisk() {
+        const Place place;
+        if (::geteuid() != 0 || ::mount("none", place.root.c_str(), "tmpfs", 0, "size=256k") != 0) {
+            QSKIP("mounting a small file system needs root");
+        }
+        const SharedStore store(place.locations);
+        const auto before = store.saveSnapshot(snapshotUsing(1));
+        QFile filler(place.root / "filler");
+        QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (filler.write(QByteArray(4096, 'x')) > 0) {
+        }
+        filler.close();
+        const auto after = store.saveSnapshot(snapshotUsing(2));
+        auto suite = DefaultsStore::open(place.locations.defaultsSuite());
+        suite->setText(QStringLiteral("appearance"), QStringLiteral("dark"));
+        const auto mirror = suite->data(QStringLiteral("quotaSnapshotData"));
+        const auto stored = store.loadSnapshot();
+        suite.reset();
+        ::umount(place.root.c_str());
+
+        QVERIFY(before && !after);
+        QVERIFY2(after.error().message.contains(u"No space left"),
+                 qPrintable(after.error().message));
+        QVERIFY(stored == snapshotUsing(1));
+        QCOMPARE(mirror, *encodeSnapshot(snapshotUsing(1)));
     }
 
     void savesWithoutASuite() {
