@@ -215,8 +215,8 @@ private Q_SLOTS:
                                : parts[random.bounded(parts.size())].toStdString();
             }
             if (random.bounded(8) == 0) {
-                log[random.bounded(static_cast<quint32>(log.size()))] ^=
-                    char(1 << random.bounded(8));
+                char& byte = log[random.bounded(static_cast<quint32>(log.size()))];
+                byte = static_cast<char>(byte ^ (1 << random.bounded(8)));
             }
             for (const AIProvider provider : model::allCases<AIProvider>) {
                 const auto plain = tests::plainLogTokens(provider, log);
