@@ -11,7 +11,7 @@ namespace {
 
 struct CommandName {
     QLatin1StringView name;
-    Command command;
+    Command command = Command::desktop;
 };
 
 constexpr CommandName commands[] = {

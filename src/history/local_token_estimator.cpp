@@ -23,19 +23,16 @@ void giveWay() {
 
 } // namespace
 
-LocalTokenEstimator::LocalTokenEstimator(std::filesystem::path home) : m_roots(logRoots(home)) {
-    m_pool.setMaxThreadCount(1);
-}
+LocalTokenEstimator::LocalTokenEstimator(std::filesystem::path home) : m_roots(logRoots(home)) {}
 
 LocalTokenEstimator::~LocalTokenEstimator() {
     m_end.request_stop();
-    m_pool.waitForDone();
 }
 
 QCoro::Task<TokenTotals> LocalTokenEstimator::estimate(std::stop_token stop) {
     const auto promise = std::make_shared<QPromise<TokenTotals>>();
     promise->start();
-    m_pool.start([promise, roots = m_roots, stop, end = m_end.get_token()] {
+    const auto count = [promise, roots = m_roots, stop, end = m_end.get_token()] {
         giveWay();
         std::stop_source either;
         const auto requestStop = [&either] { either.request_stop(); };
@@ -45,6 +42,10 @@ QCoro::Task<TokenTotals> LocalTokenEstimator::estimate(std::stop_token stop) {
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
         promise->addResult(scanSessionLogs(roots, now, either.get_token()).totals);
         promise->finish();
+    };
+    m_thread = std::jthread([count, before = std::move(m_thread)]() mutable {
+        before = {}; // waits
+        count();
     });
     const QFuture<TokenTotals> totals = promise->future();
     co_return co_await totals;

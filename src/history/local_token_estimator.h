@@ -3,10 +3,10 @@
 #include "history/session_log_scan.h"
 
 #include <QCoro/QCoroTask>
-#include <QtCore/QThreadPool>
 
 #include <filesystem>
 #include <stop_token>
+#include <thread>
 
 namespace tallyvane::history {
 
@@ -28,7 +28,7 @@ public:
 private:
     LogRoots m_roots;
     std::stop_source m_end;
-    QThreadPool m_pool; ///< of one thread
+    std::jthread m_thread; ///< of the last count; it waits for the one before
 };
 
 } // namespace tallyvane::history

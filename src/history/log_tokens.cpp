@@ -117,7 +117,9 @@ TokenSum plainLineTokens(AIProvider provider, std::string_view line) {
     return object ? lineTokens(provider, *object) : TokenSum{};
 }
 
-LineTokenReader::LineTokenReader() : m_parser(std::make_unique<simdjson::dom::parser>()) {}
+struct LineTokenReader::Parser : simdjson::dom::parser {};
+
+LineTokenReader::LineTokenReader() : m_parser(std::make_unique<Parser>()) {}
 
 LineTokenReader::~LineTokenReader() = default;
 

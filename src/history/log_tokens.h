@@ -6,10 +6,6 @@
 #include <memory>
 #include <string_view>
 
-namespace simdjson::dom {
-class parser;
-}
-
 namespace tallyvane::history {
 
 /// A sum of token counts that knows whether it ever left the range.
@@ -46,7 +42,8 @@ public:
     static constexpr std::size_t padding = 64;
 
 private:
-    std::unique_ptr<simdjson::dom::parser> m_parser;
+    struct Parser;
+    std::unique_ptr<Parser> m_parser;
 };
 
 } // namespace tallyvane::history

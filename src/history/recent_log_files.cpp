@@ -1,7 +1,6 @@
 #include "history/recent_log_files.h"
 
-#include <algorithm>
-#include <functional>
+#include <list>
 
 namespace tallyvane::history {
 
@@ -14,7 +13,7 @@ struct Found {
     fs::file_time_type modified;
 };
 
-void collect(const fs::path& folder, const std::stop_token& stop, std::vector<Found>& logs) {
+void collect(const fs::path& folder, const std::stop_token& stop, std::list<Found>& logs) {
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
@@ -42,13 +41,14 @@ void collect(const fs::path& folder, const std::stop_token& stop, std::vector<Fo
 RecentLogFiles recentLogFiles(const fs::path& root, std::size_t limit,
                               std::chrono::sys_time<std::chrono::nanoseconds> cutoff,
                               const std::stop_token& stop) {
-    std::vector<Found> logs;
+    std::list<Found> logs;
     collect(root, stop, logs);
     RecentLogFiles recent;
     const auto oldest = std::chrono::file_clock::from_sys(cutoff);
     recent.tooOld = static_cast<int>(
         std::erase_if(logs, [oldest](const Found& log) { return log.modified < oldest; }));
-    std::ranges::stable_sort(logs, std::greater(), &Found::modified);
+    // A list's sort keeps the order of logs of one time.
+    logs.sort([](const Found& one, const Found& other) { return one.modified > other.modified; });
     for (Found& log : logs) {
         if (recent.files.size() < limit) {
             recent.files.push_back(std::move(log.path));

@@ -27,12 +27,12 @@ bool isEscapedLetter(const char* text) {
 
 /// Whether one of the stride's places may begin the word or an escaped letter. Looks at a few
 /// bytes of each only: few false alarms, and no branch.
-template <std::size_t lastOfWord>
+template <std::size_t LastOfWord>
 bool mayBegin(const char* text, char second) {
     unsigned char found = 0;
     for (std::size_t i = 0; i < stride; ++i) {
         const bool isWord =
-            (text[i] == '"') & (text[i + 1] == second) & (text[i + lastOfWord] == '"');
+            (text[i] == '"') & (text[i + 1] == second) & (text[i + LastOfWord] == '"');
         const bool isEscape = (text[i] == '\\') & (text[i + 1] == 'u') & (text[i + 4] >= '4');
         found |= static_cast<unsigned char>(isWord | isEscape);
     }
@@ -41,9 +41,9 @@ bool mayBegin(const char* text, char second) {
 
 /// The first place in [begin, end) where the word or an escaped letter stands, else `end`. Reads
 /// up to LineTokenReader::padding + stride bytes more.
-template <AIProvider provider>
+template <AIProvider Provider>
 const char* findCandidate(const char* begin, const char* end) {
-    constexpr std::string_view word = neededWord(provider);
+    constexpr std::string_view word = neededWord(Provider);
     for (const char* from = begin; from < end; from += stride) {
         if (mayBegin<word.size() - 1>(from, word[1])) {
             const char* last = std::min(from + stride, end);

@@ -16,8 +16,8 @@ public:
     /// `defaults` keeps the token totals last seen, as whole numbers under "token-baseline.codex"
     /// and "token-baseline.claude".
     UsageHistoryRecorder(const model::SharedStore& store, model::DefaultsStore& defaults,
-                         QTimeZone zone)
-        : m_store(store), m_defaults(defaults), m_zone(std::move(zone)) {}
+                         const QTimeZone& zone)
+        : m_store(store), m_defaults(defaults), m_zone(zone) {}
 
     /// Adds to each provider's point of today what its weekly quota rose by from `previous` to
     /// `current` and what its token total rose by since the last call, drops points older than 90

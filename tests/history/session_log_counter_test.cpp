@@ -88,7 +88,8 @@ private Q_SLOTS:
         inCodex("CR alone", total("9") + '\r' + total("4") + '\n' + total("5"), 5);
         inCodex("byte-order mark", "\xEF\xBB\xBF" + total("9") + '\n' + total("4"), 4);
         inCodex("NUL after", total("9") + QByteArray(1, '\0') + '\n' + total("4"), 4);
-        inCodex("escaped type", total("9").replace("token_count", "\\u0074oken\\u005Fcount"), 9);
+        inCodex("escaped letter", total("9").replace("token_count", "\\u0074oken_count"), 9);
+        inCodex("escaped underscore", total("9").replace("token_count", "token\\u005Fcount"), 9);
         inCodex("escaped names", total("9").replace("total_tokens", "total\\u005ftokens"), 9);
         inCodex("escaped wrongly", total("9").replace("token_count", "\\token_count"), 0);
         inCodex("last of two", R"({"payload":1,)" + total("9").sliced(1), 9);
@@ -215,8 +216,8 @@ private Q_SLOTS:
                                : parts[random.bounded(parts.size())].toStdString();
             }
             if (random.bounded(8) == 0) {
-                log[random.bounded(static_cast<quint32>(log.size()))] ^=
-                    char(1 << random.bounded(8));
+                char& byte = log[random.bounded(static_cast<quint32>(log.size()))];
+                byte = static_cast<char>(byte ^ (1 << random.bounded(8)));
             }
             for (const AIProvider provider : model::allCases<AIProvider>) {
                 const auto plain = tests::plainLogTokens(provider, log);

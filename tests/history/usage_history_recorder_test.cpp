@@ -59,9 +59,9 @@ private Q_SLOTS:
         struct Step {
             Used before;
             Used after;
-            std::int64_t codexTokens;
-            double quota; // of Codex after the step
-            std::int64_t tokens;
+            std::int64_t codexTokens = 0;
+            double quota = 0; // of Codex after the step
+            std::int64_t tokens = 0;
         };
         const Step steps[] = {
             {{}, 20, 1000, 0, 0},       // the first ever only sets the baseline
