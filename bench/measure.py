@@ -76,7 +76,7 @@ def tokens_table(build, sizes, rounds):
             medians = {name: statistics.median(wall for wall, _ in runs[1:])
                        for name, runs in results.items()}
             memory = (peak_memory([program, "tokens"], {"HOME": home}) -
-                      peak_memory([program, "tokens"], {"HOME": "/nonexistent"}))
+                      peak_memory([program, "tokens"], {"HOME": "/dev/null"}))
         print(f"{gigabytes:17.2f} GB; tallyvane tokens takes {memory:.1f} MB more than without logs")
         for name, wall in medians.items():
             print(f"{name:>20}{wall:9.0f}{wall / medians['cat']:9.2f}{wall / gigabytes:11.0f}")
@@ -91,7 +91,8 @@ def main():
                         help="bytes of session logs to count, each its own rows; may be none")
     arguments = parser.parse_args()
     program = str(arguments.build.resolve() / "tallyvane")
-    empty = str(arguments.build.resolve() / "bench" / "empty_program")
+    bench = arguments.build.resolve() / "bench"
+    empty = str(bench / "empty_program")
 
     with tempfile.TemporaryDirectory() as home:
         codex = pathlib.Path(home, ".local", "bin", "codex")
@@ -104,6 +105,7 @@ def main():
         status, base = pairs([program, "status"], [empty], environment, arguments.rounds)
         refresh, _ = pairs([program, "refresh"], [empty], environment, arguments.rounds)
 
+    history = float(subprocess.check_output([bench / "history_data"]))
     rows = [
         ("status, start to end", status[0], base[0], f"{status[0] - base[0]:.1f} ms more", "15"),
         ("refresh, processor time", refresh[1], base[1], f"{refresh[1]:.1f} ms", "60"),
@@ -111,6 +113,7 @@ def main():
     print(f"{'measured':26}{'ours':>9}{'empty':>9}{'ratio':>8}  {'figure':16}{'at most':>8}")
     for name, ours, other, figure, limit in rows:
         print(f"{name:26}{ours:9.1f}{other:9.1f}{ours / other:8.1f}  {figure:16}{limit + ' ms':>8}")
+    print(f"{'reading of 90 days':26}{'':26}  {f'{history:.2f} ms':16}{'1 ms':>8}")
     if arguments.corpus:
         tokens_table(arguments.build.resolve(), arguments.corpus, max(3, arguments.rounds // 6))
 

@@ -2,12 +2,10 @@
 
 #include "history/recent_log_files.h"
 #include "history/session_log_counter.h"
+#include "model/file_descriptor.h"
 
 #include <cerrno>
 #include <expected>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tallyvane::history {
 
@@ -18,23 +16,6 @@ namespace {
 constexpr std::chrono::seconds ageLimit{3'024'000};
 constexpr std::size_t fileLimit = 400;
 constexpr std::int64_t sizeLimit = 24'999'999;
-
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
-    ~FileDescriptor() {
-        if (m_descriptor >= 0) {
-            ::close(m_descriptor);
-        }
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    [[nodiscard]] int get() const { return m_descriptor; }
-
-private:
-    int m_descriptor;
-};
 
 /// One scan's state.
 class Scan {
@@ -84,8 +65,7 @@ private:
     std::expected<TokenSum, SkipReason> fileTokens(AIProvider provider,
                                                    const std::filesystem::path& path) {
         // Not blocking, should the file have become a pipe.
-        const FileDescriptor file(
-            ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+        const model::FileDescriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
         struct stat status = {};
         if (file.get() < 0) {
             return std::unexpected(errno == ENOENT ? SkipReason::vanished : SkipReason::unreadable);

@@ -1,5 +1,7 @@
 #include "model/file_io.h"
 
+#include "model/file_descriptor.h"
+
 #include <QtCore/QDateTime>
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>
@@ -7,31 +9,10 @@
 #include <QtCore/QSaveFile>
 
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tallyvane::model {
 
 namespace {
-
-class FileDescriptor {
-public:
-    FileDescriptor(const std::filesystem::path& path, int flags)
-        : m_fd(::open(path.c_str(), flags | O_CLOEXEC, S_IRUSR | S_IWUSR)) {}
-    ~FileDescriptor() {
-        if (m_fd >= 0) {
-            ::close(m_fd);
-        }
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    int get() const { return m_fd; }
-
-private:
-    int m_fd;
-};
 
 /// Puts the directory's entries on the disk, so that a rename in it survives a loss of power.
 void syncDirectory(const std::filesystem::path& directory) {

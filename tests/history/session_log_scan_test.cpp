@@ -8,6 +8,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace tallyvane;
@@ -177,6 +178,39 @@ private Q_SLOTS:
         QCOMPARE(::waitpid(child, &status, 0), child);
         fs::permissions(home.codex / "c", fs::perms::owner_all);
         QCOMPARE(status, 0);
+    }
+
+    void countsWhatChangesMeanwhile() {
+        const Home home;
+        const std::string line = codexLine(5);
+        std::string logText;
+        while (logText.size() < 600'000) { // more than is read at once
+            logText += line;
+        }
+        for (const char* name : {"grows", "shrinks", "vanishes", "becomes-a-pipe"}) {
+            home.write(home.codex / (std::string(name) + ".jsonl"), logText);
+        }
+        {
+            const std::jthread writer([&](const std::stop_token& stop) {
+                while (!stop.stop_requested()) {
+                    std::ofstream(home.codex / "grows.jsonl", std::ios::app) << line;
+                    fs::resize_file(home.codex / "shrinks.jsonl", 7);
+                    fs::remove(home.codex / "vanishes.jsonl");
+                    fs::remove(home.codex / "becomes-a-pipe.jsonl");
+                    ::mkfifo((home.codex / "becomes-a-pipe.jsonl").c_str(), 0600);
+                    home.write(home.codex / "shrinks.jsonl", logText);
+                    home.write(home.codex / "vanishes.jsonl", logText);
+                    fs::remove(home.codex / "becomes-a-pipe.jsonl");
+                    home.write(home.codex / "becomes-a-pipe.jsonl", logText);
+                }
+            });
+            for (int round = 0; round < 20; ++round) {
+                const history::ScanReport report = home.scan();
+                const qint64 codex = report.totals.at(AIProvider::codex);
+                QVERIFY2(codex >= 5 && codex <= 20, qPrintable(QString::number(codex)));
+            }
+        }
+        QVERIFY(home.scan().totals == totals(20, 0));
     }
 
     void endsTheProgramOnOverflow() {
