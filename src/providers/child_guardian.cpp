@@ -2,6 +2,8 @@
 
 #include <QtCore/QProcess>
 
+#include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
@@ -43,9 +45,13 @@ constexpr milliseconds groupPollInterval{20};
 
 /// Runs in QProcess's child before it becomes the program. Until then the child borrows the memory
 /// of this program and a stack of 4 kB (seen in Qt 6.4), and this program stands still: hence
-/// nothing here but two system calls.
+/// nothing here but a few system calls.
 void startGuardian(int lifeline, milliseconds grace) {
     const pid_t group = ::setsid();
+    std::array<int, 2> untilReady{};
+    if (::pipe2(untilReady.data(), O_CLOEXEC) != 0) {
+        ::_exit(1); // nothing runs unguarded; QProcess sees a program that ends at once
+    }
     // A fork that signals nobody when it ends, so that the program, whose child it is, does not
     // meet it in its wait calls.
     const long guardian = ::syscall(SYS_clone, 0, 0, 0, 0, 0);
@@ -53,8 +59,14 @@ void startGuardian(int lifeline, milliseconds grace) {
         keepWatch(lifeline, group, grace);
     }
     if (guardian < 0) {
-        ::_exit(1); // nothing runs unguarded; QProcess sees a program that ends at once
+        ::_exit(1);
     }
+    // Until the guardian has left the group and closed what it inherited.
+    ::close(untilReady[1]);
+    char nothing = 0;
+    while (::read(untilReady[0], &nothing, 1) < 0 && errno == EINTR) {
+    }
+    ::close(untilReady[0]);
 }
 
 } // namespace
