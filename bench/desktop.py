@@ -1,0 +1,103 @@
+"""Measures the desktop program against a bare program with an item in the status area, on a display
+and a session bus made for it."""
+
+import contextlib
+import os
+import pathlib
+import select
+import signal
+import statistics
+import subprocess
+import tempfile
+import time
+
+BUS = """<busconfig><type>session</type><listen>unix:path={}</listen>
+<policy context="default"><allow send_destination="*"/><allow own="*"/></policy></busconfig>"""
+
+
+@contextlib.contextmanager
+def desktop(folder):
+    """The environment of a desktop of its own that lives as long as the block."""
+    config = pathlib.Path(folder, "bus.conf")
+    config.write_text(BUS.format(pathlib.Path(folder, "bus")))
+    bus = subprocess.Popen(["dbus-daemon", "--nofork", "--print-address", f"--config-file={config}"],
+                           stdout=subprocess.PIPE, text=True)
+    display = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24"],
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    try:
+        yield {"DBUS_SESSION_BUS_ADDRESS": bus.stdout.readline().strip(),
+               "DISPLAY": ":" + display.stdout.readline().strip(),
+               "HOME": folder, "XDG_RUNTIME_DIR": folder, "LANG": "C.UTF-8", "TZ": "UTC",
+               "PATH": "/usr/bin:/bin"}
+    finally:
+        for process in (display, bus):
+            process.terminate()
+            process.wait()
+
+
+def figures(pid):
+    """Resident memory in MB, and the context switches of all threads so far."""
+    status = pathlib.Path(f"/proc/{pid}/status").read_text()
+    switches = 0
+    for thread in pathlib.Path(f"/proc/{pid}/task").iterdir():
+        for line in (thread / "status").read_text().splitlines():
+            if "ctxt_switches" in line:
+                switches += int(line.split()[1])
+    resident = next(line for line in status.splitlines() if line.startswith("VmRSS"))
+    return int(resident.split()[1]) / 1e3, switches
+
+
+class Item:
+    """A running program whose item is registered, started by the watcher."""
+
+    def __init__(self, watcher, command, environment):
+        self.watcher = subprocess.Popen([watcher, *command], env=environment, text=True,
+                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        if not select.select([self.watcher.stdout], [], [], 20)[0]:
+            self.watcher.kill()
+            raise SystemExit(f"{command[0]} registered no item")
+        milliseconds, pid = self.watcher.stdout.readline().split()
+        self.milliseconds, self.pid = float(milliseconds), int(pid)
+
+    def end(self):
+        self.watcher.stdin.close()
+        self.watcher.wait()
+
+
+def desktop_table(build, rounds, idle_seconds):
+    ours = [str(build / "tallyvane-desktop"), "--background"]
+    bare = [str(build / "bench" / "tray_program")]
+    watcher = str(build / "bench" / "item_watcher")
+    with tempfile.TemporaryDirectory() as folder, desktop(folder) as environment:
+        quiet = environment | {"GAUGEWELL_USE_FIXTURES": "1"}  # shows figures and fetches none
+        times, memory = [], []
+        for _ in range(rounds + 1):
+            pair = [Item(watcher, command, quiet) for command in (ours,)]
+            time.sleep(0.3)
+            own = pair[0].milliseconds, figures(pair[0].pid)[0]
+            pair[0].end()
+            other = Item(watcher, bare, quiet)
+            time.sleep(0.3)
+            base = other.milliseconds, figures(other.pid)[0]
+            other.end()
+            times.append((own[0], base[0]))
+            memory.append((own[1], base[1]))
+        item = Item(watcher, ours, environment)
+        time.sleep(3)  # its first refresh finds no sign-in and ends at once
+        refreshed = figures(item.pid)[0]
+        item.end()
+        item = Item(watcher, ours, quiet)
+        time.sleep(3)
+        before = figures(item.pid)[1]
+        time.sleep(idle_seconds)
+        switches = figures(item.pid)[1] - before
+        item.end()
+    own_time, base_time = (statistics.median(side) for side in zip(*times[1:]))
+    own_memory, base_memory = (statistics.median(side) for side in zip(*memory[1:]))
+    print(f"\n{'on the desktop':34}{'ours':>9}{'bare':>9}{'ratio':>8}{'at most':>9}")
+    for name, own, base, limit in (
+            ("start to registered, ms", own_time, base_time, 1.0),
+            ("memory, nothing opened, MB", own_memory, base_memory, 1.1),
+            ("memory, after a refresh, MB", refreshed, base_memory, 1.6)):
+        print(f"{name:34}{own:9.1f}{base:9.1f}{own / base:8.2f}{limit:9.1f}")
+    print(f"{f'context switches in {idle_seconds} s idle':34}{switches:9}{'':17}{0:9}")
