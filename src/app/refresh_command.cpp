@@ -4,6 +4,7 @@
 #include "core/app_model.h"
 #include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
+#include "platform/linux/dbus_notification_centre.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/secret_service_store.h"
 
@@ -26,7 +27,8 @@ ExitCode runRefresh(const Environment& environment) {
     providers::ClaudeQuotaClient claudeClient(
         {.credentialsFile = environment.home / ".claude" / ".credentials.json"}, secrets, clock);
     history::LocalTokenEstimator tokenEstimator(environment.home);
-    notify::QuotaNotifier notifier;
+    platform::DBusNotificationCentre notificationCentre;
+    notify::QuotaNotifier notifier(notificationCentre);
     core::AppModel model({.store = store,
                           .defaults = defaults,
                           .codexClient = codexClient,
