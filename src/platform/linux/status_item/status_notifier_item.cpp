@@ -1,0 +1,228 @@
+#include "platform/linux/status_item/status_notifier_item.h"
+
+#include <QtCore/QFileInfo>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusMetaType>
+#include <QtDBus/QDBusObjectPath>
+#include <QtDBus/QDBusVariant>
+
+#include <utility>
+
+namespace tallyvane::platform {
+
+/// The protocol's tooltip, (sa(iiay)ss), of which every host shows the title.
+struct ItemToolTip {
+    QString title;
+};
+
+// The protocol's values are only sent, never received; QtDBus asks for both directions.
+
+static QDBusArgument& operator<<(QDBusArgument& argument, const ItemPixmap& pixmap) {
+    argument.beginStructure();
+    argument << pixmap.size << pixmap.size << pixmap.bytes;
+    argument.endStructure();
+    return argument;
+}
+
+static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemPixmap& /*pixmap*/) {
+    return argument;
+}
+
+static QDBusArgument& operator<<(QDBusArgument& argument, const ItemToolTip& toolTip) {
+    argument.beginStructure();
+    argument << QString() << QList<ItemPixmap>() << toolTip.title << QString();
+    argument.endStructure();
+    return argument;
+}
+
+static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemToolTip& /*toolTip*/) {
+    return argument;
+}
+
+namespace {
+
+constexpr QLatin1StringView objectPath{"/StatusNotifierItem"};
+constexpr QLatin1StringView itemInterface{"org.kde.StatusNotifierItem"};
+constexpr QLatin1StringView propertiesInterface{"org.freedesktop.DBus.Properties"};
+constexpr QLatin1StringView methodsAndSignals{R"(
+    <method name="Activate"><arg name="x" type="i"/><arg name="y" type="i"/></method>
+    <method name="SecondaryActivate"><arg name="x" type="i"/><arg name="y" type="i"/></method>
+    <method name="ContextMenu"><arg name="x" type="i"/><arg name="y" type="i"/></method>
+    <method name="Scroll"><arg name="delta" type="i"/><arg name="orientation" type="s"/></method>
+    <method name="ProvideXdgActivationToken"><arg name="token" type="s"/></method>
+    <signal name="NewTitle"/>
+    <signal name="NewIcon"/>
+    <signal name="NewIconThemePath"><arg name="path" type="s"/></signal>
+    <signal name="NewToolTip"/>
+    <signal name="NewStatus"><arg name="status" type="s"/></signal>
+    <signal name="XAyatanaNewLabel"><arg name="label" type="s"/><arg name="guide" type="s"/></signal>
+)"};
+
+/// Hosts read markup. A line's end stays one: "<br>" blanks the tooltip on GTK hosts.
+QString escaped(QString text) {
+    return text.replace(u'&', QLatin1StringView("&amp;"))
+        .replace(u'<', QLatin1StringView("&lt;"));
+}
+
+} // namespace
+
+StatusNotifierItem::StatusNotifierItem(QString id, const QDBusConnection& bus)
+    : m_bus(bus), m_id(std::move(id)) {
+    qDBusRegisterMetaType<ItemPixmap>();
+    qDBusRegisterMetaType<QList<ItemPixmap>>();
+    qDBusRegisterMetaType<ItemToolTip>();
+    m_bus.registerVirtualObject(objectPath, this);
+}
+
+StatusNotifierItem::~StatusNotifierItem() {
+    m_bus.unregisterObject(objectPath);
+}
+
+void StatusNotifierItem::setTitle(const QString& title) {
+    if (std::exchange(m_title, title) != title) {
+        send(QStringLiteral("NewTitle"));
+    }
+}
+
+void StatusNotifierItem::setIcon(const ItemIcon& icon) {
+    if (icon == m_icon) {
+        return;
+    }
+    const QString oldPath = iconThemePath();
+    m_icon = icon;
+    if (const QString path = iconThemePath(); path != oldPath) {
+        send(QStringLiteral("NewIconThemePath"), {path});
+    }
+    send(QStringLiteral("NewIcon"));
+}
+
+void StatusNotifierItem::setLabel(const QString& text, const QString& widest) {
+    const bool isNewText = std::exchange(m_label, text) != text;
+    const bool isNewWidth = std::exchange(m_widestLabel, widest) != widest;
+    if (m_profile.hasLabelProperty && (isNewText || isNewWidth)) {
+        send(QStringLiteral("XAyatanaNewLabel"), {text, widest});
+    }
+}
+
+void StatusNotifierItem::setToolTip(const QStringList& lines) {
+    const QString toolTip = lines.join(u'\n');
+    if (std::exchange(m_toolTip, toolTip) != toolTip) {
+        send(QStringLiteral("NewToolTip"));
+    }
+}
+
+QString StatusNotifierItem::iconThemePath() const {
+    return m_profile.iconForm == IconForm::name && !m_icon.symbolicFile.isEmpty()
+               ? QFileInfo(m_icon.symbolicFile).path()
+               : QString();
+}
+
+QVariantMap StatusNotifierItem::properties() const {
+    QString iconName;
+    if (m_profile.iconForm == IconForm::path) {
+        iconName = m_icon.symbolicFile;
+    } else if (m_profile.iconForm == IconForm::name) {
+        iconName = QFileInfo(m_icon.symbolicFile).completeBaseName();
+    }
+    QVariantMap properties{
+        {QStringLiteral("Category"), QStringLiteral("ApplicationStatus")},
+        {QStringLiteral("Id"), m_id},
+        {QStringLiteral("Title"), m_title},
+        {QStringLiteral("Status"), QStringLiteral("Active")},
+        {QStringLiteral("WindowId"), 0},
+        {QStringLiteral("IconName"), iconName},
+        {QStringLiteral("IconThemePath"), iconThemePath()},
+        {QStringLiteral("IconPixmap"), QVariant::fromValue(m_icon.pixmaps)},
+        {QStringLiteral("IconAccessibleDesc"), m_toolTip},
+        {QStringLiteral("ToolTip"), QVariant::fromValue(ItemToolTip{escaped(m_toolTip)})},
+        // True would keep the click from Activate.
+        {QStringLiteral("ItemIsMenu"), false},
+        {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(QStringLiteral("/MenuBar")))},
+    };
+    for (const QString& kind : {QStringLiteral("Overlay"), QStringLiteral("Attention")}) {
+        properties.insert(kind + QLatin1StringView("IconName"), QString());
+        properties.insert(kind + QLatin1StringView("IconPixmap"),
+                          QVariant::fromValue(QList<ItemPixmap>()));
+    }
+    properties.insert(QStringLiteral("AttentionMovieName"), QString());
+    if (m_profile.hasLabelProperty) {
+        properties.insert(QStringLiteral("XAyatanaLabel"), m_label);
+        properties.insert(QStringLiteral("XAyatanaLabelGuide"), m_widestLabel);
+        properties.insert(QStringLiteral("XAyatanaOrderingIndex"), 0U);
+    }
+    return properties;
+}
+
+QString StatusNotifierItem::introspect(const QString& /*path*/) const {
+    QString text =
+        QStringLiteral("<interface name=\"%1\">%2").arg(itemInterface, methodsAndSignals);
+    const QVariantMap values = properties();
+    for (auto value = values.begin(); value != values.end(); ++value) {
+        text += QStringLiteral("<property name=\"%1\" type=\"%2\" access=\"read\"/>\n")
+                    .arg(value.key(),
+                         QLatin1StringView(QDBusMetaType::typeToSignature(value->metaType())));
+    }
+    return text + QStringLiteral("</interface>\n");
+}
+
+bool StatusNotifierItem::handleMessage(const QDBusMessage& call, const QDBusConnection& bus) {
+    if (call.interface() == propertiesInterface) {
+        bus.send(answerAboutProperties(call));
+        return true;
+    }
+    if (!call.interface().isEmpty() && call.interface() != itemInterface) {
+        return false;
+    }
+    const QString name = call.member();
+    const QVariantList arguments = call.arguments();
+    const bool hasPosition = call.signature() == QLatin1StringView("ii");
+    // Hosts that show the menu by themselves do not ask for it; to others the panel stands in.
+    const bool isActivation = hasPosition && (name == QLatin1StringView("Activate") ||
+                                              name == QLatin1StringView("SecondaryActivate") ||
+                                              name == QLatin1StringView("ContextMenu"));
+    const bool isToken = call.signature() == QLatin1StringView("s") &&
+                         name == QLatin1StringView("ProvideXdgActivationToken");
+    if (!isActivation && !isToken &&
+        !(name == QLatin1StringView("Scroll") && call.signature() == QLatin1StringView("is"))) {
+        return false;
+    }
+    if (call.isReplyRequired()) {
+        bus.send(call.createReply());
+    }
+    if (isToken) {
+        m_activationToken = arguments.at(0).toString();
+    } else if (isActivation) {
+        Q_EMIT activated({arguments.at(0).toInt(), arguments.at(1).toInt()},
+                         std::exchange(m_activationToken, {}));
+    }
+    return true;
+}
+
+QDBusMessage StatusNotifierItem::answerAboutProperties(const QDBusMessage& call) const {
+    const QVariantMap values = properties();
+    const QString signature = call.signature();
+    const QString interface = call.arguments().value(0).toString();
+    if (interface != itemInterface) {
+        return call.createErrorReply(QDBusError::UnknownInterface, interface);
+    }
+    if (call.member() == QLatin1StringView("GetAll")) {
+        return call.createReply(values);
+    }
+    const QString name = call.arguments().value(1).toString();
+    if (!values.contains(name)) {
+        return call.createErrorReply(QDBusError::UnknownProperty, name);
+    }
+    if (call.member() != QLatin1StringView("Get")) {
+        return call.createErrorReply(QDBusError::PropertyReadOnly, name);
+    }
+    return call.createReply(QVariant::fromValue(QDBusVariant(values.value(name))));
+}
+
+void StatusNotifierItem::send(const QString& signal, const QVariantList& arguments) {
+    QDBusMessage message = QDBusMessage::createSignal(objectPath, itemInterface, signal);
+    message.setArguments(arguments);
+    m_bus.send(message);
+}
+
+} // namespace tallyvane::platform
