@@ -47,6 +47,8 @@ Environment readEnvironment() {
             .home = toPath(QDir::homePath()),
             .systemConfigDirectories = systemConfigDirectories(),
             .searchPath = qEnvironmentVariable("PATH").split(u':', Qt::SkipEmptyParts),
+            .runtimeDirectory = toPath(qEnvironmentVariable("XDG_RUNTIME_DIR")),
+            .currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
             .activationToken = activationToken(),
             .launchContext =
                 core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),

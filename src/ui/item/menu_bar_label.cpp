@@ -1,4 +1,4 @@
-#include "ui/menubar/menu_bar_label.h"
+#include "ui/item/menu_bar_label.h"
 
 #include "model/quota_display.h"
 

@@ -1,4 +1,4 @@
-#include "ui/menubar/gauge_image.h"
+#include "ui/item/gauge_image.h"
 
 #include <QtCore/QtEndian>
 #include <QtGui/QPainter>

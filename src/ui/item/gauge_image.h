@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/menubar/menu_bar_label.h"
+#include "ui/item/menu_bar_label.h"
 
 #include <QtCore/QByteArray>
 #include <QtGui/QColor>

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/environment.h"
+#include "core/app_model.h"
+#include "platform/linux/boot_clock.h"
+#include "platform/linux/dbus_notification_centre.h"
+#include "platform/linux/dbus_widget_centre.h"
+#include "platform/linux/secret_service_store.h"
+
+namespace tallyvane::app {
+
+/// The model and all that it works with, in the order in which they are made. Outlives the event
+/// loop. In fixture mode the model starts from the made-up figures.
+struct Composition {
+    explicit Composition(const Environment& environment);
+
+    platform::BootClock clock;
+    platform::SecretServiceStore secrets;
+    platform::DBusWidgetCentre widgetCentre;
+    platform::DBusNotificationCentre notificationCentre;
+    model::SharedStore store;
+    model::DefaultsStore defaults;
+    providers::ProcessRunner processRunner;
+    providers::CodexQuotaClient codexClient;
+    providers::ClaudeQuotaClient claudeClient;
+    history::LocalTokenEstimator tokenEstimator;
+    notify::QuotaNotifier notifier;
+    core::AppModel model;
+};
+
+} // namespace tallyvane::app

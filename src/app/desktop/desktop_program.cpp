@@ -1,0 +1,144 @@
+#include "app/desktop/desktop_program.h"
+
+#include "app/desktop/windows_library.h"
+#include "app/terminal.h"
+#include "core/spawn.h"
+#include "platform/linux/notification_settings_page.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QProcess>
+#include <QtGui/QDesktopServices>
+
+namespace tallyvane::app {
+
+namespace {
+
+platform::AutostartPlaces autostartPlaces(const Environment& environment) {
+    platform::AutostartPlaces places{
+        .userDirectory = environment.locations.configHome / "autostart",
+        .program = QCoreApplication::arguments().constFirst().toStdString(),
+        .searchPath = environment.searchPath};
+    for (const std::filesystem::path& directory : environment.systemConfigDirectories) {
+        places.systemDirectories.push_back(directory / "autostart");
+    }
+    return places;
+}
+
+QCoro::Task<> refreshModel(core::AppModel& model) {
+    co_await model.refresh();
+}
+
+std::filesystem::path iconFolder(const Environment& environment) {
+    return environment.runtimeDirectory.empty() ? std::filesystem::path()
+                                                : environment.runtimeDirectory / "tallyvane";
+}
+
+/// While it lives, a window that opens finds the token there that lets it take the focus.
+class ActivationToken {
+public:
+    explicit ActivationToken(const QString& token) {
+        if (!token.isEmpty()) {
+            qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+        }
+    }
+    ~ActivationToken() { qunsetenv("XDG_ACTIVATION_TOKEN"); }
+    ActivationToken(const ActivationToken&) = delete;
+    ActivationToken& operator=(const ActivationToken&) = delete;
+};
+
+} // namespace
+
+DesktopProgram::DesktopProgram(const Environment& environment)
+    : m_environment(environment), m_composition(environment),
+      m_autoRefresh(m_composition.model, m_composition.clock),
+      m_loginItem(autostartPlaces(environment)),
+      m_statusArea(m_composition.model, m_appearance, iconFolder(environment)),
+      m_application([this] { return m_composition.model.refreshOrJoin(); }) {
+    connect(&m_statusArea, &StatusArea::clicked, this, [this](QPoint position, const QString& token) {
+        const ActivationToken passedOn(token);
+        if (Windows* shown = windows()) {
+            shown->togglePanel(position);
+        }
+    });
+    connect(&m_statusArea, &StatusArea::openRequested, this, [this] { openMainWindow({}); });
+    connect(&m_statusArea, &StatusArea::refreshRequested, this, &DesktopProgram::refresh);
+    connect(&m_statusArea, &StatusArea::usagePageRequested, this, [](model::AIProvider provider) {
+        QDesktopServices::openUrl(QUrl(model::usagePage(provider)));
+    });
+    connect(&m_statusArea, &StatusArea::quitRequested, qApp, &QCoreApplication::quit);
+    connect(&m_application, &platform::DBusApplication::activated, this,
+            &DesktopProgram::openMainWindow);
+    connect(&m_application, &platform::DBusApplication::refreshRequested, this,
+            &DesktopProgram::refresh);
+    connect(&m_application, &platform::DBusApplication::quitRequested, qApp,
+            &QCoreApplication::quit);
+    connect(&m_composition.notificationCentre, &platform::DBusNotificationCentre::activated, this,
+            &DesktopProgram::openMainWindow);
+}
+
+std::optional<ExitCode> DesktopProgram::start(StartMode mode) {
+    using Registration = platform::DBusApplication::Registration;
+    // Another one may have started at the same moment.
+    if (m_application.registerOnBus() == Registration::alreadyRunning) {
+        const bool isToShow = mode != StartMode::background;
+        return !isToShow || platform::activateRunning(m_environment.activationToken)
+                   ? ExitCode::success
+                   : ExitCode::failure;
+    }
+    m_autoRefresh.start(m_environment.launchContext);
+    if (mode != StartMode::background) {
+        openMainWindow(m_environment.activationToken);
+    }
+    return std::nullopt;
+}
+
+void DesktopProgram::refresh() {
+    core::spawn(refreshModel(m_composition.model));
+}
+
+void DesktopProgram::openMainWindow(const QString& activationToken) {
+    const ActivationToken passedOn(activationToken);
+    if (Windows* shown = windows()) {
+        shown->openMainWindow();
+    }
+}
+
+WindowsContext DesktopProgram::windowsContext() {
+    const auto page = platform::notificationSettingsPage(m_environment.currentDesktop);
+    return {.model = m_composition.model,
+            .defaults = m_composition.defaults,
+            .clock = m_composition.clock,
+            .loginItem = m_loginItem,
+            .notificationCentre = m_composition.notificationCentre,
+            .launchContext = m_environment.launchContext,
+            .timeLocale = m_environment.timeLocale,
+            .openNotificationSettings =
+                page ? [page] { QProcess::startDetached(page->program, page->arguments); }
+                     : std::function<void()>(),
+            .quit = &QCoreApplication::quit};
+}
+
+Windows* DesktopProgram::windows() {
+    if (!m_windows) {
+        auto loaded = loadWindows(windowsContext());
+        if (!loaded) {
+            // An item in the panel has no terminal to tell.
+            printError(loaded.error());
+            m_composition.notificationCentre.post({.identifier = QStringLiteral("windows"),
+                                                   .title = QStringLiteral("Tallyvane"),
+                                                   .body = loaded.error()});
+            return nullptr;
+        }
+        m_windows = std::move(*loaded);
+        const auto follow = [this] {
+            m_windows->setSystemColourScheme(m_appearance.colourScheme());
+            m_windows->setStatusItemShown(m_statusArea.isShown());
+        };
+        connect(&m_appearance, &platform::SystemAppearance::colourSchemeChanged, this, follow);
+        connect(&m_statusArea, &StatusArea::isShownChanged, this, follow);
+        follow();
+    }
+    return m_windows.get();
+}
+
+} // namespace tallyvane::app

@@ -1,0 +1,40 @@
+#include "app/command_line.h"
+#include "app/desktop/desktop_program.h"
+#include "app/terminal.h"
+#include "platform/application_id.h"
+#include "platform/linux/termination_signals.h"
+
+#include <QtGui/QGuiApplication>
+
+#include <utility>
+
+using namespace tallyvane;
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        if (qEnvironmentVariableIsEmpty("DISPLAY") &&
+            qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+            app::printError(QStringLiteral("There is no display here; 'tallyvane refresh' and "
+                                           "'tallyvane status' work without one."));
+            return std::to_underlying(app::ExitCode::failure);
+        }
+        // A window chooses its own place under X11 alone, and the panel belongs beside the item.
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    }
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
+    QGuiApplication::setDesktopFileName(QString(platform::applicationId));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const QGuiApplication application(argc, argv);
+    qunsetenv("QT_QPA_PLATFORM"); // not for the programs that this one starts
+    const auto commandLine = app::parseCommandLine(QCoreApplication::arguments());
+    if (!commandLine) {
+        app::printError(commandLine.error());
+        return std::to_underlying(app::ExitCode::usage);
+    }
+    app::DesktopProgram program(app::readEnvironment());
+    const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
+    if (const auto ended = program.start(commandLine->startMode)) {
+        return std::to_underlying(*ended);
+    }
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,108 @@
+#include "app/desktop/status_area.h"
+
+#include "platform/application_id.h"
+#include "ui/item/gauge_image.h"
+#include "ui/item/menu_bar_label.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace tallyvane::app {
+
+using platform::ColourScheme;
+using platform::HostProfile;
+
+namespace {
+
+enum MenuEntry { codexEntry = 1, claudeEntry, firstSeparator, open, refresh, lastSeparator, quit };
+
+/// The sizes that panels of usual heights ask for; others are scaled from the nearest.
+constexpr int pictureSizes[] = {16, 22, 24, 32, 48};
+
+} // namespace
+
+StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
+                       const std::filesystem::path& iconFolder)
+    : m_model(model), m_appearance(appearance), m_iconFiles(iconFolder),
+      m_item(QString(platform::applicationId)) {
+    m_item.setTitle(QStringLiteral("Tallyvane"));
+    showSnapshot();
+    showMenu();
+    connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showSnapshot);
+    connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showMenu);
+    connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
+    connect(&appearance, &platform::SystemAppearance::colourSchemeChanged, this,
+            &StatusArea::showSnapshot);
+    connect(&m_panelScheme, &platform::PanelColourScheme::changed, this,
+            &StatusArea::showSnapshot);
+    connect(&m_item, &platform::StatusItem::hostProfileChanged, this, &StatusArea::showSnapshot);
+    connect(&m_item, &platform::StatusItem::hostAvailableChanged, this,
+            &StatusArea::isShownChanged);
+    connect(&m_item, &platform::StatusItem::activated, this, &StatusArea::clicked);
+    connect(&m_item, &platform::StatusItem::menuItemTriggered, this, &StatusArea::choose);
+}
+
+void StatusArea::showSnapshot() {
+    const model::QuotaSnapshot snapshot = m_model.snapshot();
+    const ui::GaugeValues gauges = ui::gaugeValues(snapshot);
+    // Beside a label the picture needs no figure.
+    const std::optional<int> figure = m_item.hostProfile().showsLabel
+                                          ? std::nullopt
+                                          : model::lowestRemainingPercent(snapshot);
+    const ui::Drawing drawing = figure ? ui::figureDrawing(*figure, gauges) : ui::gaugeDrawing(gauges);
+    platform::ItemIcon icon;
+    for (const int size : pictureSizes) {
+        icon.pixmaps.append({size, ui::networkPixels(ui::paint(drawing, size, ink()))});
+    }
+    icon.symbolicFile = m_iconFiles.add(ui::symbolicSvg(drawing));
+    m_item.setIcon(icon);
+    m_item.setLabel(ui::labelText(snapshot), QStringLiteral("100%"));
+    m_item.setToolTip(ui::tooltipLines(snapshot));
+}
+
+void StatusArea::showMenu() {
+    const QStringList lines = ui::menuLines(m_model.snapshot());
+    m_item.setMenu({{.id = codexEntry, .text = lines.at(0)},
+                    {.id = claudeEntry, .text = lines.at(1)},
+                    {.id = firstSeparator, .isSeparator = true},
+                    {.id = open, .text = tr("Open Tallyvane")},
+                    {.id = refresh, .text = tr("Refresh"), .isEnabled = !m_model.isRefreshing()},
+                    {.id = lastSeparator, .isSeparator = true},
+                    {.id = quit, .text = tr("Quit")}});
+}
+
+void StatusArea::choose(int entry) {
+    switch (entry) {
+    case codexEntry:
+        Q_EMIT usagePageRequested(model::AIProvider::codex);
+        break;
+    case claudeEntry:
+        Q_EMIT usagePageRequested(model::AIProvider::claude);
+        break;
+    case open:
+        Q_EMIT openRequested();
+        break;
+    case refresh:
+        Q_EMIT refreshRequested();
+        break;
+    case quit:
+        Q_EMIT quitRequested();
+        break;
+    default:
+        break;
+    }
+}
+
+QColor StatusArea::ink() const {
+    const ColourScheme panel = m_panelScheme.colourScheme();
+    switch (panel != ColourScheme::noPreference ? panel : m_appearance.colourScheme()) {
+    case ColourScheme::dark:
+        return {0xf2, 0xf2, 0xf2};
+    case ColourScheme::light:
+        return {0x2e, 0x34, 0x36};
+    case ColourScheme::noPreference:
+        break;
+    }
+    return {0x8a, 0x8a, 0x8a}; // shows on both
+}
+
+} // namespace tallyvane::app

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/desktop/symbolic_icon_files.h"
+#include "core/app_model.h"
+#include "platform/linux/panel_colour_scheme.h"
+#include "platform/linux/status_item/status_item.h"
+#include "platform/linux/system_appearance.h"
+
+#include <filesystem>
+
+namespace tallyvane::app {
+
+/// Keeps the status item up to date with the model. Main thread.
+class StatusArea : public QObject {
+    Q_OBJECT
+
+public:
+    /// All references outlive it. `iconFolder` is for files that the desktop reads; it may be
+    /// empty, and then there are none.
+    StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
+               const std::filesystem::path& iconFolder);
+
+    [[nodiscard]] bool isShown() const { return m_item.isHostAvailable(); }
+
+Q_SIGNALS:
+    void isShownChanged();
+    void clicked(QPoint position, const QString& activationToken);
+    // The menu's commands.
+    void openRequested();
+    void refreshRequested();
+    void usagePageRequested(tallyvane::model::AIProvider provider);
+    void quitRequested();
+
+private:
+    void showSnapshot();
+    void showMenu();
+    void choose(int entry);
+    [[nodiscard]] QColor ink() const;
+
+    const core::AppModel& m_model;
+    const platform::SystemAppearance& m_appearance;
+    platform::PanelColourScheme m_panelScheme;
+    SymbolicIconFiles m_iconFiles;
+    platform::StatusItem m_item;
+};
+
+} // namespace tallyvane::app

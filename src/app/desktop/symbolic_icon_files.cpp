@@ -1,0 +1,48 @@
+#include "app/desktop/symbolic_icon_files.h"
+
+#include "model/file_io.h"
+
+#include <QtCore/QCryptographicHash>
+
+namespace tallyvane::app {
+
+namespace fs = std::filesystem;
+
+SymbolicIconFiles::SymbolicIconFiles(fs::path folder) : m_folder(std::move(folder)) {
+    if (!m_folder.empty()) {
+        std::error_code ignored; // then no file can be written
+        fs::create_directory(m_folder, ignored);
+        removeAllBut({}, {});
+    }
+}
+
+SymbolicIconFiles::~SymbolicIconFiles() {
+    removeAllBut({}, {});
+}
+
+QString SymbolicIconFiles::add(const QByteArray& svg) {
+    if (m_folder.empty()) {
+        return {};
+    }
+    const QByteArray hash = QCryptographicHash::hash(svg, QCryptographicHash::Md5).toHex();
+    const fs::path path = m_folder / ("gauges-" + hash.toStdString() + "-symbolic.svg");
+    if (path != m_last) {
+        if (!model::writeFile(path, svg)) {
+            return {};
+        }
+        removeAllBut(path, m_last);
+        m_last = path;
+    }
+    return QString::fromStdString(path.string());
+}
+
+void SymbolicIconFiles::removeAllBut(const fs::path& one, const fs::path& other) const {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(m_folder, error)) {
+        if (entry.path() != one && entry.path() != other) {
+            fs::remove(entry.path(), error);
+        }
+    }
+}
+
+} // namespace tallyvane::app
