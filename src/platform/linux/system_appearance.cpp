@@ -4,7 +4,6 @@
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
-#include <QtDBus/QDBusVariant>
 
 #include <utility>
 

@@ -3,8 +3,7 @@
 #include "platform/colour_scheme.h"
 
 #include <QtCore/QObject>
-
-class QDBusVariant;
+#include <QtDBus/QDBusVariant> // a slot is found by its complete types
 
 namespace tallyvane::platform {
 

@@ -91,9 +91,9 @@ QPainterPath digit(int number, const QRectF& box, double stroke) {
     const QPointF middleLeft(line.left(), middle);
     const QPointF middleRight(line.right(), middle);
     const std::array strokes{
-        QLineF(line.topLeft(), line.topRight()),  QLineF(line.topRight(), middleRight),
-        QLineF(middleRight, line.bottomRight()),  QLineF(line.bottomRight(), line.bottomLeft()),
-        QLineF(line.bottomLeft(), middleLeft),    QLineF(middleLeft, line.topLeft()),
+        QLineF(line.topLeft(), line.topRight()), QLineF(line.topRight(), middleRight),
+        QLineF(middleRight, line.bottomRight()), QLineF(line.bottomRight(), line.bottomLeft()),
+        QLineF(line.bottomLeft(), middleLeft),   QLineF(middleLeft, line.topLeft()),
         QLineF(middleLeft, middleRight),
     };
     QPainterPath path;
@@ -132,9 +132,7 @@ QImage figureImage(int figure, const GaugeValues& values, int size, const QColor
     painter.setRenderHint(QPainter::Antialiasing);
 
     const QString text = QString::number(figure);
-    const auto widthOf = [&](QChar character) {
-        return character == u'1' ? stroke : digitWidth;
-    };
+    const auto widthOf = [&](QChar character) { return character == u'1' ? stroke : digitWidth; };
     int textWidth = gap * static_cast<int>(text.size() - 1);
     for (const QChar character : text) {
         textWidth += widthOf(character);
@@ -158,11 +156,10 @@ QImage figureImage(int figure, const GaugeValues& values, int size, const QColor
 }
 
 QByteArray symbolicSvg(const GaugeValues& values) {
-    QByteArray svg =
-        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\" "
-        "viewBox=\"0 0 22 22\">\n"
-        "<style id=\"current-color-scheme\" type=\"text/css\">"
-        ".ColorScheme-Text{color:#232629}</style>\n";
+    QByteArray svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\" "
+                     "viewBox=\"0 0 22 22\">\n"
+                     "<style id=\"current-color-scheme\" type=\"text/css\">"
+                     ".ColorScheme-Text{color:#232629}</style>\n";
     const auto point = [](const QPainterPath::Element& element) {
         return QByteArray::number(element.x, 'f', 3) + ' ' + QByteArray::number(element.y, 'f', 3);
     };

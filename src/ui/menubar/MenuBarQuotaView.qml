@@ -30,7 +30,12 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         color: Theme.panel
-        border.color: Theme.outline
+
+        Rectangle {
+            anchors.fill: parent
+            color: "transparent"
+            border.color: Theme.outline
+        }
     }
     ColumnLayout {
         id: content
@@ -64,6 +69,11 @@ FocusScope {
                 objectName: modelData.name
                 row: modelData
                 Layout.fillWidth: true
+                // The text stands in line with the rest; only the highlight goes beyond.
+                Layout.leftMargin: -leftPadding
+                Layout.rightMargin: -rightPadding
+                Layout.topMargin: -topPadding
+                Layout.bottomMargin: -bottomPadding
             }
         }
         Divider {

@@ -11,6 +11,8 @@ LinkRow {
 
     required property ProviderRow row
 
+    horizontalPadding: Theme.spacing
+    verticalPadding: Theme.smallSpacing
     destination: row.usagePage
     text: row.name
     Accessible.description: row.summary

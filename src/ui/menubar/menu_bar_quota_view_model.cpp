@@ -10,9 +10,13 @@ ProviderRow::ProviderRow(const core::AppModel& model, model::AIProvider provider
     connect(&model, &core::AppModel::snapshotChanged, this, &ProviderRow::summaryChanged);
 }
 
-QString ProviderRow::name() const { return model::displayName(m_provider); }
+QString ProviderRow::name() const {
+    return model::displayName(m_provider);
+}
 
-QUrl ProviderRow::usagePage() const { return QUrl(model::usagePage(m_provider)); }
+QUrl ProviderRow::usagePage() const {
+    return QUrl(model::usagePage(m_provider));
+}
 
 QString ProviderRow::summary() const {
     return model::summaryText(entryFor(m_model.snapshot(), m_provider));
@@ -26,6 +30,8 @@ MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model) : m_mo
             &MenuBarQuotaViewModel::isRefreshingChanged);
 }
 
-bool MenuBarQuotaViewModel::isRefreshing() const { return m_model.isRefreshing(); }
+bool MenuBarQuotaViewModel::isRefreshing() const {
+    return m_model.isRefreshing();
+}
 
 } // namespace tallyvane::ui

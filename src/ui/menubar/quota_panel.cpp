@@ -18,7 +18,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-bool tellsThePointer() { return QGuiApplication::platformName() == QLatin1StringView("xcb"); }
+bool tellsThePointer() {
+    return QGuiApplication::platformName() == QLatin1StringView("xcb");
+}
 
 QRect availableAt(QPoint point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
@@ -113,12 +115,13 @@ void QuotaPanel::close() {
         return;
     }
     m_samePress.setRemainingTime(250ms);
-    // One of its own events may be the reason.
-    Window* window = m_window.release();
-    window->hide();
-    window->deleteLater();
+    m_closed = std::move(m_window);
+    m_closed->hide();
+    QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);
 }
 
-QWindow* QuotaPanel::window() const { return m_window.get(); }
+QWindow* QuotaPanel::window() const {
+    return m_window.get();
+}
 
 } // namespace tallyvane::ui

@@ -46,6 +46,7 @@ private:
     std::function<QQmlEngine&()> m_engine;
     MenuBarQuotaViewModel& m_viewModel;
     std::unique_ptr<Window> m_window;
+    std::unique_ptr<Window> m_closed; ///< until the event that closed it is over
     QDeadlineTimer m_samePress; ///< until then a press is the one that closed the panel
 };
 

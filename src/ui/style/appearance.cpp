@@ -80,7 +80,9 @@ bool Appearance::isDark() const {
            luminance(palette.color(QPalette::WindowText));
 }
 
-bool Appearance::isRightToLeft() const { return QGuiApplication::isRightToLeft(); }
+bool Appearance::isRightToLeft() const {
+    return QGuiApplication::isRightToLeft();
+}
 
 double Appearance::textScale() const {
     constexpr double tenPoints = 10 * 96.0 / 72;

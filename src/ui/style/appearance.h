@@ -13,7 +13,8 @@ class QQmlEngine;
 namespace tallyvane::ui {
 
 /// What the user and the desktop ask of every window's looks. Follows the application's font,
-/// palette and layout direction by itself. In QML the singleton of that name, which engine.h hands over. Main thread.
+/// palette and layout direction by itself. In QML the singleton of that name, which engine.h hands
+/// over. Main thread.
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
