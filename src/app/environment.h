@@ -15,8 +15,8 @@ struct Environment {
     std::filesystem::path home;
     std::vector<std::filesystem::path> systemConfigDirectories; ///< $XDG_CONFIG_DIRS
     QStringList searchPath;                                     ///< the folders of $PATH
-    std::filesystem::path runtimeDirectory; ///< $XDG_RUNTIME_DIR; may be empty
-    QString currentDesktop;                 ///< $XDG_CURRENT_DESKTOP; may be empty
+    std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty
+    QString currentDesktop; ///< $XDG_CURRENT_DESKTOP; may be empty
     QString
         activationToken; ///< the window system's, from whoever started the program; may be empty
     core::LaunchContext launchContext;

@@ -1,5 +1,6 @@
 #include "core/app_model.h"
 
+#include "core/spawn.h"
 #include "history/usage_history_recorder.h"
 
 #include <QCoro/QCoroSignal>
@@ -70,6 +71,14 @@ void AppModel::setNotificationSettings(const notify::NotificationSettings& setti
 void AppModel::clearHistory() {
     m_history = history::UsageHistory{};
     (void)history::saveHistory(m_with.store, m_history);
+}
+
+void AppModel::startRefresh() {
+    spawn(refreshAlone());
+}
+
+QCoro::Task<> AppModel::refreshAlone() {
+    co_await refresh();
 }
 
 QCoro::Task<RefreshReport> AppModel::refresh() {

@@ -84,6 +84,9 @@ public:
     /// failure is part of the result. While one call runs, others return at once.
     QCoro::Task<RefreshReport> refresh();
 
+    /// Calls refresh() and waits for nothing.
+    void startRefresh();
+
     /// Refreshes, or waits for the refresh that runs; whether new figures were published.
     QCoro::Task<bool> refreshOrJoin();
 
@@ -104,6 +107,7 @@ private:
 
     QCoro::Task<FetchedEntry> fetchCodex();
     QCoro::Task<FetchedEntry> fetchClaude();
+    QCoro::Task<> refreshAlone();
     QCoro::Task<RefreshReport> runCycle();
     [[nodiscard]] model::ProviderQuotaSnapshot staleEntry(model::AIProvider provider) const;
 

@@ -1,5 +1,5 @@
 #include "support/test_main.h"
-#include "ui/menubar/gauge_image.h"
+#include "ui/item/gauge_image.h"
 
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
@@ -37,6 +37,10 @@ int fullPixels(const QImage& image, int x) {
     return count;
 }
 
+QImage figureImage(int figure, const GaugeValues& values, int size) {
+    return ui::paint(ui::figureDrawing(figure, values, size), size, Qt::black);
+}
+
 } // namespace
 
 class GaugeImageTest : public tests::HermeticTest {
@@ -72,21 +76,27 @@ private Q_SLOTS:
     void drawsTheGauges() {
         QFETCH(const GaugeValues, values);
         QFETCH(const QPointF, point);
-        const QImage image = ui::gaugeImage(values, 880, Qt::red);
+        const QImage image = ui::paint(ui::gaugeDrawing(values), 880, Qt::red);
         const QColor pixel = image.pixelColor((point * 40).toPoint());
         QFETCH(const bool, isInked);
         QCOMPARE(pixel, isInked ? QColor(Qt::red) : QColor(Qt::transparent));
     }
 
     void leavesSliversOut() {
-        const QImage empty = ui::gaugeImage({}, 880, Qt::black);
-        QCOMPARE(ui::gaugeImage({.codex = 0.1}, 880, Qt::black), empty);
-        QVERIFY(ui::gaugeImage({.codex = 0.2}, 880, Qt::black) != empty);
+        const QImage empty = ui::paint(ui::gaugeDrawing({}), 880, Qt::black);
+        QCOMPARE(ui::paint(ui::gaugeDrawing({.codex = 0.1}), 880, Qt::black), empty);
+        QVERIFY(ui::paint(ui::gaugeDrawing({.codex = 0.2}), 880, Qt::black) != empty);
     }
 
-    void writesTheSameDrawingAsFills() {
+    void writesTheSameDrawingAsFills_data() {
+        QTest::addColumn<ui::Drawing>("drawing");
         const GaugeValues values{.codex = 37, .claude = 80};
-        const QByteArray svg = ui::symbolicSvg(values);
+        QTest::newRow("gauges") << ui::gaugeDrawing(values);
+        QTest::newRow("figure") << ui::figureDrawing(38, values, 22);
+    }
+    void writesTheSameDrawingAsFills() {
+        QFETCH(const ui::Drawing, drawing);
+        const QByteArray svg = ui::symbolicSvg(drawing);
         QVERIFY(!svg.contains("stroke"));
         QSvgRenderer renderer(svg);
         QVERIFY(renderer.isValid());
@@ -94,7 +104,7 @@ private Q_SLOTS:
         drawn.fill(Qt::transparent);
         QPainter painter(&drawn);
         renderer.render(&painter);
-        const QImage expected = ui::gaugeImage(values, 220, Qt::black);
+        const QImage expected = ui::paint(drawing, 220, Qt::black);
         int differing = 0;
         for (int y = 0; y < drawn.height(); ++y) {
             for (int x = 0; x < drawn.width(); ++x) {
@@ -114,13 +124,13 @@ private Q_SLOTS:
         QFETCH(const int, size);
         QList<QImage> seen;
         for (int figure = 0; figure <= 100; ++figure) {
-            const QImage image = ui::figureImage(figure, {}, size, Qt::black);
+            const QImage image = figureImage(figure, {}, size);
             QCOMPARE(image.size(), QSize(size, size));
             QVERIFY2(!seen.contains(image), "two figures look the same");
             QCOMPARE(inkedRuns(image), QString::number(figure).size());
             seen.append(image);
         }
-        const QImage image = ui::figureImage(1, {.codex = 25, .claude = 100}, size, Qt::black);
+        const QImage image = figureImage(1, {.codex = 25, .claude = 100}, size);
         // Left of a quarter both bars are full, right of it Claude's alone.
         const int oneBar = fullPixels(image, size * 7 / 8);
         QVERIFY(oneBar > 0);

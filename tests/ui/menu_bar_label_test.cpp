@@ -1,5 +1,5 @@
 #include "support/test_main.h"
-#include "ui/menubar/menu_bar_label.h"
+#include "ui/item/menu_bar_label.h"
 
 using namespace tallyvane;
 using model::AIProvider;

@@ -2,7 +2,7 @@
 
 #include "app/desktop/windows_library.h"
 #include "app/terminal.h"
-#include "core/spawn.h"
+#include "model/quota_display.h"
 #include "platform/linux/notification_settings_page.h"
 
 #include <QtCore/QCoreApplication>
@@ -22,10 +22,6 @@ platform::AutostartPlaces autostartPlaces(const Environment& environment) {
         places.systemDirectories.push_back(directory / "autostart");
     }
     return places;
-}
-
-QCoro::Task<> refreshModel(core::AppModel& model) {
-    co_await model.refresh();
 }
 
 std::filesystem::path iconFolder(const Environment& environment) {
@@ -49,27 +45,30 @@ public:
 } // namespace
 
 DesktopProgram::DesktopProgram(const Environment& environment)
-    : m_environment(environment), m_composition(environment),
+    : m_environment(environment),
+      m_composition(environment),
       m_autoRefresh(m_composition.model, m_composition.clock),
       m_loginItem(autostartPlaces(environment)),
       m_statusArea(m_composition.model, m_appearance, iconFolder(environment)),
       m_application([this] { return m_composition.model.refreshOrJoin(); }) {
-    connect(&m_statusArea, &StatusArea::clicked, this, [this](QPoint position, const QString& token) {
-        const ActivationToken passedOn(token);
-        if (Windows* shown = windows()) {
-            shown->togglePanel(position);
-        }
-    });
+    connect(&m_statusArea, &StatusArea::clicked, this,
+            [this](QPoint position, const QString& token) {
+                const ActivationToken passedOn(token);
+                if (Windows* shown = windows()) {
+                    shown->togglePanel(position);
+                }
+            });
     connect(&m_statusArea, &StatusArea::openRequested, this, [this] { openMainWindow({}); });
-    connect(&m_statusArea, &StatusArea::refreshRequested, this, &DesktopProgram::refresh);
+    connect(&m_statusArea, &StatusArea::refreshRequested, &m_composition.model,
+            &core::AppModel::startRefresh);
     connect(&m_statusArea, &StatusArea::usagePageRequested, this, [](model::AIProvider provider) {
         QDesktopServices::openUrl(QUrl(model::usagePage(provider)));
     });
     connect(&m_statusArea, &StatusArea::quitRequested, qApp, &QCoreApplication::quit);
     connect(&m_application, &platform::DBusApplication::activated, this,
             &DesktopProgram::openMainWindow);
-    connect(&m_application, &platform::DBusApplication::refreshRequested, this,
-            &DesktopProgram::refresh);
+    connect(&m_application, &platform::DBusApplication::refreshRequested, &m_composition.model,
+            &core::AppModel::startRefresh);
     connect(&m_application, &platform::DBusApplication::quitRequested, qApp,
             &QCoreApplication::quit);
     connect(&m_composition.notificationCentre, &platform::DBusNotificationCentre::activated, this,
@@ -90,10 +89,6 @@ std::optional<ExitCode> DesktopProgram::start(StartMode mode) {
         openMainWindow(m_environment.activationToken);
     }
     return std::nullopt;
-}
-
-void DesktopProgram::refresh() {
-    core::spawn(refreshModel(m_composition.model));
 }
 
 void DesktopProgram::openMainWindow(const QString& activationToken) {

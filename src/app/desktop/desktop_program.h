@@ -22,7 +22,6 @@ public:
     [[nodiscard]] std::optional<ExitCode> start(StartMode mode);
 
 private:
-    void refresh();
     void openMainWindow(const QString& activationToken);
     void openUsagePage(model::AIProvider provider);
     [[nodiscard]] WindowsContext windowsContext();

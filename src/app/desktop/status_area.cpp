@@ -1,5 +1,6 @@
 #include "app/desktop/status_area.h"
 
+#include "model/quota_display.h"
 #include "platform/application_id.h"
 #include "ui/item/gauge_image.h"
 #include "ui/item/menu_bar_label.h"
@@ -22,7 +23,9 @@ constexpr int pictureSizes[] = {16, 22, 24, 32, 48};
 
 StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
                        const std::filesystem::path& iconFolder)
-    : m_model(model), m_appearance(appearance), m_iconFiles(iconFolder),
+    : m_model(model),
+      m_appearance(appearance),
+      m_iconFiles(iconFolder),
       m_item(QString(platform::applicationId)) {
     m_item.setTitle(QStringLiteral("Tallyvane"));
     showSnapshot();
@@ -32,8 +35,7 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
     connect(&appearance, &platform::SystemAppearance::colourSchemeChanged, this,
             &StatusArea::showSnapshot);
-    connect(&m_panelScheme, &platform::PanelColourScheme::changed, this,
-            &StatusArea::showSnapshot);
+    connect(&m_panelScheme, &platform::PanelColourScheme::changed, this, &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostProfileChanged, this, &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostAvailableChanged, this,
             &StatusArea::isShownChanged);
@@ -45,15 +47,16 @@ void StatusArea::showSnapshot() {
     const model::QuotaSnapshot snapshot = m_model.snapshot();
     const ui::GaugeValues gauges = ui::gaugeValues(snapshot);
     // Beside a label the picture needs no figure.
-    const std::optional<int> figure = m_item.hostProfile().showsLabel
-                                          ? std::nullopt
-                                          : model::lowestRemainingPercent(snapshot);
-    const ui::Drawing drawing = figure ? ui::figureDrawing(*figure, gauges) : ui::gaugeDrawing(gauges);
+    const std::optional<int> figure =
+        m_item.hostProfile().showsLabel ? std::nullopt : model::lowestRemainingPercent(snapshot);
+    const auto drawing = [&](int size) {
+        return figure ? ui::figureDrawing(*figure, gauges, size) : ui::gaugeDrawing(gauges);
+    };
     platform::ItemIcon icon;
     for (const int size : pictureSizes) {
-        icon.pixmaps.append({size, ui::networkPixels(ui::paint(drawing, size, ink()))});
+        icon.pixmaps.append({size, ui::networkPixels(ui::paint(drawing(size), size, ink()))});
     }
-    icon.symbolicFile = m_iconFiles.add(ui::symbolicSvg(drawing));
+    icon.symbolicFile = m_iconFiles.add(ui::symbolicSvg(drawing(22)));
     m_item.setIcon(icon);
     m_item.setLabel(ui::labelText(snapshot), QStringLiteral("100%"));
     m_item.setToolTip(ui::tooltipLines(snapshot));

@@ -10,8 +10,8 @@ std::expected<std::unique_ptr<Windows>, QString> loadWindows(const WindowsContex
     const QString program = QCoreApplication::applicationDirPath();
     QString path = program + QStringLiteral("/tallyvane-windows.so");
     if (!QFile::exists(path)) {
-        path = program + QStringLiteral("/" TALLYVANE_LIB_FROM_LIBEXEC
-                                        "/tallyvane/tallyvane-windows.so");
+        path = program +
+               QStringLiteral("/" TALLYVANE_LIB_FROM_LIBEXEC "/tallyvane/tallyvane-windows.so");
     }
     QPluginLoader loader(path); // never unloaded: QML types stay registered
     auto* plugin = qobject_cast<WindowsPlugin*>(loader.instance());

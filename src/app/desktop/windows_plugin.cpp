@@ -1,6 +1,5 @@
 #include "app/desktop/windows_plugin.h"
 
-#include "core/spawn.h"
 #include "ui/menubar/menu_bar_quota_view_model.h"
 #include "ui/menubar/quota_panel.h"
 #include "ui/style/appearance.h"
@@ -12,21 +11,20 @@ namespace tallyvane::app {
 
 namespace {
 
-QCoro::Task<> refreshModel(core::AppModel& model) {
-    co_await model.refresh();
-}
-
 class QuickWindows final : public Windows {
 public:
     explicit QuickWindows(const WindowsContext& context)
-        : m_appearance(context.model.appearance()), m_engine(ui::makeEngine(m_appearance)),
-          m_panelModel(context.model), m_panel([this]() -> QQmlEngine& { return *m_engine; }, m_panelModel) {
-        QObject::connect(&context.model, &core::AppModel::appearanceChanged, &m_appearance,
-                         [this, &model = context.model] { m_appearance.setChoice(model.appearance()); });
+        : m_appearance(context.model.appearance()),
+          m_engine(ui::makeEngine(m_appearance)),
+          m_panelModel(context.model),
+          m_panel([this]() -> QQmlEngine& { return *m_engine; }, m_panelModel) {
+        QObject::connect(
+            &context.model, &core::AppModel::appearanceChanged, &m_appearance,
+            [this, &model = context.model] { m_appearance.setChoice(model.appearance()); });
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::openRequested, &m_panel,
                          [this] { openMainWindow(); });
-        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested, &m_panel,
-                         [&model = context.model] { core::spawn(refreshModel(model)); });
+        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested,
+                         &context.model, &core::AppModel::startRefresh);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::quitRequested, &m_panel,
                          context.quit);
     }

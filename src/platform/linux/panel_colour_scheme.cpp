@@ -30,8 +30,8 @@ PanelColourScheme::PanelColourScheme() {
     }
     bus.connect(xfconf, xfconfPath, xfconf, QStringLiteral("PropertyChanged"), this,
                 SLOT(onPropertyChanged(QString, QString, QDBusVariant)));
-    QDBusMessage call = QDBusMessage::createMethodCall(xfconf, xfconfPath, xfconf,
-                                                       QStringLiteral("GetProperty"));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(xfconf, xfconfPath, xfconf, QStringLiteral("GetProperty"));
     call << panelChannel << darkMode;
     call.setAutoStartService(false);
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);

@@ -63,20 +63,6 @@ QPainterPath sector(QPointF centre, double value) {
     return path;
 }
 
-/// Every part of the drawing as an area to fill with the non-zero rule.
-std::array<QPainterPath, 5> gaugeAreas(const GaugeValues& values) {
-    constexpr QPointF codex(6.6, 6.6);
-    constexpr QPointF claude(15.4, 15.4);
-    return {slantedStroke(), ring(codex), sector(codex, values.codex.value_or(0)), ring(claude),
-            sector(claude, values.claude.value_or(0))};
-}
-
-QImage emptyImage(int size) {
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    return image;
-}
-
 /// A digit's strokes: top, top right, bottom right, bottom, bottom left, top left, middle.
 constexpr std::array<const char*, 10> digitStrokes{"1111110", "0110000", "1101101", "1111001",
                                                    "0110011", "1011011", "1011111", "1110000",
@@ -109,27 +95,23 @@ QPainterPath digit(int number, const QRectF& box, double stroke) {
 
 } // namespace
 
-QImage gaugeImage(const GaugeValues& values, int size, const QColor& ink) {
-    QImage image = emptyImage(size);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size / grid, size / grid);
-    for (const QPainterPath& area : gaugeAreas(values)) {
-        painter.fillPath(area, ink);
-    }
-    return image;
+Drawing gaugeDrawing(const GaugeValues& values) {
+    constexpr QPointF codex(6.6, 6.6);
+    constexpr QPointF claude(15.4, 15.4);
+    return {.side = grid,
+            .areas = {{slantedStroke()},
+                      {ring(codex)},
+                      {sector(codex, values.codex.value_or(0))},
+                      {ring(claude)},
+                      {sector(claude, values.claude.value_or(0))}}};
 }
 
-QImage figureImage(int figure, const GaugeValues& values, int size, const QColor& ink) {
+Drawing figureDrawing(int figure, const GaugeValues& values, int size) {
     const int stroke = std::max(2, qRound(size / 11.0));
     const int gap = size / 11;
     const int thin = std::max(1, size / 22);
     const int digitHeight = size - 2 * stroke - gap - 2 * thin;
     const int digitWidth = qRound(size * 0.36);
-
-    QImage image = emptyImage(size);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
 
     const QString text = QString::number(figure);
     const auto widthOf = [&](QChar character) { return character == u'1' ? stroke : digitWidth; };
@@ -137,37 +119,59 @@ QImage figureImage(int figure, const GaugeValues& values, int size, const QColor
     for (const QChar character : text) {
         textWidth += widthOf(character);
     }
+    Drawing drawing{.side = static_cast<double>(size)};
     int left = (size - textWidth + 1) / 2;
     for (const QChar character : text) {
         const QRectF box(left, thin, widthOf(character), digitHeight);
-        painter.fillPath(digit(character.digitValue(), box, stroke), ink);
+        drawing.areas.push_back({digit(character.digitValue(), box, stroke)});
         left += widthOf(character) + gap;
     }
 
-    QColor track = ink;
-    track.setAlphaF(ink.alphaF() * 0.35F);
+    constexpr double faint = 0.35;
     int top = thin + digitHeight + gap;
     for (const auto& value : {values.codex, values.claude}) {
-        painter.fillRect(QRectF(0, top, size, stroke), track);
-        painter.fillRect(QRectF(0, top, size * value.value_or(0) / 100, stroke), ink);
+        const double filled = size * value.value_or(0) / 100;
+        QPainterPath bar;
+        bar.addRect(0, top, filled, stroke);
+        QPainterPath rest;
+        rest.addRect(filled, top, size - filled, stroke);
+        drawing.areas.push_back({bar});
+        drawing.areas.push_back({rest, faint});
         top += stroke + thin;
+    }
+    return drawing;
+}
+
+QImage paint(const Drawing& drawing, int size, const QColor& ink) {
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size / drawing.side, size / drawing.side);
+    for (const auto& [path, opacity] : drawing.areas) {
+        painter.setOpacity(opacity);
+        painter.fillPath(path, ink);
     }
     return image;
 }
 
-QByteArray symbolicSvg(const GaugeValues& values) {
+QByteArray symbolicSvg(const Drawing& drawing) {
+    const QByteArray side = QByteArray::number(drawing.side);
     QByteArray svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\" "
-                     "viewBox=\"0 0 22 22\">\n"
+                     "viewBox=\"0 0 " +
+                     side + ' ' + side +
+                     "\">\n"
                      "<style id=\"current-color-scheme\" type=\"text/css\">"
                      ".ColorScheme-Text{color:#232629}</style>\n";
     const auto point = [](const QPainterPath::Element& element) {
         return QByteArray::number(element.x, 'f', 3) + ' ' + QByteArray::number(element.y, 'f', 3);
     };
-    for (const QPainterPath& area : gaugeAreas(values)) {
+    for (const auto& [area, opacity] : drawing.areas) {
         if (area.isEmpty()) {
             continue;
         }
-        svg += "<path class=\"ColorScheme-Text\" fill=\"currentColor\" d=\"";
+        svg += "<path class=\"ColorScheme-Text\" fill=\"currentColor\" fill-opacity=\"" +
+               QByteArray::number(opacity) + "\" d=\"";
         for (int i = 0; i < area.elementCount(); ++i) {
             const QPainterPath::Element element = area.elementAt(i);
             switch (element.type) {
