@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "support/fake_notification_centre.h"
 #include "support/fake_secret_store.h"
 #include "support/manual_clock.h"
 
@@ -29,7 +30,8 @@ class IdleModel {
     providers::ClaudeQuotaClient m_claudeClient{
         {.credentialsFile = m_root / "credentials.json"}, m_secrets, m_clock};
     history::LocalTokenEstimator m_tokenEstimator{m_root};
-    notify::QuotaNotifier m_notifier;
+    FakeNotificationCentre m_notificationCentre;
+    notify::QuotaNotifier m_notifier{m_notificationCentre};
 
 public:
     explicit IdleModel(const model::QuotaSnapshot& snapshot)
