@@ -2,43 +2,33 @@
 
 #include <QtCore/QStringList>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tallyvane::platform {
 
 namespace {
 
-constexpr std::pair<char16_t, QLatin1StringView> valueEscapes[] = {
-    {u'\\', QLatin1StringView{"\\\\"}}, // first, since the others bring backslashes in
-    {u'\n', QLatin1StringView{"\\n"}},
-    {u'\t', QLatin1StringView{"\\t"}},
-    {u'\r', QLatin1StringView{"\\r"}},
+struct Escape {
+    char16_t letter;
+    char16_t character;
 };
+constexpr Escape escapes[] = {
+    {u'\\', u'\\'}, {u'n', u'\n'}, {u't', u'\t'}, {u'r', u'\r'}, {u's', u' '}};
 
 QString unescapedValue(QStringView value) {
     QString text;
     for (qsizetype i = 0; i < value.size(); ++i) {
-        if (value[i] != u'\\' || i + 1 == value.size()) {
+        const bool isEscape = value[i] == u'\\' && i + 1 < value.size();
+        const auto* known =
+            isEscape ? std::ranges::find(escapes, value[i + 1].unicode(), &Escape::letter)
+                     : std::end(escapes);
+        // Others, such as a list's "\;", are not ours to undo.
+        if (known == std::end(escapes)) {
             text += value[i];
-            continue;
-        }
-        switch (const QChar escape = value[++i]; escape.unicode()) {
-        case u's':
-            text += u' ';
-            break;
-        case u'n':
-            text += u'\n';
-            break;
-        case u't':
-            text += u'\t';
-            break;
-        case u'r':
-            text += u'\r';
-            break;
-        case u'\\':
-            text += u'\\';
-            break;
-        default: // a list's "\;" for instance, which is not ours to undo
-            text += u'\\';
-            text += escape;
+        } else {
+            text += QChar(known->character);
+            ++i;
         }
     }
     return text;
@@ -62,11 +52,18 @@ QMap<QString, QString> readDesktopEntry(const QByteArray& file) {
     return entry;
 }
 
-QString escapedValue(QString text) {
-    for (const auto& [character, escape] : valueEscapes) {
-        text.replace(QChar(character), escape);
+QString escapedValue(const QString& text) {
+    QString value;
+    for (const QChar character : text) {
+        const auto* known = std::ranges::find(escapes, character.unicode(), &Escape::character);
+        if (known == std::end(escapes) || character == u' ') {
+            value += character;
+        } else {
+            value += u'\\';
+            value += QChar(known->letter);
+        }
     }
-    return text;
+    return value;
 }
 
 QString quotedArgument(const QString& argument) {

@@ -12,7 +12,7 @@ namespace tallyvane::platform {
 [[nodiscard]] QMap<QString, QString> readDesktopEntry(const QByteArray& file);
 
 /// The text of a string value, escaped as a line of the file needs it.
-[[nodiscard]] QString escapedValue(QString text);
+[[nodiscard]] QString escapedValue(const QString& text);
 
 /// One argument in quotes, to be a part of the value of Exec; not yet escaped.
 [[nodiscard]] QString quotedArgument(const QString& argument);
