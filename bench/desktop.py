@@ -5,14 +5,14 @@ import contextlib
 import os
 import pathlib
 import select
-import signal
 import statistics
 import subprocess
 import tempfile
 import time
 
 BUS = """<busconfig><type>session</type><listen>unix:path={}</listen>
-<policy context="default"><allow send_destination="*"/><allow own="*"/></policy></busconfig>"""
+<policy context="default"><allow send_destination="*" eavesdrop="true"/>
+<allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
 
 
 @contextlib.contextmanager
@@ -21,7 +21,7 @@ def desktop(folder):
     config = pathlib.Path(folder, "bus.conf")
     config.write_text(BUS.format(pathlib.Path(folder, "bus")))
     bus = subprocess.Popen(["dbus-daemon", "--nofork", "--print-address", f"--config-file={config}"],
-                           stdout=subprocess.PIPE, text=True)
+                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     display = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24"],
                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     try:
@@ -64,36 +64,35 @@ class Item:
         self.watcher.wait()
 
 
+def start(watcher, command, environment, settle):
+    """An item that has had `settle` seconds to come to rest."""
+    item = Item(watcher, command, environment)
+    time.sleep(settle)
+    return item
+
+
 def desktop_table(build, rounds, idle_seconds):
     ours = [str(build / "tallyvane-desktop"), "--background"]
     bare = [str(build / "bench" / "tray_program")]
     watcher = str(build / "bench" / "item_watcher")
     with tempfile.TemporaryDirectory() as folder, desktop(folder) as environment:
         quiet = environment | {"GAUGEWELL_USE_FIXTURES": "1"}  # shows figures and fetches none
-        times, memory = [], []
+        runs = {"ours": [], "bare": []}
         for _ in range(rounds + 1):
-            pair = [Item(watcher, command, quiet) for command in (ours,)]
-            time.sleep(0.3)
-            own = pair[0].milliseconds, figures(pair[0].pid)[0]
-            pair[0].end()
-            other = Item(watcher, bare, quiet)
-            time.sleep(0.3)
-            base = other.milliseconds, figures(other.pid)[0]
-            other.end()
-            times.append((own[0], base[0]))
-            memory.append((own[1], base[1]))
-        item = Item(watcher, ours, environment)
-        time.sleep(3)  # its first refresh finds no sign-in and ends at once
+            for name, command in (("ours", ours), ("bare", bare)):
+                item = start(watcher, command, quiet, 0.3)
+                runs[name].append((item.milliseconds, figures(item.pid)[0]))
+                item.end()
+        item = start(watcher, ours, environment, 3)  # finds no sign-in, and so ends soon
         refreshed = figures(item.pid)[0]
         item.end()
-        item = Item(watcher, ours, quiet)
-        time.sleep(3)
+        item = start(watcher, ours, quiet, 3)
         before = figures(item.pid)[1]
         time.sleep(idle_seconds)
         switches = figures(item.pid)[1] - before
         item.end()
-    own_time, base_time = (statistics.median(side) for side in zip(*times[1:]))
-    own_memory, base_memory = (statistics.median(side) for side in zip(*memory[1:]))
+    (own_time, own_memory), (base_time, base_memory) = (
+        map(statistics.median, zip(*runs[name][1:])) for name in ("ours", "bare"))
     print(f"\n{'on the desktop':34}{'ours':>9}{'bare':>9}{'ratio':>8}{'at most':>9}")
     for name, own, base, limit in (
             ("start to registered, ms", own_time, base_time, 1.0),

@@ -14,6 +14,7 @@ import sys
 import tempfile
 import time
 
+from desktop import desktop_table
 from make_corpus import make_corpus
 
 CODEX = """#!/bin/sh
@@ -89,6 +90,8 @@ def main():
     parser.add_argument("--rounds", type=int, default=31)
     parser.add_argument("--corpus", type=float, nargs="*", default=[1e8, 3e8, 1e9],
                         help="bytes of session logs to count, each its own rows; may be none")
+    parser.add_argument("--idle", type=int, default=60,
+                        help="seconds to watch the desktop program for; 0 leaves it out")
     arguments = parser.parse_args()
     program = str(arguments.build.resolve() / "tallyvane")
     bench = arguments.build.resolve() / "bench"
@@ -114,6 +117,8 @@ def main():
     for name, ours, other, figure, limit in rows:
         print(f"{name:26}{ours:9.1f}{other:9.1f}{ours / other:8.1f}  {figure:16}{limit + ' ms':>8}")
     print(f"{'reading of 90 days':26}{'':26}  {f'{history:.2f} ms':16}{'1 ms':>8}")
+    if arguments.idle:
+        desktop_table(arguments.build.resolve(), arguments.rounds, arguments.idle)
     if arguments.corpus:
         tokens_table(arguments.build.resolve(), arguments.corpus, max(3, arguments.rounds // 6))
 

@@ -69,8 +69,9 @@ DesktopProgram::DesktopProgram(const Environment& environment)
             &DesktopProgram::openMainWindow);
     connect(&m_application, &platform::DBusApplication::refreshRequested, &m_composition.model,
             &core::AppModel::startRefresh);
+    // Queued, so that the caller gets its answer.
     connect(&m_application, &platform::DBusApplication::quitRequested, qApp,
-            &QCoreApplication::quit);
+            &QCoreApplication::quit, Qt::QueuedConnection);
     connect(&m_composition.notificationCentre, &platform::DBusNotificationCentre::activated, this,
             &DesktopProgram::openMainWindow);
 }
