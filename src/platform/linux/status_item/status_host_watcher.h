@@ -34,7 +34,8 @@ private Q_SLOTS:
 
 private:
     void takeOwner(const QString& owner);
-    void takeProfile(const QDBusMessage& processId);
+    /// Takes the profile of the owner, whose process is in the bus's answer, before.
+    void registerItem(const QString& owner, const QDBusMessage& processId);
     void setAvailable(bool isAvailable);
     /// An answer that comes after another owner is dropped.
     void ask(const QDBusMessage& question, std::function<void(const QDBusMessage&)> take);
