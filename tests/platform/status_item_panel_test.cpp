@@ -78,6 +78,11 @@ QByteArray output(const QString& program, const QStringList& arguments) {
     return hasEnded ? process.readAllStandardOutput() : QByteArray();
 }
 
+/// Moves mouse and keys.
+void use(const QStringList& commands) {
+    output(QStringLiteral("xdotool"), commands);
+}
+
 /// The first pixel of the colour in the left end of the panel, such as "#C81E64".
 std::optional<QPoint> find(const QByteArray& colour) {
     const QByteArray pixels =
@@ -115,8 +120,9 @@ private Q_SLOTS:
             QStringLiteral("org.corvelle.Tallyvane"),
             QDBusConnection::connectToBus(bus.address(), QStringLiteral("program")));
         item.setTitle(QStringLiteral("Tallyvane"));
-        item.setMenu({{1, QStringLiteral("Quit")}});
+        item.setMenu({{7, QStringLiteral("Quit")}});
         QSignalSpy activated(&item, &platform::StatusItem::activated);
+        QSignalSpy triggered(&item, &platform::StatusItem::menuItemTriggered);
 
         for (const QByteArray colour : {"C81E64", "1E64C8"}) {
             const XfcePanel panel;
@@ -130,12 +136,19 @@ private Q_SLOTS:
             QTRY_VERIFY_WITH_TIMEOUT(at = find('#' + colour), patience);
 
             activated.clear();
-            output(QStringLiteral("xdotool"),
-                   {QStringLiteral("mousemove"), QString::number(at->x() + 5),
-                    QString::number(at->y() + 5), QStringLiteral("click"), QStringLiteral("1")});
+            use({QStringLiteral("mousemove"), QString::number(at->x() + 5),
+                 QString::number(at->y() + 5), QStringLiteral("click"), QStringLiteral("1")});
             QTRY_COMPARE_WITH_TIMEOUT(activated.count(), 1, patience);
             const QPoint position = activated.at(0).at(0).toPoint();
             QVERIFY((position - *at).manhattanLength() < 64);
+
+            triggered.clear();
+            use({QStringLiteral("click"), QStringLiteral("3")});
+            const QStringList choice{QStringLiteral("key"), QStringLiteral("Down"),
+                                     QStringLiteral("Return")};
+            // Keys that come before the menu is open go nowhere.
+            QTRY_VERIFY_WITH_TIMEOUT((use(choice), !triggered.isEmpty()), patience);
+            QCOMPARE(triggered.at(0), QVariantList{7});
         }
     }
 };
