@@ -2,13 +2,11 @@
 
 #include "model/file_descriptor.h"
 
-#include <QtCore/QDateTime>
-#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
 #include <QtCore/QSaveFile>
 
 #include <cerrno>
+#include <chrono>
 
 namespace tallyvane::model {
 
@@ -59,14 +57,17 @@ std::expected<void, FileError> writeFile(const std::filesystem::path& path,
 }
 
 void removeUnfinishedWrites(const std::filesystem::path& path) {
-    const QFileInfo target(path);
-    const QDateTime lastMinute = QDateTime::currentDateTimeUtc().addSecs(-60);
-    QDirIterator leftovers(target.path(), {target.fileName() + QStringLiteral(".??????")},
-                           QDir::Files | QDir::Hidden | QDir::NoSymLinks);
-    while (leftovers.hasNext()) {
-        const QFileInfo leftover = leftovers.nextFileInfo();
-        if (leftover.lastModified() < lastMinute) {
-            QFile::remove(leftover.filePath());
+    namespace fs = std::filesystem;
+    // As QSaveFile names them: six more characters.
+    const std::string start = path.filename().string() + '.';
+    const auto lastMinute = fs::file_time_type::clock::now() - std::chrono::minutes{1};
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with(start) && name.size() == start.size() + 6 &&
+            entry.symlink_status(error).type() == fs::file_type::regular &&
+            entry.last_write_time(error) < lastMinute) {
+            fs::remove(entry.path(), error);
         }
     }
 }

@@ -34,7 +34,7 @@ struct Desk {
         : server(identity, std::move(replies)) {
         source.usageURL = server.url(QStringLiteral("/usage"));
         source.credentialsFile = root / "credentials.json";
-        source.tls.setCaCertificates({identity.certificate});
+        source.tls.emplace().setCaCertificates({identity.certificate});
     }
 
     void write(const char* name, const QByteArray& bytes) const {

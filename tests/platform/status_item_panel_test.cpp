@@ -12,6 +12,8 @@ using namespace tallyvane;
 
 namespace {
 
+constexpr int patience = 30000; ///< in milliseconds, for programs that start on a busy machine
+
 /// A program of the desktop, from its start to its end.
 class Program : public QProcess {
     Q_OBJECT
@@ -76,12 +78,18 @@ QByteArray output(const QString& program, const QStringList& arguments) {
     return hasEnded ? process.readAllStandardOutput() : QByteArray();
 }
 
-/// The first pixel of the colour on the screen, such as "#C81E64".
+/// Moves mouse and keys.
+void use(const QStringList& commands) {
+    output(QStringLiteral("xdotool"), commands);
+}
+
+/// The first pixel of the colour in the left end of the panel, such as "#C81E64".
 std::optional<QPoint> find(const QByteArray& colour) {
     const QByteArray pixels =
         output(QStringLiteral("import"),
-               {QStringLiteral("-window"), QStringLiteral("root"), QStringLiteral("-depth"),
-                QStringLiteral("8"), QStringLiteral("txt:-")});
+               {QStringLiteral("-window"), QStringLiteral("root"), QStringLiteral("-crop"),
+                QStringLiteral("100x32+0+0"), QStringLiteral("-depth"), QStringLiteral("8"),
+                QStringLiteral("txt:-")});
     // A line per pixel, such as "13,7: (200,30,100)  #C81E64  srgb(200,30,100)".
     const qsizetype at = pixels.indexOf(colour);
     if (at < 0) {
@@ -112,31 +120,35 @@ private Q_SLOTS:
             QStringLiteral("org.corvelle.Tallyvane"),
             QDBusConnection::connectToBus(bus.address(), QStringLiteral("program")));
         item.setTitle(QStringLiteral("Tallyvane"));
-        item.setMenu({{1, QStringLiteral("Quit")}});
+        item.setMenu({{7, QStringLiteral("Quit")}});
         QSignalSpy activated(&item, &platform::StatusItem::activated);
+        QSignalSpy triggered(&item, &platform::StatusItem::menuItemTriggered);
 
         for (const QByteArray colour : {"C81E64", "1E64C8"}) {
             const XfcePanel panel;
-            QTRY_VERIFY(item.isHostAvailable());
+            QTRY_VERIFY_WITH_TIMEOUT(item.isHostAvailable(), patience);
             QVERIFY(item.hostProfile().hasTrustedCoordinates);
             QVERIFY(!item.hostProfile().showsLabel);
             // A picture that changes under the panel's eyes.
             const QByteArray argb = QByteArray::fromHex("ff" + colour);
             item.setIcon({{square(16, argb), square(22, argb), square(32, argb)}, {}});
             std::optional<QPoint> at;
-            QTRY_VERIFY(at = find('#' + colour));
+            QTRY_VERIFY_WITH_TIMEOUT(at = find('#' + colour), patience);
 
             activated.clear();
-            output(QStringLiteral("xdotool"),
-                   {QStringLiteral("mousemove"), QString::number(at->x() + 5),
-                    QString::number(at->y() + 5), QStringLiteral("click"), QStringLiteral("1")});
-            QTRY_COMPARE(activated.count(), 1);
+            use({QStringLiteral("mousemove"), QString::number(at->x() + 5),
+                 QString::number(at->y() + 5), QStringLiteral("click"), QStringLiteral("1")});
+            QTRY_COMPARE_WITH_TIMEOUT(activated.count(), 1, patience);
             const QPoint position = activated.at(0).at(0).toPoint();
             QVERIFY((position - *at).manhattanLength() < 64);
-            if (const QString folder = qEnvironmentVariable("SHOT"); !folder.isEmpty()) {
-                qInfo() << *at << position;
-                output(QStringLiteral("import"), {QStringLiteral("-window"), QStringLiteral("root"), folder + QString::fromLatin1(colour) + QStringLiteral(".png")});
-            }
+
+            triggered.clear();
+            use({QStringLiteral("click"), QStringLiteral("3")});
+            const QStringList choice{QStringLiteral("key"), QStringLiteral("Down"),
+                                     QStringLiteral("Return")};
+            // Keys that come before the menu is open go nowhere.
+            QTRY_VERIFY_WITH_TIMEOUT((use(choice), !triggered.isEmpty()), patience);
+            QCOMPARE(triggered.at(0), QVariantList{7});
         }
     }
 };

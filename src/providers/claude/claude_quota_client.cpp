@@ -17,7 +17,9 @@ constexpr qint64 maximumBodySize = 4 * 1024 * 1024;
 
 QNetworkRequest usageRequest(const ClaudeQuotaSource& source, const QByteArray& accessToken) {
     QNetworkRequest request(source.usageURL);
-    request.setSslConfiguration(source.tls);
+    if (source.tls) {
+        request.setSslConfiguration(*source.tls);
+    }
     request.setRawHeader("Authorization", "Bearer " + accessToken);
     request.setRawHeader("anthropic-beta", "oauth-2025-04-20");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
@@ -102,9 +104,12 @@ ClaudeQuotaClient::loadCredentials(model::Timestamp now) {
 
 QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
 ClaudeQuotaClient::request(Credentials credentials) {
+    if (!m_network) {
+        m_network = std::make_unique<QNetworkAccessManager>();
+    }
     // Deleted later, since this resumes inside the reply's own signal.
     const std::unique_ptr<QNetworkReply, QScopedPointerDeleteLater> reply(
-        m_network.get(usageRequest(m_source, credentials.accessToken)));
+        m_network->get(usageRequest(m_source, credentials.accessToken)));
     Cut cut = Cut::none;
     const auto giveUp = [&cut, &reply](Cut reason) {
         if (cut == Cut::none) {

@@ -8,6 +8,9 @@
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QSslConfiguration>
 
+#include <memory>
+#include <optional>
+
 namespace tallyvane::providers {
 
 /// Where the Claude figures come from.
@@ -16,7 +19,7 @@ struct ClaudeQuotaSource {
     QString keychainService = QStringLiteral("Claude Code-credentials");
     std::filesystem::path credentialsFile; ///< .claude/.credentials.json in the home directory
     std::chrono::milliseconds timeout = std::chrono::seconds{15}; ///< of a request as a whole
-    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    std::optional<QSslConfiguration> tls; ///< the default one unless given
 };
 
 /// Asks for the Claude quotas with the token of the user's own Claude Code, which goes nowhere but
@@ -41,7 +44,7 @@ private:
     platform::SecretStore& m_secrets;
     platform::Clock& m_clock;
     TokenCache m_cache;
-    QNetworkAccessManager m_network;
+    std::unique_ptr<QNetworkAccessManager> m_network; ///< made when it is first needed
 };
 
 } // namespace tallyvane::providers

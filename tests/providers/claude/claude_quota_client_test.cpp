@@ -47,7 +47,7 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
     providers::ClaudeQuotaSource sourceOf(const tests::TlsServer& server) const {
         providers::ClaudeQuotaSource source{.usageURL = server.url(QStringLiteral("/usage")),
                                             .credentialsFile = m_file.toStdString()};
-        source.tls.setCaCertificates({m_identity.certificate});
+        source.tls.emplace().setCaCertificates({m_identity.certificate});
         return source;
     }
 
@@ -181,7 +181,7 @@ private Q_SLOTS:
     void sendsNothingWhereItMustNot() {
         tests::TlsServer server(m_identity, {});
         auto source = sourceOf(server);
-        source.tls.setCaCertificates({});
+        source.tls.emplace().setCaCertificates({});
         const QString unreachable = QStringLiteral("The Claude service could not be reached: ");
         QVERIFY(fetchFrom(source).startsWith(unreachable));
         server.stop();

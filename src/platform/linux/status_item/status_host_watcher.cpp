@@ -53,11 +53,11 @@ void StatusHostWatcher::takeOwner(const QString& owner) {
     setAvailable(false);
     if (!owner.isEmpty()) {
         ask(busCall(QStringLiteral("GetConnectionUnixProcessID"), owner),
-            [this](const QDBusMessage& processId) { takeProfile(processId); });
+            [this, owner](const QDBusMessage& processId) { registerItem(owner, processId); });
     }
 }
 
-void StatusHostWatcher::takeProfile(const QDBusMessage& processId) {
+void StatusHostWatcher::registerItem(const QString& owner, const QDBusMessage& processId) {
     QFile file(QStringLiteral("/proc/%1/comm").arg(processId.arguments().value(0).toUInt()));
     // A process that cannot be seen, such as one in another container, is an unknown host.
     const QByteArray name = file.open(QIODevice::ReadOnly) ? file.readAll().chopped(1) : "";
@@ -65,7 +65,7 @@ void StatusHostWatcher::takeProfile(const QDBusMessage& processId) {
         m_profile = profile;
         Q_EMIT profileChanged();
     }
-    ask(watcherCall(*m_owner, watcherName, QStringLiteral("RegisterStatusNotifierItem"),
+    ask(watcherCall(owner, watcherName, QStringLiteral("RegisterStatusNotifierItem"),
                     {m_bus.baseService()}),
         [this](const QDBusMessage& answer) {
             if (answer.type() == QDBusMessage::ReplyMessage) {
@@ -75,11 +75,11 @@ void StatusHostWatcher::takeProfile(const QDBusMessage& processId) {
 }
 
 void StatusHostWatcher::askForHost() {
-    if (m_owner.value_or(QString()).isEmpty()) {
+    const QString owner = m_owner.value_or(QString());
+    if (owner.isEmpty()) {
         return;
     }
-    ask(watcherCall(*m_owner, QStringLiteral("org.freedesktop.DBus.Properties"),
-                    QStringLiteral("Get"),
+    ask(watcherCall(owner, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
                     {QString(watcherName), QStringLiteral("IsStatusNotifierHostRegistered")}),
         [this](const QDBusMessage& answer) {
             // A watcher that took the item and has no such property is the host itself.

@@ -34,9 +34,10 @@ private Q_SLOTS:
 
 private:
     void takeOwner(const QString& owner);
-    void takeProfile(const QDBusMessage& processId);
+    /// `processId` is the bus's answer about the owner, whose profile is taken first.
+    void registerItem(const QString& owner, const QDBusMessage& processId);
     void setAvailable(bool isAvailable);
-    /// An answer that comes after another owner is dropped.
+    /// An answer that comes after the owner changed is dropped.
     void ask(const QDBusMessage& question, std::function<void(const QDBusMessage&)> take);
 
     QDBusConnection m_bus;

@@ -1,7 +1,8 @@
 #include "platform/linux/status_item/status_notifier_item.h"
 
+#include "platform/linux/status_item/dbus_structure.h"
+
 #include <QtCore/QFileInfo>
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
 #include <QtDBus/QDBusObjectPath>
@@ -11,33 +12,28 @@
 
 namespace tallyvane::platform {
 
-/// The protocol's tooltip, (sa(iiay)ss), of which every host shows the title.
+/// The protocol's tooltip, (sa(iiay)ss). All hosts show the title; few show the text.
 struct ItemToolTip {
+    QString iconName;
+    QList<ItemPixmap> pixmaps;
     QString title;
+    QString text;
 };
 
-// The protocol's values are only sent, never received; QtDBus asks for both directions.
-
 static QDBusArgument& operator<<(QDBusArgument& argument, const ItemPixmap& pixmap) {
-    argument.beginStructure();
-    argument << pixmap.size << pixmap.size << pixmap.bytes;
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, pixmap.size, pixmap.size, pixmap.bytes);
 }
 
-static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemPixmap& /*pixmap*/) {
-    return argument;
+static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemPixmap& pixmap) {
+    return readStructure(argument, pixmap.size, pixmap.size, pixmap.bytes);
 }
 
 static QDBusArgument& operator<<(QDBusArgument& argument, const ItemToolTip& toolTip) {
-    argument.beginStructure();
-    argument << QString() << QList<ItemPixmap>() << toolTip.title << QString();
-    argument.endStructure();
-    return argument;
+    return writeStructure(argument, toolTip.iconName, toolTip.pixmaps, toolTip.title, toolTip.text);
 }
 
-static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemToolTip& /*toolTip*/) {
-    return argument;
+static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemToolTip& toolTip) {
+    return readStructure(argument, toolTip.iconName, toolTip.pixmaps, toolTip.title, toolTip.text);
 }
 
 namespace {
@@ -61,8 +57,7 @@ constexpr QLatin1StringView methodsAndSignals{R"(
 
 /// Hosts read markup. A line's end stays one: "<br>" blanks the tooltip on GTK hosts.
 QString escaped(QString text) {
-    return text.replace(u'&', QLatin1StringView("&amp;"))
-        .replace(u'<', QLatin1StringView("&lt;"));
+    return text.replace(u'&', QLatin1StringView("&amp;")).replace(u'<', QLatin1StringView("&lt;"));
 }
 
 } // namespace
@@ -135,7 +130,7 @@ QVariantMap StatusNotifierItem::properties() const {
         {QStringLiteral("IconThemePath"), iconThemePath()},
         {QStringLiteral("IconPixmap"), QVariant::fromValue(m_icon.pixmaps)},
         {QStringLiteral("IconAccessibleDesc"), m_toolTip},
-        {QStringLiteral("ToolTip"), QVariant::fromValue(ItemToolTip{escaped(m_toolTip)})},
+        {QStringLiteral("ToolTip"), QVariant::fromValue(ItemToolTip{.title = escaped(m_toolTip)})},
         // True would keep the click from Activate.
         {QStringLiteral("ItemIsMenu"), false},
         {QStringLiteral("Menu"), QVariant::fromValue(QDBusObjectPath(QStringLiteral("/MenuBar")))},
@@ -201,7 +196,6 @@ bool StatusNotifierItem::handleMessage(const QDBusMessage& call, const QDBusConn
 
 QDBusMessage StatusNotifierItem::answerAboutProperties(const QDBusMessage& call) const {
     const QVariantMap values = properties();
-    const QString signature = call.signature();
     const QString interface = call.arguments().value(0).toString();
     if (interface != itemInterface) {
         return call.createErrorReply(QDBusError::UnknownInterface, interface);
