@@ -47,8 +47,10 @@ void StatusArea::showSnapshot() {
     const model::QuotaSnapshot snapshot = m_model.snapshot();
     const ui::GaugeValues gauges = ui::gaugeValues(snapshot);
     // Beside a label the picture needs no figure.
-    const std::optional<int> figure =
-        m_item.hostProfile().showsLabel ? std::nullopt : model::lowestRemainingPercent(snapshot);
+    std::optional<int> figure;
+    if (!m_item.hostProfile().showsLabel) {
+        figure = model::lowestRemainingPercent(snapshot);
+    }
     const auto drawing = [&](int size) {
         return figure ? ui::figureDrawing(*figure, gauges, size) : ui::gaugeDrawing(gauges);
     };
