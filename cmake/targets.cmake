@@ -31,3 +31,33 @@ function(tallyvane_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}")
 endfunction()
+
+# tallyvane_qml_module(<folder of src/ui> URI <uri> QML <file>... [SINGLETONS <file>...]
+#     [SOURCES <file>...] [RESOURCES <file>...] [PUBLIC <target>...] [PRIVATE <target>...])
+# One QML module as the static library tallyvane_ui_<folder>. Whoever links that has the module in
+# its resources below qrc:/ and its types registered, without a word in C++.
+function(tallyvane_qml_module folder)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "URI"
+        "QML;SINGLETONS;SOURCES;RESOURCES;PUBLIC;PRIVATE")
+    set(target tallyvane_ui_${folder})
+    set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml) # where modules and qmllint find others
+    set_source_files_properties(${ARG_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+    qt_add_library(${target} STATIC)
+    qt_add_qml_module(${target}
+        URI ${ARG_URI}
+        VERSION 1.0
+        RESOURCE_PREFIX /
+        DEPENDENCIES QtQuick
+        QML_FILES ${ARG_QML} ${ARG_SINGLETONS}
+        SOURCES ${ARG_SOURCES}
+        RESOURCES ${ARG_RESOURCES})
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX qmlcache)
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w) # not our code
+    # The generated registration includes the headers of a module by their bare names.
+    target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${target}
+        PUBLIC ${ARG_PUBLIC}
+        PRIVATE tallyvane_options ${ARG_PRIVATE}
+        INTERFACE ${target}plugin $<TARGET_OBJECTS:${target}plugin_init>)
+endfunction()

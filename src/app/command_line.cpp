@@ -28,8 +28,9 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
     const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
     const QCommandLineOption json(QStringLiteral("json"));
     const QCommandLineOption waybar(QStringLiteral("waybar"));
+    const QCommandLineOption background(QStringLiteral("background"));
     QCommandLineParser parser;
-    parser.addOptions({help, version, json, waybar});
+    parser.addOptions({help, version, json, waybar, background});
     if (!parser.parse(arguments)) {
         return std::unexpected(parser.errorText());
     }
@@ -69,6 +70,12 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
         }
         commandLine.outputFormat = OutputFormat::waybar;
     }
+    if (parser.isSet(background)) {
+        if (commandLine.command != Command::desktop) {
+            return std::unexpected(QStringLiteral("--background goes without a command."));
+        }
+        commandLine.startMode = StartMode::background;
+    }
     return commandLine;
 }
 
@@ -79,15 +86,16 @@ QString helpText() {
         "Shows how much of your Claude Code and Codex quotas is left.\n"
         "\n"
         "Commands:\n"
-        "  (none)      Start the desktop program.\n"
+        "  (none)      Start the desktop program, or show its window when it runs.\n"
         "  refresh     Ask both providers now, store the result and print it.\n"
         "  status      Print the stored result without asking anybody.\n"
         "  history     Print the stored use per day and provider.\n"
         "  tokens      Count the tokens in the local session logs of the last 35 days.\n"
         "\n"
         "Options of commands:\n"
-        "  --json      With status, history and tokens: print JSON.\n"
-        "  --waybar    With status: print one line of JSON for a custom module of Waybar.\n"
+        "  --background  Without a command: start without a window.\n"
+        "  --json        With status, history and tokens: print JSON.\n"
+        "  --waybar      With status: print one line of JSON for a custom module of Waybar.\n"
         "\n"
         "Options:\n"
         "  -h, --help     Print this help.\n"
@@ -95,7 +103,7 @@ QString helpText() {
         "\n"
         "Exit codes:\n"
         "  0  Done; after refresh: both providers are current.\n"
-        "  1  The result could not be stored or printed, or this build has no desktop part.\n"
+        "  1  The result could not be stored or printed, or there is no desktop part.\n"
         "  2  The command line was not understood.\n"
         "  3  After refresh: stored, but a provider failed; standard error says why.\n"
         "  4  After status and history: nothing is stored yet.\n"

@@ -8,11 +8,13 @@
 namespace tallyvane::app {
 
 enum class Command { desktop, refresh, status, history, tokens, help, version };
+enum class StartMode { withWindow, background };
 enum class OutputFormat { text, json, waybar };
 
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
+    StartMode startMode = StartMode::withWindow;    ///< of the desktop program
     OutputFormat outputFormat = OutputFormat::text; ///< waybar with `status` alone
 
     bool operator==(const CommandLine&) const = default;

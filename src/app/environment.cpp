@@ -22,6 +22,21 @@ std::string timeLocale() {
     return "C";
 }
 
+/// All folders but the first, which is the user's own.
+std::vector<std::filesystem::path> systemConfigDirectories() {
+    std::vector<std::filesystem::path> directories;
+    for (const QString& directory :
+         QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation).sliced(1)) {
+        directories.push_back(toPath(directory));
+    }
+    return directories;
+}
+
+QString activationToken() {
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
 } // namespace
 
 Environment readEnvironment() {
@@ -30,6 +45,9 @@ Environment readEnvironment() {
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     return {.locations = {.dataHome = toPath(dataHome), .configHome = toPath(configHome)},
             .home = toPath(QDir::homePath()),
+            .systemConfigDirectories = systemConfigDirectories(),
+            .searchPath = qEnvironmentVariable("PATH").split(u':', Qt::SkipEmptyParts),
+            .activationToken = activationToken(),
             .launchContext =
                 core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),
             .timeLocale = timeLocale(),

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tallyvane::app {
 
@@ -12,6 +13,10 @@ namespace tallyvane::app {
 struct Environment {
     model::StoreLocations locations;
     std::filesystem::path home;
+    std::vector<std::filesystem::path> systemConfigDirectories; ///< $XDG_CONFIG_DIRS
+    QStringList searchPath;                                     ///< the folders of $PATH
+    QString
+        activationToken; ///< the window system's, from whoever started the program; may be empty
     core::LaunchContext launchContext;
     std::string timeLocale;  ///< the POSIX locale in which times are written
     bool wantsColour = true; ///< false under NO_COLOR and on a dumb terminal

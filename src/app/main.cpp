@@ -2,6 +2,7 @@
 #include "app/environment.h"
 #include "app/history_command.h"
 #include "app/refresh_command.h"
+#include "app/start_command.h"
 #include "app/status_command.h"
 #include "app/terminal.h"
 #include "app/tokens_command.h"
@@ -32,9 +33,7 @@ ExitCode run(const CommandLine& commandLine) {
     case Command::desktop:
         break;
     }
-    printError(QStringLiteral("The desktop part is not in this build; 'tallyvane refresh' and "
-                              "'tallyvane status' work without it."));
-    return ExitCode::failure;
+    return runStart(readEnvironment(), commandLine.startMode);
 }
 
 } // namespace

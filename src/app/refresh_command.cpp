@@ -4,6 +4,7 @@
 #include "core/app_model.h"
 #include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
+#include "platform/linux/dbus_application.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/secret_service_store.h"
 
@@ -11,7 +12,35 @@
 
 namespace tallyvane::app {
 
-ExitCode runRefresh(const Environment& environment) {
+namespace {
+
+const QString progressText = QStringLiteral("Asking Codex and Claude ...");
+
+/// Prints what the running program stored.
+ExitCode reportStored(const Environment& environment) {
+    const auto snapshot = model::SharedStore(environment.locations).loadSnapshot();
+    if (!snapshot) {
+        printError(QStringLiteral("The running program stored nothing that can be read."));
+        return ExitCode::failure;
+    }
+    bool isCurrent = true;
+    for (const model::ProviderQuotaSnapshot& entry : snapshot->providers) {
+        if (entry.syncState != model::QuotaSyncState::current) {
+            isCurrent = false;
+            // Why in full is for the screen alone and not stored.
+            printError(QStringLiteral("%1: %2").arg(
+                model::displayName(entry.provider),
+                entry.statusMessage.value_or(
+                    QStringLiteral("Not refreshed; the running program's window tells why."))));
+        }
+    }
+    if (!printStatusText(environment, *snapshot, platform::BootClock().now())) {
+        return ExitCode::failure;
+    }
+    return isCurrent ? ExitCode::success : ExitCode::providerFailed;
+}
+
+ExitCode refreshHere(const Environment& environment) {
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     platform::BootClock clock;
     platform::SecretServiceStore secrets;
@@ -38,7 +67,7 @@ ExitCode runRefresh(const Environment& environment) {
 
     core::RefreshReport report;
     {
-        const ProgressLine progress(QStringLiteral("Asking Codex and Claude ..."));
+        const ProgressLine progress(progressText);
         report = QCoro::waitFor(model.refresh());
     }
     for (const auto& [provider, reason] : report.failures) {
@@ -52,6 +81,29 @@ ExitCode runRefresh(const Environment& environment) {
         return ExitCode::failure;
     }
     return report.failures.empty() ? ExitCode::success : ExitCode::providerFailed;
+}
+
+} // namespace
+
+ExitCode runRefresh(const Environment& environment) {
+    std::expected<bool, platform::CallError> stored = false;
+    {
+        const ProgressLine progress(progressText);
+        stored = platform::refreshRunning();
+    }
+    if (!stored && stored.error() == platform::CallError::notRunning) {
+        return refreshHere(environment);
+    }
+    if (!stored) {
+        printError(QStringLiteral("Tallyvane runs, but does not answer."));
+        return ExitCode::failure;
+    }
+    if (!*stored) {
+        printError(QStringLiteral("The running program could not store the result; its window "
+                                  "tells why."));
+        return ExitCode::failure;
+    }
+    return reportStored(environment);
 }
 
 } // namespace tallyvane::app

@@ -5,8 +5,9 @@
 
 namespace tallyvane::app {
 
-/// Runs one refresh cycle in this process and prints its result, and each failure's reason on
-/// standard error. Needs a QCoreApplication.
+/// Runs one refresh cycle and prints its result, and each failure's reason on standard error. When
+/// the desktop program runs, the cycle is that program's, so that never two write at once. Needs a
+/// QCoreApplication.
 [[nodiscard]] ExitCode runRefresh(const Environment& environment);
 
 } // namespace tallyvane::app

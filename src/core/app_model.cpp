@@ -2,6 +2,8 @@
 
 #include "history/usage_history_recorder.h"
 
+#include <QCoro/QCoroSignal>
+
 #include <stop_token>
 
 namespace tallyvane::core {
@@ -72,6 +74,16 @@ QCoro::Task<RefreshReport> AppModel::refresh() {
     RefreshReport report = co_await runCycle();
     m_isRefreshing = false;
     co_return report;
+}
+
+QCoro::Task<bool> AppModel::refreshOrJoin() {
+    if (!m_isRefreshing) {
+        const RefreshReport report = co_await refresh();
+        co_return report.outcome == RefreshReport::Outcome::published;
+    }
+    const QuotaSnapshot before = m_snapshot;
+    co_await qCoro(this, &AppModel::isRefreshingChanged);
+    co_return m_snapshot.value() != before;
 }
 
 QCoro::Task<RefreshReport> AppModel::runCycle() {

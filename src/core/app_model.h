@@ -81,6 +81,9 @@ public:
     /// failure is part of the result. While one call runs, others return at once.
     QCoro::Task<RefreshReport> refresh();
 
+    /// Refreshes, or waits for the refresh that runs; whether new figures were published.
+    QCoro::Task<bool> refreshOrJoin();
+
 Q_SIGNALS:
     // Each only when the value really changed.
     void snapshotChanged();

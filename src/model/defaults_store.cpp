@@ -56,6 +56,10 @@ std::int64_t DefaultsStore::integer(const QString& key) {
     return get(key).toLongLong();
 }
 
+bool DefaultsStore::flag(const QString& key) {
+    return text(key) == u"true"; // QVariant would take any word but "false" for true
+}
+
 void DefaultsStore::setData(const QString& key, const QByteArray& value) {
     set(key, value);
 }
@@ -66,6 +70,10 @@ void DefaultsStore::setText(const QString& key, const QString& value) {
 
 void DefaultsStore::setInteger(const QString& key, std::int64_t value) {
     set(key, qlonglong{value});
+}
+
+void DefaultsStore::setFlag(const QString& key, bool value) {
+    set(key, value);
 }
 
 QVariant DefaultsStore::get(const QString& key) {

@@ -27,11 +27,13 @@ public:
     [[nodiscard]] QByteArray data(const QString& key);
     [[nodiscard]] QString text(const QString& key);
     [[nodiscard]] std::int64_t integer(const QString& key); ///< 0 when absent
+    [[nodiscard]] bool flag(const QString& key);            ///< false when absent or malformed
 
     /// A value that finds no room on the disk is dropped, and the file stays as it was.
     void setData(const QString& key, const QByteArray& value);
     void setText(const QString& key, const QString& value);
     void setInteger(const QString& key, std::int64_t value);
+    void setFlag(const QString& key, bool value);
 
 private:
     explicit DefaultsStore(const std::filesystem::path& path);

@@ -128,9 +128,11 @@ private Q_SLOTS:
         QVERIFY(model.isRefreshing());
         QCOMPARE(QCoro::waitFor(model.refresh()).outcome,
                  core::RefreshReport::Outcome::alreadyRunning);
+        auto joined = model.refreshOrJoin();
         const core::RefreshReport report = QCoro::waitFor(first);
 
         QCOMPARE(report.outcome, core::RefreshReport::Outcome::published);
+        QVERIFY(QCoro::waitFor(joined));
         QVERIFY(report.failures.empty() && !model.lastError());
         const model::QuotaSnapshot snapshot = model.snapshot();
         QCOMPARE(snapshot.providers.size(), 2U);
@@ -204,7 +206,9 @@ private Q_SLOTS:
         std::filesystem::remove_all(desk.store.baseURL());
         const model::QuotaSnapshot before = running.model.snapshot();
         desk.installCodex(42);
-        const core::RefreshReport report = QCoro::waitFor(running.model.refresh());
+        auto refresh = running.model.refresh();
+        QVERIFY(!QCoro::waitFor(running.model.refreshOrJoin()));
+        const core::RefreshReport report = QCoro::waitFor(refresh);
         QCOMPARE(report.outcome, core::RefreshReport::Outcome::notSaved);
         QVERIFY(running.model.lastError()->contains(u"quota-snapshot.json"));
         QVERIFY(running.model.snapshot() == before && !running.model.isRefreshing());

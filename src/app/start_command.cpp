@@ -1,0 +1,54 @@
+#include "app/start_command.h"
+
+#include "platform/linux/dbus_application.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace tallyvane::app {
+
+namespace {
+
+/// Returns only when there is none or it cannot be started: the error number then.
+int becomeDesktopProgram(StartMode mode) {
+    QByteArray ownPath = QFile::encodeName(QCoreApplication::applicationFilePath());
+    QByteArray background = "--background";
+    char* const arguments[] = {
+        ownPath.data(), mode == StartMode::background ? background.data() : nullptr, nullptr};
+    const QByteArray ownDirectory = QFile::encodeName(QCoreApplication::applicationDirPath());
+    for (const char* place : {"/", "/" TALLYVANE_LIBEXEC_FROM_BIN "/"}) {
+        ::execv((ownDirectory + place + "tallyvane-desktop").constData(), arguments);
+        if (errno != ENOENT) {
+            return errno;
+        }
+    }
+    return ENOENT;
+}
+
+} // namespace
+
+ExitCode runStart(const Environment& environment, StartMode mode) {
+    if (mode == StartMode::background) {
+        if (platform::isApplicationRunning()) {
+            return ExitCode::success;
+        }
+    } else if (const auto activated = platform::activateRunning(environment.activationToken);
+               activated) {
+        return ExitCode::success;
+    } else if (activated.error() == platform::CallError::noAnswer) {
+        printError(QStringLiteral("Tallyvane runs, but does not answer."));
+        return ExitCode::failure;
+    }
+    const int error = becomeDesktopProgram(mode);
+    printError(
+        error == ENOENT
+            ? QStringLiteral("The desktop part is not installed; 'tallyvane refresh' and "
+                             "'tallyvane status' work without it.")
+            : QStringLiteral("Could not start the desktop part: %1.").arg(qt_error_string(error)));
+    return ExitCode::failure;
+}
+
+} // namespace tallyvane::app

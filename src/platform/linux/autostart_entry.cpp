@@ -1,0 +1,95 @@
+#include "platform/linux/autostart_entry.h"
+
+#include "model/file_io.h"
+#include "platform/application_id.h"
+#include "platform/linux/desktop_entry.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QStandardPaths>
+
+#include <algorithm>
+
+namespace tallyvane::platform {
+
+namespace {
+
+constexpr qsizetype maximumSize = 65536;
+
+std::filesystem::path entryIn(const std::filesystem::path& directory) {
+    return directory / (std::string(applicationId.data()) + ".desktop");
+}
+
+bool isTrue(const QString& value) {
+    return value == u"true" || value == u"1"; // the latter is what old files have
+}
+
+} // namespace
+
+AutostartEntry::AutostartEntry(AutostartPlaces places)
+    : m_places(std::move(places)), m_file(entryIn(m_places.userDirectory)) {}
+
+LoginItemStatus AutostartEntry::status() const {
+    auto file = model::readFile(m_file, maximumSize);
+    for (const std::filesystem::path& directory : m_places.systemDirectories) {
+        if (!file) {
+            file = model::readFile(entryIn(directory), maximumSize);
+        }
+    }
+    if (!file) {
+        return LoginItemStatus::notRegistered;
+    }
+    const auto entry = readDesktopEntry(*file);
+    // GNOME's key, by which also the settings of other desktops switch entries off.
+    const QString gnomeSwitch = entry.value(QStringLiteral("X-GNOME-Autostart-enabled"));
+    if (isTrue(entry.value(QStringLiteral("Hidden"))) ||
+        !(gnomeSwitch.isEmpty() || isTrue(gnomeSwitch))) {
+        return LoginItemStatus::requiresApproval;
+    }
+    const auto isThere = [this](const QString& program) {
+        return !QStandardPaths::findExecutable(program, m_places.searchPath).isEmpty();
+    };
+    const QString tried = entry.value(QStringLiteral("TryExec"));
+    return isThere(programOfExec(entry.value(QStringLiteral("Exec")))) &&
+                   (tried.isEmpty() || isThere(tried))
+               ? LoginItemStatus::enabled
+               : LoginItemStatus::notFound;
+}
+
+std::expected<void, QString> AutostartEntry::enable() {
+    return write({});
+}
+
+std::expected<void, QString> AutostartEntry::disable() {
+    std::error_code error;
+    const auto isThere = [&error](const std::filesystem::path& directory) {
+        return std::filesystem::exists(entryIn(directory), error);
+    };
+    if (std::ranges::any_of(m_places.systemDirectories, isThere)) {
+        return write(QStringLiteral("Hidden=true\n"));
+    }
+    std::filesystem::remove(m_file, error);
+    if (error) {
+        return std::unexpected(QStringLiteral("Could not remove %1: %2.")
+                                   .arg(QFile(m_file).fileName(), qt_error_string(error.value())));
+    }
+    return {};
+}
+
+std::expected<void, QString> AutostartEntry::write(const QString& lastLines) const {
+    const QString program = QFile(m_places.program).fileName();
+    const QString exec = quotedArgument(program) + QStringLiteral(" --background");
+    const QString text = QStringLiteral("[Desktop Entry]\n"
+                                        "Type=Application\n"
+                                        "Name=Tallyvane\n"
+                                        "Icon=") +
+                         applicationId + QStringLiteral("\nTryExec=") + escapedValue(program) +
+                         QStringLiteral("\nExec=") + escapedValue(exec) + u'\n' + lastLines;
+    model::makePrivateDirectory(m_places.userDirectory);
+    model::removeUnfinishedWrites(m_file);
+    if (const auto written = model::writeFile(m_file, text.toUtf8()); !written) {
+        return std::unexpected(written.error().message);
+    }
+    return {};
+}
+
+} // namespace tallyvane::platform

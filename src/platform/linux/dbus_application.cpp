@@ -1,0 +1,162 @@
+#include "platform/linux/dbus_application.h"
+
+#include "platform/application_id.h"
+
+#include <QtDBus/QDBusAbstractAdaptor>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusMessage>
+
+#include <chrono>
+
+namespace tallyvane::platform {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds activationTimeout = 5s;
+// A refresh waits at most half a minute for the providers, and then reads the session logs.
+constexpr std::chrono::milliseconds refreshTimeout = 2min;
+
+const QString objectPath = QStringLiteral("/org/corvelle/Tallyvane");
+const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
+const QString controlInterface = QStringLiteral("org.corvelle.Tallyvane.Control");
+const QString activationTokenKey = QStringLiteral("activation-token"); // Wayland, and X11 of today
+const QString startupIdKey = QStringLiteral("desktop-startup-id");     // X11
+
+std::expected<QVariantList, CallError> callRunning(const QString& interface, const QString& method,
+                                                   const QVariantList& arguments,
+                                                   std::chrono::milliseconds timeout) {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(applicationId, objectPath, interface, method);
+    call.setArguments(arguments);
+    call.setAutoStartService(false);
+    const QDBusMessage reply =
+        QDBusConnection::sessionBus().call(call, QDBus::Block, static_cast<int>(timeout.count()));
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        return reply.arguments();
+    }
+    // The bus answers for an owner that ended meanwhile, and a time-out has the same error name.
+    return std::unexpected(isApplicationRunning() ? CallError::noAnswer : CallError::notRunning);
+}
+
+} // namespace
+
+// Methods and arguments have the names that they have on the bus.
+// NOLINTBEGIN(readability-identifier-naming)
+
+class ApplicationAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(DBusApplication* application)
+        : QDBusAbstractAdaptor(application), m_application(application) {}
+
+public Q_SLOTS:
+    void Activate(const QVariantMap& platform_data) {
+        const QString token = platform_data.value(activationTokenKey).toString();
+        Q_EMIT m_application->activated(
+            token.isEmpty() ? platform_data.value(startupIdKey).toString() : token);
+    }
+
+    /// The program opens no files, so all that is left of it is its window.
+    void Open(const QStringList& /*uris*/, const QVariantMap& platform_data) {
+        Activate(platform_data);
+    }
+
+    void ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
+                        const QVariantMap& /*platform_data*/, const QDBusMessage& call) {
+        if (action_name == u"refresh") {
+            Q_EMIT m_application->refreshRequested();
+        } else if (action_name == u"quit") {
+            Q_EMIT m_application->quitRequested();
+        } else {
+            call.setDelayedReply(true);
+            QDBusConnection::sessionBus().send(call.createErrorReply(
+                QDBusError::InvalidArgs, QStringLiteral("There is no action of this name.")));
+        }
+    }
+
+private:
+    DBusApplication* m_application;
+};
+
+class ControlAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.corvelle.Tallyvane.Control")
+
+public:
+    ControlAdaptor(DBusApplication* application, DBusApplication::Refresh refresh)
+        : QDBusAbstractAdaptor(application), m_refresh(std::move(refresh)) {}
+
+public Q_SLOTS:
+    bool Refresh(const QDBusMessage& call) {
+        call.setDelayedReply(true);
+        // The task keeps itself until its end.
+        m_refresh().then(
+            [call](bool isStored) {
+                QDBusConnection::sessionBus().send(call.createReply(isStored));
+            },
+            [](const std::exception& error) { qFatal("a refresh failed: %s", error.what()); });
+        return false; // is not sent
+    }
+
+private:
+    DBusApplication::Refresh m_refresh;
+};
+
+// NOLINTEND(readability-identifier-naming)
+
+DBusApplication::DBusApplication(Refresh refresh) {
+    new ApplicationAdaptor(this);
+    new ControlAdaptor(this, std::move(refresh));
+}
+
+DBusApplication::Registration DBusApplication::registerOnBus() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    // The object comes first, for whoever started the program by the name calls it at once.
+    if (!bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors)) {
+        return Registration::noBus;
+    }
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        bus.interface()->registerService(applicationId, QDBusConnectionInterface::DontQueueService,
+                                         QDBusConnectionInterface::DontAllowReplacement);
+    if (!reply.isValid()) {
+        return Registration::noBus;
+    }
+    return reply.value() == QDBusConnectionInterface::ServiceRegistered
+               ? Registration::owner
+               : Registration::alreadyRunning;
+}
+
+bool isApplicationRunning() {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    return bus.isConnected() && bus.interface()->isServiceRegistered(applicationId).value();
+}
+
+std::expected<void, CallError> activateRunning(const QString& token) {
+    QVariantMap platformData;
+    if (!token.isEmpty()) {
+        platformData = {{activationTokenKey, token}, {startupIdKey, token}};
+    }
+    const auto reply = callRunning(applicationInterface, QStringLiteral("Activate"), {platformData},
+                                   activationTimeout);
+    if (!reply) {
+        return std::unexpected(reply.error());
+    }
+    return {};
+}
+
+std::expected<bool, CallError> refreshRunning() {
+    const auto reply = callRunning(controlInterface, QStringLiteral("Refresh"), {}, refreshTimeout);
+    if (!reply) {
+        return std::unexpected(reply.error());
+    }
+    return reply->value(0).toBool();
+}
+
+} // namespace tallyvane::platform
+
+#include "dbus_application.moc"

@@ -1,0 +1,68 @@
+#include "platform/linux/termination_signals.h"
+
+#include <atomic>
+#include <cerrno>
+#include <signal.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace tallyvane::platform {
+
+namespace {
+
+constexpr int handledSignals[] = {SIGTERM, SIGINT, SIGHUP};
+
+// A signal handler has no other way to know it. Blocked signals and a signalfd would need none, but
+// every child would inherit the block and no longer end when it is asked to.
+std::atomic<int> eventDescriptor = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
+
+void noteSignal(int /*number*/) {
+    const int savedError = errno;
+    ::eventfd_write(eventDescriptor, 1);
+    errno = savedError;
+}
+
+int makeEventDescriptor() {
+    const int descriptor = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
+    if (descriptor < 0) {
+        qFatal("no event descriptor could be made: too many open files");
+    }
+    return descriptor;
+}
+
+void replaceHandlers(void (*from)(int), void (*to)(int)) {
+    for (const int number : handledSignals) {
+        struct sigaction current{};
+        ::sigaction(number, nullptr, &current);
+        if (current.sa_handler == from) {
+            struct sigaction wanted{};
+            wanted.sa_handler = to;
+            wanted.sa_flags = SA_RESTART;
+            ::sigaction(number, &wanted, nullptr);
+        }
+    }
+}
+
+} // namespace
+
+TerminationSignals::TerminationSignals(std::function<void()> action)
+    : m_notifier(makeEventDescriptor(), QSocketNotifier::Read) {
+    const auto descriptor = static_cast<int>(m_notifier.socket());
+    QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
+                     [descriptor, action = std::move(action)] {
+                         eventfd_t count = 0;
+                         ::eventfd_read(descriptor, &count);
+                         action();
+                     });
+    eventDescriptor = descriptor;
+    replaceHandlers(SIG_DFL, noteSignal);
+}
+
+TerminationSignals::~TerminationSignals() {
+    replaceHandlers(noteSignal, SIG_DFL);
+    m_notifier.setEnabled(false);
+    ::close(static_cast<int>(m_notifier.socket()));
+}
+
+} // namespace tallyvane::platform

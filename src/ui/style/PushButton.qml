@@ -1,0 +1,58 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tallyvane.Style
+
+/// A button with a text, a symbol before it, or both.
+T.Button {
+    id: root
+
+    enum Kind {
+        Plain,
+        Primary,
+        Destructive
+    }
+
+    property int kind: PushButton.Plain
+    property string symbol
+    readonly property color ink: kind === PushButton.Primary ? Theme.whiteText : kind === PushButton.Destructive ? Theme.destructive : Theme.text
+
+    implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, implicitHeight)
+    implicitHeight: Math.max(Theme.scaled(30), implicitContentHeight + topPadding + bottomPadding)
+    horizontalPadding: text === "" ? Theme.spacing : Theme.largeSpacing
+    verticalPadding: Theme.smallSpacing
+    spacing: Theme.smallSpacing + 2
+    font: Theme.body
+    opacity: enabled ? 1 : Theme.disabledOpacity
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    contentItem: SymbolAndText {
+        symbol: root.symbol
+        text: root.text
+        font: root.font
+        color: root.ink
+        spacing: root.spacing
+    }
+    background: Rectangle {
+        radius: Theme.radius
+        color: root.kind === PushButton.Primary ? Theme.accentFill : root.down ? Theme.controlPressed : root.hovered ? Theme.controlHovered : Theme.control
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            visible: root.kind === PushButton.Primary && (root.down || root.hovered)
+            color: root.down ? Theme.controlPressed : Theme.controlHovered
+        }
+        FocusRing {
+            shown: root.visualFocus
+        }
+    }
+}

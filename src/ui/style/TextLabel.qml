@@ -1,0 +1,15 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tallyvane.Style
+
+/// Text on a surface of the theme; body type and primary ink unless told otherwise.
+T.Label {
+    color: Theme.text
+    font: Theme.body
+    linkColor: Theme.accent
+    textFormat: Text.PlainText
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+}

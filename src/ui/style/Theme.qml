@@ -1,0 +1,78 @@
+pragma Singleton
+
+import QtQml
+import QtQuick
+import Tallyvane.Style
+
+/// The one place of colours, distances and type sizes. Type follows the desktop's text size.
+QtObject {
+    id: root
+
+    readonly property bool isDark: Appearance.isDark
+
+    // Surfaces, from the back to the front.
+    readonly property color window: isDark ? "#202124" : "#f6f6f8"
+    readonly property color panel: isDark ? "#2a2b2f" : "#fcfcfd"
+    readonly property color card: isDark ? "#2a2b2f" : "#ffffff"
+    readonly property color outline: isDark ? "#1fffffff" : "#1f000000"
+    readonly property color divider: isDark ? "#1cffffff" : "#18000000"
+    readonly property color shadow: isDark ? "#40000000" : "#14000000"
+
+    // Ink. The first two can be read as small text on every surface, the third as a symbol.
+    readonly property color text: isDark ? "#f3f3f5" : "#1c1c1f"
+    readonly property color secondaryText: isDark ? "#b6b7bd" : "#5d5e66"
+    readonly property color tertiaryText: isDark ? "#8e9098" : "#82848d"
+    readonly property color accent: Appearance.accentInk
+    readonly property color destructive: isDark ? "#ff8078" : "#c4231a"
+    readonly property color success: isDark ? "#30d158" : "#1f9d43"
+    readonly property color warning: isDark ? "#ffb340" : "#c25e00"
+    readonly property color indigo: isDark ? "#8b8af5" : "#5856d6"
+
+    // Controls.
+    readonly property color control: isDark ? "#1affffff" : "#0d000000"
+    readonly property color controlHovered: isDark ? "#26ffffff" : "#16000000"
+    readonly property color controlPressed: isDark ? "#33ffffff" : "#22000000"
+    readonly property color rowHovered: isDark ? "#12ffffff" : "#0a000000"
+    readonly property color accentFill: Appearance.accentFill
+    readonly property color whiteText: "#ffffff"
+    readonly property color switchOff: "#59808080"
+    readonly property color knob: "#ffffff"
+    readonly property color knobShadow: "#38000000"
+    readonly property color segment: isDark ? "#5a5c63" : "#ffffff"
+    readonly property double disabledOpacity: 0.4
+
+    // Distances, in pixels.
+    readonly property double smallSpacing: 4
+    readonly property double spacing: 8
+    readonly property double largeSpacing: 12
+    readonly property double padding: 14
+    readonly property double smallRadius: 6
+    readonly property double radius: 8
+    readonly property double largeRadius: 12
+    readonly property double focusWidth: 2
+    readonly property int quickly: 120 // milliseconds
+
+    // Type.
+    readonly property font body: type(13, Font.Normal)
+    readonly property font bodySemibold: type(13, Font.DemiBold)
+    readonly property font headline: type(15, Font.DemiBold)
+    readonly property font subheadline: type(13, Font.Normal)
+    readonly property font caption: type(12, Font.Normal)
+    readonly property font title: type(26, Font.DemiBold)
+    readonly property font title2: type(20, Font.DemiBold)
+    readonly property double symbolSize: scaled(16)
+    readonly property double smallSymbolSize: scaled(12)
+
+    /// A length in pixels that grows and shrinks with the desktop's text.
+    function scaled(pixels: double): double {
+        return Math.round(pixels * Appearance.textScale);
+    }
+
+    /// The desktop's font, `pixels` high at the usual text size.
+    function type(pixels: double, weight: int): font {
+        return Qt.font({
+            pixelSize: Math.max(1, root.scaled(pixels)),
+            weight: weight
+        });
+    }
+}

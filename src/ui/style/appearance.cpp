@@ -1,0 +1,111 @@
+#include "ui/style/appearance.h"
+
+#include "ui/style/engine.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QFontInfo>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPalette>
+#include <QtQml/QQmlEngine>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tallyvane::ui {
+
+namespace {
+
+// WCAG 2.1, "relative luminance" and "contrast ratio".
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
+/// `colour`, moved towards `end` until it can be read against `ground`.
+QColor readable(const QColor& colour, const QColor& ground, const QColor& end) {
+    constexpr double enough = 4.5;
+    constexpr int steps = 20;
+    QColor moved = colour;
+    for (int step = 1; step <= steps && contrast(moved, ground) < enough; ++step) {
+        const float part = static_cast<float>(step) / steps;
+        const auto mix = [part](float from, float to) { return from + (to - from) * part; };
+        moved = QColor::fromRgbF(mix(colour.redF(), end.redF()), mix(colour.greenF(), end.greenF()),
+                                 mix(colour.blueF(), end.blueF()));
+    }
+    return moved;
+}
+
+QColor systemAccent() {
+    return QGuiApplication::palette().color(QPalette::Active, QPalette::Highlight);
+}
+
+} // namespace
+
+Appearance::Appearance(model::AppAppearance choice, QObject* parent)
+    : QObject(parent), m_choice(choice) {
+    qGuiApp->installEventFilter(this);
+}
+
+void Appearance::setChoice(model::AppAppearance choice) {
+    if (std::exchange(m_choice, choice) != choice) {
+        Q_EMIT changed();
+    }
+}
+
+void Appearance::setSystemColourScheme(platform::ColourScheme scheme) {
+    if (std::exchange(m_system, scheme) != scheme) {
+        Q_EMIT changed();
+    }
+}
+
+bool Appearance::isDark() const {
+    if (m_choice != model::AppAppearance::system) {
+        return m_choice == model::AppAppearance::dark;
+    }
+    if (m_system != platform::ColourScheme::noPreference) {
+        return m_system == platform::ColourScheme::dark;
+    }
+    const QPalette palette = QGuiApplication::palette();
+    return luminance(palette.color(QPalette::Window)) <
+           luminance(palette.color(QPalette::WindowText));
+}
+
+double Appearance::textScale() const {
+    constexpr double tenPoints = 10 * 96.0 / 72;
+    return std::max(QFontInfo(QGuiApplication::font()).pixelSize() / tenPoints, 1.0);
+}
+
+QColor Appearance::accentFill() const {
+    return readable(systemAccent(), Qt::white, Qt::black);
+}
+
+QColor Appearance::accentInk() const {
+    // The raised surfaces of Theme.qml, on which contrast is lowest.
+    return isDark() ? readable(systemAccent(), QColor(0x35, 0x36, 0x3b), Qt::white)
+                    : readable(systemAccent(), QColor(0xf0, 0xf0, 0xf3), Qt::black);
+}
+
+Appearance* Appearance::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {
+    auto* appearance = engine->property(appearanceProperty).value<Appearance*>();
+    QJSEngine::setObjectOwnership(appearance, QJSEngine::CppOwnership);
+    return appearance;
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qGuiApp && (event->type() == QEvent::ApplicationFontChange ||
+                               event->type() == QEvent::ApplicationPaletteChange)) {
+        Q_EMIT changed();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace tallyvane::ui
