@@ -1,5 +1,7 @@
 #include "ui/dashboard/provider_card.h"
 
+#include "ui/style/colour.h"
+
 #include <cmath>
 
 namespace tallyvane::ui {
@@ -29,11 +31,6 @@ QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod 
 }
 
 } // namespace
-
-QColor toColour(const model::Colour& colour) {
-    return QColor::fromRgbF(static_cast<float>(colour.red), static_cast<float>(colour.green),
-                            static_cast<float>(colour.blue));
-}
 
 ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
                           const model::WeekdayTimeFormat& weekdayTime) {

@@ -66,8 +66,6 @@ public:
     bool operator==(const ProviderCard&) const = default;
 };
 
-[[nodiscard]] QColor toColour(const model::Colour& colour);
-
 [[nodiscard]] ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry,
                                         model::Timestamp now,
                                         const model::WeekdayTimeFormat& weekdayTime);
