@@ -10,6 +10,7 @@ T.Label {
     font: Theme.body
     linkColor: Theme.accent
     textFormat: Text.PlainText
+    horizontalAlignment: Text.AlignLeft // by the layout, not by the script of the text
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

@@ -10,6 +10,8 @@ QtObject {
 
     readonly property bool isDark: Appearance.isDark
 
+    readonly property bool isRightToLeft: Appearance.isRightToLeft
+
     // Surfaces, from the back to the front.
     readonly property color window: isDark ? "#202124" : "#f6f6f8"
     readonly property color panel: isDark ? "#2a2b2f" : "#fcfcfd"
@@ -57,6 +59,7 @@ QtObject {
     readonly property font bodySemibold: type(13, Font.DemiBold)
     readonly property font headline: type(15, Font.DemiBold)
     readonly property font subheadline: type(13, Font.Normal)
+    readonly property font subheadlineSemibold: type(13, Font.DemiBold)
     readonly property font caption: type(12, Font.Normal)
     readonly property font title: type(26, Font.DemiBold)
     readonly property font title2: type(20, Font.DemiBold)

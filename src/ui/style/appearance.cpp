@@ -9,6 +9,7 @@
 #include <QtQml/QQmlEngine>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -79,6 +80,10 @@ bool Appearance::isDark() const {
            luminance(palette.color(QPalette::WindowText));
 }
 
+bool Appearance::isRightToLeft() const {
+    return QGuiApplication::isRightToLeft();
+}
+
 double Appearance::textScale() const {
     constexpr double tenPoints = 10 * 96.0 / 72;
     return std::max(QFontInfo(QGuiApplication::font()).pixelSize() / tenPoints, 1.0);
@@ -101,8 +106,9 @@ Appearance* Appearance::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) 
 }
 
 bool Appearance::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == qGuiApp && (event->type() == QEvent::ApplicationFontChange ||
-                               event->type() == QEvent::ApplicationPaletteChange)) {
+    constexpr std::array types{QEvent::ApplicationFontChange, QEvent::ApplicationPaletteChange,
+                               QEvent::ApplicationLayoutDirectionChange};
+    if (watched == qGuiApp && std::ranges::find(types, event->type()) != types.end()) {
         Q_EMIT changed();
     }
     return QObject::eventFilter(watched, event);

@@ -12,13 +12,15 @@ class QQmlEngine;
 
 namespace tallyvane::ui {
 
-/// What the user and the desktop ask of every window's looks. Follows the application's font and
-/// palette by itself. In QML the singleton of that name, which engine.h hands over. Main thread.
+/// What the user and the desktop ask of every window's looks. Follows the application's font,
+/// palette and layout direction by itself. In QML the singleton of that name, which engine.h hands
+/// over. Main thread.
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(QColor accentFill READ accentFill NOTIFY changed)
     Q_PROPERTY(QColor accentInk READ accentInk NOTIFY changed)
@@ -32,6 +34,8 @@ public:
     void setSystemColourScheme(platform::ColourScheme scheme);
 
     [[nodiscard]] bool isDark() const;
+    /// Whether the user's language is written from right to left.
+    [[nodiscard]] bool isRightToLeft() const;
     /// How large the desktop's text is; 1 when it is 10 points at 96 dots per inch, or smaller.
     [[nodiscard]] double textScale() const;
     /// The desktop's accent colour, dark enough to carry white text (contrast 4.5, WCAG 2.1).

@@ -1,0 +1,205 @@
+#include "ui/menubar/gauge_image.h"
+
+#include <QtCore/QtEndian>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtGui/QPainterPathStroker>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+
+namespace tallyvane::ui {
+
+namespace {
+
+constexpr double grid = 22; // the side of the square that all coordinates below refer to
+
+/// The point at `turn` full turns clockwise from the top; y points down.
+QPointF onCircle(QPointF centre, double radius, double turn) {
+    const double angle = (turn * 360 - 90) * std::numbers::pi / 180;
+    return centre + radius * QPointF(std::cos(angle), std::sin(angle));
+}
+
+QPainterPath strokeOutline(const QPainterPath& line, double width) {
+    QPainterPathStroker stroker;
+    stroker.setWidth(width);
+    stroker.setCapStyle(Qt::RoundCap);
+    stroker.setJoinStyle(Qt::MiterJoin);
+    return stroker.createStroke(line);
+}
+
+QPainterPath slantedStroke() {
+    QPainterPath line(QPointF(5, 17));
+    line.lineTo(17, 5);
+    return strokeOutline(line, 2.1);
+}
+
+QPainterPath ring(QPointF centre) {
+    constexpr double radius = 3.7;
+    constexpr int segments = 64;
+    QPainterPath circle(onCircle(centre, radius, 0));
+    for (int i = 1; i <= segments; ++i) {
+        circle.lineTo(onCircle(centre, radius, static_cast<double>(i) / segments));
+    }
+    circle.closeSubpath();
+    return strokeOutline(circle, 0.8);
+}
+
+QPainterPath sector(QPointF centre, double value) {
+    constexpr double radius = 3.05;
+    constexpr double leastFraction = 0.001;
+    const double fraction = std::min(value / 100, 1.0);
+    if (!(fraction > leastFraction)) {
+        return {};
+    }
+    const int steps = std::max(static_cast<int>(fraction * 360), 2);
+    QPainterPath path(centre);
+    for (int k = 0; k <= steps; ++k) {
+        path.lineTo(onCircle(centre, radius, fraction * k / steps));
+    }
+    path.closeSubpath();
+    return path;
+}
+
+/// Every part of the drawing as an area to fill with the non-zero rule.
+std::array<QPainterPath, 5> gaugeAreas(const GaugeValues& values) {
+    constexpr QPointF codex(6.6, 6.6);
+    constexpr QPointF claude(15.4, 15.4);
+    return {slantedStroke(), ring(codex), sector(codex, values.codex.value_or(0)), ring(claude),
+            sector(claude, values.claude.value_or(0))};
+}
+
+QImage emptyImage(int size) {
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+/// A digit's strokes: top, top right, bottom right, bottom, bottom left, top left, middle.
+constexpr std::array<const char*, 10> digitStrokes{"1111110", "0110000", "1101101", "1111001",
+                                                   "0110011", "1011011", "1011111", "1110000",
+                                                   "1111111", "1111011"};
+
+/// Digits of straight strokes that keep to whole pixels, and so are sharp at the smallest size
+/// and need no font.
+QPainterPath digit(int number, const QRectF& box, double stroke) {
+    const double half = stroke / 2;
+    const QRectF line = box.adjusted(half, half, -half, -half);
+    const double middle = std::round(line.center().y() - half) + half;
+    const QPointF middleLeft(line.left(), middle);
+    const QPointF middleRight(line.right(), middle);
+    const std::array strokes{
+        QLineF(line.topLeft(), line.topRight()), QLineF(line.topRight(), middleRight),
+        QLineF(middleRight, line.bottomRight()), QLineF(line.bottomRight(), line.bottomLeft()),
+        QLineF(line.bottomLeft(), middleLeft),   QLineF(middleLeft, line.topLeft()),
+        QLineF(middleLeft, middleRight),
+    };
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (std::size_t i = 0; i < strokes.size(); ++i) {
+        if (digitStrokes[static_cast<std::size_t>(number)][i] == '1') {
+            const QRectF bare = QRectF(strokes[i].p1(), strokes[i].p2()).normalized();
+            path.addRoundedRect(bare.adjusted(-half, -half, half, half), half / 2, half / 2);
+        }
+    }
+    return path;
+}
+
+} // namespace
+
+QImage gaugeImage(const GaugeValues& values, int size, const QColor& ink) {
+    QImage image = emptyImage(size);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size / grid, size / grid);
+    for (const QPainterPath& area : gaugeAreas(values)) {
+        painter.fillPath(area, ink);
+    }
+    return image;
+}
+
+QImage figureImage(int figure, const GaugeValues& values, int size, const QColor& ink) {
+    const int stroke = std::max(2, qRound(size / 11.0));
+    const int gap = size / 11;
+    const int thin = std::max(1, size / 22);
+    const int digitHeight = size - 2 * stroke - gap - 2 * thin;
+    const int digitWidth = qRound(size * 0.36);
+
+    QImage image = emptyImage(size);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const QString text = QString::number(figure);
+    const auto widthOf = [&](QChar character) { return character == u'1' ? stroke : digitWidth; };
+    int textWidth = gap * static_cast<int>(text.size() - 1);
+    for (const QChar character : text) {
+        textWidth += widthOf(character);
+    }
+    int left = (size - textWidth + 1) / 2;
+    for (const QChar character : text) {
+        const QRectF box(left, thin, widthOf(character), digitHeight);
+        painter.fillPath(digit(character.digitValue(), box, stroke), ink);
+        left += widthOf(character) + gap;
+    }
+
+    QColor track = ink;
+    track.setAlphaF(ink.alphaF() * 0.35F);
+    int top = thin + digitHeight + gap;
+    for (const auto& value : {values.codex, values.claude}) {
+        painter.fillRect(QRectF(0, top, size, stroke), track);
+        painter.fillRect(QRectF(0, top, size * value.value_or(0) / 100, stroke), ink);
+        top += stroke + thin;
+    }
+    return image;
+}
+
+QByteArray symbolicSvg(const GaugeValues& values) {
+    QByteArray svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"16\" height=\"16\" "
+                     "viewBox=\"0 0 22 22\">\n"
+                     "<style id=\"current-color-scheme\" type=\"text/css\">"
+                     ".ColorScheme-Text{color:#232629}</style>\n";
+    const auto point = [](const QPainterPath::Element& element) {
+        return QByteArray::number(element.x, 'f', 3) + ' ' + QByteArray::number(element.y, 'f', 3);
+    };
+    for (const QPainterPath& area : gaugeAreas(values)) {
+        if (area.isEmpty()) {
+            continue;
+        }
+        svg += "<path class=\"ColorScheme-Text\" fill=\"currentColor\" d=\"";
+        for (int i = 0; i < area.elementCount(); ++i) {
+            const QPainterPath::Element element = area.elementAt(i);
+            switch (element.type) {
+            case QPainterPath::MoveToElement:
+                svg += 'M';
+                break;
+            case QPainterPath::LineToElement:
+                svg += 'L';
+                break;
+            case QPainterPath::CurveToElement:
+                svg += 'C';
+                break;
+            case QPainterPath::CurveToDataElement:
+                svg += ' ';
+                break;
+            }
+            svg += point(element);
+        }
+        svg += "Z\"/>\n";
+    }
+    return svg + "</svg>\n";
+}
+
+QByteArray networkPixels(const QImage& image) {
+    const QImage plain = image.convertToFormat(QImage::Format_ARGB32);
+    QByteArray bytes(qsizetype{plain.width()} * plain.height() * 4, Qt::Uninitialized);
+    auto* to = bytes.data();
+    for (int y = 0; y < plain.height(); ++y) {
+        qToBigEndian<quint32>(plain.constScanLine(y), plain.width(), to);
+        to += qsizetype{plain.width()} * 4;
+    }
+    return bytes;
+}
+
+} // namespace tallyvane::ui

@@ -1,0 +1,127 @@
+#include "ui/menubar/quota_panel.h"
+
+#include "ui/menubar/menu_bar_quota_view_model.h"
+
+#include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickView>
+
+#include <algorithm>
+#include <chrono>
+
+namespace tallyvane::ui {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+bool tellsThePointer() {
+    return QGuiApplication::platformName() == QLatin1StringView("xcb");
+}
+
+QRect availableAt(QPoint point) {
+    const QScreen* screen = QGuiApplication::screenAt(point);
+    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+} // namespace
+
+QPoint panelPosition(QSize size, QPoint point, QRect available) {
+    constexpr int gap = 8;
+    const QRect room = available.adjusted(gap, gap, -gap, -gap);
+    const bool isBelow = point.y() < available.center().y();
+    const QPoint wished(point.x() - size.width() / 2,
+                        isBelow ? point.y() + gap : point.y() - gap - size.height());
+    // A panel too large for the screen shows its start.
+    return {std::max(std::min(wished.x(), room.right() + 1 - size.width()), room.left()),
+            std::max(std::min(wished.y(), room.bottom() + 1 - size.height()), room.top())};
+}
+
+class QuotaPanel::Window : public QQuickView {
+public:
+    Window(QuotaPanel& panel, QQmlEngine& engine) : QQuickView(&engine, nullptr), m_panel(panel) {
+        // Not Qt::Popup, which gets no keys.
+        setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        setTitle(QGuiApplication::applicationDisplayName());
+        setInitialProperties(
+            {{QStringLiteral("viewModel"), QVariant::fromValue(&panel.m_viewModel)}});
+        setSource(QUrl(QStringLiteral("qrc:/Tallyvane/MenuBar/MenuBarQuotaView.qml")));
+    }
+
+protected:
+    void exposeEvent(QExposeEvent* event) override {
+        QQuickView::exposeEvent(event);
+        // Only a window on show can have the presses elsewhere.
+        if (isExposed() && tellsThePointer()) {
+            setMouseGrabEnabled(true);
+        }
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        if (QRectF(QPointF(), QSizeF(size())).contains(event->position())) {
+            QQuickView::mousePressEvent(event);
+        } else {
+            m_panel.close();
+        }
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        QQuickView::keyPressEvent(event);
+        if (!event->isAccepted() && event->key() == Qt::Key_Escape) {
+            m_panel.close();
+        }
+    }
+
+    void focusOutEvent(QFocusEvent* event) override {
+        QQuickView::focusOutEvent(event);
+        m_panel.close();
+    }
+
+private:
+    QuotaPanel& m_panel;
+};
+
+QuotaPanel::QuotaPanel(std::function<QQmlEngine&()> engine, MenuBarQuotaViewModel& viewModel)
+    : m_engine(std::move(engine)), m_viewModel(viewModel) {
+    connect(&viewModel, &MenuBarQuotaViewModel::openRequested, this, &QuotaPanel::close);
+    connect(&viewModel, &MenuBarQuotaViewModel::quitRequested, this, &QuotaPanel::close);
+}
+
+QuotaPanel::~QuotaPanel() = default;
+
+void QuotaPanel::toggle(QPoint itemPosition) {
+    if (isOpen()) {
+        close();
+    } else if (m_samePress.hasExpired()) {
+        open(itemPosition);
+    }
+}
+
+void QuotaPanel::open(QPoint itemPosition) {
+    if (!isOpen()) {
+        m_window = std::make_unique<Window>(*this, m_engine());
+    }
+    const QPoint point = tellsThePointer() ? QCursor::pos() : itemPosition;
+    m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
+    m_window->show();
+    m_window->requestActivate();
+}
+
+void QuotaPanel::close() {
+    if (!isOpen()) {
+        return;
+    }
+    m_samePress.setRemainingTime(250ms);
+    m_closed = std::move(m_window);
+    m_closed->hide();
+    QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);
+}
+
+QWindow* QuotaPanel::window() const {
+    return m_window.get();
+}
+
+} // namespace tallyvane::ui

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/app_model.h"
+#include "support/fake_secret_store.h"
+#include "support/manual_clock.h"
+
+#include <QtCore/QTemporaryDir>
+
+namespace tallyvane::tests {
+
+/// An AppModel for views to watch, in a home of its own, where neither assistant is installed.
+class IdleModel {
+    struct SilentWidgetCentre final : platform::WidgetCentre {
+        void reloadTimelines(const QString& /*kind*/) override {}
+        void reloadAllTimelines() override {}
+    };
+
+    QTemporaryDir m_home;
+    std::filesystem::path m_root{m_home.path().toStdString()};
+    model::StoreLocations m_locations{.dataHome = m_root / "data", .configHome = m_root / "config"};
+    ManualClock m_clock{model::Timestamp{}};
+    FakeSecretStore m_secrets;
+    SilentWidgetCentre m_widgetCentre;
+    model::SharedStore m_store{m_locations};
+    model::DefaultsStore m_defaults = model::DefaultsStore::openFirst(
+        m_locations.defaultsSuite(), m_locations.standardDefaults());
+    providers::ProcessRunner m_runner{m_clock};
+    providers::CodexQuotaClient m_codexClient{{}, m_runner, m_clock};
+    providers::ClaudeQuotaClient m_claudeClient{
+        {.credentialsFile = m_root / "credentials.json"}, m_secrets, m_clock};
+    history::LocalTokenEstimator m_tokenEstimator{m_root};
+    notify::QuotaNotifier m_notifier;
+
+public:
+    explicit IdleModel(const model::QuotaSnapshot& snapshot)
+        : model({.store = m_store,
+                 .defaults = m_defaults,
+                 .codexClient = m_codexClient,
+                 .claudeClient = m_claudeClient,
+                 .tokenEstimator = m_tokenEstimator,
+                 .notifier = m_notifier,
+                 .widgetCentre = m_widgetCentre,
+                 .clock = m_clock},
+                snapshot) {}
+
+    core::AppModel model;
+};
+
+} // namespace tallyvane::tests
