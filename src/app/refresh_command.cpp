@@ -5,6 +5,7 @@
 #include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
 #include "platform/linux/dbus_application.h"
+#include "platform/linux/dbus_notification_centre.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/secret_service_store.h"
 
@@ -55,7 +56,8 @@ ExitCode refreshHere(const Environment& environment) {
     providers::ClaudeQuotaClient claudeClient(
         {.credentialsFile = environment.home / ".claude" / ".credentials.json"}, secrets, clock);
     history::LocalTokenEstimator tokenEstimator(environment.home);
-    notify::QuotaNotifier notifier;
+    platform::DBusNotificationCentre notificationCentre;
+    notify::QuotaNotifier notifier(notificationCentre);
     core::AppModel model({.store = store,
                           .defaults = defaults,
                           .codexClient = codexClient,

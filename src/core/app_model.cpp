@@ -54,11 +54,17 @@ AppModel::AppModel(const Collaborators& with, std::optional<QuotaSnapshot> snaps
     m_history = history.value_or(history::UsageHistory{});
     m_appearance = model::fromRawValue<model::AppAppearance>(with.defaults.text(appearanceKey))
                        .value_or(model::AppAppearance::system);
+    m_notificationSettings = notify::loadNotificationSettings(with.defaults);
 }
 
 void AppModel::setAppearance(model::AppAppearance appearance) {
     m_with.defaults.setText(appearanceKey, model::rawValue(appearance));
     m_appearance = appearance;
+}
+
+void AppModel::setNotificationSettings(const notify::NotificationSettings& settings) {
+    notify::saveNotificationSettings(m_with.defaults, settings);
+    m_notificationSettings = settings;
 }
 
 void AppModel::clearHistory() {
@@ -129,7 +135,8 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
 
     m_history = *recorded;
     m_snapshot = current;
-    m_with.notifier.process(current, m_notificationSettings);
+    m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(),
+                            QTimeZone::systemTimeZone());
     m_lastError = codex.failure;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();

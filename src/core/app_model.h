@@ -73,6 +73,9 @@ public:
     /// Also stores it under "appearance".
     void setAppearance(model::AppAppearance appearance);
 
+    /// Also stores them.
+    void setNotificationSettings(const notify::NotificationSettings& settings);
+
     /// Empties the history, on show and on the disk. The token baselines stay, so that the next
     /// refresh counts only new tokens. What cannot be written is no error here.
     void clearHistory();

@@ -2,7 +2,6 @@
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
-#include <QtCore/QLocale>
 
 namespace tallyvane::history {
 
@@ -39,12 +38,7 @@ std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& 
 }
 
 QString id(const UsageHistoryPoint& point) {
-    const double seconds = std::chrono::duration<double>(point.date.time_since_epoch()).count();
-    QString text = QString::number(seconds, 'f', QLocale::FloatingPointShortest);
-    if (!text.contains(u'.')) {
-        text += QStringLiteral(".0");
-    }
-    return model::rawValue(point.provider) + QLatin1Char('-') + text;
+    return model::rawValue(point.provider) + QLatin1Char('-') + model::unixSecondsText(point.date);
 }
 
 std::optional<UsageHistory> loadHistory(const model::SharedStore& store) {

@@ -168,6 +168,24 @@ std::int64_t JsonReader::integer(QLatin1StringView key) const {
     return value.value_or(0);
 }
 
+bool JsonReader::boolean(QLatin1StringView key) const {
+    const QJsonValue value = m_object[key];
+    if (!value.isBool()) {
+        note(key, "is not true or false");
+    }
+    return value.toBool();
+}
+
+QUuid JsonReader::uuid(QLatin1StringView key) const {
+    const QString written = text(key);
+    const QUuid value = QUuid::fromString(written);
+    // Qt takes more forms than the standard one, and nil for anything else.
+    if (value.toString(QUuid::WithoutBraces).compare(written, Qt::CaseInsensitive) != 0) {
+        note(key, "is not a UUID");
+    }
+    return value;
+}
+
 Timestamp JsonReader::timestamp(QLatin1StringView key) const {
     const std::optional<Timestamp> value = parseTimestamp(text(key), FractionalSeconds::rejected);
     if (!value) {

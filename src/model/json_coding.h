@@ -7,6 +7,7 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QJsonValue>
 #include <QtCore/QString>
+#include <QtCore/QUuid>
 
 #include <cstdint>
 #include <expected>
@@ -40,6 +41,8 @@ public:
 
     [[nodiscard]] double number(QLatin1StringView key) const;
     [[nodiscard]] std::int64_t integer(QLatin1StringView key) const;
+    [[nodiscard]] bool boolean(QLatin1StringView key) const;
+    [[nodiscard]] QUuid uuid(QLatin1StringView key) const;
     [[nodiscard]] Timestamp timestamp(QLatin1StringView key) const;
 
     /// Optional members may be missing or null.

@@ -1,5 +1,7 @@
 #include "model/timestamp.h"
 
+#include <QtCore/QLocale>
+
 #include <cmath>
 
 namespace tallyvane::model {
@@ -122,6 +124,15 @@ QString formatTimestamp(Timestamp timestamp) {
                              static_cast<int>(time.hours().count()),
                              static_cast<int>(time.minutes().count()),
                              static_cast<int>(time.seconds().count()));
+}
+
+QString unixSecondsText(Timestamp timestamp) {
+    const double seconds = duration<double>(timestamp.time_since_epoch()).count();
+    QString text = QString::number(seconds, 'f', QLocale::FloatingPointShortest);
+    if (!text.contains(u'.')) {
+        text += QStringLiteral(".0");
+    }
+    return text;
 }
 
 std::optional<Timestamp> timestampFromUnixSeconds(double seconds) {

@@ -21,6 +21,10 @@ enum class FractionalSeconds { rejected, allowed };
 /// Writes "2025-01-31T14:05:00Z": UTC, whole seconds, rounded down.
 [[nodiscard]] QString formatTimestamp(Timestamp timestamp);
 
+/// The seconds since 1970-01-01T00:00:00Z as the shortest decimal that reads back as the same
+/// double, always with a fraction: "1738281600.0".
+[[nodiscard]] QString unixSecondsText(Timestamp timestamp);
+
 /// The moment `seconds` after 1970-01-01T00:00:00Z; nothing when it is not finite or lies outside
 /// the years 0000 to 9999.
 [[nodiscard]] std::optional<Timestamp> timestampFromUnixSeconds(double seconds);

@@ -1,5 +1,6 @@
 #include "core/app_model.h"
 #include "core/auto_refresh.h"
+#include "support/fake_notification_centre.h"
 #include "support/fake_secret_store.h"
 #include "support/manual_clock.h"
 #include "support/test_main.h"
@@ -68,7 +69,8 @@ struct Desk {
         {home.filePath(QStringLiteral("codex"))}, runner, clock};
     providers::ClaudeQuotaSource source;
     history::LocalTokenEstimator tokenEstimator{root};
-    notify::QuotaNotifier notifier;
+    tests::FakeNotificationCentre notificationCentre;
+    notify::QuotaNotifier notifier{notificationCentre};
 };
 
 /// The part of a desk that is made when its files and the server are set up.
@@ -221,6 +223,25 @@ private Q_SLOTS:
         QCOMPARE(Running(desk).model.appearance(), model::AppAppearance::system);
         Running(desk).model.setAppearance(model::AppAppearance::dark);
         QCOMPARE(Running(desk).model.appearance(), model::AppAppearance::dark);
+    }
+
+    void tellsOfAReset() {
+        Desk desk(m_identity);
+        Running running(desk);
+        const QSignalSpy changed(&running.model, &core::AppModel::notificationSettingsChanged);
+        const notify::NotificationSettings anyTime{.enabled = true, .windows = {{.allDay = true}}};
+        running.model.setNotificationSettings(anyTime);
+        running.model.setNotificationSettings(anyTime);
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(Running(desk).model.notificationSettings() == anyTime);
+        for (const int used : {42, 3}) {
+            QVERIFY(desk.notificationCentre.posts.isEmpty());
+            desk.installCodex(used);
+            QCoro::waitFor(running.model.refresh());
+        }
+        QCOMPARE(desk.notificationCentre.posts.size(), 1);
+        QCOMPARE(desk.notificationCentre.posts[0].identifier,
+                 QStringLiteral("reset-codex-1775779200.0"));
     }
 
     void refreshesEveryFiveMinutes() {
