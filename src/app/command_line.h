@@ -14,8 +14,8 @@ enum class OutputFormat { text, json, waybar };
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    StartMode startMode = StartMode::withWindow;    ///< of the desktop program
     OutputFormat outputFormat = OutputFormat::text; ///< waybar with `status` alone
+    StartMode startMode = StartMode::withWindow;    ///< of the desktop program
 
     bool operator==(const CommandLine&) const = default;
 };

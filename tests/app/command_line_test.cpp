@@ -24,6 +24,7 @@ private Q_SLOTS:
         understood("status --json", {Command::status, OutputFormat::json});
         understood("history --json", {Command::history, OutputFormat::json});
         understood("--waybar status", {Command::status, OutputFormat::waybar});
+        understood("--background", {.startMode = StartMode::background});
         understood("tokens", {.command = Command::tokens});
         understood("tokens --json", {Command::tokens, OutputFormat::json});
         understood("status -h", {.command = Command::help});
@@ -32,6 +33,7 @@ private Q_SLOTS:
         refused("status --jsn", "jsn");
         refused("statuses", "statuses");
         refused("refresh status", "status");
+        refused("refresh --background", "background");
         refused("refresh --json", "status");
         refused("history --waybar", "status");
         refused("--waybar", "status");

@@ -1,4 +1,6 @@
-#include "model/quota_snapshot.h"
+#include "model/shared_store.h"
+#include "platform/linux/dbus_application.h"
+#include "support/private_bus.h"
 #include "support/test_main.h"
 
 #include <QtCore/QDir>
@@ -6,6 +8,9 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
+#include <QtTest/QSignalSpy>
+
+using namespace tallyvane;
 
 namespace {
 
@@ -18,13 +23,14 @@ struct Run {
 } // namespace
 
 /// Drives the installed program as a user does, in a home of its own for each test.
-class ProgramTest : public tallyvane::tests::HermeticTest {
+class ProgramTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
     void init() {
         HermeticTest::init();
         m_home = std::make_unique<QTemporaryDir>();
+        m_program = QStringLiteral(TALLYVANE_PROGRAM);
     }
 
     void refusesWhatItDoesNotKnow() {
@@ -32,7 +38,79 @@ private Q_SLOTS:
         QCOMPARE(unknown.exitCode, 2);
         QCOMPARE(unknown.error, QStringLiteral("tallyvane: Unknown option 'colour'. "
                                                "Try 'tallyvane --help'.\n"));
-        QCOMPARE(run({}).exitCode, 1);
+    }
+
+    void becomesTheDesktopProgram() {
+        m_program = m_home->filePath(QStringLiteral("bin/tallyvane"));
+        QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral("bin")));
+        QVERIFY(QFile::copy(QStringLiteral(TALLYVANE_PROGRAM), m_program));
+        const Run absent = run({});
+        QCOMPARE(absent.exitCode, 1);
+        QVERIFY2(absent.error.contains(u"not installed"), qPrintable(absent.error));
+        install("libexec/tallyvane-desktop", "echo libexec $*; exit 42");
+        const Run installed = run({QStringLiteral("--background")});
+        QCOMPARE(installed.output, QStringLiteral("libexec --background\n"));
+        QCOMPARE(installed.exitCode, 42);
+        install("bin/tallyvane-desktop", "echo beside $*");
+        QCOMPARE(run({}).output, QStringLiteral("beside\n"));
+        QVERIFY(QFile(m_home->filePath(QStringLiteral("bin/tallyvane-desktop")))
+                    .setPermissions(QFile::ReadOwner));
+        QVERIFY(run({}).error.contains(u"Permission denied"));
+    }
+
+    void goesThroughTheRunningProgram() {
+        const tests::PrivateBus bus;
+        const model::StoreLocations locations{
+            .dataHome = m_home->filePath(QStringLiteral("data")).toStdString()};
+        const model::SharedStore store(locations);
+        const auto now =
+            std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+        model::QuotaSnapshot snapshot = model::placeholderSnapshot(now);
+        for (model::ProviderQuotaSnapshot& entry : snapshot.providers) {
+            entry.syncState = model::QuotaSyncState::current;
+            entry.syncedAt = now;
+        }
+        std::function<QCoro::Task<bool>()> refresh = [&] {
+            return stored(store.saveSnapshot(snapshot).has_value());
+        };
+        platform::DBusApplication desktop([&refresh] { return refresh(); });
+        const QSignalSpy activated(&desktop, &platform::DBusApplication::activated);
+        QCOMPARE(desktop.registerOnBus(), platform::DBusApplication::Registration::owner);
+
+        const Run current = run({QStringLiteral("refresh")});
+        QCOMPARE(current.exitCode, 0);
+        QVERIFY2(current.output.contains(u"Claude, synced just now"), qPrintable(current.output));
+        QCOMPARE(current.error, QString());
+
+        snapshot.providers[0].syncState = model::QuotaSyncState::pending;
+        snapshot.providers[1].syncState = model::QuotaSyncState::pending;
+        snapshot.providers[1].statusMessage = QStringLiteral("Rate limited");
+        const Run pending = run({QStringLiteral("refresh")});
+        QCOMPARE(pending.exitCode, 3);
+        QVERIFY2(pending.error.startsWith(u"tallyvane: Codex: Not refreshed") &&
+                     pending.error.endsWith(u"\ntallyvane: Claude: Rate limited\n"),
+                 qPrintable(pending.error));
+
+        refresh = [] { return stored(false); };
+        QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 1);
+
+        QCOMPARE(run({QStringLiteral("--background")}).exitCode, 0);
+        QCOMPARE(activated.count(), 0);
+        qputenv("XDG_ACTIVATION_TOKEN", "token");
+        QCOMPARE(run({}).exitCode, 0);
+        qunsetenv("XDG_ACTIVATION_TOKEN");
+        QCOMPARE(activated.value(0), QVariantList{QStringLiteral("token")});
+    }
+
+    void refreshesWhenTheRunningProgramCrashes() {
+        const tests::PrivateBus bus;
+        QProcess desktop;
+        desktop.start(QStringLiteral(CRASHING_PROGRAM), QStringList());
+        QVERIFY(desktop.waitForReadyRead());
+        const Run own = run({QStringLiteral("refresh")});
+        QCOMPARE(own.exitCode, 3);
+        QVERIFY2(own.error.contains(u"Could not find Codex CLI."), qPrintable(own.error));
+        QTRY_COMPARE(desktop.state(), QProcess::NotRunning);
     }
 
     void helps() {
@@ -161,15 +239,20 @@ private Q_SLOTS:
     }
 
 private:
-    /// Puts a shell script where the program looks for the Codex CLI.
-    void installCodex(const char* script) {
-        QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral(".local/bin")));
-        QFile codex(m_home->filePath(QStringLiteral(".local/bin/codex")));
-        QVERIFY(codex.open(QIODevice::WriteOnly));
-        codex.write("#!/bin/sh\n");
-        codex.write(script);
-        codex.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    static QCoro::Task<bool> stored(bool isStored) { co_return isStored; }
+
+    /// Puts a shell script into the home.
+    void install(const char* path, const char* script) {
+        QFile file(m_home->filePath(QString::fromLatin1(path)));
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\n");
+        file.write(script);
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
+
+    /// Where the program looks for the Codex CLI.
+    void installCodex(const char* script) { install(".local/bin/codex", script); }
 
     Run run(const QStringList& arguments) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -180,14 +263,16 @@ private:
                            m_home->filePath(QStringLiteral("config")));
         QProcess program;
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(TALLYVANE_PROGRAM), arguments);
-        const bool isFinished = program.waitForFinished();
+        program.start(m_program, arguments);
+        const bool isFinished =
+            QTest::qWaitFor([&program] { return program.state() == QProcess::NotRunning; }, 30'000);
         return {.exitCode = isFinished ? program.exitCode() : -1,
                 .output = QString::fromUtf8(program.readAllStandardOutput()),
                 .error = QString::fromUtf8(program.readAllStandardError())};
     }
 
     std::unique_ptr<QTemporaryDir> m_home;
+    QString m_program;
 };
 
 TALLYVANE_TEST_MAIN(ProgramTest)

@@ -1,6 +1,6 @@
 /// A program of which one instance runs, as the desktop program is: the first stays and writes what
 /// it is asked for, a line each; the others make it show its window and end. The argument is the
-/// token that they pass on.
+/// token that they pass on. A refresh is its end.
 
 #include "platform/linux/dbus_application.h"
 #include "platform/linux/termination_signals.h"
@@ -8,6 +8,7 @@
 #include <QtCore/QCoreApplication>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace tallyvane::platform;
 
@@ -18,8 +19,9 @@ void say(const QString& line) {
     std::fflush(stdout);
 }
 
-QCoro::Task<bool> nothingToRefresh() {
-    co_return true;
+QCoro::Task<bool> crash() {
+    std::_Exit(1);
+    co_return false;
 }
 
 } // namespace
@@ -30,7 +32,7 @@ int main(int argc, char** argv) {
         say(QStringLiteral("terminated"));
         QCoreApplication::quit();
     });
-    DBusApplication application(nothingToRefresh);
+    DBusApplication application(crash);
     QObject::connect(&application, &DBusApplication::activated,
                      [](const QString& token) { say(QStringLiteral("activated ") + token); });
     QObject::connect(&application, &DBusApplication::refreshRequested,
