@@ -1,6 +1,7 @@
 #include "model/locale_labels.h"
 
 #include <unicode/calendar.h>
+#include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
 #include <unicode/numberformatter.h>
 #include <unicode/smpdtfmt.h>
@@ -64,6 +65,27 @@ struct LocaleLabels::Formatters {
         return plain(text);
     }
 
+    /// 0 for "am" or the locale's text for it, 1 for "pm"; nothing for other letters.
+    [[nodiscard]] std::optional<int> halfOfDay(const QString& letters) const {
+        if (letters.isEmpty()) {
+            return std::nullopt;
+        }
+        UErrorCode status = U_ZERO_ERROR;
+        const icu::DateFormatSymbols symbols(locale, status);
+        require(status);
+        int32_t count = 0;
+        const icu::UnicodeString* own = symbols.getAmPmStrings(count);
+        constexpr std::array english{QLatin1StringView{"am"}, QLatin1StringView{"pm"}};
+        for (int half = 0; half < 2; ++half) {
+            QString text = half < count ? plain(own[half]).toLower() : QString();
+            text.removeIf([](QChar character) { return !character.isLetter(); });
+            if (letters == text || letters == english[half] || letters == english[half].first(1)) {
+                return half;
+            }
+        }
+        return std::nullopt;
+    }
+
     [[nodiscard]] QString format(QDate day, const char* skeleton) const {
         return format(day.startOfDay(Qt::UTC), skeleton);
     }
@@ -112,11 +134,43 @@ QString LocaleLabels::timeOfDay(int minutes) const {
                                 "jmm");
 }
 
-bool LocaleLabels::hasTwelveHourClock() const {
-    UErrorCode status = U_ZERO_ERROR;
-    const auto cycle = m_formatters->patterns->getDefaultHourCycle(status);
-    require(status);
-    return cycle == UDAT_HOUR_CYCLE_11 || cycle == UDAT_HOUR_CYCLE_12;
+std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
+    // Groups of digits of any script, and the letters that may say which half of the day is meant.
+    QStringList groups;
+    QString letters;
+    bool isInGroup = false;
+    for (const QChar character : text) {
+        if (character.isDigit()) {
+            if (!isInGroup) {
+                groups << QString();
+            }
+            groups.back() += QString::number(character.digitValue());
+        } else if (character.isLetter()) {
+            letters += character.toLower();
+        }
+        isInGroup = character.isDigit();
+    }
+    if (groups.size() == 1 && groups[0].size() > 2) {
+        groups << groups[0].last(2);
+        groups[0].chop(2);
+    }
+    if (groups.isEmpty() || groups.size() > 2) {
+        return std::nullopt;
+    }
+    int hour = groups[0].toInt();
+    const int minute = groups.size() > 1 ? groups[1].toInt() : 0;
+    if (const auto half = m_formatters->halfOfDay(letters)) {
+        if (hour < 1 || hour > 12) {
+            return std::nullopt;
+        }
+        hour = hour % 12 + 12 * *half;
+    } else if (!letters.isEmpty() && letters != QLatin1StringView("h")) {
+        return std::nullopt;
+    }
+    if (groups[0].size() > 2 || hour > 23 || minute > 59) {
+        return std::nullopt;
+    }
+    return hour * 60 + minute;
 }
 
 Qt::DayOfWeek LocaleLabels::firstWeekday() const {

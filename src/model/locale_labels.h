@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace tallyvane::model {
@@ -32,7 +33,9 @@ public:
 
     /// "14:05" or "2:05 PM"; `minutes` after midnight, 0 to 1439.
     [[nodiscard]] QString timeOfDay(int minutes) const;
-    [[nodiscard]] bool hasTwelveHourClock() const;
+    /// Reads what a person may write for a time of day, such as "14:05", "1405", "9", "2.05 pm" or
+    /// timeOfDay's own texts, as minutes after midnight; nothing when it is no time of day.
+    [[nodiscard]] std::optional<int> parseTimeOfDay(QStringView text) const;
 
     [[nodiscard]] Qt::DayOfWeek firstWeekday() const;
 

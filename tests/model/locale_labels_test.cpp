@@ -11,10 +11,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("locale");
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<Qt::DayOfWeek>("firstWeekday");
-        QTest::addColumn<bool>("isTwelveHour");
-        const auto row = [](const char* locale, const QStringList& texts, Qt::DayOfWeek first,
-                            bool isTwelveHour) {
-            QTest::newRow(locale) << QByteArray(locale) << texts << first << isTwelveHour;
+        const auto row = [](const char* locale, const QStringList& texts, Qt::DayOfWeek first) {
+            QTest::newRow(locale) << QByteArray(locale) << texts << first;
         };
         const QStringList english{
             QStringLiteral("12K"),           QStringLiteral("1.2M"),
@@ -22,20 +20,19 @@ private Q_SLOTS:
             QStringLiteral("November 2026"), QStringLiteral("Nov 21"),
             QStringLiteral("Sat"),           QStringLiteral("Sat, Nov 21, 2026"),
             QStringLiteral("11:59 PM")};
-        row("en_US.UTF-8", english, Qt::Sunday, true);
-        row("no such locale", english, Qt::Sunday, true);
+        row("en_US.UTF-8", english, Qt::Sunday);
+        row("no such locale", english, Qt::Sunday);
         row("de_DE.UTF-8",
             {QStringLiteral("12.345"), QStringLiteral("1,2\u00A0Mio."), QStringLiteral("0,25"),
              QStringLiteral("Nov"), QStringLiteral("November 2026"), QStringLiteral("21. Nov."),
              QStringLiteral("Sa"), QStringLiteral("Sa., 21. Nov. 2026"), QStringLiteral("23:59")},
-            Qt::Monday, false);
+            Qt::Monday);
     }
 
     void texts() {
         QFETCH(QByteArray, locale);
         QFETCH(QStringList, texts);
         QFETCH(Qt::DayOfWeek, firstWeekday);
-        QFETCH(bool, isTwelveHour);
         const LocaleLabels labels(locale.toStdString());
         const QDate day(2026, 11, 21);
         QCOMPARE(QStringList({labels.compactNumber(12'345), labels.compactNumber(1'234'567),
@@ -44,7 +41,31 @@ private Q_SLOTS:
                               labels.timeOfDay(1439)}),
                  texts);
         QCOMPARE(labels.firstWeekday(), firstWeekday);
-        QCOMPARE(labels.hasTwelveHourClock(), isTwelveHour);
+        QCOMPARE(labels.parseTimeOfDay(texts.back()), 1439);
+    }
+
+    void readsTimes() {
+        const std::pair<const char*, std::optional<int>> rows[] = {{"00:00", 0},
+                                                                   {" 9 ", 540},
+                                                                   {"9:05", 545},
+                                                                   {"0905", 545},
+                                                                   {"14.30", 870},
+                                                                   {"12 AM", 0},
+                                                                   {"12:30pm", 750},
+                                                                   {"1 p.m.", 780},
+                                                                   {"24:00", {}},
+                                                                   {"9:60", {}},
+                                                                   {"13 pm", {}},
+                                                                   {"0 am", {}},
+                                                                   {"", {}},
+                                                                   {"noon", {}},
+                                                                   {"1:2:3", {}},
+                                                                   {"99999999", {}},
+                                                                   {"\u0669:\u0663\u0660", 570}};
+        const LocaleLabels labels("en_US");
+        for (const auto& [text, minutes] : rows) {
+            QVERIFY2(labels.parseTimeOfDay(QString::fromUtf8(text)) == minutes, text);
+        }
     }
 };
 

@@ -6,9 +6,13 @@ namespace tallyvane::ui {
 
 DashboardModel::DashboardModel(const core::AppModel& model, platform::Clock& clock,
                                model::WeekdayTimeFormat weekdayTime, const QUrl& website,
-                               std::function<void()> refresh, QObject* parent)
-    : QObject(parent), m_model(model), m_clock(clock), m_weekdayTime(std::move(weekdayTime)),
-      m_website(website), m_refresh(std::move(refresh)), m_toast(clock) {
+                               QObject* parent)
+    : QObject(parent),
+      m_model(model),
+      m_clock(clock),
+      m_weekdayTime(std::move(weekdayTime)),
+      m_website(website),
+      m_toast(clock) {
     connect(&model, &core::AppModel::snapshotChanged, this, &DashboardModel::update);
     connect(&model, &core::AppModel::lastErrorChanged, this, &DashboardModel::update);
     connect(&model, &core::AppModel::isRefreshingChanged, this, [this] {
@@ -18,8 +22,6 @@ DashboardModel::DashboardModel(const core::AppModel& model, platform::Clock& clo
     m_toast.setRefreshing(isRefreshing());
     update();
 }
-
-void DashboardModel::refresh() { m_refresh(); }
 
 void DashboardModel::update() {
     const model::Timestamp now = m_clock.now();

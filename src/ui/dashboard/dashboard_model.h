@@ -5,8 +5,6 @@
 #include "ui/dashboard/provider_card.h"
 #include "ui/dashboard/refresh_toast_model.h"
 
-#include <functional>
-
 namespace tallyvane::ui {
 
 /// What the dashboard shows. Its texts stay true while it lives: they are written anew when the
@@ -25,24 +23,25 @@ class DashboardModel : public QObject {
 
 public:
     /// The figures come from `model` and the time from `clock`, which outlive it; times are written
-    /// by `weekdayTime`. `website` is the maker's. `refresh` starts a refresh and returns at once.
+    /// by `weekdayTime`. `website` is the maker's.
     DashboardModel(const core::AppModel& model, platform::Clock& clock,
                    model::WeekdayTimeFormat weekdayTime, const QUrl& website,
-                   std::function<void()> refresh, QObject* parent = nullptr);
+                   QObject* parent = nullptr);
 
     [[nodiscard]] ProviderCard codex() const { return m_shown.codex; }
     [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
     [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
-    [[nodiscard]] QString lastError() const { return m_shown.lastError; } ///< empty when there is none
+    [[nodiscard]] QString lastError() const {
+        return m_shown.lastError;
+    } ///< empty when there is none
     [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
     [[nodiscard]] RefreshToastModel* toast() { return &m_toast; }
     [[nodiscard]] QUrl website() const { return m_website; }
 
-    Q_INVOKABLE void refresh();
-
 Q_SIGNALS:
     void changed();
     void isRefreshingChanged();
+    void refreshRequested(); ///< by the user
 
 private:
     struct Shown {
@@ -60,7 +59,6 @@ private:
     platform::Clock& m_clock;
     model::WeekdayTimeFormat m_weekdayTime;
     QUrl m_website;
-    std::function<void()> m_refresh;
     RefreshToastModel m_toast;
     Shown m_shown;
     std::unique_ptr<platform::Alarm> m_nextChange;

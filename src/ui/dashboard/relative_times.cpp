@@ -10,7 +10,7 @@ std::optional<milliseconds> untilAgeTextChanges(std::optional<model::Timestamp> 
         return std::nullopt;
     }
     const auto age = now - *date;
-    const auto unit = age < hours{1} ? microseconds{minutes{1}}
+    const auto unit = age < hours{1}  ? microseconds{minutes{1}}
                       : age < days{1} ? microseconds{hours{1}}
                                       : microseconds{days{1}};
     const auto next = age < minutes{1} ? unit : (age / unit + 1) * unit;

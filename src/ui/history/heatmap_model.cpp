@@ -16,8 +16,12 @@ constexpr int widthOfMonthLabel = 3; // columns
 HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& clock,
                            const Appearance& appearance, const history::Calendar& calendar,
                            const model::LocaleLabels& labels, QObject* parent)
-    : QObject(parent), m_model(model), m_clock(clock), m_appearance(appearance),
-      m_calendar(calendar), m_labels(labels) {
+    : QObject(parent),
+      m_model(model),
+      m_clock(clock),
+      m_appearance(appearance),
+      m_calendar(calendar),
+      m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HeatmapModel::update);
     connect(&appearance, &Appearance::changed, this, &HeatmapModel::update);
 }
@@ -54,8 +58,8 @@ void HeatmapModel::update() {
     cells.reserve(m_columns.size() * daysPerWeek);
     for (const history::WeekColumn& column : m_columns) {
         for (const DayCell& cell : column) {
-            const auto fill = history::cellColour(cell.day, m_totals.byDay, m_totals.maximum,
-                                                  m_filter, scheme());
+            const auto fill =
+                history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
             cells.push_back({.colour = cell.isFuture ? QColor(Qt::transparent)
                                                      : toColour(fill.colour, fill.opacity)});
         }
@@ -79,9 +83,8 @@ QStringList HeatmapModel::months() const {
     QStringList names;
     qsizetype free = 0; // the next column whose label would not touch the one before
     for (const history::WeekColumn& column : m_columns) {
-        const auto first = std::ranges::find(column, 1, [](const DayCell& cell) {
-            return cell.day.day();
-        });
+        const auto first =
+            std::ranges::find(column, 1, [](const DayCell& cell) { return cell.day.day(); });
         const bool isNamed = first != column.end() && !first->isFuture && names.size() >= free;
         names << (isNamed ? m_labels.month(first->day) : QString());
         if (isNamed) {

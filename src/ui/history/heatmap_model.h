@@ -49,11 +49,11 @@ public:
     /// As many columns as there is room for; none until told.
     void setWeeks(int weeks);
     [[nodiscard]] QAbstractItemModel* cells() { return &m_cells; }
-    [[nodiscard]] QStringList weekdays() const;                 ///< from top to bottom
-    [[nodiscard]] QStringList months() const;                   ///< one a column, most of them empty
-    [[nodiscard]] QList<QColor> legend() const;                 ///< from "Less" to "More"
-    [[nodiscard]] int current() const { return m_current; }     ///< a cell's index; -1 for none
-    [[nodiscard]] QString currentText() const;                  ///< its day and tokens
+    [[nodiscard]] QStringList weekdays() const;             ///< from top to bottom
+    [[nodiscard]] QStringList months() const;               ///< one a column, most of them empty
+    [[nodiscard]] QList<QColor> legend() const;             ///< from "Less" to "More"
+    [[nodiscard]] int current() const { return m_current; } ///< a cell's index; -1 for none
+    [[nodiscard]] QString currentText() const;              ///< its day and tokens
 
     /// Points at a cell; at none when there is no such cell or its day lies in the future.
     Q_INVOKABLE void point(int cell);

@@ -44,9 +44,13 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
     update();
 }
 
-QStringList HistoryModel::metrics() const { return choices<HistoryMetric>(); }
+QStringList HistoryModel::metrics() const {
+    return choices<HistoryMetric>();
+}
 
-QStringList HistoryModel::granularities() const { return choices<HistoryGranularity>(); }
+QStringList HistoryModel::granularities() const {
+    return choices<HistoryGranularity>();
+}
 
 void HistoryModel::setMetric(int metric) {
     m_metric = static_cast<HistoryMetric>(metric);
@@ -65,8 +69,8 @@ QString HistoryModel::subtitle() const {
 
 /// The plot begins half a bucket before the first mark, so that a bar centred there is whole.
 double HistoryModel::position(model::Timestamp moment) const {
-    const auto start = history::startOfDay(m_domain.start, m_calendar.zone) -
-                       bucketLength(m_granularity) / 2;
+    const auto start =
+        history::startOfDay(m_domain.start, m_calendar.zone) - bucketLength(m_granularity) / 2;
     const auto end = history::startOfDay(m_domain.end, m_calendar.zone);
     return duration<double>(moment - start) / duration<double>(end - start);
 }
@@ -85,8 +89,8 @@ void HistoryModel::update() {
     showMarks();
     showSegments();
     Q_EMIT changed();
-    const bool isStillThere = m_hoveredDate && std::ranges::contains(m_points, *m_hoveredDate,
-                                                                     &ChartPoint::date);
+    const bool isStillThere =
+        m_hoveredDate && std::ranges::contains(m_points, *m_hoveredDate, &ChartPoint::date);
     setHoveredDate(isStillThere ? m_hoveredDate : std::nullopt);
 }
 
@@ -141,7 +145,9 @@ void HistoryModel::showSegments() {
     m_segments.setRecords(std::move(segments));
 }
 
-double HistoryModel::hoveredCentre() const { return m_hoveredDate ? centre(*m_hoveredDate) : 0; }
+double HistoryModel::hoveredCentre() const {
+    return m_hoveredDate ? centre(*m_hoveredDate) : 0;
+}
 
 QString HistoryModel::hoveredTitle() const {
     if (!m_hoveredDate) {
@@ -171,11 +177,12 @@ void HistoryModel::hover(double position) {
     const double from = centre(m_domain.start);
     const auto reach = duration<double>(end - start) * ((position - from) / (1 - from));
     setHoveredDate(history::nearestBucket(
-        m_points, m_calendar,
-        start + std::chrono::round<model::Timestamp::duration>(reach)));
+        m_points, m_calendar, start + std::chrono::round<model::Timestamp::duration>(reach)));
 }
 
-void HistoryModel::leave() { setHoveredDate(std::nullopt); }
+void HistoryModel::leave() {
+    setHoveredDate(std::nullopt);
+}
 
 void HistoryModel::step(int by) {
     std::set<QDate> dates;
