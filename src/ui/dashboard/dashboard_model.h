@@ -20,6 +20,7 @@ class DashboardModel : public QObject {
     Q_PROPERTY(bool isRefreshing READ isRefreshing NOTIFY isRefreshingChanged)
     Q_PROPERTY(tallyvane::ui::RefreshToastModel* toast READ toast CONSTANT)
     Q_PROPERTY(QUrl website READ website CONSTANT)
+    Q_PROPERTY(QString websiteName READ websiteName CONSTANT)
 
 public:
     /// The figures come from `model` and the time from `clock`, which outlive it; times are written
@@ -37,6 +38,7 @@ public:
     [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
     [[nodiscard]] RefreshToastModel* toast() { return &m_toast; }
     [[nodiscard]] QUrl website() const { return m_website; }
+    [[nodiscard]] QString websiteName() const { return m_website.host(); }
 
 Q_SIGNALS:
     void changed();

@@ -90,7 +90,8 @@ void HistoryModel::update() {
     showSegments();
     Q_EMIT changed();
     const bool isStillThere =
-        m_hoveredDate && std::ranges::contains(m_points, *m_hoveredDate, &ChartPoint::date);
+        m_hoveredDate &&
+        std::ranges::find(m_points, *m_hoveredDate, &ChartPoint::date) != m_points.end();
     setHoveredDate(isStillThere ? m_hoveredDate : std::nullopt);
 }
 
@@ -138,8 +139,7 @@ void HistoryModel::showSegments() {
              .base = base,
              .extent = extent,
              .colour = toColour(model::accentColour(point.provider)),
-             .opacity = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity,
-             .isTop = i + 1 == m_points.size() || m_points[i + 1].date != point.date});
+             .opacity = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity});
         base += extent;
     }
     m_segments.setRecords(std::move(segments));

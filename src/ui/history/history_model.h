@@ -19,7 +19,6 @@ class ChartSegment {
     Q_PROPERTY(double extent MEMBER extent)
     Q_PROPERTY(QColor colour MEMBER colour)
     Q_PROPERTY(double opacity MEMBER opacity)
-    Q_PROPERTY(bool isTop MEMBER isTop)
 
 public:
     double centre = 0;
@@ -28,7 +27,6 @@ public:
     double extent = 0;
     QColor colour;
     double opacity = 1;
-    bool isTop = false; ///< of its bar
 
     bool operator==(const ChartSegment&) const = default;
 };

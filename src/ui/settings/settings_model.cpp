@@ -97,10 +97,11 @@ void SettingsModel::addWindow() {
     m_model.setNotificationSettings(settings);
 }
 
-void SettingsModel::changeWindow(const QUuid& windowId, bool allDay, int startMinutes,
+void SettingsModel::changeWindow(const QString& windowId, bool allDay, int startMinutes,
                                  int endMinutes) {
     NotificationSettings settings = m_model.notificationSettings();
-    const auto window = std::ranges::find(settings.windows, windowId, &NotificationWindow::id);
+    const auto window =
+        std::ranges::find(settings.windows, QUuid(windowId), &NotificationWindow::id);
     if (window == settings.windows.end()) {
         return;
     }
@@ -110,10 +111,10 @@ void SettingsModel::changeWindow(const QUuid& windowId, bool allDay, int startMi
     m_model.setNotificationSettings(settings);
 }
 
-void SettingsModel::removeWindow(const QUuid& windowId) {
+void SettingsModel::removeWindow(const QString& windowId) {
     NotificationSettings settings = m_model.notificationSettings();
     std::erase_if(settings.windows,
-                  [&](const NotificationWindow& window) { return window.id == windowId; });
+                  [&](const NotificationWindow& window) { return window.id == QUuid(windowId); });
     m_model.setNotificationSettings(settings);
 }
 
@@ -137,7 +138,7 @@ int SettingsModel::stepped(int minutes, int steps) const {
 void SettingsModel::showWindows() {
     std::vector<TimeWindow> rows;
     for (const NotificationWindow& window : m_model.notificationSettings().windows) {
-        rows.push_back({.windowId = window.id,
+        rows.push_back({.windowId = window.id.toString(),
                         .allDay = window.allDay,
                         .startMinutes = minuteOfDay(window.startMinutes),
                         .endMinutes = minuteOfDay(window.endMinutes)});

@@ -6,7 +6,6 @@
 #include "platform/notification_centre.h"
 #include "ui/style/record_list.h"
 
-#include <QtCore/QUuid>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
@@ -16,13 +15,13 @@ namespace tallyvane::ui {
 /// A row of the list of times at which notifications may appear.
 class TimeWindow {
     Q_GADGET
-    Q_PROPERTY(QUuid windowId MEMBER windowId)
+    Q_PROPERTY(QString windowId MEMBER windowId)
     Q_PROPERTY(bool allDay MEMBER allDay)
     Q_PROPERTY(int startMinutes MEMBER startMinutes)
     Q_PROPERTY(int endMinutes MEMBER endMinutes)
 
 public:
-    QUuid windowId;
+    QString windowId;
     bool allDay = false;
     int startMinutes = 0; ///< after midnight, 0 to 1439
     int endMinutes = 0;
@@ -71,9 +70,9 @@ public:
     Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
     Q_INVOKABLE void openNotificationSettings();
     Q_INVOKABLE void addWindow();
-    Q_INVOKABLE void changeWindow(const QUuid& windowId, bool allDay, int startMinutes,
+    Q_INVOKABLE void changeWindow(const QString& windowId, bool allDay, int startMinutes,
                                   int endMinutes);
-    Q_INVOKABLE void removeWindow(const QUuid& windowId);
+    Q_INVOKABLE void removeWindow(const QString& windowId);
     Q_INVOKABLE void clearHistory();
 
     /// A time of day in the locale's manner.
