@@ -110,8 +110,7 @@ WindowsContext DesktopProgram::windowsContext() {
             .timeLocale = m_environment.timeLocale,
             .openNotificationSettings =
                 page ? [page] { QProcess::startDetached(page->program, page->arguments); }
-                     : std::function<void()>(),
-            .quit = &QCoreApplication::quit};
+                     : std::function<void()>()};
 }
 
 Windows* DesktopProgram::windows() {

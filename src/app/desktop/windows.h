@@ -25,7 +25,6 @@ struct WindowsContext {
     core::LaunchContext launchContext;
     std::string timeLocale;
     std::function<void()> openNotificationSettings; ///< empty when the desktop has none to open
-    std::function<void()> quit;
 };
 
 /// The panel and the main window. Main thread.

@@ -1,10 +1,14 @@
 #include "app/desktop/windows_plugin.h"
 
+#include "core/launch_at_login.h"
+#include "ui/dashboard/main_window.h"
 #include "ui/menubar/menu_bar_quota_view_model.h"
 #include "ui/menubar/quota_panel.h"
 #include "ui/style/appearance.h"
 #include "ui/style/engine.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTimeZone>
 #include <QtQuick/QQuickWindow>
 
 namespace tallyvane::app {
@@ -17,30 +21,52 @@ public:
         : m_appearance(context.model.appearance()),
           m_engine(ui::makeEngine(m_appearance)),
           m_panelModel(context.model),
-          m_panel([this]() -> QQmlEngine& { return *m_engine; }, m_panelModel) {
-        QObject::connect(
-            &context.model, &core::AppModel::appearanceChanged, &m_appearance,
-            [this, &model = context.model] { m_appearance.setChoice(model.appearance()); });
-        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::openRequested, &m_panel,
-                         [this] { openMainWindow(); });
-        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested,
-                         &context.model, &core::AppModel::startRefresh);
-        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::quitRequested, &m_panel,
-                         context.quit);
+          m_panel(engine(), m_panelModel),
+          m_mainWindow(engine(), {.model = context.model,
+                                  .appearance = m_appearance,
+                                  .clock = context.clock,
+                                  .loginItem = context.loginItem,
+                                  .notificationCentre = context.notificationCentre,
+                                  .locale = context.timeLocale,
+                                  .zone = QTimeZone::systemTimeZone(),
+                                  .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
+                                  .openNotificationSettings = context.openNotificationSettings,
+                                  .takeLaunchQuestion = [&defaults = context.defaults,
+                                                         launch = context.launchContext] {
+                                      return core::takeLaunchQuestion(defaults, launch);
+                                  }}) {
+        core::AppModel& model = context.model;
+        QObject::connect(&model, &core::AppModel::appearanceChanged, &m_appearance,
+                         [this, &model] { m_appearance.setChoice(model.appearance()); });
+        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::openRequested, &m_mainWindow,
+                         &ui::MainWindow::open);
+        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested, &model,
+                         &core::AppModel::startRefresh);
+        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::quitRequested, qApp,
+                         &QCoreApplication::quit);
+        QObject::connect(&m_mainWindow, &ui::MainWindow::refreshRequested, &model,
+                         &core::AppModel::startRefresh);
+        QObject::connect(&m_mainWindow, &ui::MainWindow::quitRequested, qApp,
+                         &QCoreApplication::quit);
     }
 
     void togglePanel(QPoint itemPosition) override { m_panel.toggle(itemPosition); }
-    void openMainWindow() override {}
+    void openMainWindow() override { m_mainWindow.open(); }
     void setSystemColourScheme(platform::ColourScheme scheme) override {
         m_appearance.setSystemColourScheme(scheme);
     }
-    void setStatusItemShown(bool /*isShown*/) override {}
+    void setStatusItemShown(bool isShown) override { m_mainWindow.setHasStatusHost(isShown); }
 
 private:
+    std::function<QQmlEngine&()> engine() {
+        return [this]() -> QQmlEngine& { return *m_engine; };
+    }
+
     ui::Appearance m_appearance;
     std::unique_ptr<QQmlEngine> m_engine;
     ui::MenuBarQuotaViewModel m_panelModel;
     ui::QuotaPanel m_panel;
+    ui::MainWindow m_mainWindow;
 };
 
 } // namespace

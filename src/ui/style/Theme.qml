@@ -18,6 +18,8 @@ QtObject {
     readonly property color card: isDark ? "#2a2b2f" : "#ffffff"
     readonly property color outline: isDark ? "#1fffffff" : "#1f000000"
     readonly property color divider: isDark ? "#1cffffff" : "#18000000"
+    readonly property color cardShadow: isDark ? "#18000000" : "#08000000"
+    readonly property color scrim: isDark ? "#8c000000" : "#4d000000"
     readonly property color shadow: isDark ? "#40000000" : "#14000000"
 
     // Ink. The first two can be read as small text on every surface, the third as a symbol.
@@ -48,6 +50,7 @@ QtObject {
     readonly property double spacing: 8
     readonly property double largeSpacing: 12
     readonly property double padding: 14
+    readonly property double pageMargin: 24
     readonly property double smallRadius: 6
     readonly property double radius: 8
     readonly property double largeRadius: 12
@@ -61,6 +64,7 @@ QtObject {
     readonly property font subheadline: type(13, Font.Normal)
     readonly property font subheadlineSemibold: type(13, Font.DemiBold)
     readonly property font caption: type(12, Font.Normal)
+    readonly property font captionSemibold: type(12, Font.DemiBold)
     readonly property font title: type(26, Font.DemiBold)
     readonly property font title2: type(20, Font.DemiBold)
     readonly property double symbolSize: scaled(16)

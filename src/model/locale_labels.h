@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QtCore/QDate>
+#include <QtCore/QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tallyvane::model {
+
+/// Short texts on numbers, days and times of day in a locale's own manner (CLDR, as ICU has it).
+/// Main thread only.
+class LocaleLabels {
+public:
+    /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8".
+    explicit LocaleLabels(const std::string& locale);
+    ~LocaleLabels();
+    LocaleLabels(const LocaleLabels&) = delete;
+    LocaleLabels& operator=(const LocaleLabels&) = delete;
+
+    /// "950", "1.2K", "12K", "3.4M".
+    [[nodiscard]] QString compactNumber(std::int64_t number) const;
+    /// "12.5", with at most two fractional digits.
+    [[nodiscard]] QString number(double number) const;
+
+    [[nodiscard]] QString month(QDate day) const;        ///< "Nov"
+    [[nodiscard]] QString monthAndYear(QDate day) const; ///< "November 2026"
+    [[nodiscard]] QString dayAndMonth(QDate day) const;  ///< "Nov 21"
+    [[nodiscard]] QString weekday(QDate day) const;      ///< "Sat"
+    [[nodiscard]] QString fullDay(QDate day) const;      ///< "Sat, Nov 21, 2026"
+
+    /// "14:05" or "2:05 PM"; `minutes` after midnight, 0 to 1439.
+    [[nodiscard]] QString timeOfDay(int minutes) const;
+    /// Reads what a person may write for a time of day, such as "14:05", "1405", "9", "2.05 pm" or
+    /// timeOfDay's own texts, as minutes after midnight; nothing when it is no time of day.
+    [[nodiscard]] std::optional<int> parseTimeOfDay(QStringView text) const;
+
+    [[nodiscard]] Qt::DayOfWeek firstWeekday() const;
+
+private:
+    struct Formatters;
+
+    std::unique_ptr<Formatters> m_formatters;
+};
+
+} // namespace tallyvane::model

@@ -1,0 +1,22 @@
+import QtQuick
+import Tallyvane.Style
+
+/// The ground of the main window: plain, with a breath of colour at the top.
+Rectangle {
+    color: Theme.window
+
+    Rectangle {
+        width: parent.width
+        height: Math.min(parent.height, 360)
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: Qt.alpha(Theme.indigo, Theme.isDark ? 0.1 : 0.07)
+            }
+            GradientStop {
+                position: 1
+                color: Qt.alpha(Theme.indigo, 0)
+            }
+        }
+    }
+}

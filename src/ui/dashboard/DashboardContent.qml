@@ -1,0 +1,87 @@
+import QtQuick
+import QtQuick.Layouts
+import Tallyvane.Dashboard
+import Tallyvane.Style
+
+/// The first page: a card per provider, and how old the figures are.
+ColumnLayout {
+    id: root
+
+    required property DashboardModel viewModel
+
+    spacing: Theme.padding
+
+    RowLayout {
+        Layout.bottomMargin: Theme.smallSpacing
+        spacing: Theme.largeSpacing
+
+        ColumnLayout {
+            spacing: 2
+
+            TextLabel {
+                Layout.fillWidth: true
+                text: qsTr("Dashboard")
+                font: Theme.title
+                elide: Text.ElideRight
+                Accessible.role: Accessible.Heading
+            }
+            Flow {
+                Layout.fillWidth: true
+                spacing: Theme.smallSpacing
+
+                TextLabel {
+                    objectName: "updated"
+                    text: root.viewModel.updated
+                    color: Theme.secondaryText
+                }
+                TextLabel {
+                    //: Follows "Updated 5 min ago" after a space
+                    text: qsTr("· Auto-refreshes every 5 min")
+                    color: Theme.secondaryText
+                }
+            }
+        }
+        PushButton {
+            objectName: "refresh"
+            Layout.alignment: Qt.AlignBottom
+            text: qsTr("Refresh")
+            symbol: "arrow.clockwise"
+            enabled: !root.viewModel.isRefreshing
+            onClicked: root.viewModel.refreshRequested()
+        }
+    }
+    ErrorNotice {
+        Layout.fillWidth: true
+        visible: message !== ""
+        message: root.viewModel.lastError
+    }
+    ProviderQuotaCard {
+        objectName: "Codex"
+        Layout.fillWidth: true
+        card: root.viewModel.codex
+    }
+    ProviderQuotaCard {
+        objectName: "Claude"
+        Layout.fillWidth: true
+        card: root.viewModel.claude
+    }
+    Item {
+        Layout.fillHeight: true
+    }
+    LinkRow {
+        id: footer
+
+        objectName: "website"
+        Layout.alignment: Qt.AlignHCenter
+        horizontalPadding: Theme.spacing
+        verticalPadding: Theme.smallSpacing
+        destination: root.viewModel.website
+        text: root.viewModel.websiteName
+        contentItem: TextLabel {
+            text: footer.text
+            font: Theme.caption
+            color: Theme.accent
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,57 @@
+import QtQuick
+import QtQuick.Layouts
+import Tallyvane.Dashboard
+import Tallyvane.Style
+
+/// The provider's name and plan, and a sign while its figures are old.
+RowLayout {
+    id: root
+
+    required property providerCard card
+    readonly property double point: Theme.scaled(12) / 10
+
+    spacing: Theme.spacing
+
+    SymbolImage {
+        name: root.card.icon
+        size: Theme.scaled(20)
+        color: root.card.accent
+    }
+    TextLabel {
+        text: root.card.name
+        font.pixelSize: Theme.scaled(15)
+        font.weight: Font.DemiBold
+        font.letterSpacing: -0.1
+        Accessible.ignored: true
+    }
+    Rectangle {
+        visible: root.card.plan !== ""
+        implicitWidth: plan.implicitWidth + 2 * 6
+        implicitHeight: plan.implicitHeight + 2 * 2
+        radius: Theme.smallRadius - 1
+        color: Qt.alpha(root.card.accent, 0.14)
+
+        TextLabel {
+            id: plan
+
+            anchors.centerIn: parent
+            text: root.card.plan
+            color: root.card.accent
+            font.pixelSize: 9 * root.point
+            font.weight: Font.Bold
+            Accessible.ignored: true
+        }
+    }
+    SymbolImage {
+        visible: root.card.isPending
+        name: "arrow.trianglehead.2.clockwise.rotate.90"
+        size: 10 * root.point
+        color: Theme.secondaryText
+        Accessible.role: Accessible.Graphic
+        //: What a screen reader says for the sign that figures are old
+        Accessible.name: qsTr("Sync pending")
+    }
+    Item {
+        Layout.fillWidth: true
+    }
+}

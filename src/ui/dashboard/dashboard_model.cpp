@@ -1,0 +1,57 @@
+#include "ui/dashboard/dashboard_model.h"
+
+#include "ui/dashboard/relative_times.h"
+
+namespace tallyvane::ui {
+
+DashboardModel::DashboardModel(const core::AppModel& model, platform::Clock& clock,
+                               model::WeekdayTimeFormat weekdayTime, const QUrl& website,
+                               QObject* parent)
+    : QObject(parent),
+      m_model(model),
+      m_clock(clock),
+      m_weekdayTime(std::move(weekdayTime)),
+      m_website(website),
+      m_toast(clock) {
+    connect(&model, &core::AppModel::snapshotChanged, this, &DashboardModel::update);
+    connect(&model, &core::AppModel::lastErrorChanged, this, &DashboardModel::update);
+    connect(&model, &core::AppModel::isRefreshingChanged, this, [this] {
+        m_toast.setRefreshing(isRefreshing());
+        Q_EMIT isRefreshingChanged();
+    });
+    m_toast.setRefreshing(isRefreshing());
+    update();
+}
+
+void DashboardModel::update() {
+    const model::Timestamp now = m_clock.now();
+    const model::QuotaSnapshot snapshot = m_model.snapshot();
+    const auto card = [&](model::AIProvider provider) {
+        return providerCard(model::entryFor(snapshot, provider), now, m_weekdayTime);
+    };
+    Shown shown{.codex = card(model::AIProvider::codex),
+                .claude = card(model::AIProvider::claude),
+                //: %1 is how long ago, such as "5 min ago"
+                .updated = tr("Updated %1").arg(model::ageText(snapshot.updatedAt, now)),
+                .lastError = m_model.lastError().value_or(QString())};
+
+    auto wait = untilAgeTextChanges(snapshot.updatedAt, now);
+    for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
+        for (const auto& window : {entry.fiveHour, entry.week}) {
+            if (!window || entry.syncState != model::QuotaSyncState::current) {
+                continue;
+            }
+            if (const auto until = untilResetTextChanges(window->resetsAt, now)) {
+                wait = std::min(wait.value_or(*until), *until);
+            }
+        }
+    }
+    m_nextChange = wait ? m_clock.after(*wait, [this] { update(); }) : nullptr;
+
+    if (shown != m_shown) {
+        m_shown = std::move(shown);
+        Q_EMIT changed();
+    }
+}
+
+} // namespace tallyvane::ui

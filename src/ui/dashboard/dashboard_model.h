@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/app_model.h"
+#include "model/weekday_time_format.h"
+#include "ui/dashboard/provider_card.h"
+#include "ui/dashboard/refresh_toast_model.h"
+
+namespace tallyvane::ui {
+
+/// What the dashboard shows. Its texts stay true while it lives: they are written anew when the
+/// state changes and when time changes their wording.
+class DashboardModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made with the main window")
+    Q_PROPERTY(tallyvane::ui::ProviderCard codex READ codex NOTIFY changed)
+    Q_PROPERTY(tallyvane::ui::ProviderCard claude READ claude NOTIFY changed)
+    Q_PROPERTY(QString updated READ updated NOTIFY changed)
+    Q_PROPERTY(QString lastError READ lastError NOTIFY changed)
+    Q_PROPERTY(bool isRefreshing READ isRefreshing NOTIFY isRefreshingChanged)
+    Q_PROPERTY(tallyvane::ui::RefreshToastModel* toast READ toast CONSTANT)
+    Q_PROPERTY(QUrl website READ website CONSTANT)
+    Q_PROPERTY(QString websiteName READ websiteName CONSTANT)
+
+public:
+    /// The figures come from `model` and the time from `clock`, which outlive it; times are written
+    /// by `weekdayTime`. `website` is the maker's.
+    DashboardModel(const core::AppModel& model, platform::Clock& clock,
+                   model::WeekdayTimeFormat weekdayTime, const QUrl& website,
+                   QObject* parent = nullptr);
+
+    [[nodiscard]] ProviderCard codex() const { return m_shown.codex; }
+    [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
+    [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
+    [[nodiscard]] QString lastError() const {
+        return m_shown.lastError;
+    } ///< empty when there is none
+    [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
+    [[nodiscard]] RefreshToastModel* toast() { return &m_toast; }
+    [[nodiscard]] QUrl website() const { return m_website; }
+    [[nodiscard]] QString websiteName() const { return m_website.host(); }
+
+Q_SIGNALS:
+    void changed();
+    void isRefreshingChanged();
+    void refreshRequested(); ///< by the user
+
+private:
+    struct Shown {
+        ProviderCard codex;
+        ProviderCard claude;
+        QString updated;
+        QString lastError;
+
+        bool operator==(const Shown&) const = default;
+    };
+
+    void update();
+
+    const core::AppModel& m_model;
+    platform::Clock& m_clock;
+    model::WeekdayTimeFormat m_weekdayTime;
+    QUrl m_website;
+    RefreshToastModel m_toast;
+    Shown m_shown;
+    std::unique_ptr<platform::Alarm> m_nextChange;
+};
+
+} // namespace tallyvane::ui

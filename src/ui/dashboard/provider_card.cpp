@@ -1,0 +1,48 @@
+#include "ui/dashboard/provider_card.h"
+
+#include "ui/style/colour.h"
+
+#include <cmath>
+
+namespace tallyvane::ui {
+
+namespace {
+
+constexpr double lowBelow = 25; // percent left
+constexpr double staleOpacity = 0.55;
+
+QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod period,
+                  model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime) {
+    const auto& window = model::window(entry, period);
+    const bool isCurrent = entry.syncState == model::QuotaSyncState::current;
+    QuotaRow row{.figure = QStringLiteral("--"),
+                 .resetText = model::resetText(window ? window->resetsAt : std::nullopt, entry, now,
+                                               weekdayTime),
+                 .opacity = isCurrent ? 1 : staleOpacity};
+    if (window) {
+        const double remaining = model::remainingPercent(*window);
+        row.figure = QStringLiteral("%1%").arg(std::lround(remaining));
+        row.fraction = remaining / 100;
+        if (isCurrent) {
+            row.level = remaining < lowBelow ? QuotaLevel::Low : QuotaLevel::Ample;
+        }
+    }
+    return row;
+}
+
+} // namespace
+
+ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
+                          const model::WeekdayTimeFormat& weekdayTime) {
+    const QString name = model::displayName(entry.provider);
+    return {.name = name,
+            .icon = name + QStringLiteral("Icon"),
+            .plan = entry.planName.value_or(QString()).toUpper(),
+            .accent = toColour(model::accentColour(entry.provider)),
+            .isPending = entry.syncState == model::QuotaSyncState::pending,
+            .usagePage = QUrl(model::usagePage(entry.provider)),
+            .fiveHour = quotaRow(entry, model::QuotaPeriod::fiveHour, now, weekdayTime),
+            .week = quotaRow(entry, model::QuotaPeriod::week, now, weekdayTime)};
+}
+
+} // namespace tallyvane::ui

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "model/quota_display.h"
+
+#include <QtCore/QUrl>
+#include <QtGui/QColor>
+#include <QtQml/qqmlregistration.h>
+
+namespace tallyvane::ui {
+
+/// What a bar and its figure say by their colour.
+namespace QuotaLevel { // NOLINT(readability-identifier-naming): the name of a QML type
+Q_NAMESPACE
+QML_ELEMENT
+enum Level {
+    Unknown, ///< no figure, or one that is not current
+    Low,     ///< below a quarter
+    Ample,
+};
+Q_ENUM_NS(Level)
+} // namespace QuotaLevel
+
+/// One bar of a card, ready to be shown.
+class QuotaRow {
+    Q_GADGET
+    QML_VALUE_TYPE(quotaRow)
+    Q_PROPERTY(QString figure MEMBER figure)
+    Q_PROPERTY(QString resetText MEMBER resetText)
+    Q_PROPERTY(double fraction MEMBER fraction)
+    Q_PROPERTY(double opacity MEMBER opacity)
+    Q_PROPERTY(tallyvane::ui::QuotaLevel::Level level MEMBER level)
+
+public:
+    QString figure; ///< percent left, "25%"; "--" when unknown
+    QString resetText;
+    double fraction = 0; ///< of the bar that is filled, 0 to 1
+    double opacity = 1;
+    QuotaLevel::Level level = QuotaLevel::Unknown;
+
+    bool operator==(const QuotaRow&) const = default;
+};
+
+/// One provider's card, ready to be shown.
+class ProviderCard {
+    Q_GADGET
+    QML_VALUE_TYPE(providerCard)
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString icon MEMBER icon)
+    Q_PROPERTY(QString plan MEMBER plan)
+    Q_PROPERTY(QColor accent MEMBER accent)
+    Q_PROPERTY(bool isPending MEMBER isPending)
+    Q_PROPERTY(QUrl usagePage MEMBER usagePage)
+    Q_PROPERTY(tallyvane::ui::QuotaRow fiveHour MEMBER fiveHour)
+    Q_PROPERTY(tallyvane::ui::QuotaRow week MEMBER week)
+
+public:
+    QString name; ///< "Codex"
+    QString icon; ///< a symbol's name
+    QString plan; ///< upper-case; empty when there is none
+    QColor accent;
+    bool isPending = false;
+    QUrl usagePage;
+    QuotaRow fiveHour;
+    QuotaRow week;
+
+    bool operator==(const ProviderCard&) const = default;
+};
+
+[[nodiscard]] ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry,
+                                        model::Timestamp now,
+                                        const model::WeekdayTimeFormat& weekdayTime);
+
+} // namespace tallyvane::ui

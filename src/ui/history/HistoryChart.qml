@@ -1,0 +1,155 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Tallyvane.History
+import Tallyvane.Style
+
+/// Stacked bars over the days or months. The pointer or the arrow keys choose a bar to tell about.
+FocusScope {
+    id: root
+
+    required property HistoryModel viewModel
+    readonly property double labelWidth: {
+        let widest = 0;
+        for (let i = 0; i < valueLabels.count; ++i) {
+            widest = Math.max(widest, valueLabels.itemAt(i)?.implicitWidth ?? 0);
+        }
+        return widest;
+    }
+
+    /// The left edge of something `size` wide whose middle is at `part` of the plot's width.
+    function across(part: double, size: double): double {
+        return (Theme.isRightToLeft ? 1 - part : part) * plot.width - size / 2;
+    }
+
+    implicitHeight: Theme.scaled(250)
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Chart
+    Accessible.name: viewModel.subtitle
+    Accessible.description: viewModel.hoveredText
+    Accessible.focusable: true
+    Keys.onLeftPressed: viewModel.step(Theme.isRightToLeft ? 1 : -1)
+    Keys.onRightPressed: viewModel.step(Theme.isRightToLeft ? -1 : 1)
+    Keys.onEscapePressed: event => {
+        event.accepted = viewModel.isHovered;
+        viewModel.leave();
+    }
+    onActiveFocusChanged: {
+        if (!activeFocus) {
+            viewModel.leave();
+        }
+    }
+
+    FocusRing {
+        gap: Theme.smallSpacing
+        shown: root.activeFocus
+    }
+    Item {
+        id: plot
+
+        anchors.fill: parent
+        anchors.leftMargin: root.labelWidth + Theme.spacing
+        anchors.topMargin: Theme.scaled(8)
+        anchors.bottomMargin: Theme.scaled(24)
+
+        Repeater {
+            id: valueLabels
+
+            model: root.viewModel.valueMarks
+
+            TextLabel {
+                id: valueLabel
+
+                required property double position
+                required property string label
+
+                anchors.right: parent.left
+                anchors.rightMargin: Theme.spacing
+                y: (1 - position) * plot.height - height / 2
+                text: label
+                font: Theme.caption
+                color: Theme.secondaryText
+
+                Rectangle {
+                    anchors.left: parent.right
+                    anchors.leftMargin: Theme.spacing
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: plot.width
+                    height: 1
+                    color: valueLabel.position === 0 ? Theme.outline : Theme.divider
+                }
+            }
+        }
+        Repeater {
+            model: root.viewModel.dateMarks
+
+            TextLabel {
+                required property double position
+                required property string label
+
+                x: Math.max(0, Math.min(root.across(position, width), plot.width - width))
+                y: plot.height + Theme.smallSpacing
+                text: label
+                font: Theme.caption
+                color: Theme.secondaryText
+            }
+        }
+        Repeater {
+            model: root.viewModel.segments
+
+            Rectangle {
+                required property double centre
+                required property double thickness
+                required property double base
+                required property double extent
+                required property color colour
+
+                x: root.across(centre, width)
+                y: (1 - base - extent) * plot.height
+                width: Math.min(thickness * plot.width, Theme.scaled(56))
+                // A hairline stays free between the segments of a bar.
+                height: Math.max(extent * plot.height - (base > 0 ? 0 : 1), 0)
+                radius: Math.min(3, width / 4, height / 2)
+                color: colour
+
+                Behavior on opacity {
+                    NumberAnimation {
+                        duration: Theme.quickly
+                    }
+                }
+            }
+        }
+        TextLabel {
+            anchors.centerIn: parent
+            visible: root.viewModel.isEmpty
+            text: qsTr("Nothing recorded yet")
+            color: Theme.secondaryText
+        }
+        HoverHandler {
+            onPointChanged: {
+                if (hovered) {
+                    const part = point.position.x / plot.width;
+                    root.viewModel.hover(Theme.isRightToLeft ? 1 - part : part);
+                }
+            }
+            onHoveredChanged: {
+                if (!hovered) {
+                    root.viewModel.leave();
+                }
+            }
+        }
+        TapHandler {
+            onTapped: root.forceActiveFocus(Qt.MouseFocusReason)
+        }
+        ChartTooltip {
+            readonly property double beside: root.across(root.viewModel.hoveredCentre, 0)
+
+            visible: root.viewModel.isHovered
+            // On the side of the bar where the room is.
+            x: beside + (beside > plot.width / 2 ? -width - Theme.padding : Theme.padding)
+            y: 0
+            title: root.viewModel.hoveredTitle
+            lines: root.viewModel.hoveredLines
+        }
+    }
+}

@@ -1,0 +1,234 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tallyvane.History
+import Tallyvane.Style
+
+/// A calendar of days, the brighter the more tokens. The pointer or the arrow keys choose a day to
+/// tell about.
+ColumnLayout {
+    id: root
+
+    required property HeatmapModel viewModel
+    readonly property double gap: 4
+    readonly property int fewestWeeks: 26
+    readonly property double labelWidth: {
+        let widest = 0;
+        for (let i = 0; i < weekdays.count; ++i) {
+            widest = Math.max(widest, weekdays.itemAt(i)?.implicitWidth ?? 0);
+        }
+        return Math.ceil(widest) + Theme.spacing;
+    }
+    readonly property double room: width - labelWidth
+    readonly property double pitch: Math.max(8, Math.min(Math.floor(room / fewestWeeks), Theme.scaled(22)))
+    readonly property double cell: pitch - (pitch > 14 ? gap : 2)
+    readonly property int weeks: width > 0 ? Math.max(fewestWeeks, Math.floor(room / pitch)) : 0
+
+    spacing: Theme.largeSpacing
+    onWeeksChanged: viewModel.setWeeks(weeks)
+
+    GridLayout {
+        columns: heading.implicitWidth + picker.implicitWidth + columnSpacing > root.width ? 1 : 2
+        columnSpacing: Theme.largeSpacing
+        rowSpacing: Theme.spacing
+
+        ColumnLayout {
+            id: heading
+
+            spacing: 2
+
+            TextLabel {
+                text: qsTr("Token Heatmap")
+                font: Theme.headline
+                Accessible.role: Accessible.Heading
+            }
+            TextLabel {
+                text: qsTr("Estimated tokens per day")
+                font: Theme.caption
+                color: Theme.secondaryText
+            }
+        }
+        SegmentedPicker {
+            id: picker
+
+            objectName: "filter"
+            Layout.fillWidth: false
+            Layout.alignment: Qt.AlignRight
+            title: qsTr("Source")
+            choices: root.viewModel.filters
+            currentIndex: root.viewModel.filter
+            onActivated: index => root.viewModel.filter = index
+        }
+    }
+    FocusScope {
+        id: grid
+
+        objectName: "heatmap"
+        Layout.fillWidth: true
+        implicitHeight: months.height + 7 * root.pitch
+        activeFocusOnTab: true
+        Accessible.role: Accessible.Chart
+        Accessible.name: qsTr("Token Heatmap")
+        Accessible.description: root.viewModel.currentText
+        Accessible.focusable: true
+        Keys.onUpPressed: root.viewModel.step(-1)
+        Keys.onDownPressed: root.viewModel.step(1)
+        Keys.onLeftPressed: root.viewModel.step(Theme.isRightToLeft ? 7 : -7)
+        Keys.onRightPressed: root.viewModel.step(Theme.isRightToLeft ? -7 : 7)
+        Keys.onEscapePressed: event => {
+            event.accepted = root.viewModel.current >= 0;
+            root.viewModel.point(-1);
+        }
+        onActiveFocusChanged: {
+            if (!activeFocus) {
+                root.viewModel.point(-1);
+            }
+        }
+
+        FocusRing {
+            gap: Theme.smallSpacing
+            shown: grid.activeFocus
+        }
+        Repeater {
+            id: weekdays
+
+            model: root.viewModel.weekdays
+
+            TextLabel {
+                required property int index
+                required property string modelData
+
+                anchors.left: parent.left
+                y: months.height + index * root.pitch + (root.cell - height) / 2
+                text: modelData
+                font.pixelSize: Math.min(Theme.caption.pixelSize, Math.max(root.pitch, 8))
+                color: Theme.secondaryText
+                Accessible.ignored: true
+            }
+        }
+        Item {
+            id: months
+
+            anchors.left: parent.left
+            anchors.leftMargin: root.labelWidth
+            width: root.weeks * root.pitch
+            height: Theme.scaled(20)
+
+            Repeater {
+                model: root.viewModel.months
+
+                TextLabel {
+                    required property int index
+                    required property string modelData
+
+                    x: Theme.isRightToLeft ? months.width - index * root.pitch - (root.pitch - root.cell) - width : index * root.pitch
+                    visible: modelData !== "" && x >= 0 && x + width <= months.width + Theme.pageMargin
+                    text: modelData
+                    font: Theme.caption
+                    color: Theme.secondaryText
+                    Accessible.ignored: true
+                }
+            }
+        }
+        Grid {
+            id: days
+
+            anchors.left: months.left
+            anchors.top: months.bottom
+            rows: 7
+            flow: Grid.TopToBottom
+            spacing: root.pitch - root.cell
+
+            Repeater {
+                id: cells
+
+                model: root.viewModel.cells
+
+                Rectangle {
+                    required property color colour
+
+                    width: root.cell
+                    height: root.cell
+                    radius: root.cell / 4.5
+                    color: colour
+                }
+            }
+        }
+        HoverHandler {
+            readonly property point place: point.position
+
+            onPlaceChanged: {
+                const along = Theme.isRightToLeft ? days.x + days.width - place.x : place.x - days.x;
+                const column = Math.floor(along / root.pitch);
+                const row = Math.floor((place.y - days.y) / root.pitch);
+                const isInside = column >= 0 && column < root.weeks && row >= 0 && row < 7;
+                root.viewModel.point(hovered && isInside ? column * 7 + row : -1);
+            }
+            onHoveredChanged: {
+                if (!hovered) {
+                    root.viewModel.point(-1);
+                }
+            }
+        }
+        Rectangle {
+            readonly property Item target: root.viewModel.current >= 0 ? cells.itemAt(root.viewModel.current) : null
+
+            x: target ? days.x + target.x - 2 : 0
+            y: target ? days.y + target.y - 2 : 0
+            width: root.cell + 4
+            height: root.cell + 4
+            radius: root.cell / 4.5 + 2
+            visible: target !== null
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.text
+        }
+    }
+    GridLayout {
+        columns: told.implicitWidth + legend.implicitWidth + columnSpacing > root.width ? 1 : 2
+        columnSpacing: Theme.largeSpacing
+        rowSpacing: Theme.smallSpacing
+
+        TextLabel {
+            id: told
+
+            objectName: "told"
+            Layout.fillWidth: true
+            text: root.viewModel.currentText
+            font: Theme.caption
+        }
+        Row {
+            id: legend
+
+            Layout.alignment: Qt.AlignRight
+            spacing: root.gap
+
+            TextLabel {
+                rightPadding: Theme.isRightToLeft ? 0 : Theme.smallSpacing
+                text: qsTr("Less")
+                font: Theme.caption
+                color: Theme.secondaryText
+            }
+            Repeater {
+                model: root.viewModel.legend
+
+                Rectangle {
+                    required property color modelData
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Theme.scaled(12)
+                    height: width
+                    radius: width / 4.5
+                    color: modelData
+                }
+            }
+            TextLabel {
+                leftPadding: Theme.isRightToLeft ? 0 : Theme.smallSpacing
+                text: qsTr("More")
+                font: Theme.caption
+                color: Theme.secondaryText
+            }
+        }
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import QtQuick.Layouts
+import Tallyvane.History
+import Tallyvane.Style
+
+/// The second page: what was used, as bars and as a calendar.
+ColumnLayout {
+    id: root
+
+    required property HistoryModel viewModel
+    required property HeatmapModel heatmap
+
+    spacing: Theme.padding + 2
+
+    GridLayout {
+        columns: heading.implicitWidth + pickers.implicitWidth + columnSpacing > root.width ? 1 : 2
+        columnSpacing: Theme.largeSpacing
+        rowSpacing: Theme.largeSpacing
+
+        ColumnLayout {
+            id: heading
+
+            spacing: 2
+
+            TextLabel {
+                text: qsTr("Usage History")
+                font: Theme.title
+                Accessible.role: Accessible.Heading
+            }
+            TextLabel {
+                objectName: "subtitle"
+                text: root.viewModel.subtitle
+                color: Theme.secondaryText
+            }
+        }
+        RowLayout {
+            id: pickers
+
+            Layout.alignment: root.width > heading.implicitWidth + implicitWidth ? Qt.AlignRight | Qt.AlignBottom : Qt.AlignLeft
+            spacing: Theme.spacing
+
+            SegmentedPicker {
+                objectName: "metric"
+                title: qsTr("Metric")
+                choices: root.viewModel.metrics
+                currentIndex: root.viewModel.metric
+                onActivated: index => root.viewModel.metric = index
+            }
+            SegmentedPicker {
+                objectName: "period"
+                title: qsTr("Period")
+                choices: root.viewModel.granularities
+                currentIndex: root.viewModel.granularity
+                onActivated: index => root.viewModel.granularity = index
+            }
+        }
+    }
+    CardSurface {
+        Layout.fillWidth: true
+        implicitHeight: chart.implicitHeight + 2 * Theme.padding
+
+        HistoryChart {
+            id: chart
+
+            objectName: "chart"
+            anchors.fill: parent
+            anchors.margins: Theme.padding
+            viewModel: root.viewModel
+        }
+    }
+    CardSurface {
+        Layout.fillWidth: true
+        implicitHeight: calendar.implicitHeight + 2 * Theme.padding
+
+        UsageHeatmapView {
+            id: calendar
+
+            anchors.fill: parent
+            anchors.margins: Theme.padding
+            viewModel: root.heatmap
+        }
+    }
+    TextLabel {
+        Layout.fillWidth: true
+        wrapMode: Text.Wrap
+        font: Theme.caption
+        color: Theme.secondaryText
+        text: qsTr("Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.")
+    }
+    Item {
+        Layout.fillHeight: true
+    }
+}

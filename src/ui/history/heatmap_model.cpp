@@ -1,0 +1,145 @@
+#include "ui/history/heatmap_model.h"
+
+#include "ui/style/colour.h"
+
+namespace tallyvane::ui {
+
+using history::DayCell;
+
+namespace {
+
+constexpr int daysPerWeek = 7;
+constexpr int widthOfMonthLabel = 3; // columns
+
+} // namespace
+
+HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& clock,
+                           const Appearance& appearance, const history::Calendar& calendar,
+                           const model::LocaleLabels& labels, QObject* parent)
+    : QObject(parent),
+      m_model(model),
+      m_clock(clock),
+      m_appearance(appearance),
+      m_calendar(calendar),
+      m_labels(labels) {
+    connect(&model, &core::AppModel::historyChanged, this, &HeatmapModel::update);
+    connect(&appearance, &Appearance::changed, this, &HeatmapModel::update);
+}
+
+QStringList HeatmapModel::filters() const {
+    QStringList texts;
+    for (const QLatin1StringView text : model::rawValues<history::HeatmapFilter>) {
+        texts << text;
+    }
+    return texts;
+}
+
+void HeatmapModel::setFilter(int filter) {
+    m_filter = static_cast<history::HeatmapFilter>(filter);
+    update();
+}
+
+void HeatmapModel::setWeeks(int weeks) {
+    if (weeks != m_weeks) {
+        m_weeks = weeks;
+        point(-1);
+        update();
+    }
+}
+
+model::ColourScheme HeatmapModel::scheme() const {
+    return m_appearance.isDark() ? model::ColourScheme::dark : model::ColourScheme::light;
+}
+
+void HeatmapModel::update() {
+    m_columns = history::heatmapColumns(m_weeks, m_calendar, m_clock.now());
+    m_totals = history::dayTotals(m_model.history(), m_filter, m_calendar);
+    std::vector<HeatmapCell> cells;
+    cells.reserve(m_columns.size() * daysPerWeek);
+    for (const history::WeekColumn& column : m_columns) {
+        for (const DayCell& cell : column) {
+            const auto fill =
+                history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
+            cells.push_back({.colour = cell.isFuture ? QColor(Qt::transparent)
+                                                     : toColour(fill.colour, fill.opacity)});
+        }
+    }
+    m_cells.setRecords(std::move(cells));
+    Q_EMIT changed();
+    Q_EMIT currentChanged();
+}
+
+QStringList HeatmapModel::weekdays() const {
+    QStringList names;
+    if (!m_columns.empty()) {
+        for (const DayCell& cell : m_columns.back()) {
+            names << m_labels.weekday(cell.day);
+        }
+    }
+    return names;
+}
+
+QStringList HeatmapModel::months() const {
+    QStringList names;
+    qsizetype free = 0; // the next column whose label would not touch the one before
+    for (const history::WeekColumn& column : m_columns) {
+        const auto first =
+            std::ranges::find(column, 1, [](const DayCell& cell) { return cell.day.day(); });
+        const bool isNamed = first != column.end() && !first->isFuture && names.size() >= free;
+        names << (isNamed ? m_labels.month(first->day) : QString());
+        if (isNamed) {
+            free = names.size() + widthOfMonthLabel - 1;
+        }
+    }
+    return names;
+}
+
+QList<QColor> HeatmapModel::legend() const {
+    QList<QColor> colours;
+    for (int level = 0; level <= history::highestLevel; ++level) {
+        const auto fill = history::levelColour(level, m_filter, scheme());
+        colours << toColour(fill.colour, fill.opacity);
+    }
+    return colours;
+}
+
+const DayCell* HeatmapModel::cell(int index) const {
+    if (index < 0 || index >= static_cast<int>(m_columns.size()) * daysPerWeek) {
+        return nullptr;
+    }
+    const DayCell& cell = m_columns[static_cast<std::size_t>(index / daysPerWeek)]
+                                   [static_cast<std::size_t>(index % daysPerWeek)];
+    return cell.isFuture ? nullptr : &cell;
+}
+
+QString HeatmapModel::currentText() const {
+    const DayCell* pointed = cell(m_current);
+    if (pointed == nullptr) {
+        return {};
+    }
+    const auto total = m_totals.byDay.find(pointed->day);
+    const std::int64_t tokens = total != m_totals.byDay.end() ? total->second : 0;
+    //: %1 is a day, %2 a number such as "12K"
+    return tr("%1: %2 tokens").arg(m_labels.fullDay(pointed->day), m_labels.compactNumber(tokens));
+}
+
+void HeatmapModel::point(int index) {
+    const int current = cell(index) != nullptr ? index : -1;
+    if (std::exchange(m_current, current) != current) {
+        Q_EMIT currentChanged();
+    }
+}
+
+void HeatmapModel::step(int by) {
+    if (cell(m_current + by) != nullptr && m_current >= 0) {
+        point(m_current + by);
+    } else if (m_current < 0) {
+        int today = static_cast<int>(m_columns.size()) * daysPerWeek - 1;
+        while (today > 0 && cell(today) == nullptr) {
+            --today;
+        }
+        point(today);
+    }
+}
+
+} // namespace tallyvane::ui

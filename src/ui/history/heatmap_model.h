@@ -1,0 +1,87 @@
+#pragma once
+
+#include "core/app_model.h"
+#include "history/heatmap.h"
+#include "model/locale_labels.h"
+#include "ui/history/history_model.h"
+#include "ui/style/appearance.h"
+#include "ui/style/record_list.h"
+
+namespace tallyvane::ui {
+
+/// One day of the heatmap.
+class HeatmapCell {
+    Q_GADGET
+    Q_PROPERTY(QColor colour MEMBER colour)
+
+public:
+    QColor colour; ///< transparent when the day lies in the future
+
+    bool operator==(const HeatmapCell&) const = default;
+};
+
+/// What the calendar heatmap of the usage history shows: columns of seven days, which the list of
+/// cells has one after the other.
+class HeatmapModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made with the main window")
+    Q_PROPERTY(QStringList filters READ filters CONSTANT)
+    Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
+    Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
+    Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
+    Q_PROPERTY(QStringList weekdays READ weekdays NOTIFY changed)
+    Q_PROPERTY(QStringList months READ months NOTIFY changed)
+    Q_PROPERTY(QList<QColor> legend READ legend NOTIFY changed)
+    Q_PROPERTY(int current READ current NOTIFY currentChanged)
+    Q_PROPERTY(QString currentText READ currentText NOTIFY currentChanged)
+
+public:
+    /// All outlive it.
+    HeatmapModel(const core::AppModel& model, const platform::Clock& clock,
+                 const Appearance& appearance, const history::Calendar& calendar,
+                 const model::LocaleLabels& labels, QObject* parent = nullptr);
+
+    [[nodiscard]] QStringList filters() const;
+    [[nodiscard]] int filter() const { return static_cast<int>(m_filter); }
+    void setFilter(int filter);
+    [[nodiscard]] int weeks() const { return m_weeks; }
+    /// As many columns as there is room for; none until told.
+    void setWeeks(int weeks);
+    [[nodiscard]] QAbstractItemModel* cells() { return &m_cells; }
+    [[nodiscard]] QStringList weekdays() const;             ///< from top to bottom
+    [[nodiscard]] QStringList months() const;               ///< one a column, most of them empty
+    [[nodiscard]] QList<QColor> legend() const;             ///< from "Less" to "More"
+    [[nodiscard]] int current() const { return m_current; } ///< a cell's index; -1 for none
+    [[nodiscard]] QString currentText() const;              ///< its day and tokens
+
+    /// Points at a cell; at none when there is no such cell or its day lies in the future.
+    Q_INVOKABLE void point(int cell);
+    /// Points at the cell `by` after the present one, from today on when there is none.
+    Q_INVOKABLE void step(int by);
+
+    /// Shows the state of the moment; to be called when a new day begins.
+    void update();
+
+Q_SIGNALS:
+    void changed();
+    void currentChanged();
+
+private:
+    [[nodiscard]] model::ColourScheme scheme() const;
+    [[nodiscard]] const history::DayCell* cell(int index) const;
+
+    const core::AppModel& m_model;
+    const platform::Clock& m_clock;
+    const Appearance& m_appearance;
+    const history::Calendar& m_calendar;
+    const model::LocaleLabels& m_labels;
+    history::HeatmapFilter m_filter = history::HeatmapFilter::total;
+    int m_weeks = 0;
+    int m_current = -1;
+    std::vector<history::WeekColumn> m_columns;
+    history::DayTotals m_totals;
+    RecordList<HeatmapCell> m_cells;
+};
+
+} // namespace tallyvane::ui

@@ -1,0 +1,172 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tallyvane.Settings
+import Tallyvane.Style
+
+/// The third page.
+ColumnLayout {
+    id: root
+
+    required property SettingsModel viewModel
+
+    component Caption: TextLabel {
+        Layout.fillWidth: true
+        font: Theme.caption
+        color: Theme.secondaryText
+        wrapMode: Text.Wrap
+    }
+
+    spacing: Theme.pageMargin
+    Component.onCompleted: viewModel.show()
+
+    TextLabel {
+        text: qsTr("Settings")
+        font: Theme.title
+        Accessible.role: Accessible.Heading
+    }
+    SettingsSection {
+        title: qsTr("Appearance")
+
+        GridLayout {
+            columns: schemeLabel.implicitWidth + scheme.implicitWidth + columnSpacing > width ? 1 : 2
+            columnSpacing: Theme.spacing
+            rowSpacing: Theme.spacing
+
+            TextLabel {
+                id: schemeLabel
+
+                Layout.fillWidth: true
+                text: qsTr("Color scheme")
+            }
+            SegmentedPicker {
+                id: scheme
+
+                objectName: "appearance"
+                title: schemeLabel.text
+                choices: root.viewModel.appearances
+                currentIndex: root.viewModel.appearance
+                onActivated: index => root.viewModel.appearance = index
+            }
+        }
+    }
+    SettingsSection {
+        title: qsTr("Background refresh")
+
+        CleanSwitch {
+            objectName: "launchAtLogin"
+            Layout.fillWidth: true
+            text: qsTr("Launch menu bar app at login")
+            checked: root.viewModel.launchesAtLogin
+            onToggled: root.viewModel.setLaunchesAtLogin(checked)
+        }
+        Caption {
+            text: qsTr("The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.")
+        }
+    }
+    SettingsSection {
+        title: qsTr("Reset notifications")
+
+        CleanSwitch {
+            objectName: "notifies"
+            Layout.fillWidth: true
+            text: qsTr("Notify when a quota resets")
+            checked: root.viewModel.notifies
+            onToggled: root.viewModel.notifies = checked
+        }
+        Caption {
+            text: qsTr("Sends a desktop alert when Codex or Claude's quota resets during an enabled window. Requires the menu bar app to be running.")
+        }
+        GridLayout {
+            visible: !root.viewModel.isAuthorized
+            columns: warning.implicitWidth + openSettings.implicitWidth + columnSpacing > width ? 1 : 2
+            columnSpacing: Theme.spacing
+            rowSpacing: Theme.spacing
+
+            RowLayout {
+                id: warning
+
+                spacing: Theme.spacing
+
+                SymbolImage {
+                    name: "exclamationmark.triangle.fill"
+                    size: Theme.symbolSize
+                    color: Theme.warning
+                }
+                TextLabel {
+                    objectName: "notAuthorized"
+                    Layout.fillWidth: true
+                    text: qsTr("Notifications are turned off in System Settings")
+                    wrapMode: Text.Wrap
+                }
+            }
+            PushButton {
+                id: openSettings
+
+                objectName: "openSettings"
+                Layout.alignment: Qt.AlignRight
+                visible: root.viewModel.hasNotificationSettings
+                text: qsTr("Open Settings")
+                onClicked: root.viewModel.openNotificationSettings()
+            }
+        }
+        Divider {
+            Layout.fillWidth: true
+        }
+        Repeater {
+            model: root.viewModel.windows
+
+            TimeWindowRow {
+                Layout.fillWidth: true
+                viewModel: root.viewModel
+            }
+        }
+        PushButton {
+            objectName: "addWindow"
+            text: qsTr("Add time window")
+            symbol: "plus"
+            onClicked: root.viewModel.addWindow()
+        }
+    }
+    SettingsSection {
+        title: qsTr("Privacy")
+
+        RowLayout {
+            spacing: Theme.spacing
+
+            SymbolImage {
+                name: "lock.shield"
+                size: Theme.scaled(18)
+                color: Theme.text
+            }
+            TextLabel {
+                Layout.fillWidth: true
+                text: qsTr("All history stays on this Mac")
+                wrapMode: Text.Wrap
+            }
+        }
+        Caption {
+            text: qsTr("No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.")
+        }
+        PushButton {
+            objectName: "clearHistory"
+            kind: PushButton.Destructive
+            text: qsTr("Clear usage history")
+            onClicked: root.viewModel.clearHistory()
+        }
+    }
+    TextLabel {
+        objectName: "status"
+        Layout.fillWidth: true
+        Layout.leftMargin: Theme.smallSpacing
+        visible: text !== ""
+        text: root.viewModel.statusMessage
+        color: Theme.secondaryText
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.StatusBar
+    }
+    Item {
+        Layout.fillHeight: true
+    }
+}

@@ -1,0 +1,59 @@
+import QtQuick
+import QtQuick.Layouts
+import Tallyvane.Settings
+import Tallyvane.Style
+
+/// One range of the day in which notifications may appear.
+RowLayout {
+    id: root
+
+    required property SettingsModel viewModel
+    required property string windowId
+    required property bool allDay
+    required property int startMinutes
+    required property int endMinutes
+
+    spacing: Theme.spacing
+
+    TickBox {
+        objectName: "allDay"
+        text: qsTr("All day")
+        checked: root.allDay
+        onToggled: root.viewModel.changeWindow(root.windowId, checked, root.startMinutes, root.endMinutes)
+    }
+    Item {
+        Layout.fillWidth: true
+    }
+    TimeField {
+        objectName: "start"
+        visible: !root.allDay
+        viewModel: root.viewModel
+        minutes: root.startMinutes
+        //: What a screen reader calls the field
+        title: qsTr("Start time")
+        onPicked: minutes => root.viewModel.changeWindow(root.windowId, root.allDay, minutes, root.endMinutes)
+    }
+    TextLabel {
+        visible: !root.allDay
+        text: "–"
+        color: Theme.secondaryText
+        Accessible.ignored: true
+    }
+    TimeField {
+        objectName: "end"
+        visible: !root.allDay
+        viewModel: root.viewModel
+        minutes: root.endMinutes
+        //: What a screen reader calls the field
+        title: qsTr("End time")
+        onPicked: minutes => root.viewModel.changeWindow(root.windowId, root.allDay, root.startMinutes, minutes)
+    }
+    IconButton {
+        objectName: "remove"
+        symbol: "trash"
+        ink: Theme.destructive
+        //: What a screen reader calls the button
+        text: qsTr("Remove time window")
+        onClicked: root.viewModel.removeWindow(root.windowId)
+    }
+}

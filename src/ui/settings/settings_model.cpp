@@ -1,0 +1,155 @@
+#include "ui/settings/settings_model.h"
+
+#include "core/launch_at_login.h"
+
+#include <utility>
+
+namespace tallyvane::ui {
+
+using notify::NotificationSettings;
+using notify::NotificationWindow;
+
+namespace {
+
+constexpr int minutesPerDay = 24 * 60;
+constexpr int minutesPerStep = 15;
+
+/// The minute of the day that a stored value means; the store holds whatever it was given.
+int minuteOfDay(std::int64_t minutes) {
+    return static_cast<int>((minutes % minutesPerDay + minutesPerDay) % minutesPerDay);
+}
+
+} // namespace
+
+SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginItem,
+                             platform::NotificationCentre& notificationCentre,
+                             const model::LocaleLabels& labels,
+                             std::function<void()> openNotificationSettings, QObject* parent)
+    : QObject(parent),
+      m_model(model),
+      m_loginItem(loginItem),
+      m_notificationCentre(notificationCentre),
+      m_labels(labels),
+      m_openNotificationSettings(std::move(openNotificationSettings)) {
+    connect(&model, &core::AppModel::appearanceChanged, this, &SettingsModel::appearanceChanged);
+    connect(&model, &core::AppModel::notificationSettingsChanged, this, [this] {
+        showWindows();
+        Q_EMIT notificationSettingsChanged();
+    });
+    showWindows();
+}
+
+QStringList SettingsModel::appearances() const {
+    QStringList labels;
+    for (const QLatin1StringView value : model::rawValues<model::AppAppearance>) {
+        QString label = value;
+        label[0] = label[0].toUpper();
+        labels << label;
+    }
+    return labels;
+}
+
+void SettingsModel::setAppearance(int appearance) {
+    m_model.setAppearance(static_cast<model::AppAppearance>(appearance));
+}
+
+bool SettingsModel::launchesAtLogin() const {
+    return core::launchesAtLogin(m_loginItem);
+}
+
+void SettingsModel::show() {
+    setStatusMessage({});
+    Q_EMIT launchesAtLoginChanged();
+    readAuthorization();
+}
+
+void SettingsModel::setLaunchesAtLogin(bool wanted) {
+    if (const auto done = core::setLaunchAtLogin(m_loginItem, wanted); !done) {
+        setStatusMessage(done.error());
+    }
+    Q_EMIT launchesAtLoginChanged(); // also when it stays, so that the switch springs back
+}
+
+void SettingsModel::setNotifies(bool notifies) {
+    NotificationSettings settings = m_model.notificationSettings();
+    settings.enabled = notifies;
+    m_model.setNotificationSettings(settings);
+    if (notifies) {
+        readAuthorization();
+    }
+}
+
+void SettingsModel::readAuthorization() {
+    QCoro::connect(m_notificationCentre.isAuthorized(), this, [this](bool isAuthorized) {
+        if (std::exchange(m_isAuthorized, isAuthorized) != isAuthorized) {
+            Q_EMIT isAuthorizedChanged();
+        }
+    });
+}
+
+void SettingsModel::openNotificationSettings() {
+    m_openNotificationSettings();
+}
+
+void SettingsModel::addWindow() {
+    NotificationSettings settings = m_model.notificationSettings();
+    settings.windows.emplace_back();
+    m_model.setNotificationSettings(settings);
+}
+
+void SettingsModel::changeWindow(const QString& windowId, bool allDay, int startMinutes,
+                                 int endMinutes) {
+    NotificationSettings settings = m_model.notificationSettings();
+    const auto window =
+        std::ranges::find(settings.windows, QUuid(windowId), &NotificationWindow::id);
+    if (window == settings.windows.end()) {
+        return;
+    }
+    window->allDay = allDay;
+    window->startMinutes = startMinutes;
+    window->endMinutes = endMinutes;
+    m_model.setNotificationSettings(settings);
+}
+
+void SettingsModel::removeWindow(const QString& windowId) {
+    NotificationSettings settings = m_model.notificationSettings();
+    std::erase_if(settings.windows,
+                  [&](const NotificationWindow& window) { return window.id == QUuid(windowId); });
+    m_model.setNotificationSettings(settings);
+}
+
+void SettingsModel::clearHistory() {
+    m_model.clearHistory();
+    setStatusMessage(tr("Usage history cleared."));
+}
+
+QString SettingsModel::timeText(int minutes) const {
+    return m_labels.timeOfDay(minutes);
+}
+
+int SettingsModel::minutesOf(const QString& text, int otherwise) const {
+    return m_labels.parseTimeOfDay(text).value_or(otherwise);
+}
+
+int SettingsModel::stepped(int minutes, int steps) const {
+    return minuteOfDay(minutes + std::int64_t{minutesPerStep} * steps);
+}
+
+void SettingsModel::showWindows() {
+    std::vector<TimeWindow> rows;
+    for (const NotificationWindow& window : m_model.notificationSettings().windows) {
+        rows.push_back({.windowId = window.id.toString(),
+                        .allDay = window.allDay,
+                        .startMinutes = minuteOfDay(window.startMinutes),
+                        .endMinutes = minuteOfDay(window.endMinutes)});
+    }
+    m_windows.setRecords(std::move(rows));
+}
+
+void SettingsModel::setStatusMessage(const QString& message) {
+    if (std::exchange(m_statusMessage, message) != message) {
+        Q_EMIT statusMessageChanged();
+    }
+}
+
+} // namespace tallyvane::ui

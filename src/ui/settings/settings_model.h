@@ -1,0 +1,107 @@
+#pragma once
+
+#include "core/app_model.h"
+#include "model/locale_labels.h"
+#include "platform/login_item.h"
+#include "platform/notification_centre.h"
+#include "ui/style/record_list.h"
+
+#include <QtQml/qqmlregistration.h>
+
+#include <functional>
+
+namespace tallyvane::ui {
+
+/// A row of the list of times at which notifications may appear.
+class TimeWindow {
+    Q_GADGET
+    Q_PROPERTY(QString windowId MEMBER windowId)
+    Q_PROPERTY(bool allDay MEMBER allDay)
+    Q_PROPERTY(int startMinutes MEMBER startMinutes)
+    Q_PROPERTY(int endMinutes MEMBER endMinutes)
+
+public:
+    QString windowId;
+    bool allDay = false;
+    int startMinutes = 0; ///< after midnight, 0 to 1439
+    int endMinutes = 0;
+
+    bool operator==(const TimeWindow&) const = default;
+};
+
+/// What the settings page shows, and what its controls do.
+class SettingsModel : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made with the main window")
+    Q_PROPERTY(QStringList appearances READ appearances CONSTANT)
+    Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
+    Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY launchesAtLoginChanged)
+    Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
+    Q_PROPERTY(bool isAuthorized READ isAuthorized NOTIFY isAuthorizedChanged)
+    Q_PROPERTY(bool hasNotificationSettings READ hasNotificationSettings CONSTANT)
+    Q_PROPERTY(QAbstractItemModel* windows READ windows CONSTANT)
+    Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY statusMessageChanged)
+
+public:
+    /// All outlive it. `openNotificationSettings` opens the desktop's own settings of
+    /// notifications; it is empty where there are none.
+    SettingsModel(core::AppModel& model, platform::LoginItem& loginItem,
+                  platform::NotificationCentre& notificationCentre,
+                  const model::LocaleLabels& labels, std::function<void()> openNotificationSettings,
+                  QObject* parent = nullptr);
+
+    [[nodiscard]] QStringList appearances() const; ///< as the cases of model::AppAppearance
+    [[nodiscard]] int appearance() const { return static_cast<int>(m_model.appearance()); }
+    void setAppearance(int appearance);
+
+    [[nodiscard]] bool launchesAtLogin() const; ///< as the desktop has it
+    [[nodiscard]] bool notifies() const { return m_model.notificationSettings().enabled; }
+    void setNotifies(bool notifies);
+    /// Whether notifications reach the user; true until that is known.
+    [[nodiscard]] bool isAuthorized() const { return m_isAuthorized; }
+    [[nodiscard]] bool hasNotificationSettings() const { return !!m_openNotificationSettings; }
+    [[nodiscard]] QAbstractItemModel* windows() { return &m_windows; }
+    [[nodiscard]] QString statusMessage() const { return m_statusMessage; }
+
+    /// To be called when the page is shown: reads anew what other programs may have changed, and
+    /// forgets the status message.
+    Q_INVOKABLE void show();
+    Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
+    Q_INVOKABLE void openNotificationSettings();
+    Q_INVOKABLE void addWindow();
+    Q_INVOKABLE void changeWindow(const QString& windowId, bool allDay, int startMinutes,
+                                  int endMinutes);
+    Q_INVOKABLE void removeWindow(const QString& windowId);
+    Q_INVOKABLE void clearHistory();
+
+    /// A time of day in the locale's manner.
+    Q_INVOKABLE QString timeText(int minutes) const;
+    /// The minutes after midnight that a text means; `otherwise` when it is no time of day.
+    Q_INVOKABLE int minutesOf(const QString& text, int otherwise) const;
+    /// `minutes` a few minutes later, or earlier when `steps` is negative, around midnight too.
+    Q_INVOKABLE int stepped(int minutes, int steps) const;
+
+Q_SIGNALS:
+    void appearanceChanged();
+    void launchesAtLoginChanged();
+    void notificationSettingsChanged();
+    void isAuthorizedChanged();
+    void statusMessageChanged();
+
+private:
+    void readAuthorization();
+    void showWindows();
+    void setStatusMessage(const QString& message);
+
+    core::AppModel& m_model;
+    platform::LoginItem& m_loginItem;
+    platform::NotificationCentre& m_notificationCentre;
+    const model::LocaleLabels& m_labels;
+    std::function<void()> m_openNotificationSettings;
+    bool m_isAuthorized = true;
+    QString m_statusMessage;
+    RecordList<TimeWindow> m_windows;
+};
+
+} // namespace tallyvane::ui

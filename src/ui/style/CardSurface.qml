@@ -1,0 +1,29 @@
+import QtQuick
+import Tallyvane.Style
+
+/// The ground of things that belong together, raised by a faint shadow.
+Rectangle {
+    id: root
+
+    readonly property list<double> shadowReaches: [0.5, 1.5, 3]
+
+    radius: Theme.largeRadius
+    color: Theme.card
+    border.color: Theme.isDark ? Theme.outline : "transparent"
+
+    Repeater {
+        model: root.shadowReaches
+
+        Rectangle {
+            required property double modelData
+
+            z: -1
+            anchors.fill: parent
+            anchors.margins: -modelData
+            anchors.topMargin: -modelData + 1
+            anchors.bottomMargin: -modelData - 1
+            radius: root.radius + modelData
+            color: Theme.cardShadow
+        }
+    }
+}

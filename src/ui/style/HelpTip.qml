@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tallyvane.Style
+
+/// What a control does, shown when the pointer rests on it.
+T.ToolTip {
+    id: root
+
+    x: parent ? (parent.width - width) / 2 : 0
+    y: parent ? parent.height + Theme.smallSpacing : 0
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    margins: Theme.spacing
+    horizontalPadding: Theme.spacing
+    verticalPadding: Theme.smallSpacing
+    delay: 600
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
+
+    contentItem: TextLabel {
+        text: root.text
+        font: Theme.caption
+        Accessible.ignored: true
+    }
+    background: Rectangle {
+        radius: Theme.smallRadius
+        color: Theme.panel
+        border.color: Theme.outline
+    }
+}
