@@ -47,7 +47,7 @@ private:
     MenuBarQuotaViewModel& m_viewModel;
     std::unique_ptr<Window> m_window;
     std::unique_ptr<Window> m_closed; ///< until the event that closed it is over
-    QDeadlineTimer m_samePress; ///< until then a press is the one that closed the panel
+    QDeadlineTimer m_samePress;       ///< until then a press is the one that closed the panel
 };
 
 } // namespace tallyvane::ui
