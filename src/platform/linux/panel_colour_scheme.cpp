@@ -1,7 +1,6 @@
 #include "platform/linux/panel_colour_scheme.h"
 
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
 #include <QtDBus/QDBusVariant>
@@ -29,7 +28,7 @@ PanelColourScheme::PanelColourScheme() {
         return;
     }
     bus.connect(xfconf, xfconfPath, xfconf, QStringLiteral("PropertyChanged"), this,
-                SLOT(onPropertyChanged(QString, QString, QDBusVariant)));
+                SLOT(onPropertyChanged(QDBusMessage)));
     QDBusMessage call =
         QDBusMessage::createMethodCall(xfconf, xfconfPath, xfconf, QStringLiteral("GetProperty"));
     call << panelChannel << darkMode;
@@ -43,10 +42,10 @@ PanelColourScheme::PanelColourScheme() {
     });
 }
 
-void PanelColourScheme::onPropertyChanged(const QString& channel, const QString& property,
-                                          const QDBusVariant& value) {
-    if (channel == panelChannel && property == darkMode) {
-        setScheme(schemeOf(value.variant()));
+void PanelColourScheme::onPropertyChanged(const QDBusMessage& signal) {
+    const QVariantList arguments = signal.arguments();
+    if (arguments.size() == 3 && arguments.at(0) == panelChannel && arguments.at(1) == darkMode) {
+        setScheme(schemeOf(arguments.at(2).value<QDBusVariant>().variant()));
     }
 }
 

@@ -3,8 +3,7 @@
 #include "platform/colour_scheme.h"
 
 #include <QtCore/QObject>
-
-class QDBusVariant;
+#include <QtDBus/QDBusMessage> // a slot is found by its complete types
 
 namespace tallyvane::platform {
 
@@ -24,8 +23,7 @@ Q_SIGNALS:
     void changed();
 
 private Q_SLOTS:
-    void onPropertyChanged(const QString& channel, const QString& property,
-                           const QDBusVariant& value);
+    void onPropertyChanged(const QDBusMessage& signal);
 
 private:
     void setScheme(ColourScheme scheme);
