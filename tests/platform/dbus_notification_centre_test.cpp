@@ -1,5 +1,6 @@
 #include "platform/linux/dbus_notification_centre.h"
 #include "support/private_bus.h"
+#include "support/running_program.h"
 #include "support/test_main.h"
 #include "support/virtual_display.h"
 
@@ -22,23 +23,6 @@ const QString servicePath = QStringLiteral("/org/freedesktop/Notifications");
 const platform::Notification reset{.identifier = QStringLiteral("reset-claude-1750000000.5"),
                                    .title = QStringLiteral("Tallyvane"),
                                    .body = QStringLiteral("您的 Claude token 已经重置了。")};
-
-/// A program that runs as long as this object lives.
-struct Program {
-    explicit Program(const QByteArray& command) {
-        process.setStandardErrorFile(QProcess::nullDevice());
-        process.start(QStringLiteral("/bin/sh"),
-                      {QStringLiteral("-c"), QString::fromUtf8("exec " + command)});
-    }
-    ~Program() {
-        process.kill();
-        process.waitForFinished();
-    }
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
-
-    QProcess process;
-};
 
 /// A daemon of any name, on a connection of its own. It takes notifications with the id 7, and
 /// answers no call when it has no name.
@@ -105,13 +89,13 @@ private Q_SLOTS:
     }
 
     void dunstShowsIt() {
-        Program monitor("dbus-monitor --session member=Notify");
+        tests::RunningProgram monitor("dbus-monitor --session member=Notify");
         QByteArray seen;
         const auto sees = [&](const char* text) {
             return (seen += monitor.process.readAllStandardOutput()).contains(text);
         };
         QTRY_VERIFY(sees("NameLost")); // it is listening
-        const Program dunst("dunst");
+        const tests::RunningProgram dunst("dunst");
         QTRY_VERIFY(isOwned(serviceName));
         const QSignalSpy activated(&m_centre, &DBusNotificationCentre::activated);
         m_centre.post(reset);
@@ -156,9 +140,9 @@ private Q_SLOTS:
         const QTemporaryDir configuration;
         qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
         qputenv("GSETTINGS_BACKEND", "keyfile");
-        const Program xfconf("/usr/lib/*/xfce4/xfconf/xfconfd");
+        const tests::RunningProgram xfconf("/usr/lib/*/xfce4/xfconf/xfconfd");
         QTRY_VERIFY(isOwned(QStringLiteral("org.xfce.Xfconf")));
-        std::optional<Program> program;
+        std::optional<tests::RunningProgram> program;
         std::optional<ScriptedDaemon> gnome;
         daemon.isEmpty() ? void(gnome.emplace("gnome-shell")) : void(program.emplace(daemon));
         QTRY_VERIFY(isOwned(serviceName));

@@ -31,8 +31,8 @@ int main(int argc, char** argv) {
         app::printError(commandLine.error());
         return std::to_underlying(app::ExitCode::usage);
     }
-    app::DesktopProgram program(app::readEnvironment());
     const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
+    app::DesktopProgram program(app::readEnvironment());
     if (const auto ended = program.start(commandLine->startMode)) {
         return std::to_underlying(*ended);
     }

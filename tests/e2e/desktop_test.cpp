@@ -1,0 +1,253 @@
+#include "model/quota_snapshot.h"
+#include "support/test_main.h"
+#include "support/xfce_desktop.h"
+
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusInterface>
+
+#include <csignal>
+
+using namespace tallyvane;
+using tests::output;
+
+namespace {
+
+constexpr int patience = 30000; ///< in milliseconds, for programs that start on a busy machine
+const QString busName = QStringLiteral("org.corvelle.Tallyvane");
+
+void write(const QString& name, const QByteArray& content) {
+    const QString path = qEnvironmentVariable("HOME") + QLatin1Char('/') + name;
+    QDir().mkpath(path.left(path.lastIndexOf(u'/')));
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(content);
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+/// Lets `codex` answer with this five-hour figure, after running `before`.
+void installCodex(double usedPercent, const QByteArray& before = {}) {
+    write(QStringLiteral(".local/bin/codex"),
+          "#!/bin/sh\n" + before +
+              "\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":{\"usedPercent\":" +
+              QByteArray::number(usedPercent) + "}}}}'\ncat\n");
+}
+
+/// The program, as users and their desktop start it.
+struct Tallyvane : QProcess {
+    explicit Tallyvane(const QStringList& arguments) {
+        start(QStringLiteral(TALLYVANE_PROGRAM), arguments);
+    }
+    ~Tallyvane() override {
+        terminate();
+        waitForFinished(patience);
+    }
+    Tallyvane(const Tallyvane&) = delete;
+    Tallyvane& operator=(const Tallyvane&) = delete;
+};
+
+/// How many processes run a program of this name in this test's home.
+int running(const QByteArray& name) {
+    int count = 0;
+    const QDir processes(QStringLiteral("/proc"));
+    for (const QString& process : processes.entryList({QStringLiteral("[0-9]*")}, QDir::Dirs)) {
+        const auto content = [&](const char* file) {
+            QFile opened(processes.filePath(process) + QLatin1String(file));
+            return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
+        };
+        count += content("/comm").trimmed() == name.left(15) &&
+                 content("/environ").split('\0').contains("HOME=" + qgetenv("HOME"));
+    }
+    return count;
+}
+
+} // namespace
+
+/// The whole program among real programs of a desktop.
+class DesktopTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    std::optional<tests::XfceDesktop> m_desktop;
+
+    static bool isOwned(const QString& name) {
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(name);
+    }
+
+    /// The bus name of the one item that the panel shows; empty when it shows none.
+    static QString itemName() {
+        QDBusInterface watcher(QStringLiteral("org.kde.StatusNotifierWatcher"),
+                               QStringLiteral("/StatusNotifierWatcher"),
+                               QStringLiteral("org.kde.StatusNotifierWatcher"));
+        const QStringList items = watcher.property("RegisteredStatusNotifierItems").toStringList();
+        return items.size() == 1 ? items.first().section(u'/', 0, 0) : QString();
+    }
+
+    static QString label() {
+        QDBusInterface item(itemName(), QStringLiteral("/StatusNotifierItem"),
+                            QStringLiteral("org.kde.StatusNotifierItem"));
+        return item.property("XAyatanaLabel").toString();
+    }
+
+    /// The windows of the program that can be seen, by their sizes.
+    static QList<QByteArray> windows() {
+        QList<QByteArray> sizes;
+        for (const QByteArray& id :
+             output("xdotool search --onlyvisible --name '^Tallyvane$'").split('\n')) {
+            if (!id.isEmpty()) {
+                const QByteArray geometry = output("xdotool getwindowgeometry " + id);
+                sizes.append(geometry.mid(geometry.indexOf("Geometry: ") + 10).trimmed());
+            }
+        }
+        return sizes;
+    }
+
+    static bool isPanelOpen() {
+        const QList<QByteArray> sizes = windows();
+        return sizes.size() == 1 && sizes.first().startsWith("310x");
+    }
+
+    static void clickItem() { output("xdotool mousemove 24 16 click 1"); }
+
+private Q_SLOTS:
+    void init() {
+        HermeticTest::init();
+        m_desktop.emplace();
+    }
+
+    void cleanup() {
+        QTRY_COMPARE_WITH_TIMEOUT(running("tallyvane-desktop"), 0, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(running("codex"), 0, patience);
+        m_desktop.reset();
+        for (const char* folder : {"/data", "/config", "/.local"}) {
+            QDir(qEnvironmentVariable("HOME") + QLatin1String(folder)).removeRecursively();
+        }
+    }
+
+    void livesInThePanel() {
+        installCodex(63);
+        const tests::RunningProgram windowManager("xfwm4");
+        const tests::RunningProgram notifications("dunst");
+        // Notifications at all times of day.
+        write(
+            QStringLiteral("config/group.corvelle.Gaugewell.conf"),
+            "notificationSettings=\"@ByteArray({\\\"enabled\\\":true,\\\"windows\\\":[{\\\"id\\\":"
+            "\\\"0d1a3b0e-7f0a-4b7e-9b5c-2f1f6a1c9d11\\\",\\\"enabled\\\":true,\\\"allDay\\\":true,"
+            "\\\"startMinutes\\\":0,\\\"endMinutes\\\":0}]})\""
+            "\nhasAskedLaunchAtLogin=true\n");
+        m_desktop->startPanel();
+        Tallyvane program({QStringLiteral("--background")});
+        QTRY_COMPARE_WITH_TIMEOUT(label(), QStringLiteral("37%"), patience);
+        QVERIFY(windows().isEmpty());
+
+        // The panel: below the item, until a click elsewhere or Escape.
+        QTRY_VERIFY_WITH_TIMEOUT((clickItem(), QTest::qWait(300), isPanelOpen()), patience);
+        QVERIFY(output("xdotool search --onlyvisible --name '^Tallyvane$' getwindowgeometry")
+                    .contains("Position: 8,"));
+        output("xdotool mousemove 900 700 click 1");
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
+        QTest::qWait(300); // longer than a click on the item counts as the one that closed it
+        clickItem();
+        QTRY_VERIFY_WITH_TIMEOUT(isPanelOpen(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT((output("xdotool key Escape"), windows().isEmpty()), patience);
+
+        // The menu.
+        QDBusInterface menu(itemName(), QStringLiteral("/MenuBar"),
+                            QStringLiteral("com.canonical.dbusmenu"));
+        const auto choose = [&](int entry) {
+            menu.call(QStringLiteral("Event"), entry, QStringLiteral("clicked"),
+                      QVariant::fromValue(QDBusVariant(0)), uint{0});
+        };
+        choose(4);
+        QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
+        output("xdotool search --onlyvisible --name '^Tallyvane$' windowclose");
+        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
+
+        // The command line refreshes through the program, which tells of a reset.
+        installCodex(2);
+        Tallyvane refresh({QStringLiteral("refresh")});
+        QTRY_COMPARE_WITH_TIMEOUT(refresh.state(), QProcess::NotRunning, patience);
+        QVERIFY(refresh.readAllStandardOutput().contains("98% left"));
+        QCOMPARE(label(), QStringLiteral("98%"));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            (output("dunstctl history-pop"), output("dunstctl count displayed") == "1\n"),
+            patience);
+
+        // A second start shows the window of the first.
+        Tallyvane second({});
+        QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, patience);
+        QCOMPARE(second.exitCode(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
+
+        m_desktop->endPanel();
+        QTRY_COMPARE_WITH_TIMEOUT(itemName(), QString(), patience);
+        m_desktop->startPanel();
+        QTRY_COMPARE_WITH_TIMEOUT(label(), QStringLiteral("98%"), patience);
+
+        choose(7);
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+    }
+
+    void startsOnce_data() {
+        QTest::addColumn<int>("starts");
+        QTest::newRow("two") << 2;
+        QTest::newRow("ten") << 10;
+    }
+    void startsOnce() {
+        QFETCH(const int, starts);
+        std::vector<std::unique_ptr<Tallyvane>> programs;
+        for (int i = 0; i < starts; ++i) {
+            programs.push_back(
+                std::make_unique<Tallyvane>(QStringList{QStringLiteral("--background")}));
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(isOwned(busName), patience);
+        const auto runningStarts = [&] {
+            return std::ranges::count_if(programs, [](const auto& program) {
+                return program->state() != QProcess::NotRunning;
+            });
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(runningStarts(), 1, patience);
+        for (const auto& program : programs) {
+            QCOMPARE(program->exitCode(), 0);
+        }
+    }
+
+    void endsAtAnyMoment_data() {
+        QTest::addColumn<int>("signal");
+        QTest::addColumn<bool>("isRefreshing");
+        QTest::newRow("terminated") << SIGTERM << false;
+        QTest::newRow("terminated while it refreshes") << SIGTERM << true;
+        QTest::newRow("interrupted while it refreshes") << SIGINT << true;
+    }
+    void endsAtAnyMoment() {
+        QFETCH(const int, signal);
+        QFETCH(const bool, isRefreshing);
+        installCodex(50, isRefreshing ? "trap '' TERM; : >\"$HOME/asked\"; sleep 1000" : "");
+        Tallyvane program({QStringLiteral("--background")});
+        const QString sign =
+            qEnvironmentVariable("HOME") + QLatin1String(isRefreshing ? "/asked"
+                                                                      : "/data/Gaugewell/"
+                                                                        "usage-history.json");
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(sign), patience);
+        ::kill(static_cast<pid_t>(program.processId()), signal);
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+        QFile::remove(qEnvironmentVariable("HOME") + QLatin1String("/asked"));
+        QFile stored(qEnvironmentVariable("HOME") +
+                     QLatin1String("/data/Gaugewell/quota-snapshot.json"));
+        QVERIFY(!stored.open(QIODevice::ReadOnly) || model::decodeSnapshot(stored.readAll()));
+    }
+
+    void needsADisplay() {
+        qunsetenv("DISPLAY");
+        Tallyvane program({});
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        QCOMPARE(program.exitCode(), 1);
+        QVERIFY(program.readAllStandardError().contains("no display"));
+    }
+};
+
+TALLYVANE_TEST_MAIN(DesktopTest)
+#include "desktop_test.moc"
