@@ -35,10 +35,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("label");
         QTest::addColumn<GaugeValues>("gauges");
         QTest::addColumn<QStringList>("tooltip");
-        const auto row = [](const char* name, Entries entries, const char* label,
+        const auto row = [](const char* name, const Entries& entries, const char* label,
                             const GaugeValues& gauges, const QStringList& tooltip) {
-            QTest::newRow(name) << std::move(entries) << QString::fromLatin1(label) << gauges
-                                << tooltip;
+            QTest::newRow(name) << entries << QString::fromLatin1(label) << gauges << tooltip;
         };
         constexpr auto codex = AIProvider::codex;
         constexpr auto claude = AIProvider::claude;

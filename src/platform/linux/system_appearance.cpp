@@ -1,9 +1,9 @@
 #include "platform/linux/system_appearance.h"
 
 #include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCallWatcher>
 #include <QtDBus/QDBusPendingReply>
+#include <QtDBus/QDBusVariant>
 
 #include <utility>
 
@@ -23,7 +23,7 @@ SystemAppearance::SystemAppearance(QObject* parent) : QObject(parent) {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected()) {
         bus.connect(portal, portalPath, settings, QStringLiteral("SettingChanged"), this,
-                    SLOT(onSettingChanged(QString, QString, QDBusVariant)));
+                    SLOT(onSettingChanged(QDBusMessage)));
         read();
     }
 }
@@ -42,17 +42,16 @@ void SystemAppearance::read() {
     });
 }
 
-void SystemAppearance::onSettingChanged(const QString& group, const QString& key,
-                                        const QDBusVariant& value) {
-    if (group == appearanceGroup && key == colourSchemeKey) {
-        setScheme(value.variant());
+void SystemAppearance::onSettingChanged(const QDBusMessage& signal) {
+    const QVariantList arguments = signal.arguments();
+    if (arguments.size() == 3 && arguments.at(0) == appearanceGroup &&
+        arguments.at(1) == colourSchemeKey) {
+        setScheme(arguments.at(2));
     }
 }
 
 void SystemAppearance::setScheme(const QVariant& value) {
-    // Read wraps the value in one variant more than the signal does.
-    const bool isWrapped = value.metaType() == QMetaType::fromType<QDBusVariant>();
-    const uint number = (isWrapped ? value.value<QDBusVariant>().variant() : value).toUInt();
+    const uint number = value.value<QDBusVariant>().variant().toUInt();
     const ColourScheme scheme = number == 1   ? ColourScheme::dark
                                 : number == 2 ? ColourScheme::light
                                               : ColourScheme::noPreference;

@@ -3,7 +3,7 @@
 #include "platform/colour_scheme.h"
 
 #include <QtCore/QObject>
-#include <QtDBus/QDBusVariant> // a slot is found by its complete types
+#include <QtDBus/QDBusMessage> // a slot is found by its complete types
 
 namespace tallyvane::platform {
 
@@ -23,7 +23,7 @@ Q_SIGNALS:
     void colourSchemeChanged(tallyvane::platform::ColourScheme scheme);
 
 private Q_SLOTS:
-    void onSettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void onSettingChanged(const QDBusMessage& signal);
 
 private:
     void read();
