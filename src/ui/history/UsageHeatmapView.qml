@@ -26,7 +26,7 @@ ColumnLayout {
     readonly property int weeks: width > 0 ? Math.max(fewestWeeks, Math.floor(room / pitch)) : 0
 
     spacing: Theme.largeSpacing
-    onWeeksChanged: viewModel.setWeeks(weeks)
+    onWeeksChanged: viewModel.weeks = weeks
 
     GridLayout {
         columns: heading.implicitWidth + picker.implicitWidth + columnSpacing > root.width ? 1 : 2
@@ -102,7 +102,9 @@ ColumnLayout {
                 anchors.left: parent.left
                 y: months.height + index * root.pitch + (root.cell - height) / 2
                 text: modelData
-                font.pixelSize: Math.min(Theme.caption.pixelSize, Math.max(root.pitch, 8))
+                font: Theme.caption
+                // Every other one where rows are too low for all.
+                opacity: root.pitch >= height - 2 || index % 2 === 1 ? 1 : 0
                 color: Theme.secondaryText
                 Accessible.ignored: true
             }

@@ -71,10 +71,8 @@ void HeatmapModel::update() {
 
 QStringList HeatmapModel::weekdays() const {
     QStringList names;
-    if (!m_columns.empty()) {
-        for (const DayCell& cell : m_columns.back()) {
-            names << m_labels.weekday(cell.day);
-        }
+    for (const DayCell& cell : history::heatmapColumns(1, m_calendar, m_clock.now()).front()) {
+        names << m_labels.weekday(cell.day);
     }
     return names;
 }

@@ -63,9 +63,9 @@ class HistoryModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QStringList metrics READ metrics CONSTANT)
+    Q_PROPERTY(QList<QString> metrics READ metrics CONSTANT)
     Q_PROPERTY(int metric READ metric WRITE setMetric NOTIFY changed)
-    Q_PROPERTY(QStringList granularities READ granularities CONSTANT)
+    Q_PROPERTY(QList<QString> granularities READ granularities CONSTANT)
     Q_PROPERTY(int granularity READ granularity WRITE setGranularity NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
