@@ -76,8 +76,8 @@ FocusScope {
         loadPrompt();
     }
 
-    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.pageMargin, 20 + Theme.scaled(460))
-    implicitHeight: 480
+    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.largeSpacing)
+    implicitHeight: Math.max(480, Theme.scaled(300))
     focus: true
     LayoutMirroring.enabled: Theme.isRightToLeft
     LayoutMirroring.childrenInherit: true

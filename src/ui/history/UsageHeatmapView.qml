@@ -36,14 +36,17 @@ ColumnLayout {
         ColumnLayout {
             id: heading
 
+            Layout.fillWidth: true
             spacing: 2
 
             TextLabel {
+                Layout.fillWidth: true
                 text: qsTr("Token Heatmap")
                 font: Theme.headline
                 Accessible.role: Accessible.Heading
             }
             TextLabel {
+                Layout.fillWidth: true
                 text: qsTr("Estimated tokens per day")
                 font: Theme.caption
                 color: Theme.secondaryText
@@ -53,8 +56,6 @@ ColumnLayout {
             id: picker
 
             objectName: "filter"
-            Layout.fillWidth: false
-            Layout.alignment: Qt.AlignRight
             title: qsTr("Source")
             choices: root.viewModel.filters
             currentIndex: root.viewModel.filter

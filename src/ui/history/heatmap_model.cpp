@@ -71,7 +71,8 @@ void HeatmapModel::update() {
 
 QStringList HeatmapModel::weekdays() const {
     QStringList names;
-    for (const DayCell& cell : history::heatmapColumns(1, m_calendar, m_clock.now()).front()) {
+    const auto thisWeek = history::heatmapColumns(1, m_calendar, m_clock.now());
+    for (const DayCell& cell : thisWeek.front()) {
         names << m_labels.weekday(cell.day);
     }
     return names;

@@ -18,7 +18,7 @@ class ChartSegment {
     Q_PROPERTY(double base MEMBER base)
     Q_PROPERTY(double extent MEMBER extent)
     Q_PROPERTY(QColor colour MEMBER colour)
-    Q_PROPERTY(double opacity MEMBER opacity)
+    Q_PROPERTY(double strength MEMBER strength)
 
 public:
     double centre = 0;
@@ -26,7 +26,7 @@ public:
     double base = 0; ///< of its lower end above the axis
     double extent = 0;
     QColor colour;
-    double opacity = 1;
+    double strength = 1; ///< opacity
 
     bool operator==(const ChartSegment&) const = default;
 };
