@@ -33,12 +33,12 @@ function(tallyvane_test name)
 endfunction()
 
 # tallyvane_qml_module(<folder of src/ui> URI <uri> QML <file>... [SINGLETONS <file>...]
-#     [SOURCES <file>...] [RESOURCES <file>...] [PUBLIC <target>...] [PRIVATE <target>...])
+#     [SOURCES <file>...] [RESOURCES <file>...] [DEPENDENCIES <uri>...] [PUBLIC <target>...] [PRIVATE <target>...])
 # One QML module as the static library tallyvane_ui_<folder>. Whoever links that has the module in
 # its resources below qrc:/ and its types registered, without a word in C++.
 function(tallyvane_qml_module folder)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "URI"
-        "QML;SINGLETONS;SOURCES;RESOURCES;PUBLIC;PRIVATE")
+        "QML;SINGLETONS;SOURCES;RESOURCES;DEPENDENCIES;PUBLIC;PRIVATE")
     set(target tallyvane_ui_${folder})
     set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml) # where modules and qmllint find others
     set_source_files_properties(${ARG_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
@@ -47,7 +47,7 @@ function(tallyvane_qml_module folder)
         URI ${ARG_URI}
         VERSION 1.0
         RESOURCE_PREFIX /
-        DEPENDENCIES QtQuick
+        DEPENDENCIES QtQuick ${ARG_DEPENDENCIES}
         QML_FILES ${ARG_QML} ${ARG_SINGLETONS}
         SOURCES ${ARG_SOURCES}
         RESOURCES ${ARG_RESOURCES})

@@ -19,32 +19,40 @@ class IdleModel {
     QTemporaryDir m_home;
     std::filesystem::path m_root{m_home.path().toStdString()};
     model::StoreLocations m_locations{.dataHome = m_root / "data", .configHome = m_root / "config"};
-    ManualClock m_clock{model::Timestamp{}};
+
+public:
+    /// `now` is the time on the clock.
+    explicit IdleModel(const model::QuotaSnapshot& snapshot, model::Timestamp now = {},
+                       const history::UsageHistory& history = {})
+        : clock(now), model({.store = m_store,
+                             .defaults = m_defaults,
+                             .codexClient = m_codexClient,
+                             .claudeClient = m_claudeClient,
+                             .tokenEstimator = m_tokenEstimator,
+                             .notifier = m_notifier,
+                             .widgetCentre = m_widgetCentre,
+                             .clock = clock},
+                            snapshot, history) {}
+
+    [[nodiscard]] QDir home() const { return QDir(m_home.path()); }
+
+    ManualClock clock;
+    FakeNotificationCentre notificationCentre;
+
+private:
     FakeSecretStore m_secrets;
     SilentWidgetCentre m_widgetCentre;
     model::SharedStore m_store{m_locations};
     model::DefaultsStore m_defaults = model::DefaultsStore::openFirst(
         m_locations.defaultsSuite(), m_locations.standardDefaults());
-    providers::ProcessRunner m_runner{m_clock};
-    providers::CodexQuotaClient m_codexClient{{}, m_runner, m_clock};
+    providers::ProcessRunner m_runner{clock};
+    providers::CodexQuotaClient m_codexClient{{}, m_runner, clock};
     providers::ClaudeQuotaClient m_claudeClient{
-        {.credentialsFile = m_root / "credentials.json"}, m_secrets, m_clock};
+        {.credentialsFile = m_root / "credentials.json"}, m_secrets, clock};
     history::LocalTokenEstimator m_tokenEstimator{m_root};
-    FakeNotificationCentre m_notificationCentre;
-    notify::QuotaNotifier m_notifier{m_notificationCentre};
+    notify::QuotaNotifier m_notifier{notificationCentre};
 
 public:
-    explicit IdleModel(const model::QuotaSnapshot& snapshot)
-        : model({.store = m_store,
-                 .defaults = m_defaults,
-                 .codexClient = m_codexClient,
-                 .claudeClient = m_claudeClient,
-                 .tokenEstimator = m_tokenEstimator,
-                 .notifier = m_notifier,
-                 .widgetCentre = m_widgetCentre,
-                 .clock = m_clock},
-                snapshot) {}
-
     core::AppModel model;
 };
 

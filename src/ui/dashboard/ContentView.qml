@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
@@ -27,6 +25,36 @@ FocusScope {
         scroller.contentY = 0;
         viewModel.dashboard.toast.dismiss();
     }
+    // Whatever is not shown is not even read.
+    function load(): void {
+        switch (page) {
+        case ContentView.Dashboard:
+            pageLoader.setSource("DashboardContent.qml", {
+                viewModel: viewModel.dashboard
+            });
+            break;
+        case ContentView.UsageHistory:
+            pageLoader.setSource("qrc:/Tallyvane/History/UsageHistoryView.qml", {
+                viewModel: viewModel.history,
+                heatmap: viewModel.heatmap
+            });
+            break;
+        case ContentView.Settings:
+            pageLoader.setSource("qrc:/Tallyvane/Settings/SettingsContent.qml", {
+                viewModel: viewModel.settings
+            });
+            break;
+        }
+    }
+    function loadPrompt(): void {
+        if (viewModel.launchPrompt.isShown) {
+            prompt.setSource("qrc:/Tallyvane/Settings/LaunchAtLoginPrompt.qml", {
+                viewModel: viewModel.launchPrompt
+            });
+        } else {
+            prompt.source = "";
+        }
+    }
     /// Scrolls to what the keyboard is on.
     function reveal(item: Item): void {
         let ancestor = item;
@@ -42,8 +70,14 @@ FocusScope {
         scroller.contentY = Math.max(y, Math.min(bottom, scroller.contentHeight) - scroller.height);
     }
 
-    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.pageMargin, 20 + Theme.scaled(460))
-    implicitHeight: 480
+    onPageChanged: load()
+    Component.onCompleted: {
+        load();
+        loadPrompt();
+    }
+
+    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.largeSpacing)
+    implicitHeight: Math.max(480, Theme.scaled(300))
     focus: true
     LayoutMirroring.enabled: Theme.isRightToLeft
     LayoutMirroring.childrenInherit: true
@@ -60,17 +94,20 @@ FocusScope {
             }
         }
     }
-    Instantiator {
-        model: ["Ctrl+1", "Ctrl+2", "Ctrl+3"]
-
-        Shortcut {
-            required property int index
-            required property string modelData
-
-            sequence: modelData
-            enabled: content.enabled
-            onActivated: root.open(index)
-        }
+    Shortcut {
+        sequence: "Ctrl+1"
+        enabled: content.enabled
+        onActivated: root.open(ContentView.Dashboard)
+    }
+    Shortcut {
+        sequence: "Ctrl+2"
+        enabled: content.enabled
+        onActivated: root.open(ContentView.UsageHistory)
+    }
+    Shortcut {
+        sequence: "Ctrl+3"
+        enabled: content.enabled
+        onActivated: root.open(ContentView.Settings)
     }
     Shortcut {
         sequences: ["Ctrl+R", "F5"]
@@ -96,44 +133,32 @@ FocusScope {
         enabled: !root.viewModel.launchPrompt.isShown
         spacing: 0
 
-        T.TabBar {
+        Row {
             id: tabs
 
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: Theme.largeSpacing
             Layout.bottomMargin: Theme.largeSpacing
-            implicitWidth: contentWidth
-            implicitHeight: contentHeight
-            contentWidth: row.contentItem.childrenRect.width
-            contentHeight: dashboardTab.implicitHeight
             spacing: Theme.smallSpacing
-            currentIndex: root.page
-            onCurrentIndexChanged: root.open(currentIndex)
             Accessible.role: Accessible.PageTabList
 
-            contentItem: ListView {
-                id: row
-
-                model: tabs.contentModel
-                currentIndex: tabs.currentIndex
-                spacing: tabs.spacing
-                orientation: ListView.Horizontal
-                interactive: false
-            }
-
             PageTab {
-                id: dashboardTab
-
                 text: qsTr("Dashboard")
                 symbol: "gauge"
+                isCurrent: root.page === ContentView.Dashboard
+                onClicked: root.open(ContentView.Dashboard)
             }
             PageTab {
                 text: qsTr("Usage History")
                 symbol: "chart.bar"
+                isCurrent: root.page === ContentView.UsageHistory
+                onClicked: root.open(ContentView.UsageHistory)
             }
             PageTab {
                 text: qsTr("Settings")
                 symbol: "slider.horizontal.3"
+                isCurrent: root.page === ContentView.Settings
+                onClicked: root.open(ContentView.Settings)
             }
         }
         Divider {
@@ -165,10 +190,10 @@ FocusScope {
                 id: pages
 
                 width: scroller.width
-                height: Math.max(scroller.height, page.implicitHeight + 2 * Theme.pageMargin)
+                height: Math.max(scroller.height, pageLoader.implicitHeight + 2 * Theme.pageMargin)
 
                 Loader {
-                    id: page
+                    id: pageLoader
 
                     readonly property double widest: root.page === ContentView.UsageHistory ? 1080 : Theme.scaled(720)
 
@@ -176,31 +201,8 @@ FocusScope {
                     y: Theme.pageMargin
                     width: Math.min(parent.width - 2 * Theme.pageMargin, widest)
                     height: parent.height - 2 * Theme.pageMargin
-                    sourceComponent: [dashboardPage, historyPage, settingsPage][root.page]
                 }
             }
-        }
-    }
-    Component {
-        id: dashboardPage
-
-        DashboardContent {
-            viewModel: root.viewModel.dashboard
-        }
-    }
-    Component {
-        id: historyPage
-
-        UsageHistoryView {
-            viewModel: root.viewModel.history
-            heatmap: root.viewModel.heatmap
-        }
-    }
-    Component {
-        id: settingsPage
-
-        SettingsContent {
-            viewModel: root.viewModel.settings
         }
     }
     RefreshToast {
@@ -210,11 +212,16 @@ FocusScope {
         toast: root.viewModel.dashboard.toast
     }
     Loader {
+        id: prompt
+
         anchors.fill: parent
-        active: root.viewModel.launchPrompt.isShown
-        focus: active
-        sourceComponent: LaunchAtLoginPrompt {
-            viewModel: root.viewModel.launchPrompt
+        focus: root.viewModel.launchPrompt.isShown
+    }
+    Connections {
+        target: root.viewModel.launchPrompt
+
+        function onIsShownChanged(): void {
+            root.loadPrompt();
         }
     }
 }

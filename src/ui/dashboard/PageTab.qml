@@ -3,32 +3,39 @@ import QtQuick.Templates as T
 import Tallyvane.Style
 
 /// The way to one page.
-T.TabButton {
+T.AbstractButton {
     id: root
 
     required property string symbol
+    required property bool isCurrent
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: Theme.padding
     verticalPadding: Theme.spacing
-    font: checked ? Theme.bodySemibold : Theme.body
+    font: isCurrent ? Theme.bodySemibold : Theme.body
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
 
     Accessible.role: Accessible.PageTab
     Accessible.name: text
+    Accessible.selectable: true
+    Accessible.selected: isCurrent
     Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Keys.onRightPressed: nextItemInFocusChain(!mirrored).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onLeftPressed: nextItemInFocusChain(mirrored).forceActiveFocus(Qt.TabFocusReason)
 
     contentItem: SymbolAndText {
         symbol: root.symbol
         text: root.text
         font: root.font
-        color: root.checked ? Theme.text : Theme.secondaryText
+        color: root.isCurrent ? Theme.text : Theme.secondaryText
     }
     background: Rectangle {
         radius: Theme.radius
-        color: root.checked ? Theme.controlHovered : root.hovered || root.down ? Theme.control : "transparent"
+        color: root.isCurrent ? Theme.controlHovered : root.hovered || root.down ? Theme.control : "transparent"
 
         FocusRing {
             gap: 0

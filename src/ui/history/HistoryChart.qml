@@ -22,7 +22,7 @@ FocusScope {
         return (Theme.isRightToLeft ? 1 - part : part) * plot.width - size / 2;
     }
 
-    implicitHeight: Theme.scaled(250)
+    implicitHeight: Theme.scaled(216)
     activeFocusOnTab: true
     Accessible.role: Accessible.Chart
     Accessible.name: viewModel.subtitle
@@ -103,6 +103,7 @@ FocusScope {
                 required property double base
                 required property double extent
                 required property color colour
+                required property double strength
 
                 x: root.across(centre, width)
                 y: (1 - base - extent) * plot.height
@@ -111,6 +112,7 @@ FocusScope {
                 height: Math.max(extent * plot.height - (base > 0 ? 0 : 1), 0)
                 radius: Math.min(3, width / 4, height / 2)
                 color: colour
+                opacity: strength
 
                 Behavior on opacity {
                     NumberAnimation {

@@ -26,7 +26,7 @@ ColumnLayout {
     readonly property int weeks: width > 0 ? Math.max(fewestWeeks, Math.floor(room / pitch)) : 0
 
     spacing: Theme.largeSpacing
-    onWeeksChanged: viewModel.setWeeks(weeks)
+    onWeeksChanged: viewModel.weeks = weeks
 
     GridLayout {
         columns: heading.implicitWidth + picker.implicitWidth + columnSpacing > root.width ? 1 : 2
@@ -36,14 +36,17 @@ ColumnLayout {
         ColumnLayout {
             id: heading
 
+            Layout.fillWidth: true
             spacing: 2
 
             TextLabel {
+                Layout.fillWidth: true
                 text: qsTr("Token Heatmap")
                 font: Theme.headline
                 Accessible.role: Accessible.Heading
             }
             TextLabel {
+                Layout.fillWidth: true
                 text: qsTr("Estimated tokens per day")
                 font: Theme.caption
                 color: Theme.secondaryText
@@ -53,8 +56,6 @@ ColumnLayout {
             id: picker
 
             objectName: "filter"
-            Layout.fillWidth: false
-            Layout.alignment: Qt.AlignRight
             title: qsTr("Source")
             choices: root.viewModel.filters
             currentIndex: root.viewModel.filter
@@ -102,7 +103,9 @@ ColumnLayout {
                 anchors.left: parent.left
                 y: months.height + index * root.pitch + (root.cell - height) / 2
                 text: modelData
-                font.pixelSize: Math.min(Theme.caption.pixelSize, Math.max(root.pitch, 8))
+                font: Theme.caption
+                // Every other one where rows are too low for all.
+                opacity: root.pitch >= height - 2 || index % 2 === 1 ? 1 : 0
                 color: Theme.secondaryText
                 Accessible.ignored: true
             }

@@ -20,14 +20,17 @@ ColumnLayout {
         ColumnLayout {
             id: heading
 
+            Layout.fillWidth: true
             spacing: 2
 
             TextLabel {
+                Layout.fillWidth: true
                 text: qsTr("Usage History")
                 font: Theme.title
                 Accessible.role: Accessible.Heading
             }
             TextLabel {
+                Layout.fillWidth: true
                 objectName: "subtitle"
                 text: root.viewModel.subtitle
                 color: Theme.secondaryText
@@ -36,7 +39,8 @@ ColumnLayout {
         RowLayout {
             id: pickers
 
-            Layout.alignment: root.width > heading.implicitWidth + implicitWidth ? Qt.AlignRight | Qt.AlignBottom : Qt.AlignLeft
+            Layout.alignment: Qt.AlignBottom
+            Layout.fillWidth: false
             spacing: Theme.spacing
 
             SegmentedPicker {

@@ -71,10 +71,9 @@ void HeatmapModel::update() {
 
 QStringList HeatmapModel::weekdays() const {
     QStringList names;
-    if (!m_columns.empty()) {
-        for (const DayCell& cell : m_columns.back()) {
-            names << m_labels.weekday(cell.day);
-        }
+    const auto thisWeek = history::heatmapColumns(1, m_calendar, m_clock.now());
+    for (const DayCell& cell : thisWeek.front()) {
+        names << m_labels.weekday(cell.day);
     }
     return names;
 }

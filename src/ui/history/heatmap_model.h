@@ -26,11 +26,11 @@ class HeatmapModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QStringList filters READ filters CONSTANT)
+    Q_PROPERTY(QList<QString> filters READ filters CONSTANT)
     Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
-    Q_PROPERTY(QStringList weekdays READ weekdays NOTIFY changed)
+    Q_PROPERTY(QStringList weekdays READ weekdays CONSTANT)
     Q_PROPERTY(QStringList months READ months NOTIFY changed)
     Q_PROPERTY(QList<QColor> legend READ legend NOTIFY changed)
     Q_PROPERTY(int current READ current NOTIFY currentChanged)

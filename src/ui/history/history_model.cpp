@@ -139,7 +139,7 @@ void HistoryModel::showSegments() {
              .base = base,
              .extent = extent,
              .colour = toColour(model::accentColour(point.provider)),
-             .opacity = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity});
+             .strength = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity});
         base += extent;
     }
     m_segments.setRecords(std::move(segments));

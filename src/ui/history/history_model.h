@@ -18,7 +18,7 @@ class ChartSegment {
     Q_PROPERTY(double base MEMBER base)
     Q_PROPERTY(double extent MEMBER extent)
     Q_PROPERTY(QColor colour MEMBER colour)
-    Q_PROPERTY(double opacity MEMBER opacity)
+    Q_PROPERTY(double strength MEMBER strength)
 
 public:
     double centre = 0;
@@ -26,7 +26,7 @@ public:
     double base = 0; ///< of its lower end above the axis
     double extent = 0;
     QColor colour;
-    double opacity = 1;
+    double strength = 1; ///< opacity
 
     bool operator==(const ChartSegment&) const = default;
 };
@@ -63,9 +63,9 @@ class HistoryModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QStringList metrics READ metrics CONSTANT)
+    Q_PROPERTY(QList<QString> metrics READ metrics CONSTANT)
     Q_PROPERTY(int metric READ metric WRITE setMetric NOTIFY changed)
-    Q_PROPERTY(QStringList granularities READ granularities CONSTANT)
+    Q_PROPERTY(QList<QString> granularities READ granularities CONSTANT)
     Q_PROPERTY(int granularity READ granularity WRITE setGranularity NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)

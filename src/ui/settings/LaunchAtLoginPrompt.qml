@@ -22,6 +22,12 @@ FocusScope {
     Keys.onEscapePressed: viewModel.decline()
     Component.onCompleted: proceed.forceActiveFocus()
 
+    Shortcut {
+        // The switch would take the key for itself.
+        sequences: ["Return", "Enter"]
+        enabled: wanted.activeFocus
+        onActivated: root.accept()
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.scrim

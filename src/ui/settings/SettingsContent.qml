@@ -119,6 +119,7 @@ ColumnLayout {
 
             TimeWindowRow {
                 Layout.fillWidth: true
+                Layout.minimumHeight: Theme.scaled(32)
                 viewModel: root.viewModel
             }
         }

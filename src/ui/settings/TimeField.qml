@@ -48,8 +48,10 @@ T.TextField {
 
     implicitWidth: metrics.width + leftPadding + rightPadding
     implicitHeight: Math.max(Theme.scaled(30), contentHeight + topPadding + bottomPadding)
-    horizontalPadding: Theme.spacing + 2
-    verticalPadding: Theme.smallSpacing
+    leftPadding: Theme.spacing + 2
+    rightPadding: leftPadding
+    topPadding: Theme.smallSpacing
+    bottomPadding: topPadding
     horizontalAlignment: TextInput.AlignHCenter
     verticalAlignment: TextInput.AlignVCenter
     font: Theme.body

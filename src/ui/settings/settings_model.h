@@ -34,7 +34,7 @@ class SettingsModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QStringList appearances READ appearances CONSTANT)
+    Q_PROPERTY(QList<QString> appearances READ appearances CONSTANT)
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
     Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY launchesAtLoginChanged)
     Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
