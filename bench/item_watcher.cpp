@@ -48,11 +48,14 @@ int main(int argc, char** argv) {
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QElapsedTimer timer;
-    QObject::connect(&watcher, &Watcher::itemRegistered, &program, [&] {
-        std::printf("%.2f %lld\n", static_cast<double>(timer.nsecsElapsed()) / 1e6,
-                    static_cast<long long>(program.processId()));
-        std::fflush(stdout);
-    }, Qt::SingleShotConnection);
+    QObject::connect(
+        &watcher, &Watcher::itemRegistered, &program,
+        [&] {
+            std::printf("%.2f %lld\n", static_cast<double>(timer.nsecsElapsed()) / 1e6,
+                        static_cast<long long>(program.processId()));
+            std::fflush(stdout);
+        },
+        Qt::SingleShotConnection);
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &program, &QProcess::terminate);
     QObject::connect(&program, &QProcess::finished, &application, &QCoreApplication::quit);

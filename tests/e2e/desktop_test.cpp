@@ -68,23 +68,20 @@ class DesktopTest : public tests::HermeticTest {
     Q_OBJECT
 
     std::optional<tests::XfceDesktop> m_desktop;
-
-    static bool isOwned(const QString& name) {
-        return QDBusConnection::sessionBus().interface()->isServiceRegistered(name);
-    }
+    QDBusConnection m_bus{QString()};
 
     /// The bus name of the one item that the panel shows; empty when it shows none.
-    static QString itemName() {
+    [[nodiscard]] QString itemName() const {
         QDBusInterface watcher(QStringLiteral("org.kde.StatusNotifierWatcher"),
                                QStringLiteral("/StatusNotifierWatcher"),
-                               QStringLiteral("org.kde.StatusNotifierWatcher"));
+                               QStringLiteral("org.kde.StatusNotifierWatcher"), m_bus);
         const QStringList items = watcher.property("RegisteredStatusNotifierItems").toStringList();
         return items.size() == 1 ? items.first().section(u'/', 0, 0) : QString();
     }
 
-    static QString label() {
+    [[nodiscard]] QString label() const {
         QDBusInterface item(itemName(), QStringLiteral("/StatusNotifierItem"),
-                            QStringLiteral("org.kde.StatusNotifierItem"));
+                            QStringLiteral("org.kde.StatusNotifierItem"), m_bus);
         return item.property("XAyatanaLabel").toString();
     }
 
@@ -112,11 +109,13 @@ private Q_SLOTS:
     void init() {
         HermeticTest::init();
         m_desktop.emplace();
+        m_bus = QDBusConnection::connectToBus(m_desktop->bus.address(), m_desktop->bus.address());
     }
 
     void cleanup() {
         QTRY_COMPARE_WITH_TIMEOUT(running("tallyvane-desktop"), 0, patience);
         QTRY_COMPARE_WITH_TIMEOUT(running("codex"), 0, patience);
+        QDBusConnection::disconnectFromBus(m_bus.name());
         m_desktop.reset();
         for (const char* folder : {"/data", "/config", "/.local"}) {
             QDir(qEnvironmentVariable("HOME") + QLatin1String(folder)).removeRecursively();
@@ -152,14 +151,14 @@ private Q_SLOTS:
 
         // The menu.
         QDBusInterface menu(itemName(), QStringLiteral("/MenuBar"),
-                            QStringLiteral("com.canonical.dbusmenu"));
+                            QStringLiteral("com.canonical.dbusmenu"), m_bus);
         const auto choose = [&](int entry) {
             menu.call(QStringLiteral("Event"), entry, QStringLiteral("clicked"),
                       QVariant::fromValue(QDBusVariant(0)), uint{0});
         };
         choose(4);
         QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
-        output("xdotool search --onlyvisible --name '^Tallyvane$' windowclose");
+        output("xdotool search --onlyvisible --name '^Tallyvane$' windowquit");
         QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
 
         // The command line refreshes through the program, which tells of a reset.
@@ -201,7 +200,7 @@ private Q_SLOTS:
             programs.push_back(
                 std::make_unique<Tallyvane>(QStringList{QStringLiteral("--background")}));
         }
-        QTRY_VERIFY_WITH_TIMEOUT(isOwned(busName), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus.interface()->isServiceRegistered(busName), patience);
         const auto runningStarts = [&] {
             return std::ranges::count_if(programs, [](const auto& program) {
                 return program->state() != QProcess::NotRunning;

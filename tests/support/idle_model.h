@@ -24,15 +24,16 @@ public:
     /// `now` is the time on the clock.
     explicit IdleModel(const model::QuotaSnapshot& snapshot, model::Timestamp now = {},
                        const history::UsageHistory& history = {})
-        : clock(now), model({.store = m_store,
-                             .defaults = m_defaults,
-                             .codexClient = m_codexClient,
-                             .claudeClient = m_claudeClient,
-                             .tokenEstimator = m_tokenEstimator,
-                             .notifier = m_notifier,
-                             .widgetCentre = m_widgetCentre,
-                             .clock = clock},
-                            snapshot, history) {}
+        : clock(now),
+          model({.store = m_store,
+                 .defaults = m_defaults,
+                 .codexClient = m_codexClient,
+                 .claudeClient = m_claudeClient,
+                 .tokenEstimator = m_tokenEstimator,
+                 .notifier = m_notifier,
+                 .widgetCentre = m_widgetCentre,
+                 .clock = clock},
+                snapshot, history) {}
 
     [[nodiscard]] QDir home() const { return QDir(m_home.path()); }
 

@@ -1,14 +1,16 @@
 #include "app/desktop/windows_plugin.h"
 
 #include "core/launch_at_login.h"
+#include "platform/application_id.h"
 #include "ui/dashboard/main_window.h"
 #include "ui/menubar/menu_bar_quota_view_model.h"
 #include "ui/menubar/quota_panel.h"
 #include "ui/style/appearance.h"
 #include "ui/style/engine.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QTimeZone>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QIcon>
 #include <QtQuick/QQuickWindow>
 
 namespace tallyvane::app {
@@ -43,11 +45,11 @@ public:
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested, &model,
                          &core::AppModel::startRefresh);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::quitRequested, qApp,
-                         &QCoreApplication::quit);
+                         &QGuiApplication::quit);
         QObject::connect(&m_mainWindow, &ui::MainWindow::refreshRequested, &model,
                          &core::AppModel::startRefresh);
         QObject::connect(&m_mainWindow, &ui::MainWindow::quitRequested, qApp,
-                         &QCoreApplication::quit);
+                         &QGuiApplication::quit);
     }
 
     void togglePanel(QPoint itemPosition) override { m_panel.toggle(itemPosition); }
@@ -75,6 +77,7 @@ std::unique_ptr<Windows> QuickWindowsPlugin::makeWindows(const WindowsContext& c
     // Drawing by the processor takes a third of the memory that OpenGL in software takes, and no
     // longer for windows as calm as these.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QString(platform::applicationId)));
     return std::make_unique<QuickWindows>(context);
 }
 

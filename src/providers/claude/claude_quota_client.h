@@ -19,7 +19,7 @@ struct ClaudeQuotaSource {
     QString keychainService = QStringLiteral("Claude Code-credentials");
     std::filesystem::path credentialsFile; ///< .claude/.credentials.json in the home directory
     std::chrono::milliseconds timeout = std::chrono::seconds{15}; ///< of a request as a whole
-    std::optional<QSslConfiguration> tls; ///< the default one unless given
+    std::optional<QSslConfiguration> tls;                         ///< the default one unless given
 };
 
 /// Asks for the Claude quotas with the token of the user's own Claude Code, which goes nowhere but

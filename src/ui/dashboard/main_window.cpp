@@ -1,5 +1,7 @@
 #include "ui/dashboard/main_window.h"
 
+#include "ui/style/engine.h"
+
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
@@ -20,6 +22,7 @@ public:
         setResizeMode(SizeRootObjectToView);
         setInitialProperties({{QStringLiteral("viewModel"), QVariant::fromValue(&m_model)}});
         setSource(QUrl(QStringLiteral("qrc:/Tallyvane/Dashboard/ContentView.qml")));
+        checkLoaded(*this);
         // What the content needs grows with the desktop's text.
         connect(rootObject(), &QQuickItem::implicitWidthChanged, this, &Window::holdContent);
         connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &Window::holdContent);

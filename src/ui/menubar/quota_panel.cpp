@@ -1,6 +1,7 @@
 #include "ui/menubar/quota_panel.h"
 
 #include "ui/menubar/menu_bar_quota_view_model.h"
+#include "ui/style/engine.h"
 
 #include <QtGui/QCursor>
 #include <QtGui/QGuiApplication>
@@ -49,6 +50,7 @@ public:
         setInitialProperties(
             {{QStringLiteral("viewModel"), QVariant::fromValue(&panel.m_viewModel)}});
         setSource(QUrl(QStringLiteral("qrc:/Tallyvane/MenuBar/MenuBarQuotaView.qml")));
+        checkLoaded(*this);
     }
 
 protected:

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+class QQuickView;
+
 namespace tallyvane::ui {
 
 class Appearance;
@@ -13,5 +15,9 @@ inline constexpr char appearanceProperty[] = "tallyvaneAppearance";
 
 /// An engine that finds this program's QML modules. `appearance` outlives it.
 [[nodiscard]] std::unique_ptr<QQmlEngine> makeEngine(Appearance& appearance);
+
+/// Ends the program when the view's QML could not be loaded, which takes a broken installation:
+/// QML modules are packages of their own, and are missed only here.
+void checkLoaded(const QQuickView& view);
 
 } // namespace tallyvane::ui
