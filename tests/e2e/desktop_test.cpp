@@ -158,8 +158,7 @@ private Q_SLOTS:
         };
         choose(4);
         QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
-        output("xdotool search --onlyvisible --name '^Tallyvane$' windowquit");
-        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT((output("xdotool key ctrl+w"), windows().isEmpty()), patience);
 
         // The command line refreshes through the program, which tells of a reset.
         installCodex(2);
