@@ -76,7 +76,7 @@ FocusScope {
         loadPrompt();
     }
 
-    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.largeSpacing)
+    implicitWidth: Math.max(560, dashboardTab.implicitWidth + historyTab.implicitWidth + settingsTab.implicitWidth + 2 * (tabs.spacing + Theme.largeSpacing))
     implicitHeight: Math.max(480, Theme.scaled(300))
     focus: true
     LayoutMirroring.enabled: Theme.isRightToLeft
@@ -133,7 +133,7 @@ FocusScope {
         enabled: !root.viewModel.launchPrompt.isShown
         spacing: 0
 
-        Row {
+        RowLayout {
             id: tabs
 
             Layout.alignment: Qt.AlignHCenter
@@ -143,18 +143,24 @@ FocusScope {
             Accessible.role: Accessible.PageTabList
 
             PageTab {
+                id: dashboardTab
+
                 text: qsTr("Dashboard")
                 symbol: "gauge"
                 isCurrent: root.page === ContentView.Dashboard
                 onClicked: root.open(ContentView.Dashboard)
             }
             PageTab {
+                id: historyTab
+
                 text: qsTr("Usage History")
                 symbol: "chart.bar"
                 isCurrent: root.page === ContentView.UsageHistory
                 onClicked: root.open(ContentView.UsageHistory)
             }
             PageTab {
+                id: settingsTab
+
                 text: qsTr("Settings")
                 symbol: "slider.horizontal.3"
                 isCurrent: root.page === ContentView.Settings

@@ -9,7 +9,8 @@ T.AbstractButton {
     required property string symbol
     required property bool isCurrent
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    // As wide as when it is the current one, so that no tab moves when another is opened.
+    implicitWidth: Theme.symbolSize + Theme.spacing + Math.ceil(widest.advanceWidth) + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: Theme.padding
     verticalPadding: Theme.spacing
@@ -26,6 +27,13 @@ T.AbstractButton {
     Keys.onEnterPressed: clicked()
     Keys.onRightPressed: nextItemInFocusChain(!mirrored).forceActiveFocus(Qt.TabFocusReason)
     Keys.onLeftPressed: nextItemInFocusChain(mirrored).forceActiveFocus(Qt.TabFocusReason)
+
+    TextMetrics {
+        id: widest
+
+        font: Theme.bodySemibold
+        text: root.text
+    }
 
     contentItem: SymbolAndText {
         symbol: root.symbol

@@ -59,12 +59,13 @@ MainWindow::MainWindow(std::function<QQmlEngine&()> engine, MainWindowContext co
 MainWindow::~MainWindow() = default;
 
 void MainWindow::open() {
-    if (!isOpen()) {
+    if (isOpen()) {
+        m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
+        m_window->raise();
+    } else {
         m_window = std::make_unique<Window>(*this, m_engine());
+        m_window->show();
     }
-    m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
-    m_window->show();
-    m_window->raise();
     m_window->requestActivate();
 }
 

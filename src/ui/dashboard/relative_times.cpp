@@ -23,11 +23,14 @@ std::optional<milliseconds> untilResetTextChanges(std::optional<model::Timestamp
         return std::nullopt;
     }
     const auto left = *resetsAt - now;
-    // The last two minutes read the same; a longer text changes just below its whole minute.
+    // The first two minutes of every hour read as one; a longer text changes just below its minute.
     if (left < minutes{2}) {
         return ceil<milliseconds>(left);
     }
-    const auto until = left >= days{1} ? microseconds{days{1}} : microseconds{floor<minutes>(left)};
+    const bool isSecondMinute = floor<minutes>(left) % hours{1} == minutes{1};
+    const auto until = left >= days{1}  ? microseconds{days{1}}
+                       : isSecondMinute ? microseconds{floor<hours>(left)}
+                                        : microseconds{floor<minutes>(left)};
     return floor<milliseconds>(left - until) + milliseconds{1};
 }
 

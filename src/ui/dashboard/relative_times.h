@@ -12,8 +12,7 @@ namespace tallyvane::ui {
 [[nodiscard]] std::optional<std::chrono::milliseconds>
 untilAgeTextChanges(std::optional<model::Timestamp> date, model::Timestamp now);
 
-/// How long model::resetText of a current entry stays as it is, or a part of that; nothing when it
-/// never changes.
+/// How long model::resetText of a current entry stays as it is; nothing when it never changes.
 [[nodiscard]] std::optional<std::chrono::milliseconds>
 untilResetTextChanges(std::optional<model::Timestamp> resetsAt, model::Timestamp now);
 

@@ -63,17 +63,15 @@ FocusScope {
                 required property double position
                 required property string label
 
-                anchors.right: parent.left
-                anchors.rightMargin: Theme.spacing
+                x: Theme.isRightToLeft ? plot.width + Theme.spacing : -width - Theme.spacing
                 y: (1 - position) * plot.height - height / 2
                 text: label
                 font: Theme.caption
                 color: Theme.secondaryText
 
                 Rectangle {
-                    anchors.left: parent.right
-                    anchors.leftMargin: Theme.spacing
-                    anchors.verticalCenter: parent.verticalCenter
+                    x: -valueLabel.x
+                    y: valueLabel.height / 2
                     width: plot.width
                     height: 1
                     color: valueLabel.position === 0 ? Theme.outline : Theme.divider
