@@ -135,7 +135,7 @@ private Q_SLOTS:
         open.press(Qt::Key_F5);
         QCOMPARE(wished.count(), 2);
         auto refresh = open.idle.model.refresh();
-        QVERIFY(!open.item("refresh")->isEnabled());
+        QVERIFY(refresh.isReady() || !open.item("refresh")->isEnabled());
         QCoro::waitFor(refresh);
         QCOMPARE(open.text("updated"), QStringLiteral("Updated just now"));
         QCOMPARE(open.text("lastError"), *open.idle.model.lastError());
