@@ -47,7 +47,7 @@ struct DayTotals {
                                   const Calendar& calendar);
 
 struct CellColour {
-    model::Colour colour;
+    model::Colour colour{};
     double opacity = 1;
 };
 

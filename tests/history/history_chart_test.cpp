@@ -68,8 +68,8 @@ private Q_SLOTS:
     void axisValues_data() {
         QTest::addColumn<double>("maximum");
         QTest::addColumn<std::vector<double>>("values");
-        const auto row = [](const char* name, double maximum, std::vector<double> values) {
-            QTest::newRow(name) << maximum << std::move(values);
+        const auto row = [](const char* name, double maximum, const std::vector<double>& values) {
+            QTest::newRow(name) << maximum << values;
         };
         row("nothing", 0, {0, 0.5, 1});
         row("reached exactly", 100, {0, 50, 100});

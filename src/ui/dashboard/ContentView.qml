@@ -214,7 +214,7 @@ FocusScope {
     RefreshToast {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 2 * Theme.pageMargin
+        anchors.bottomMargin: Theme.pageMargin + Theme.scaled(40)
         toast: root.viewModel.dashboard.toast
     }
     Loader {

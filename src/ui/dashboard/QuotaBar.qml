@@ -2,21 +2,19 @@ import QtQuick
 import Tallyvane.Style
 
 /// What is left of one quota window.
-Rectangle {
+Capsule {
     id: root
 
     required property double fraction
     required property color fill
 
     implicitHeight: 7
-    radius: height / 2
     color: Theme.isDark ? "#2cffffff" : "#16000000"
 
-    Rectangle {
+    Capsule {
         anchors.left: parent.left
         width: Math.max(parent.width * root.fraction, height)
         height: parent.height
-        radius: parent.radius
         visible: root.fraction > 0
         color: root.fill
 

@@ -9,7 +9,8 @@
 namespace tallyvane::ui {
 
 /// What a bar and its figure say by their colour.
-namespace QuotaLevel { // NOLINT(readability-identifier-naming): the name of a QML type
+// NOLINTBEGIN(readability-identifier-naming): names in QML begin with a capital
+namespace QuotaLevel {
 Q_NAMESPACE
 QML_ELEMENT
 enum Level {
@@ -19,6 +20,7 @@ enum Level {
 };
 Q_ENUM_NS(Level)
 } // namespace QuotaLevel
+// NOLINTEND(readability-identifier-naming)
 
 /// One bar of a card, ready to be shown.
 class QuotaRow {

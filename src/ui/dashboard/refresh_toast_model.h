@@ -15,11 +15,13 @@ class RefreshToastModel : public QObject {
     Q_PROPERTY(State state READ state NOTIFY stateChanged)
 
 public:
+    // NOLINTBEGIN(readability-identifier-naming): names in QML begin with a capital
     enum State {
         Hidden,
         Refreshing, ///< a refresh runs
         Refreshed,  ///< it ended less than 1.7 seconds ago
     };
+    // NOLINTEND(readability-identifier-naming)
     Q_ENUM(State)
 
     /// `clock` outlives it.

@@ -56,7 +56,7 @@ public:
     [[nodiscard]] QString currentText() const;              ///< its day and tokens
 
     /// Points at a cell; at none when there is no such cell or its day lies in the future.
-    Q_INVOKABLE void point(int cell);
+    Q_INVOKABLE void point(int index);
     /// Points at the cell `by` after the present one, from today on when there is none.
     Q_INVOKABLE void step(int by);
 

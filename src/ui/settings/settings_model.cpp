@@ -1,6 +1,7 @@
 #include "ui/settings/settings_model.h"
 
 #include "core/launch_at_login.h"
+#include "notify/notification_settings.h"
 
 #include <utility>
 
