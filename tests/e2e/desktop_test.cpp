@@ -194,10 +194,9 @@ private Q_SLOTS:
     }
     void startsOnce() {
         QFETCH(const int, starts);
-        std::vector<std::unique_ptr<Tallyvane>> programs;
-        for (int i = 0; i < starts; ++i) {
-            programs.push_back(
-                std::make_unique<Tallyvane>(QStringList{QStringLiteral("--background")}));
+        std::vector<std::unique_ptr<Tallyvane>> programs(static_cast<std::size_t>(starts));
+        for (auto& program : programs) {
+            program = std::make_unique<Tallyvane>(QStringList{QStringLiteral("--background")});
         }
         QTRY_VERIFY_WITH_TIMEOUT(m_bus.interface()->isServiceRegistered(busName), patience);
         const auto runningStarts = [&] {
