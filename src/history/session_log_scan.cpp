@@ -24,15 +24,13 @@ public:
         : m_roots(roots), m_now(now), m_stop(stop) {}
 
     [[nodiscard]] ScanReport run() {
-        m_report.totals[AIProvider::codex] = codexTotal();
-        m_report.totals[AIProvider::claude] = claudeTotal();
+        for (const AIProvider provider : model::allCases<AIProvider>) {
+            m_report.totals[provider] = total(provider);
+        }
         return m_report;
     }
 
 private:
-    std::int64_t codexTotal() { return total(AIProvider::codex); }
-    std::int64_t claudeTotal() { return total(AIProvider::claude); }
-
     std::int64_t total(AIProvider provider) {
         const RecentLogFiles recent =
             recentLogFiles(m_roots.at(provider), fileLimit, m_now - ageLimit, m_stop);
