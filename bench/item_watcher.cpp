@@ -24,11 +24,13 @@ public:
     [[nodiscard]] static int protocolVersion() { return 0; }
     [[nodiscard]] static QStringList items() { return {}; }
 
+    // NOLINTBEGIN(readability-identifier-naming): names on the bus begin with a capital
 public Q_SLOTS:
     Q_SCRIPTABLE void RegisterStatusNotifierItem(const QString& /*service*/) {
         Q_EMIT itemRegistered();
     }
     Q_SCRIPTABLE void RegisterStatusNotifierHost(const QString& /*service*/) {}
+    // NOLINTEND(readability-identifier-naming)
 
 Q_SIGNALS:
     void itemRegistered();

@@ -8,7 +8,9 @@ target_compile_definitions(tallyvane_options INTERFACE
 target_compile_options(tallyvane_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wno-sign-conversion             # part of -Wconversion for clang alone
-    -Wno-missing-field-initializers) # a record's other fields keep their defaults
+    -Wno-missing-field-initializers # a record's other fields keep their defaults
+    # GCC sees the frames of coroutines that a unity build includes as types of a header.
+    $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>)
 
 # tallyvane_library(<folder> SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])
 function(tallyvane_library folder)
@@ -42,11 +44,15 @@ function(tallyvane_qml_module folder)
     set(target tallyvane_ui_${folder})
     set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml) # where modules and qmllint find others
     set_source_files_properties(${ARG_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+    if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+        set(cache NO_CACHEGEN) # compiling QML to C++ takes a quarter of the build
+    endif()
     qt_add_library(${target} STATIC)
     qt_add_qml_module(${target}
         URI ${ARG_URI}
         VERSION 1.0
         RESOURCE_PREFIX /
+        ${cache}
         DEPENDENCIES QtQuick ${ARG_DEPENDENCIES}
         QML_FILES ${ARG_QML} ${ARG_SINGLETONS}
         SOURCES ${ARG_SOURCES}

@@ -19,7 +19,7 @@ constexpr std::chrono::milliseconds activationTimeout = 5s;
 // A refresh waits at most half a minute for the providers, and then reads the session logs.
 constexpr std::chrono::milliseconds refreshTimeout = 2min;
 
-const QString objectPath = QStringLiteral("/org/corvelle/Tallyvane");
+const QString applicationPath = QStringLiteral("/org/corvelle/Tallyvane");
 const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
 const QString controlInterface = QStringLiteral("org.corvelle.Tallyvane.Control");
 const QString activationTokenKey = QStringLiteral("activation-token"); // Wayland, and X11 of today
@@ -29,7 +29,7 @@ std::expected<QVariantList, CallError> callRunning(const QString& interface, con
                                                    const QVariantList& arguments,
                                                    std::chrono::milliseconds timeout) {
     QDBusMessage call =
-        QDBusMessage::createMethodCall(applicationId, objectPath, interface, method);
+        QDBusMessage::createMethodCall(applicationId, applicationPath, interface, method);
     call.setArguments(arguments);
     call.setAutoStartService(false);
     const QDBusMessage reply =
@@ -117,7 +117,7 @@ DBusApplication::DBusApplication(Refresh refresh) {
 DBusApplication::Registration DBusApplication::registerOnBus() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     // The object comes first, for whoever started the program by the name calls it at once.
-    if (!bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors)) {
+    if (!bus.registerObject(applicationPath, this, QDBusConnection::ExportAdaptors)) {
         return Registration::noBus;
     }
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =

@@ -1,5 +1,6 @@
 #include "platform/linux/dbus_notification_centre.h"
 
+#include "platform/application_id.h"
 #include "platform/linux/notification_daemon.h"
 
 #include <QtDBus/QDBusConnection>
@@ -13,7 +14,6 @@ namespace tallyvane::platform {
 
 namespace {
 
-const QString applicationId = QStringLiteral("org.corvelle.Tallyvane");
 const QString defaultAction = QStringLiteral("default");
 
 } // namespace
@@ -24,13 +24,13 @@ void DBusNotificationCentre::post(const Notification& notification) {
         return;
     }
     listen();
-    const QVariantMap hints{{QStringLiteral("desktop-entry"), applicationId},
+    const QVariantMap hints{{QStringLiteral("desktop-entry"), QString(applicationId)},
                             {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
                             {QStringLiteral("urgency"), QVariant::fromValue(uchar{1})}, // normal
                             {QStringLiteral("x-tallyvane-identifier"), notification.identifier}};
     QDBusMessage call = notificationDaemonCall(QStringLiteral("Notify"));
-    call.setArguments({QStringLiteral("Tallyvane"), uint{0}, applicationId, notification.title,
-                       notification.body,
+    call.setArguments({QStringLiteral("Tallyvane"), uint{0}, QString(applicationId),
+                       notification.title, notification.body,
                        QStringList{defaultAction, QStringLiteral("Open Tallyvane")}, hints, -1});
     auto* watcher = new QDBusPendingCallWatcher(
         bus.asyncCall(call, static_cast<int>(m_patience.count())), this);

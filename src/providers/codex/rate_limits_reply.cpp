@@ -9,19 +9,19 @@ namespace tallyvane::providers {
 
 namespace {
 
-struct Window {
+struct TimedWindow {
     model::QuotaWindowSnapshot quota;
     std::optional<double> minutes; ///< whole; a double, as no integer holds every JSON number
 };
 
-std::optional<Window> readWindow(const QJsonObject& rateLimits, QLatin1StringView key) {
+std::optional<TimedWindow> readTimedWindow(const QJsonObject& rateLimits, QLatin1StringView key) {
     const QJsonObject object = rateLimits[key].toObject();
     const std::optional<double> usedPercent =
         numberMember(object, QLatin1StringView{"usedPercent"});
     if (!usedPercent) {
         return std::nullopt;
     }
-    Window window{.quota = {.usedPercent = *usedPercent}};
+    TimedWindow window{.quota = {.usedPercent = *usedPercent}};
     if (const auto seconds = numberMember(object, QLatin1StringView{"resetsAt"})) {
         window.quota.resetsAt = model::timestampFromUnixSeconds(*seconds);
     }
@@ -31,10 +31,10 @@ std::optional<Window> readWindow(const QJsonObject& rateLimits, QLatin1StringVie
     return window;
 }
 
-bool isShort(const Window& window) {
+bool isShort(const TimedWindow& window) {
     return window.minutes.value_or(0) <= 360;
 }
-bool isLong(const Window& window) {
+bool isLong(const TimedWindow& window) {
     return window.minutes.value_or(0) >= 6000;
 }
 
@@ -53,11 +53,11 @@ parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now) {
         return std::unexpected(CorruptReply{});
     }
 
-    const auto primary = readWindow(*rateLimits, QLatin1StringView{"primary"});
-    const auto secondary = readWindow(*rateLimits, QLatin1StringView{"secondary"});
-    const auto choose =
-        [&](bool (*fits)(const Window&),
-            const std::optional<Window>& standIn) -> std::optional<model::QuotaWindowSnapshot> {
+    const auto primary = readTimedWindow(*rateLimits, QLatin1StringView{"primary"});
+    const auto secondary = readTimedWindow(*rateLimits, QLatin1StringView{"secondary"});
+    const auto choose = [&](bool (*fits)(const TimedWindow&),
+                            const std::optional<TimedWindow>& standIn)
+        -> std::optional<model::QuotaWindowSnapshot> {
         for (const auto* window : {&primary, &secondary}) {
             if (*window && fits(**window)) {
                 return (*window)->quota;

@@ -38,7 +38,7 @@ static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemToolTi
 
 namespace {
 
-constexpr QLatin1StringView objectPath{"/StatusNotifierItem"};
+constexpr QLatin1StringView itemPath{"/StatusNotifierItem"};
 constexpr QLatin1StringView itemInterface{"org.kde.StatusNotifierItem"};
 constexpr QLatin1StringView propertiesInterface{"org.freedesktop.DBus.Properties"};
 constexpr QLatin1StringView methodsAndSignals{R"(
@@ -67,11 +67,11 @@ StatusNotifierItem::StatusNotifierItem(QString id, const QDBusConnection& bus)
     qDBusRegisterMetaType<ItemPixmap>();
     qDBusRegisterMetaType<QList<ItemPixmap>>();
     qDBusRegisterMetaType<ItemToolTip>();
-    m_bus.registerVirtualObject(objectPath, this);
+    m_bus.registerVirtualObject(itemPath, this);
 }
 
 StatusNotifierItem::~StatusNotifierItem() {
-    m_bus.unregisterObject(objectPath);
+    m_bus.unregisterObject(itemPath);
 }
 
 void StatusNotifierItem::setTitle(const QString& title) {
@@ -214,7 +214,7 @@ QDBusMessage StatusNotifierItem::answerAboutProperties(const QDBusMessage& call)
 }
 
 void StatusNotifierItem::send(const QString& signal, const QVariantList& arguments) {
-    QDBusMessage message = QDBusMessage::createSignal(objectPath, itemInterface, signal);
+    QDBusMessage message = QDBusMessage::createSignal(itemPath, itemInterface, signal);
     message.setArguments(arguments);
     m_bus.send(message);
 }
