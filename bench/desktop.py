@@ -71,6 +71,31 @@ def start(watcher, command, environment, settle):
     return item
 
 
+def medians(commands, environment, rounds):
+    """For each command, of the figures that it prints and the milliseconds of its whole run."""
+    runs = [[] for _ in commands]
+    for _ in range(rounds):
+        for command, results in zip(commands, runs):
+            start = time.perf_counter()
+            printed = subprocess.check_output(command, env=environment).split()
+            results.append((*map(float, printed), (time.perf_counter() - start) * 1000))
+    return [[statistics.median(figure) for figure in zip(*results)] for results in runs]
+
+
+def windows_table(build, environment, rounds):
+    frames = str(build / "window_frames")
+    (panel, again, _), (first_visit, second_visit, _), (window, own), (base,) = medians(
+        [[frames, "panel"], [frames, "pages"], [frames, "window"],
+         [str(build / "bench" / "empty_window")]], environment, rounds)
+    print(f"\n{'until a frame shows, ms':34}{'ours':>9}{'empty':>9}{'ratio':>8}{'at most':>9}")
+    for name, figure, limit in (("panel", panel, 80), ("panel, opened again", again, 20),
+                                ("main window", window, 400),
+                                ("page, first visit", first_visit, 33),
+                                ("page, later", second_visit, 33)):
+        print(f"{name:34}{figure:9.1f}{'':17}{limit:9}")
+    print(f"{'program that shows a window':34}{own:9.1f}{base:9.1f}{own / base:8.2f}{1.6:9.1f}")
+
+
 def desktop_table(build, rounds, idle_seconds):
     ours = [str(build / "tallyvane-desktop"), "--background"]
     bare = [str(build / "bench" / "tray_program")]
@@ -91,6 +116,7 @@ def desktop_table(build, rounds, idle_seconds):
         time.sleep(idle_seconds)
         switches = figures(item.pid)[1] - before
         item.end()
+        windows_table(build, environment, rounds)
     (own_time, own_memory), (base_time, base_memory) = (
         map(statistics.median, zip(*runs[name][1:])) for name in ("ours", "bare"))
     print(f"\n{'on the desktop':34}{'ours':>9}{'bare':>9}{'ratio':>8}{'at most':>9}")

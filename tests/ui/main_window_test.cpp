@@ -1,4 +1,5 @@
 #include "core/fixtures.h"
+#include "support/fake_login_item.h"
 #include "support/gui_test_main.h"
 #include "support/idle_model.h"
 #include "ui/dashboard/main_window.h"
@@ -15,27 +16,6 @@ using namespace tallyvane;
 using platform::LoginItemStatus;
 
 namespace {
-
-/// Registers, or refuses to.
-struct FakeLoginItem final : platform::LoginItem {
-    LoginItemStatus state = LoginItemStatus::notRegistered;
-    bool isRefusing = false;
-
-    [[nodiscard]] LoginItemStatus status() const override { return state; }
-    std::expected<void, QString> enable() override { return change(LoginItemStatus::enabled); }
-    std::expected<void, QString> disable() override {
-        return change(LoginItemStatus::notRegistered);
-    }
-
-private:
-    std::expected<void, QString> change(LoginItemStatus wanted) {
-        if (isRefusing) {
-            return std::unexpected(QStringLiteral("Refused"));
-        }
-        state = wanted;
-        return {};
-    }
-};
 
 struct OpenWindow {
     static constexpr model::Timestamp now =
@@ -90,7 +70,7 @@ struct OpenWindow {
 
     tests::IdleModel idle{core::fixtureSnapshot(now, QTimeZone::utc()), now,
                           core::fixtureHistory(now, QTimeZone::utc())};
-    FakeLoginItem loginItem;
+    tests::FakeLoginItem loginItem;
     int questions = 0; ///< how many times the window may ask
     int settingsOpened = 0;
     ui::Appearance appearance{model::AppAppearance::light};

@@ -126,10 +126,10 @@ Windows* DesktopProgram::windows() {
         }
         m_windows = std::move(*loaded);
         const auto follow = [this] {
-            m_windows->setSystemColourScheme(m_appearance.colourScheme());
+            m_windows->setSystemLook(m_appearance.colourScheme(), m_appearance.isMotionReduced());
             m_windows->setStatusItemShown(m_statusArea.isShown());
         };
-        connect(&m_appearance, &platform::SystemAppearance::colourSchemeChanged, this, follow);
+        connect(&m_appearance, &platform::SystemAppearance::changed, this, follow);
         connect(&m_statusArea, &StatusArea::isShownChanged, this, follow);
         follow();
     }

@@ -33,8 +33,7 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showSnapshot);
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showMenu);
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
-    connect(&appearance, &platform::SystemAppearance::colourSchemeChanged, this,
-            &StatusArea::showSnapshot);
+    connect(&appearance, &platform::SystemAppearance::changed, this, &StatusArea::showSnapshot);
     connect(&m_panelScheme, &platform::PanelColourScheme::changed, this, &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostProfileChanged, this, &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostAvailableChanged, this,

@@ -39,7 +39,8 @@ public:
     virtual void togglePanel(QPoint itemPosition) = 0;
     /// Opens the main window, or brings the open one to the front.
     virtual void openMainWindow() = 0;
-    virtual void setSystemColourScheme(platform::ColourScheme scheme) = 0;
+    /// What the desktop asks of all windows.
+    virtual void setSystemLook(platform::ColourScheme scheme, bool isMotionReduced) = 0;
     /// Whether the desktop shows a status item; the main window says so when it does not.
     virtual void setStatusItemShown(bool isShown) = 0;
 };

@@ -54,8 +54,9 @@ public:
 
     void togglePanel(QPoint itemPosition) override { m_panel.toggle(itemPosition); }
     void openMainWindow() override { m_mainWindow.open(); }
-    void setSystemColourScheme(platform::ColourScheme scheme) override {
+    void setSystemLook(platform::ColourScheme scheme, bool isMotionReduced) override {
         m_appearance.setSystemColourScheme(scheme);
+        m_appearance.setMotionReduced(isMotionReduced);
     }
     void setStatusItemShown(bool isShown) override { m_mainWindow.setHasStatusHost(isShown); }
 

@@ -13,7 +13,7 @@ Rectangle {
     onMessageChanged: isWhole = false
     implicitHeight: content.implicitHeight + 2 * Theme.largeSpacing
     radius: Theme.largeRadius
-    color: Qt.alpha(Theme.warning, Theme.isDark ? 0.14 : 0.1)
+    color: Theme.notice
 
     FontMetrics {
         id: metrics

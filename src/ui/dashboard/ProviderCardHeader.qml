@@ -19,6 +19,7 @@ RowLayout {
     }
     TextLabel {
         text: root.card.name
+        font.family: Theme.body.family
         font.pixelSize: Theme.scaled(15)
         font.weight: Font.DemiBold
         font.letterSpacing: -0.1
@@ -37,6 +38,7 @@ RowLayout {
             anchors.centerIn: parent
             text: root.card.plan
             color: root.card.accent
+            font.family: Theme.body.family
             font.pixelSize: 9 * root.point
             font.weight: Font.Bold
             Accessible.ignored: true

@@ -19,7 +19,7 @@ Capsule {
         color: root.fill
 
         Behavior on width {
-            enabled: root.Window.active
+            enabled: root.Window.active && Theme.isAnimated
             NumberAnimation {
                 duration: 300
                 easing.type: Easing.OutCubic

@@ -20,6 +20,7 @@ RowLayout {
     TextLabel {
         Layout.preferredWidth: 34 * root.point
         text: root.label
+        font.family: Theme.body.family
         font.pixelSize: 9 * root.point
         font.weight: Font.Bold
         font.letterSpacing: 0.4
@@ -36,6 +37,7 @@ RowLayout {
         Layout.preferredWidth: 42 * root.point
         text: root.row.figure
         color: root.ink
+        font.family: Theme.body.family
         font.pixelSize: 12 * root.point
         font.weight: Font.Bold
         horizontalAlignment: Text.AlignRight
@@ -45,6 +47,7 @@ RowLayout {
         Layout.preferredWidth: 76 * root.point
         text: root.row.resetText
         color: Theme.secondaryText
+        font.family: Theme.body.family
         font.pixelSize: 10.5 * root.point
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 0.8 * 10.5 * root.point

@@ -42,14 +42,15 @@ Rectangle {
     }
 
     Behavior on rise {
-        enabled: root.isShown
+        enabled: root.isShown && Theme.isAnimated
         Spring {}
     }
     Behavior on implicitWidth {
-        enabled: root.visible
+        enabled: root.visible && Theme.isAnimated
         Spring {}
     }
     Behavior on opacity {
+        enabled: Theme.isAnimated
         NumberAnimation {
             duration: 250
             easing.type: Easing.OutQuad
@@ -99,7 +100,7 @@ Rectangle {
                 scale: root.hasEnded ? 1 : 0
 
                 Behavior on scale {
-                    enabled: root.hasEnded
+                    enabled: root.hasEnded && Theme.isAnimated
                     SpringAnimation {
                         spring: 5.16
                         damping: 0.46

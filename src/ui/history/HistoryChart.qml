@@ -113,6 +113,7 @@ FocusScope {
                 opacity: strength
 
                 Behavior on opacity {
+                    enabled: Theme.isAnimated
                     NumberAnimation {
                         duration: Theme.quickly
                     }

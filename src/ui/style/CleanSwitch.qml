@@ -49,7 +49,7 @@ T.Switch {
         color: root.checked ? Theme.accentFill : Theme.switchOff
 
         Behavior on color {
-            enabled: root.visible
+            enabled: root.visible && Theme.isAnimated
             ColorAnimation {
                 duration: 180
                 easing.type: Easing.InOutQuad
@@ -75,7 +75,7 @@ T.Switch {
             color: Theme.knob
 
             Behavior on x {
-                enabled: root.visible
+                enabled: root.visible && Theme.isAnimated
                 NumberAnimation {
                     duration: 180
                     easing.type: Easing.InOutQuad

@@ -12,6 +12,9 @@ QtObject {
 
     readonly property bool isRightToLeft: Appearance.isRightToLeft
 
+    /// Whether changes may be shown as movements.
+    readonly property bool isAnimated: !Appearance.isMotionReduced
+
     // Surfaces, from the back to the front.
     readonly property color window: isDark ? "#202124" : "#f6f6f8"
     readonly property color panel: isDark ? "#2a2b2f" : "#fcfcfd"
@@ -27,15 +30,16 @@ QtObject {
     readonly property color secondaryText: isDark ? "#b6b7bd" : "#5d5e66"
     readonly property color tertiaryText: isDark ? "#8e9098" : "#82848d"
     readonly property color accent: Appearance.accentInk
-    readonly property color destructive: isDark ? "#ff8078" : "#c4231a"
+    readonly property color destructive: isDark ? "#ff9b94" : "#b3201a"
     readonly property color success: isDark ? "#30d158" : "#1f9d43"
     readonly property color warning: isDark ? "#ffb340" : "#c25e00"
+    readonly property color notice: Qt.alpha(warning, isDark ? 0.14 : 0.1)
     readonly property color indigo: isDark ? "#8b8af5" : "#5856d6"
 
     // Controls.
     readonly property color control: isDark ? "#1affffff" : "#0d000000"
-    readonly property color controlHovered: isDark ? "#26ffffff" : "#16000000"
-    readonly property color controlPressed: isDark ? "#33ffffff" : "#22000000"
+    readonly property color controlHovered: isDark ? "#2affffff" : "#16000000"
+    readonly property color controlPressed: isDark ? "#22ffffff" : "#22000000"
     readonly property color rowHovered: isDark ? "#12ffffff" : "#0a000000"
     readonly property color accentFill: Appearance.accentFill
     readonly property color whiteText: "#ffffff"
@@ -78,6 +82,7 @@ QtObject {
     /// The desktop's font, `pixels` high at the usual text size.
     function type(pixels: double, weight: int): font {
         return Qt.font({
+            family: Appearance.fontFamily,
             pixelSize: Math.max(1, root.scaled(pixels)),
             weight: weight
         });

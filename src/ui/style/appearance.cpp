@@ -1,5 +1,6 @@
 #include "ui/style/appearance.h"
 
+#include "ui/style/colour.h"
 #include "ui/style/engine.h"
 
 #include <QtCore/QEvent>
@@ -10,26 +11,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 namespace tallyvane::ui {
 
 namespace {
-
-// WCAG 2.1, "relative luminance" and "contrast ratio".
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
 
 /// `colour`, moved towards `end` until it can be read against `ground`.
 QColor readable(const QColor& colour, const QColor& ground, const QColor& end) {
@@ -68,6 +54,12 @@ void Appearance::setSystemColourScheme(platform::ColourScheme scheme) {
     }
 }
 
+void Appearance::setMotionReduced(bool isReduced) {
+    if (std::exchange(m_isMotionReduced, isReduced) != isReduced) {
+        Q_EMIT changed();
+    }
+}
+
 bool Appearance::isDark() const {
     if (m_choice != model::AppAppearance::system) {
         return m_choice == model::AppAppearance::dark;
@@ -82,6 +74,10 @@ bool Appearance::isDark() const {
 
 bool Appearance::isRightToLeft() const {
     return QGuiApplication::isRightToLeft();
+}
+
+QString Appearance::fontFamily() const {
+    return QGuiApplication::font().family();
 }
 
 double Appearance::textScale() const {

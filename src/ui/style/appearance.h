@@ -20,7 +20,9 @@ class Appearance : public QObject {
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY changed)
     Q_PROPERTY(bool isRightToLeft READ isRightToLeft NOTIFY changed)
+    Q_PROPERTY(QString fontFamily READ fontFamily NOTIFY changed)
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(QColor accentFill READ accentFill NOTIFY changed)
     Q_PROPERTY(QColor accentInk READ accentInk NOTIFY changed)
@@ -32,10 +34,15 @@ public:
     void setChoice(model::AppAppearance choice);
     /// What the desktop asks; with no preference the lightness of its palette decides.
     void setSystemColourScheme(platform::ColourScheme scheme);
+    /// Whether the desktop asks that nothing move which need not.
+    void setMotionReduced(bool isReduced);
 
     [[nodiscard]] bool isDark() const;
+    [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
     /// Whether the user's language is written from right to left.
     [[nodiscard]] bool isRightToLeft() const;
+    /// The application's font, which controls would replace by the desktop's.
+    [[nodiscard]] QString fontFamily() const;
     /// How large the desktop's text is; 1 when it is 10 points at 96 dots per inch, or smaller.
     [[nodiscard]] double textScale() const;
     /// The desktop's accent colour, dark enough to carry white text (contrast 4.5, WCAG 2.1).
@@ -55,6 +62,7 @@ protected:
 private:
     model::AppAppearance m_choice;
     platform::ColourScheme m_system = platform::ColourScheme::noPreference;
+    bool m_isMotionReduced = false;
 };
 
 } // namespace tallyvane::ui
