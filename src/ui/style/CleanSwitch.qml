@@ -11,8 +11,10 @@ T.Switch {
     readonly property double inset: 2
 
     function flip(): void {
-        toggle();
-        toggled();
+        if (enabled) {
+            toggle();
+            toggled();
+        }
     }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding

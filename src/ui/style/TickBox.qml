@@ -9,8 +9,10 @@ T.CheckBox {
     id: root
 
     function flip(): void {
-        toggle();
-        toggled();
+        if (enabled) {
+            toggle();
+            toggled();
+        }
     }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
