@@ -34,59 +34,94 @@ struct Session {
     const tests::AccessibleProgram seen{bus.connection, program.processId()};
 };
 
+QStringList lines(const char* text) {
+    return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
+}
+
 /// Everything that there is to see on a page.
 QStringList page(const QString& title, const QStringList& content) {
-    QStringList texts{
-        QStringLiteral("Tallyvane | Tallyvane"),
-        QStringLiteral("Tallyvane"),
-        QStringLiteral("Dashboard"),
-        QStringLiteral("Usage History"),
-        QStringLiteral("Settings"),
-        QStringLiteral("This desktop shows no status icons, so Tallyvane can be seen in this "
-                       "window only."),
-        title,
-    };
+    QStringList texts = lines(R"(
+Tallyvane | Tallyvane
+Tallyvane
+Dashboard
+Usage History
+Settings
+This desktop shows no status icons, so Tallyvane can be seen in this window only.
+)");
     texts[texts.indexOf(title)] += QLatin1String(" (on)");
-    return texts + content;
+    return texts << title << content;
 }
 
-QStringList dashboard(const QString& codex) {
-    return page(QStringLiteral("Dashboard"),
-                {QStringLiteral("Updated just now"), QStringLiteral("· Auto-refreshes every 5 min"),
-                 QStringLiteral("Refresh"), codex,
-                 QStringLiteral("Claude | 5h: --, Not available; Week: --, Not available"),
-                 QUrl(QStringLiteral(TALLYVANE_WEBSITE)).host()});
+QStringList dashboard(const QStringList& codex) {
+    return page(QStringLiteral("Dashboard"), lines(R"(
+Updated just now
+· Auto-refreshes every 5 min
+Refresh
+)") << codex
+    << lines("Claude | 5h: --, Not available; Week: --, Not available")
+    << QUrl(QStringLiteral(TALLYVANE_WEBSITE)).host());
 }
 
-QStringList settings(const QString& launchAtLogin) {
-    return page(
-        QStringLiteral("Settings"),
-        {QStringLiteral("Appearance"),
-         QStringLiteral("Color scheme"),
-         QStringLiteral("Color scheme"),
-         QStringLiteral("System (on)"),
-         QStringLiteral("Light"),
-         QStringLiteral("Dark"),
-         QStringLiteral("Background refresh"),
-         launchAtLogin,
-         QStringLiteral("The menu bar app refreshes Codex and Claude every five minutes. Claude "
-                        "usage is read from Claude Code's stored sign-in; macOS asks once for "
-                        "Keychain access."),
-         QStringLiteral("Reset notifications"),
-         QStringLiteral("Notify when a quota resets"),
-         QStringLiteral("Sends a desktop alert when Codex or Claude's quota resets during an "
-                        "enabled window. Requires the menu bar app to be running."),
-         QStringLiteral("Notifications are turned off in System Settings"),
-         QStringLiteral("All day"),
-         QStringLiteral("Start time | 09:00"),
-         QStringLiteral("End time | 18:00"),
-         QStringLiteral("Remove time window"),
-         QStringLiteral("Add time window"),
-         QStringLiteral("Privacy"),
-         QStringLiteral("All history stays on this Mac"),
-         QStringLiteral("No analytics, cloud database, remote logging, prompts, responses, file "
-                        "paths, emails, credentials, or account identifiers are collected."),
-         QStringLiteral("Clear usage history")});
+QStringList dashboard(int codexLeft) {
+    return dashboard(
+        {QStringLiteral("Codex PLUS | 5h: %1%, Reset unknown; Week: 83%, Reset unknown")
+             .arg(codexLeft)});
+}
+
+QStringList settings(bool launchesAtLogin) {
+    QStringList content = lines(R"(
+Appearance
+Color scheme
+Color scheme
+System (on)
+Light
+Dark
+Background refresh
+Launch menu bar app at login
+The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.
+Reset notifications
+Notify when a quota resets
+Sends a desktop alert when Codex or Claude's quota resets during an enabled window. Requires the menu bar app to be running.
+Notifications are turned off in System Settings
+All day
+Start time | 09:00
+End time | 18:00
+Remove time window
+Add time window
+Privacy
+All history stays on this Mac
+No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.
+Clear usage history
+)");
+    if (launchesAtLogin) {
+        content[content.indexOf(QStringLiteral("Launch menu bar app at login"))] +=
+            QLatin1String(" (on)");
+    }
+    return page(QStringLiteral("Settings"), content);
+}
+
+/// But for the marks of the chart, which change from day to day.
+QStringList history() {
+    return page(QStringLiteral("Usage History"), lines(R"(
+% of quota used
+Metric
+% (on)
+Tokens
+Period
+Daily (on)
+Monthly
+% of quota used
+Token Heatmap
+Estimated tokens per day
+Source
+Total (on)
+Codex
+Claude
+Token Heatmap
+Less
+More
+Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.
+)"));
 }
 
 qsizetype recordedPoints() {
@@ -117,103 +152,75 @@ private Q_SLOTS:
                            "hasAskedLaunchAtLogin=true\n");
         Session session;
         const tests::AccessibleProgram& seen = session.seen;
-        const QString codex =
-            QStringLiteral("Codex PLUS | 5h: %1%, Reset unknown; Week: 83%, Reset unknown");
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), dashboard(codex.arg(37)), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), dashboard(37), patience);
 
         tests::installCodex(2, "until [ -e \"$HOME/data/go\" ]; do sleep 0.1; done");
         QVERIFY(seen.press(QStringLiteral("Refresh")));
-        QTRY_COMPARE_WITH_TIMEOUT(
-            session.missing({QStringLiteral("Refreshing"), QStringLiteral("Working")}),
-            QStringList(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(session.missing(lines("Refreshing\nWorking")), QStringList(),
+                                  patience);
         tests::writeToHome(QStringLiteral("data/go"), {});
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), dashboard(codex.arg(98)), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), dashboard(98), patience);
 
         tests::writeToHome(QStringLiteral(".local/bin/codex"),
                            "#!/bin/sh\necho '{\"error\":{\"message\":\"signed out\"},\"id\":1}'\n"
                            "cat\n");
         QVERIFY(seen.press(QStringLiteral("Refresh")));
-        QTRY_COMPARE_WITH_TIMEOUT(
-            session.missing({QStringLiteral("Command failed (-1): signed out"),
-                             QStringLiteral("Sync pending")}),
-            QStringList(), patience);
+        const QStringList oldFigures = dashboard(lines(R"(
+Command failed (-1): signed out
+Codex PLUS | 5h: 98%, Sync pending; Week: 83%, Sync pending
+Sync pending
+)"));
+        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), oldFigures, patience);
 
         QVERIFY(seen.press(QStringLiteral("Usage History")));
-        const QStringList history = page(
-            QStringLiteral("Usage History"),
-            {QStringLiteral("% of quota used"), QStringLiteral("Metric"), QStringLiteral("% (on)"),
-             QStringLiteral("Tokens"), QStringLiteral("Period"), QStringLiteral("Daily (on)"),
-             QStringLiteral("Monthly"), QStringLiteral("% of quota used"),
-             QStringLiteral("Token Heatmap"), QStringLiteral("Estimated tokens per day"),
-             QStringLiteral("Source"), QStringLiteral("Total (on)"), QStringLiteral("Codex"),
-             QStringLiteral("Claude"), QStringLiteral("Token Heatmap"), QStringLiteral("Less"),
-             QStringLiteral("More"),
-             QStringLiteral("Estimated result. Rolling resets, usage between syncs, and "
-                            "provider-side adjustments can affect accuracy. Local token totals "
-                            "are derived from numeric usage fields only; prompts and responses "
-                            "are never stored.")});
-        QTRY_COMPARE_WITH_TIMEOUT(session.missing(history), QStringList(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(session.missing(history()), QStringList(), patience);
         QVERIFY(seen.press(QStringLiteral("Monthly")));
-        QTRY_COMPARE_WITH_TIMEOUT(
-            session.missing(history),
-            QStringList{QStringLiteral("Daily (on)")} << QStringLiteral("Monthly"), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(session.missing(history()), lines("Daily (on)\nMonthly"),
+                                  patience);
 
         QVERIFY(seen.press(QStringLiteral("Settings")));
-        const QStringList launchesNot = settings(QStringLiteral("Launch menu bar app at login"));
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), launchesNot, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), settings(false), patience);
         QVERIFY(recordedPoints() > 0);
         QVERIFY(seen.press(QStringLiteral("Clear usage history")));
-        QTRY_COMPARE_WITH_TIMEOUT(
-            seen.texts(), launchesNot + QStringList{QStringLiteral("Usage history cleared.")},
-            patience);
+        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), settings(false) << lines("Usage history cleared."),
+                                  patience);
         QCOMPARE(recordedPoints(), 0);
 
         QVERIFY(seen.press(QStringLiteral("Dashboard")));
-        QTRY_COMPARE_WITH_TIMEOUT(session.missing(dashboard(QStringLiteral("Sync pending"))),
-                                  QStringList(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), oldFigures, patience);
         QCOMPARE(session.program.end(), QByteArray());
     }
 
     void answersThePrompt_data() {
         QTest::addColumn<QStringList>("presses");
         QTest::addColumn<bool>("launchesAtLogin");
-        const QString proceed = QStringLiteral("Continue");
-        QTest::newRow("later") << QStringList{QStringLiteral("Not now")} << false;
-        QTest::newRow("yes") << QStringList{proceed} << true;
-        QTest::newRow("no") << QStringList{QStringLiteral("Launch Tallyvane at login"), proceed}
-                            << false;
-        QTest::newRow("nothing behind it")
-            << QStringList{QStringLiteral("Settings"), QStringLiteral("Not now")} << false;
+        QTest::newRow("later, after a page behind it") << lines("Settings\nNot now") << false;
+        QTest::newRow("yes") << lines("Continue") << true;
+        QTest::newRow("no") << lines("Launch Tallyvane at login\nContinue") << false;
     }
     void answersThePrompt() {
         QFETCH(const QStringList, presses);
         QFETCH(const bool, launchesAtLogin);
         Session session;
-        const QString codex =
-            QStringLiteral("Codex PLUS | 5h: 37%, Reset unknown; Week: 83%, Reset unknown");
-        const QStringList question{
-            QStringLiteral("Keep quotas up to date?"),
-            QStringLiteral("Keep quotas up to date?"),
-            QStringLiteral("Tallyvane can live in the menu bar and refresh Codex every five "
-                           "minutes after you sign in to your Mac."),
-            QStringLiteral("Launch Tallyvane at login (on)"),
-            QStringLiteral("Not now"),
-            QStringLiteral("Continue"),
-        };
-        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), dashboard(codex) + question, patience);
+        const QStringList question = lines(R"(
+Keep quotas up to date?
+Keep quotas up to date?
+Tallyvane can live in the menu bar and refresh Codex every five minutes after you sign in to your Mac.
+Launch Tallyvane at login (on)
+Not now
+Continue
+)");
+        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), dashboard(37) + question, patience);
         for (const QString& name : presses) {
             QVERIFY(session.seen.press(name));
         }
-        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), dashboard(codex), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), dashboard(37), patience);
         QFile entry(QDir::home().filePath(
             QStringLiteral("config/autostart/org.corvelle.Tallyvane.desktop")));
         QCOMPARE(entry.open(QIODevice::ReadOnly) && entry.readAll().contains("--background"),
                  launchesAtLogin);
         QVERIFY(session.seen.press(QStringLiteral("Settings")));
-        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(),
-                                  settings(QLatin1String("Launch menu bar app at login") +
-                                           QLatin1String(launchesAtLogin ? " (on)" : "")),
-                                  patience);
+        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), settings(launchesAtLogin), patience);
         QCOMPARE(session.program.end(), QByteArray());
     }
 };

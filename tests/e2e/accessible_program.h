@@ -7,6 +7,9 @@
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusReply>
 
+#include <algorithm>
+#include <vector>
+
 namespace tallyvane::tests {
 
 /// The bus of assistive programs, on the session bus that the environment points to.
@@ -36,11 +39,23 @@ public:
 /// has it.
 class AccessibleProgram {
 public:
-    AccessibleProgram(const QDBusConnection& bus, qint64 processId)
-        : m_bus(bus), m_processId(static_cast<uint>(processId)) {}
+    /// Waits until the program is on the bus.
+    AccessibleProgram(const QDBusConnection& bus, qint64 processId) : m_bus(bus) {
+        const auto find = [&] {
+            const QStringList services = bus.interface()->registeredServiceNames();
+            const auto found = std::ranges::find_if(services, [&](const QString& service) {
+                return bus.interface()->servicePid(service) == processId;
+            });
+            m_service = found == services.end() ? QString() : *found;
+            return !m_service.isEmpty();
+        };
+        if (!QTest::qWaitFor(find, patience)) {
+            qWarning("The program does not speak to assistive programs");
+        }
+    }
 
     /// What every control is called, from the top, followed by " (on)" for one that is checked or
-    /// selected, and by its description or content after " | ". Empty while there is none.
+    /// selected, and by its description or content after " | ".
     [[nodiscard]] QStringList texts() const {
         QStringList texts;
         for (const Control& control : controls()) {
@@ -83,14 +98,7 @@ private:
     /// Everything that is visible and has a name.
     [[nodiscard]] std::vector<Control> controls() const {
         std::vector<Control> controls;
-        const QDBusConnectionInterface& bus = *m_bus.interface();
-        for (const QString& service : bus.registeredServiceNames().value()) {
-            if (bus.servicePid(service) == m_processId) {
-                m_service = service;
-                collectBelow(QStringLiteral("/org/a11y/atspi/accessible/root"), controls);
-                break;
-            }
-        }
+        collectBelow(QStringLiteral("/org/a11y/atspi/accessible/root"), controls);
         return controls;
     }
     void collectBelow(const QString& parent, std::vector<Control>& controls) const {
@@ -140,8 +148,7 @@ private:
     }
 
     const QDBusConnection m_bus;
-    const uint m_processId;
-    mutable QString m_service;
+    QString m_service;
 };
 
 } // namespace tallyvane::tests
