@@ -3,6 +3,7 @@
 #include "support/running_program.h"
 #include "support/tallyvane_program.h"
 
+#include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusReply>
@@ -28,7 +29,10 @@ private:
         return QString::fromUtf8(answer.mid(2, answer.lastIndexOf('\'') - 2));
     }
 
-    const RunningProgram m_launcher{"/usr/libexec/at-spi-bus-launcher --launch-immediately"};
+    // The bus ends later than its launcher, and takes the socket of its folder away.
+    const QTemporaryDir m_folder;
+    const RunningProgram m_launcher{"env XDG_RUNTIME_DIR=" + m_folder.path().toUtf8() +
+                                    " /usr/libexec/at-spi-bus-launcher --launch-immediately"};
 
 public:
     const QDBusConnection connection =
