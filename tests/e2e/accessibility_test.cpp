@@ -19,12 +19,24 @@ struct Session {
                       "windowsize 1000 1500 mousemove 0 0");
     }
 
-    /// Those of the texts that cannot be seen now.
-    [[nodiscard]] QStringList missing(QStringList texts) const {
-        for (const QString& text : seen.texts()) {
-            texts.removeOne(text);
-        }
-        return texts;
+    /// Waits until exactly these texts show. Returns those that do not after "-", and those that
+    /// show beside them after "+".
+    [[nodiscard]] QString difference(const QStringList& texts) const {
+        QStringList differing;
+        const auto isAsExpected = [&] {
+            QStringList absent = texts;
+            differing.clear();
+            for (const QString& text : seen.texts()) {
+                if (!absent.removeOne(text)) {
+                    differing << u'+' + text;
+                }
+            }
+            for (const QString& text : absent) {
+                differing << u'-' + text;
+            }
+            return differing.isEmpty();
+        };
+        return QTest::qWaitFor(isAsExpected, patience) ? QString() : differing.join(u'\n');
     }
 
     const tests::XfceDesktop desktop;
@@ -38,18 +50,23 @@ QStringList lines(const char* text) {
     return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
 }
 
+/// With the first text of this name as of a control that is on.
+QStringList on(const QString& name, QStringList texts) {
+    texts[texts.indexOf(name)] += QLatin1String(" (on)");
+    return texts;
+}
+
 /// Everything that there is to see on a page.
 QStringList page(const QString& title, const QStringList& content) {
-    QStringList texts = lines(R"(
+    return on(title, lines(R"(
 Tallyvane | Tallyvane
 Tallyvane
 Dashboard
 Usage History
 Settings
 This desktop shows no status icons, so Tallyvane can be seen in this window only.
-)");
-    texts[texts.indexOf(title)] += QLatin1String(" (on)");
-    return texts << title << content;
+)")) << title
+     << content;
 }
 
 QStringList dashboard(const QStringList& codex) {
@@ -69,7 +86,7 @@ QStringList dashboard(int codexLeft) {
 }
 
 QStringList settings(bool launchesAtLogin) {
-    QStringList content = lines(R"(
+    const QStringList content = lines(R"(
 Appearance
 Color scheme
 Color scheme
@@ -93,22 +110,19 @@ All history stays on this Mac
 No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.
 Clear usage history
 )");
-    if (launchesAtLogin) {
-        content[content.indexOf(QStringLiteral("Launch menu bar app at login"))] +=
-            QLatin1String(" (on)");
-    }
-    return page(QStringLiteral("Settings"), content);
+    return page(QStringLiteral("Settings"),
+                launchesAtLogin ? on(QStringLiteral("Launch menu bar app at login"), content)
+                                : content);
 }
 
-/// But for the marks of the chart, which change from day to day.
-QStringList history() {
-    return page(QStringLiteral("Usage History"), lines(R"(
+QStringList history(const QString& period) {
+    return page(QStringLiteral("Usage History"), on(period, lines(R"(
 % of quota used
 Metric
 % (on)
 Tokens
 Period
-Daily (on)
+Daily
 Monthly
 % of quota used
 Token Heatmap
@@ -121,7 +135,7 @@ Token Heatmap
 Less
 More
 Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.
-)"));
+)")));
 }
 
 qsizetype recordedPoints() {
@@ -152,14 +166,13 @@ private Q_SLOTS:
                            "hasAskedLaunchAtLogin=true\n");
         Session session;
         const tests::AccessibleProgram& seen = session.seen;
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), dashboard(37), patience);
+        QCOMPARE(session.difference(dashboard(37)), QString());
 
         tests::installCodex(2, "until [ -e \"$HOME/data/go\" ]; do sleep 0.1; done");
         QVERIFY(seen.press(QStringLiteral("Refresh")));
-        QTRY_COMPARE_WITH_TIMEOUT(session.missing(lines("Refreshing\nWorking")), QStringList(),
-                                  patience);
+        QCOMPARE(session.difference(dashboard(37) << lines("Refreshing\nWorking")), QString());
         tests::writeToHome(QStringLiteral("data/go"), {});
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), dashboard(98), patience);
+        QCOMPARE(session.difference(dashboard(98)), QString());
 
         tests::writeToHome(QStringLiteral(".local/bin/codex"),
                            "#!/bin/sh\necho '{\"error\":{\"message\":\"signed out\"},\"id\":1}'\n"
@@ -170,24 +183,22 @@ Command failed (-1): signed out
 Codex PLUS | 5h: 98%, Sync pending; Week: 83%, Sync pending
 Sync pending
 )"));
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), oldFigures, patience);
+        QCOMPARE(session.difference(oldFigures), QString());
 
         QVERIFY(seen.press(QStringLiteral("Usage History")));
-        QTRY_COMPARE_WITH_TIMEOUT(session.missing(history()), QStringList(), patience);
+        QCOMPARE(session.difference(history(QStringLiteral("Daily"))), QString());
         QVERIFY(seen.press(QStringLiteral("Monthly")));
-        QTRY_COMPARE_WITH_TIMEOUT(session.missing(history()), lines("Daily (on)\nMonthly"),
-                                  patience);
+        QCOMPARE(session.difference(history(QStringLiteral("Monthly"))), QString());
 
         QVERIFY(seen.press(QStringLiteral("Settings")));
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), settings(false), patience);
+        QCOMPARE(session.difference(settings(false)), QString());
         QVERIFY(recordedPoints() > 0);
         QVERIFY(seen.press(QStringLiteral("Clear usage history")));
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), settings(false) << lines("Usage history cleared."),
-                                  patience);
+        QCOMPARE(session.difference(settings(false) << lines("Usage history cleared.")), QString());
         QCOMPARE(recordedPoints(), 0);
 
         QVERIFY(seen.press(QStringLiteral("Dashboard")));
-        QTRY_COMPARE_WITH_TIMEOUT(seen.texts(), oldFigures, patience);
+        QCOMPARE(session.difference(oldFigures), QString());
         QCOMPARE(session.program.end(), QByteArray());
     }
 
@@ -210,17 +221,17 @@ Launch Tallyvane at login (on)
 Not now
 Continue
 )");
-        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), dashboard(37) + question, patience);
+        QCOMPARE(session.difference(dashboard(37) + question), QString());
         for (const QString& name : presses) {
             QVERIFY(session.seen.press(name));
         }
-        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), dashboard(37), patience);
+        QCOMPARE(session.difference(dashboard(37)), QString());
         QFile entry(QDir::home().filePath(
             QStringLiteral("config/autostart/org.corvelle.Tallyvane.desktop")));
         QCOMPARE(entry.open(QIODevice::ReadOnly) && entry.readAll().contains("--background"),
                  launchesAtLogin);
         QVERIFY(session.seen.press(QStringLiteral("Settings")));
-        QTRY_COMPARE_WITH_TIMEOUT(session.seen.texts(), settings(launchesAtLogin), patience);
+        QCOMPARE(session.difference(settings(launchesAtLogin)), QString());
         QCOMPARE(session.program.end(), QByteArray());
     }
 };
