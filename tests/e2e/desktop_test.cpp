@@ -1,45 +1,21 @@
 #include "model/quota_snapshot.h"
+#include "support/tallyvane_program.h"
 #include "support/test_main.h"
 #include "support/xfce_desktop.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 
 #include <csignal>
 
 using namespace tallyvane;
+using tests::installCodex;
 using tests::output;
+using tests::patience;
+using Tallyvane = tests::TallyvaneProgram;
 
 namespace {
-
-constexpr int patience = 30000; ///< in milliseconds, for programs that start on a busy machine
-
-void write(const QString& name, const QByteArray& content) {
-    const QString path = qEnvironmentVariable("HOME") + QLatin1Char('/') + name;
-    QDir().mkpath(path.left(path.lastIndexOf(u'/')));
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-/// Lets `codex` answer with this five-hour figure, after running `before`.
-void installCodex(double usedPercent, const QByteArray& before = {}) {
-    write(QStringLiteral(".local/bin/codex"),
-          "#!/bin/sh\n" + before +
-              "\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":{\"usedPercent\":" +
-              QByteArray::number(usedPercent) + "}}}}'\ncat\n");
-}
-
-/// The program, as users and their desktop start it.
-struct Tallyvane : QProcess {
-    explicit Tallyvane(const QStringList& arguments) {
-        start(QStringLiteral(TALLYVANE_PROGRAM), arguments);
-    }
-    ~Tallyvane() override {
-        terminate();
-        waitForFinished(patience);
-    }
-    Tallyvane(const Tallyvane&) = delete;
-    Tallyvane& operator=(const Tallyvane&) = delete;
-};
 
 /// How many processes run a program of this name in this test's home.
 int running(const QByteArray& name) {
@@ -110,6 +86,17 @@ class DesktopTest : public tests::HermeticTest {
         return sizes.size() == 1 && sizes.first().startsWith("310x");
     }
 
+    /// What dunst has shown, as summary and body.
+    static QStringList notifications() {
+        const QJsonDocument history = QJsonDocument::fromJson(output("dunstctl history"));
+        QStringList texts;
+        for (const QJsonValue& shown : history[u"data"][0].toArray()) {
+            texts << shown[u"summary"][u"data"].toString() + QLatin1String(" | ") +
+                         shown[u"body"][u"data"].toString();
+        }
+        return texts;
+    }
+
     static void clickItem() { output("xdotool mousemove 24 16 click 1"); }
 
 private Q_SLOTS:
@@ -122,17 +109,15 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(running("tallyvane-desktop"), 0, patience);
         QTRY_COMPARE_WITH_TIMEOUT(running("codex"), 0, patience);
         m_desktop.reset();
-        for (const char* folder : {"/data", "/config", "/.local"}) {
-            QDir(qEnvironmentVariable("HOME") + QLatin1String(folder)).removeRecursively();
-        }
+        tests::clearHome();
     }
 
     void livesInThePanel() {
         installCodex(63);
         const tests::RunningProgram windowManager("xfwm4");
-        const tests::RunningProgram notifications("dunst");
+        const tests::RunningProgram notificationDaemon("dunst");
         // Notifications at all times of day.
-        write(
+        tests::writeToHome(
             QStringLiteral("config/group.corvelle.Gaugewell.conf"),
             "notificationSettings=\"@ByteArray({\\\"enabled\\\":true,\\\"windows\\\":[{\\\"id\\\":"
             "\\\"0d1a3b0e-7f0a-4b7e-9b5c-2f1f6a1c9d11\\\",\\\"enabled\\\":true,\\\"allDay\\\":true,"
@@ -169,12 +154,12 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(refresh.state(), QProcess::NotRunning, patience);
         QVERIFY(refresh.readAllStandardOutput().contains("98% left"));
         QCOMPARE(label(), "(<'98%'>,)\n");
-        QTRY_VERIFY_WITH_TIMEOUT(
-            (output("dunstctl history-pop"), output("dunstctl count displayed") == "1\n"),
-            patience);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            (output("dunstctl close-all"), notifications()),
+            QStringList{QStringLiteral("Tallyvane | 您的 Codex token 已经重置了。")}, patience);
 
         // A second start shows the window of the first.
-        Tallyvane second({});
+        Tallyvane second;
         QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, patience);
         QCOMPARE(second.exitCode(), 0);
         QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
@@ -188,6 +173,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QCOMPARE(program.exitCode(), 0);
+        QCOMPARE(program.readAllStandardError(), QByteArray());
     }
 
     void startsOnce_data() {
@@ -244,7 +230,7 @@ private Q_SLOTS:
 
     void needsADisplay() {
         qunsetenv("DISPLAY");
-        Tallyvane program({});
+        Tallyvane program;
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
         QCOMPARE(program.exitCode(), 1);
         QVERIFY(program.readAllStandardError().contains("no display"));

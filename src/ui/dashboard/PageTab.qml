@@ -22,7 +22,7 @@ T.AbstractButton {
     Accessible.name: text
     Accessible.selectable: true
     Accessible.selected: isCurrent
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
     Keys.onRightPressed: nextItemInFocusChain(!mirrored).forceActiveFocus(Qt.TabFocusReason)

@@ -68,6 +68,7 @@ FocusScope {
                 text: label
                 font: Theme.caption
                 color: Theme.secondaryText
+                Accessible.ignored: true
 
                 Rectangle {
                     x: -valueLabel.x
@@ -90,6 +91,7 @@ FocusScope {
                 text: label
                 font: Theme.caption
                 color: Theme.secondaryText
+                Accessible.ignored: true
             }
         }
         Repeater {

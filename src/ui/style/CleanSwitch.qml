@@ -5,16 +5,20 @@ import QtQuick.Templates as T
 import Tallyvane.Style
 
 /// A label and, after it, an on/off switch. `toggled` tells what the user did, by whatever means.
-T.Switch {
+T.AbstractButton {
     id: root
 
     readonly property double inset: 2
 
     function flip(): void {
-        toggle();
-        toggled();
+        if (enabled) {
+            toggle();
+            toggled();
+        }
     }
 
+    // In Qt 6.4 the constructor of T.Switch leaks while assistive programs listen.
+    checkable: true
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(implicitContentHeight, track.height) + topPadding + bottomPadding
     spacing: Theme.largeSpacing

@@ -19,7 +19,7 @@ T.Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

@@ -19,7 +19,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Link
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

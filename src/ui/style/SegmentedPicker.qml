@@ -67,13 +67,14 @@ T.Control {
                 focusPolicy: Qt.NoFocus
                 hoverEnabled: true
                 text: modelData
+                checkable: true
+                autoExclusive: true
+                checked: isChosen
                 onClicked: root.choose(index)
 
                 Accessible.role: Accessible.RadioButton
                 Accessible.name: text
-                Accessible.checkable: true
-                Accessible.checked: isChosen
-                Accessible.onPressAction: root.choose(index)
+                Accessible.onPressAction: if (enabled) root.choose(index)
 
                 contentItem: TextLabel {
                     horizontalAlignment: Text.AlignHCenter

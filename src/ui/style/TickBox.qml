@@ -5,14 +5,18 @@ import QtQuick.Templates as T
 import Tallyvane.Style
 
 /// A check box and its label. `toggled` tells what the user did, by whatever means.
-T.CheckBox {
+T.AbstractButton {
     id: root
 
     function flip(): void {
-        toggle();
-        toggled();
+        if (enabled) {
+            toggle();
+            toggled();
+        }
     }
 
+    // In Qt 6.4 the constructor of T.CheckBox leaks while assistive programs listen.
+    checkable: true
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(implicitContentHeight, box.height) + topPadding + bottomPadding
     spacing: Theme.spacing

@@ -1,0 +1,158 @@
+#pragma once
+
+#include "support/running_program.h"
+#include "support/tallyvane_program.h"
+
+#include <QtCore/QTemporaryDir>
+#include <QtDBus/QDBusArgument>
+#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusReply>
+
+#include <algorithm>
+#include <vector>
+
+namespace tallyvane::tests {
+
+/// The bus of assistive programs, on the session bus that the environment points to.
+class AccessibilityBus {
+public:
+    AccessibilityBus() = default;
+    ~AccessibilityBus() { QDBusConnection::disconnectFromBus(connection.name()); }
+    AccessibilityBus(const AccessibilityBus&) = delete;
+    AccessibilityBus& operator=(const AccessibilityBus&) = delete;
+
+private:
+    static QString address() {
+        output("gdbus wait --session --timeout 30 org.a11y.Bus");
+        const QByteArray answer = output("gdbus call --session --dest org.a11y.Bus --object-path "
+                                         "/org/a11y/bus --method org.a11y.Bus.GetAddress");
+        return QString::fromUtf8(answer.mid(2, answer.lastIndexOf('\'') - 2));
+    }
+
+    // The bus ends later than its launcher, and takes the socket of its folder away.
+    const QTemporaryDir m_folder;
+    const RunningProgram m_launcher{"env XDG_RUNTIME_DIR=" + m_folder.path().toUtf8() +
+                                    " /usr/libexec/at-spi-bus-launcher --launch-immediately"};
+
+public:
+    const QDBusConnection connection =
+        QDBusConnection::connectToBus(address(), QStringLiteral("accessibility"));
+};
+
+/// What assistive programs see of a running program, and do with it: AT-SPI 2, as at-spi2-core 2.46
+/// has it.
+class AccessibleProgram {
+public:
+    /// Waits until the program is on the bus.
+    AccessibleProgram(const QDBusConnection& bus, qint64 processId) : m_bus(bus) {
+        const auto find = [&] {
+            const QStringList services = bus.interface()->registeredServiceNames();
+            const auto found = std::ranges::find_if(services, [&](const QString& service) {
+                return bus.interface()->servicePid(service) == processId;
+            });
+            m_service = found == services.end() ? QString() : *found;
+            return !m_service.isEmpty();
+        };
+        if (!QTest::qWaitFor(find, patience)) {
+            qWarning("The program does not speak to assistive programs");
+        }
+    }
+
+    /// What every control is called, from the top, followed by " (on)" for one that is checked or
+    /// selected, and by its description or content after " | ".
+    [[nodiscard]] QStringList texts() const {
+        QStringList texts;
+        for (const Control& control : controls()) {
+            const QString content = property(control.path, "Description") + text(control.path);
+            texts << control.name + QLatin1String(control.has(checked | selected) ? " (on)" : "") +
+                         (content.isEmpty() ? content : QLatin1String(" | ") + content);
+        }
+        return texts;
+    }
+
+    /// Does what the first control of this name is for, as soon as it is there. Returns whether it
+    /// was before `patience` was over.
+    [[nodiscard]] bool press(const QString& name) const {
+        return QTest::qWaitFor([&] { return pressNow(name); }, patience);
+    }
+
+private:
+    /// Members of a set of states, by the numbers of AtspiStateType.
+    enum State : uint {
+        checked = 1U << 4U,
+        selected = 1U << 23U,
+        visible = 1U << 30U,
+    };
+    struct Control {
+        QString path;
+        QString name;
+        uint states;
+
+        [[nodiscard]] bool has(uint anyOf) const { return (states & anyOf) != 0; }
+    };
+
+    [[nodiscard]] bool pressNow(const QString& name) const {
+        const auto all = controls();
+        const auto found =
+            std::ranges::find_if(all, [&](const Control& control) { return control.name == name; });
+        return found != all.end() &&
+               QDBusReply<bool>(call(found->path, "Action", "DoAction", {0})).value();
+    }
+
+    /// Everything that is visible and has a name.
+    [[nodiscard]] std::vector<Control> controls() const {
+        std::vector<Control> controls;
+        collectBelow(QStringLiteral("/org/a11y/atspi/accessible/root"), controls);
+        return controls;
+    }
+    void collectBelow(const QString& parent, std::vector<Control>& controls) const {
+        const QDBusMessage answer = call(parent, "Accessible", "GetChildren");
+        if (answer.type() != QDBusMessage::ReplyMessage) {
+            return; // gone meanwhile
+        }
+        const auto children = answer.arguments().constFirst().value<QDBusArgument>();
+        children.beginArray();
+        while (!children.atEnd()) {
+            QString service;
+            QDBusObjectPath child;
+            children.beginStructure();
+            children >> service >> child;
+            children.endStructure();
+            const QDBusReply<QList<uint>> states = call(child.path(), "Accessible", "GetState");
+            const Control control{.path = child.path(),
+                                  .name = property(child.path(), "Name"),
+                                  .states = states.value().value(0)};
+            if (control.has(visible) && !control.name.isEmpty()) {
+                controls.push_back(control);
+            }
+            collectBelow(control.path, controls);
+        }
+        children.endArray();
+    }
+
+    [[nodiscard]] QString property(const QString& path, const char* name) const {
+        const QDBusReply<QVariant> value =
+            ask(path, "org.freedesktop.DBus.Properties", "Get",
+                {QStringLiteral("org.a11y.atspi.Accessible"), QLatin1String(name)});
+        return value.value().toString();
+    }
+    [[nodiscard]] QString text(const QString& path) const {
+        return QDBusReply<QString>(call(path, "Text", "GetText", {0, -1})).value();
+    }
+    [[nodiscard]] QDBusMessage call(const QString& path, const char* interface, const char* method,
+                                    const QVariantList& arguments = {}) const {
+        return ask(path, "org.a11y.atspi." + QByteArray(interface), method, arguments);
+    }
+    [[nodiscard]] QDBusMessage ask(const QString& path, const QByteArray& interface,
+                                   const char* method, const QVariantList& arguments) const {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            m_service, path, QString::fromUtf8(interface), QLatin1String(method));
+        message.setArguments(arguments);
+        return m_bus.call(message);
+    }
+
+    const QDBusConnection m_bus;
+    QString m_service;
+};
+
+} // namespace tallyvane::tests
