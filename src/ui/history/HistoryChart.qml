@@ -125,8 +125,13 @@ FocusScope {
         TextLabel {
             anchors.centerIn: parent
             visible: root.viewModel.isEmpty
+            leftPadding: Theme.spacing
+            rightPadding: Theme.spacing
             text: qsTr("Nothing recorded yet")
             color: Theme.secondaryText
+            background: Rectangle {
+                color: Theme.card // no line of the chart strikes the text out
+            }
         }
         HoverHandler {
             onPointChanged: {
