@@ -40,12 +40,13 @@ int main(int argc, char** argv) {
                                         idle.home().filePath(QStringLiteral("b")).toStdString());
     QElapsedTimer timer;
     timer.start();
-    const auto windows = app::loadWindows({.model = idle.model,
-                                           .defaults = defaults,
-                                           .clock = idle.clock,
-                                           .loginItem = loginItem,
-                                           .notificationCentre = idle.notificationCentre,
-                                           .timeLocale = "C"});
+    const app::WindowsLibrary library;
+    const auto windows = library.makeWindows({.model = idle.model,
+                                              .defaults = defaults,
+                                              .clock = idle.clock,
+                                              .loginItem = loginItem,
+                                              .notificationCentre = idle.notificationCentre,
+                                              .timeLocale = "C"});
     if (!windows) {
         qFatal("%s", qPrintable(windows.error()));
     }

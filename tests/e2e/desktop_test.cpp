@@ -30,8 +30,9 @@ void installCodex(double usedPercent, const QByteArray& before = {}) {
 
 /// The program, as users and their desktop start it.
 struct Tallyvane : QProcess {
-    explicit Tallyvane(const QStringList& arguments) {
-        start(QStringLiteral(TALLYVANE_PROGRAM), arguments);
+    explicit Tallyvane(const QStringList& arguments,
+                       const QString& program = QStringLiteral(TALLYVANE_PROGRAM)) {
+        start(program, arguments);
     }
     ~Tallyvane() override {
         terminate();
@@ -213,6 +214,26 @@ private Q_SLOTS:
         for (const auto& program : programs) {
             QCOMPARE(program->exitCode(), 0);
         }
+    }
+
+    void goesOnWhenItIsReplaced() {
+        const QString source = QFileInfo(QStringLiteral(TALLYVANE_PROGRAM)).path();
+        const QDir installed(qEnvironmentVariable("HOME") + QStringLiteral("/.local"));
+        const QString library = installed.filePath(QStringLiteral("tallyvane-windows.so"));
+        installed.mkpath(QStringLiteral("."));
+        for (const char* file : {"/tallyvane", "/tallyvane-desktop", "/tallyvane-windows.so"}) {
+            QVERIFY(
+                QFile::copy(source + QLatin1String(file), installed.path() + QLatin1String(file)));
+        }
+        Tallyvane program({QStringLiteral("--background")},
+                          installed.filePath(QStringLiteral("tallyvane")));
+        QTRY_COMPARE_WITH_TIMEOUT(call("org.freedesktop.DBus", "/",
+                                       "org.freedesktop.DBus.NameHasOwner org.corvelle.Tallyvane"),
+                                  "(true,)\n", patience);
+        QVERIFY(QFile::remove(library));
+        write(QStringLiteral(".local/tallyvane-windows.so"), "another version");
+        const Tallyvane second({});
+        QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
     }
 
     void endsAtAnyMoment_data() {
