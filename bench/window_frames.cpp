@@ -70,24 +70,21 @@ int main(int argc, char** argv) {
     model::DefaultsStore defaults =
         model::DefaultsStore::openFirst(idle.home().filePath(QStringLiteral("a")).toStdString(),
                                         idle.home().filePath(QStringLiteral("b")).toStdString());
-    std::unique_ptr<app::Windows> windows;
-    const auto load = [&] {
-        auto loaded = app::loadWindows({.model = idle.model,
-                                        .defaults = defaults,
-                                        .clock = idle.clock,
-                                        .loginItem = loginItem,
-                                        .notificationCentre = idle.notificationCentre,
-                                        // without the first start's question
-                                        .launchContext = {.isFixtureMode = true},
-                                        .timeLocale = "C"});
-        if (!loaded) {
-            qFatal("%s", qPrintable(loaded.error()));
-        }
-        windows = std::move(*loaded);
-    };
-    const auto toggle = [&] { windows->togglePanel({100, 20}); };
     Stopwatch first;
-    load();
+    const app::WindowsLibrary library;
+    const auto loaded = library.makeWindows({.model = idle.model,
+                                             .defaults = defaults,
+                                             .clock = idle.clock,
+                                             .loginItem = loginItem,
+                                             .notificationCentre = idle.notificationCentre,
+                                             // without the first start's question
+                                             .launchContext = {.isFixtureMode = true},
+                                             .timeLocale = "C"});
+    if (!loaded) {
+        qFatal("%s", qPrintable(loaded.error()));
+    }
+    app::Windows& windows = **loaded;
+    const auto toggle = [&] { windows.togglePanel({100, 20}); };
     if (asked == "panel") {
         toggle();
         const double milliseconds = first.toFrame();
@@ -98,7 +95,7 @@ int main(int argc, char** argv) {
         std::printf("%.1f %.1f\n", milliseconds, second.toFrame());
         return 0;
     }
-    windows->openMainWindow();
+    windows.openMainWindow();
     const double milliseconds = first.toFrame();
     if (asked == "pages") {
         if (!QTest::qWaitForWindowActive(onlyWindow())) {

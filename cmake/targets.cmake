@@ -48,6 +48,8 @@ function(tallyvane_qml_module folder)
         set(cache NO_CACHEGEN) # compiling QML to C++ takes a quarter of the build
     endif()
     qt_add_library(${target} STATIC)
+    # Made as C++ too, two builds would differ: its declarations stand in no fixed order.
+    set_target_properties(${target} PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
     qt_add_qml_module(${target}
         URI ${ARG_URI}
         VERSION 1.0

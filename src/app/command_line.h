@@ -23,7 +23,4 @@ struct CommandLine {
 /// Reads the arguments, the program's name first. The error is one line for the user.
 [[nodiscard]] std::expected<CommandLine, QString> parseCommandLine(const QStringList& arguments);
 
-/// What --help prints.
-[[nodiscard]] QString helpText();
-
 } // namespace tallyvane::app

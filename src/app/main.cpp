@@ -6,6 +6,7 @@
 #include "app/status_command.h"
 #include "app/terminal.h"
 #include "app/tokens_command.h"
+#include "app/usage.h"
 
 #include <QtCore/QCoreApplication>
 

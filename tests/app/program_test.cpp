@@ -47,7 +47,7 @@ private Q_SLOTS:
         const Run absent = run({});
         QCOMPARE(absent.exitCode, 1);
         QVERIFY2(absent.error.contains(u"not installed"), qPrintable(absent.error));
-        install("libexec/tallyvane-desktop", "echo libexec $*; exit 42");
+        install("libexec/tallyvane/tallyvane-desktop", "echo libexec $*; exit 42");
         const Run installed = run({QStringLiteral("--background")});
         QCOMPARE(installed.output, QStringLiteral("libexec --background\n"));
         QCOMPARE(installed.exitCode, 42);

@@ -201,6 +201,26 @@ private Q_SLOTS:
         }
     }
 
+    void goesOnWhenItIsReplaced() {
+        const QString source = QFileInfo(QStringLiteral(TALLYVANE_PROGRAM)).path();
+        const QDir installed(qEnvironmentVariable("HOME") + QStringLiteral("/.local"));
+        const QString library = installed.filePath(QStringLiteral("tallyvane-windows.so"));
+        installed.mkpath(QStringLiteral("."));
+        for (const char* file : {"/tallyvane", "/tallyvane-desktop", "/tallyvane-windows.so"}) {
+            QVERIFY(
+                QFile::copy(source + QLatin1String(file), installed.path() + QLatin1String(file)));
+        }
+        Tallyvane program({QStringLiteral("--background")},
+                          installed.filePath(QStringLiteral("tallyvane")));
+        QTRY_COMPARE_WITH_TIMEOUT(call("org.freedesktop.DBus", "/",
+                                       "org.freedesktop.DBus.NameHasOwner org.corvelle.Tallyvane"),
+                                  "(true,)\n", patience);
+        QVERIFY(QFile::remove(library));
+        tests::writeToHome(QStringLiteral(".local/tallyvane-windows.so"), "another version");
+        const Tallyvane second;
+        QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
+    }
+
     void endsAtAnyMoment_data() {
         QTest::addColumn<int>("signal");
         QTest::addColumn<bool>("isRefreshing");

@@ -37,8 +37,9 @@ inline void installCodex(double usedPercent, const QByteArray& before = {}) {
 
 /// The program, as users and their desktop start it.
 struct TallyvaneProgram : QProcess {
-    explicit TallyvaneProgram(const QStringList& arguments = {}) {
-        start(QStringLiteral(TALLYVANE_PROGRAM), arguments);
+    explicit TallyvaneProgram(const QStringList& arguments = {},
+                              const QString& program = QStringLiteral(TALLYVANE_PROGRAM)) {
+        start(program, arguments);
     }
     ~TallyvaneProgram() override { end(); }
     TallyvaneProgram(const TallyvaneProgram&) = delete;

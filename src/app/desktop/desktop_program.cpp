@@ -1,6 +1,5 @@
 #include "app/desktop/desktop_program.h"
 
-#include "app/desktop/windows_library.h"
 #include "app/terminal.h"
 #include "model/quota_display.h"
 #include "platform/linux/notification_settings_page.h"
@@ -115,7 +114,7 @@ WindowsContext DesktopProgram::windowsContext() {
 
 Windows* DesktopProgram::windows() {
     if (!m_windows) {
-        auto loaded = loadWindows(windowsContext());
+        auto loaded = m_windowsLibrary.makeWindows(windowsContext());
         if (!loaded) {
             // An item in the panel has no terminal to tell.
             printError(loaded.error());

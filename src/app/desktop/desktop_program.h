@@ -2,7 +2,7 @@
 
 #include "app/composition.h"
 #include "app/desktop/status_area.h"
-#include "app/desktop/windows.h"
+#include "app/desktop/windows_library.h"
 #include "app/start_command.h"
 #include "core/auto_refresh.h"
 #include "platform/linux/autostart_entry.h"
@@ -34,6 +34,7 @@ private:
     platform::SystemAppearance m_appearance;
     StatusArea m_statusArea;
     platform::DBusApplication m_application;
+    WindowsLibrary m_windowsLibrary;
     std::unique_ptr<Windows> m_windows;
 };
 

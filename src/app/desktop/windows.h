@@ -6,7 +6,6 @@
 #include "platform/login_item.h"
 #include "platform/notification_centre.h"
 
-#include <QtCore/QObject>
 #include <QtCore/QPoint>
 
 #include <functional>
@@ -45,18 +44,10 @@ public:
     virtual void setStatusItemShown(bool isShown) = 0;
 };
 
-/// The windows are a library of their own, loaded when the first of them opens: most of the time
-/// there is none, and Qt Quick takes more time and memory than all the rest.
-class WindowsPlugin {
-public:
-    WindowsPlugin() = default;
-    virtual ~WindowsPlugin() = default;
-    WindowsPlugin(const WindowsPlugin&) = delete;
-    WindowsPlugin& operator=(const WindowsPlugin&) = delete;
-
-    [[nodiscard]] virtual std::unique_ptr<Windows> makeWindows(const WindowsContext& context) = 0;
-};
-
 } // namespace tallyvane::app
 
-Q_DECLARE_INTERFACE(tallyvane::app::WindowsPlugin, "org.corvelle.Tallyvane.WindowsPlugin")
+/// What the library of the windows gives, which is loaded when the first of them opens: most of the
+/// time there is none, and Qt Quick takes more time and memory than all the rest. The caller owns
+/// the result.
+extern "C" Q_DECL_EXPORT tallyvane::app::Windows*
+tallyvaneMakeWindows(const tallyvane::app::WindowsContext& context);

@@ -2,24 +2,30 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
-#include <QtCore/QPluginLoader>
+
+#include <dlfcn.h>
 
 namespace tallyvane::app {
 
-std::expected<std::unique_ptr<Windows>, QString> loadWindows(const WindowsContext& context) {
-    const QString program = QCoreApplication::applicationDirPath();
-    QString path = program + QStringLiteral("/tallyvane-windows.so");
-    if (!QFile::exists(path)) {
-        path = program +
-               QStringLiteral("/" TALLYVANE_LIB_FROM_LIBEXEC "/tallyvane/tallyvane-windows.so");
+WindowsLibrary::WindowsLibrary()
+    : m_path(QFile::encodeName(QCoreApplication::applicationDirPath() +
+                               QStringLiteral("/tallyvane-windows.so"))
+                 .toStdString()),
+      m_file(m_path, O_RDONLY) {}
+
+std::expected<std::unique_ptr<Windows>, QString>
+WindowsLibrary::makeWindows(const WindowsContext& context) const {
+    const std::string path =
+        m_file.get() < 0 ? m_path : "/proc/self/fd/" + std::to_string(m_file.get());
+    // Never unloaded: QML types stay registered.
+    void* library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* function = library == nullptr ? nullptr : ::dlsym(library, "tallyvaneMakeWindows");
+    if (function == nullptr) {
+        return std::unexpected(QStringLiteral("The windows could not be loaded: %1")
+                                   .arg(QString::fromLocal8Bit(::dlerror())));
     }
-    QPluginLoader loader(path); // never unloaded: QML types stay registered
-    auto* plugin = qobject_cast<WindowsPlugin*>(loader.instance());
-    if (plugin == nullptr) {
-        return std::unexpected(
-            QStringLiteral("The windows could not be loaded: %1").arg(loader.errorString()));
-    }
-    return plugin->makeWindows(context);
+    return std::unique_ptr<Windows>(
+        reinterpret_cast<decltype(&tallyvaneMakeWindows)>(function)(context));
 }
 
 } // namespace tallyvane::app

@@ -1,5 +1,4 @@
-#include "app/desktop/windows_plugin.h"
-
+#include "app/desktop/windows.h"
 #include "core/launch_at_login.h"
 #include "platform/application_id.h"
 #include "ui/dashboard/main_window.h"
@@ -74,12 +73,13 @@ private:
 
 } // namespace
 
-std::unique_ptr<Windows> QuickWindowsPlugin::makeWindows(const WindowsContext& context) {
+} // namespace tallyvane::app
+
+tallyvane::app::Windows* tallyvaneMakeWindows(const tallyvane::app::WindowsContext& context) {
+    using namespace tallyvane;
     // Drawing by the processor takes a third of the memory that OpenGL in software takes, and no
     // longer for windows as calm as these.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QString(platform::applicationId)));
-    return std::make_unique<QuickWindows>(context);
+    return std::make_unique<app::QuickWindows>(context).release();
 }
-
-} // namespace tallyvane::app

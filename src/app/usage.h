@@ -1,0 +1,76 @@
+#pragma once
+
+#include "app/command_line.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+namespace tallyvane::app {
+
+// What the command line understands, in words. The parser takes the names from here, and --help,
+// the manual page and the completions of shells are made from it.
+
+struct CommandUsage {
+    QLatin1StringView name;
+    QLatin1StringView text;
+    Command command = Command::desktop;
+};
+
+struct OptionUsage {
+    QLatin1StringView name;     ///< without dashes
+    QLatin1StringView text;     ///< without quotation marks and brackets, which shells would read
+    QLatin1StringView commands; ///< those that it goes with, as "a, b"; empty: with none at all
+    QLatin1StringView letter;   ///< the short form; may be empty
+};
+
+inline constexpr CommandUsage commandUsages[] = {
+    {QLatin1StringView{"refresh"},
+     QLatin1StringView{"Ask both providers now, store the result and print it."}, Command::refresh},
+    {QLatin1StringView{"status"},
+     QLatin1StringView{"Print the stored result without asking anybody."}, Command::status},
+    {QLatin1StringView{"history"}, QLatin1StringView{"Print the stored use per day and provider."},
+     Command::history},
+    {QLatin1StringView{"tokens"},
+     QLatin1StringView{"Count the tokens in the local session logs of the last 35 days."},
+     Command::tokens},
+};
+
+inline constexpr OptionUsage commandOptionUsages[] = {
+    {.name = QLatin1StringView{"background"},
+     .text = QLatin1StringView{"Without a command: start without a window."}},
+    {.name = QLatin1StringView{"json"},
+     .text = QLatin1StringView{"With status, history and tokens: print JSON."},
+     .commands = QLatin1StringView{"status, history, tokens"}},
+    {.name = QLatin1StringView{"waybar"},
+     .text =
+         QLatin1StringView{"With status: print one line of JSON for a custom module of Waybar."},
+     .commands = QLatin1StringView{"status"}},
+};
+
+/// These go with every command.
+inline constexpr OptionUsage generalOptionUsages[] = {
+    {.name = QLatin1StringView{"help"},
+     .text = QLatin1StringView{"Print this help."},
+     .letter = QLatin1StringView{"h"}},
+    {.name = QLatin1StringView{"version"},
+     .text = QLatin1StringView{"Print the version."},
+     .letter = QLatin1StringView{"v"}},
+};
+
+/// A term and what it means; without a term, a line that stands as it is.
+struct UsageEntry {
+    QString term;
+    QString text;
+};
+
+struct UsageSection {
+    QString heading;
+    QList<UsageEntry> entries;
+};
+
+[[nodiscard]] QList<UsageSection> usageSections();
+
+/// What --help prints.
+[[nodiscard]] QString helpText();
+
+} // namespace tallyvane::app
