@@ -1,6 +1,7 @@
 #include "app/terminal.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <unistd.h>
 
 namespace tallyvane::app {
@@ -29,6 +30,11 @@ bool print(const QString& text) {
 
 void printError(const QString& message) {
     write(stderr, QStringLiteral("tallyvane: %1\n").arg(message));
+}
+
+void endProgram(int exitCode) {
+    std::fflush(nullptr);
+    std::_Exit(exitCode);
 }
 
 ProgressLine::ProgressLine(const QString& text) {

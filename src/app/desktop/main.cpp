@@ -10,6 +10,17 @@
 
 using namespace tallyvane;
 
+namespace {
+
+int run(app::StartMode mode) {
+    const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
+    app::DesktopProgram program(app::readEnvironment());
+    const auto ended = program.start(mode);
+    return ended ? std::to_underlying(*ended) : QGuiApplication::exec();
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         if (qEnvironmentVariableIsEmpty("DISPLAY") &&
@@ -31,10 +42,5 @@ int main(int argc, char** argv) {
         app::printError(commandLine.error());
         return std::to_underlying(app::ExitCode::usage);
     }
-    const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
-    app::DesktopProgram program(app::readEnvironment());
-    if (const auto ended = program.start(commandLine->startMode)) {
-        return std::to_underlying(*ended);
-    }
-    return QGuiApplication::exec();
+    app::endProgram(run(commandLine->startMode));
 }
