@@ -12,6 +12,22 @@ using namespace tallyvane;
 
 namespace {
 
+/// Stands in for Qt's handler while Qt connects to the display: instead of several lines and an
+/// abort, one line.
+void tellOfUnusableDisplay(QtMsgType type, const QMessageLogContext& /*where*/,
+                           const QString& /*text*/) {
+    if (type == QtFatalMsg) {
+        app::printError(
+            qEnvironmentVariableIsEmpty("DISPLAY")
+                ? QStringLiteral("The Wayland display %1 cannot be used; this needs Qt's plugin "
+                                 "for Wayland (qt6-wayland).")
+                      .arg(qEnvironmentVariable("WAYLAND_DISPLAY"))
+                : QStringLiteral("The display %1 cannot be used.")
+                      .arg(qEnvironmentVariable("DISPLAY")));
+        app::endProgram(std::to_underlying(app::ExitCode::failure));
+    }
+}
+
 int run(app::StartMode mode) {
     const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
     app::DesktopProgram program(app::readEnvironment());
@@ -30,12 +46,15 @@ int main(int argc, char** argv) {
             return std::to_underlying(app::ExitCode::failure);
         }
         // A window chooses its own place under X11 alone, and the panel belongs beside the item.
-        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+        qputenv("QT_QPA_PLATFORM",
+                qEnvironmentVariableIsEmpty("DISPLAY") ? "wayland" : "xcb;wayland");
     }
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
     QGuiApplication::setDesktopFileName(QString(platform::applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    const auto usualHandler = qInstallMessageHandler(tellOfUnusableDisplay);
     const QGuiApplication application(argc, argv);
+    qInstallMessageHandler(usualHandler);
     qunsetenv("QT_QPA_PLATFORM"); // not for the programs that this one starts
     const auto commandLine = app::parseCommandLine(QCoreApplication::arguments());
     if (!commandLine) {
