@@ -314,7 +314,8 @@ private Q_SLOTS:
 
     /// TALLYVANE_SOAK is the number of refreshes.
     void staysTheSame() {
-        const int rounds = qEnvironmentVariable("TALLYVANE_SOAK", QStringLiteral("200")).toInt();
+        const int rounds =
+            qEnvironmentVariable("TALLYVANE_SOAK", QString::number(FAULT_ROUNDS / 2)).toInt();
         const Program program;
         QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
         qint64 memory = 0;
@@ -335,9 +336,9 @@ private Q_SLOTS:
                 threads = process.status("Threads");
                 descriptors = program.descriptors().size();
             }
-            // Fewer once a thread of Qt's pools has waited for work long enough.
-            QVERIFY(process.status("Threads") <= threads);
-            QVERIFY(program.descriptors().size() <= descriptors);
+            // A thread of Qt's that looks names up, and its descriptor, come and go.
+            QVERIFY(process.status("Threads") <= threads + 1);
+            QVERIFY(program.descriptors().size() <= descriptors + 1);
             QVERIFY(nowResident - memory <= 2048);
         }
     }
