@@ -4,7 +4,22 @@
 
 #include <QtNetwork/QNetworkProxyFactory>
 
+#include <sys/resource.h>
+
 namespace tallyvane::app {
+
+namespace {
+
+/// The memory of a program that crashed would hold the token. The hard limit stays, so that the
+/// programs which this one starts can raise theirs.
+void forbidCoreFiles() {
+    rlimit limit{};
+    ::getrlimit(RLIMIT_CORE, &limit);
+    limit.rlim_cur = 0;
+    ::setrlimit(RLIMIT_CORE, &limit);
+}
+
+} // namespace
 
 Composition::Composition(const Environment& environment)
     : store(environment.locations),
@@ -31,6 +46,7 @@ Composition::Composition(const Environment& environment)
             environment.launchContext.isFixtureMode
                 ? std::optional(core::fixtureHistory(clock.now(), QTimeZone::systemTimeZone()))
                 : std::nullopt) {
+    forbidCoreFiles();
     QNetworkProxyFactory::setUseSystemConfiguration(true);
 }
 

@@ -49,5 +49,5 @@ int main(int argc, char** argv) {
         printError(commandLine.error() + QStringLiteral(" Try 'tallyvane --help'."));
         return std::to_underlying(ExitCode::usage);
     }
-    return std::to_underlying(run(*commandLine));
+    endProgram(std::to_underlying(run(*commandLine)));
 }

@@ -1,7 +1,15 @@
 #include "app/terminal.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <unistd.h>
+
+#ifdef __has_feature
+#if __has_feature(address_sanitizer)
+#include <sanitizer/lsan_interface.h>
+#define TALLYVANE_CHECKS_LEAKS
+#endif
+#endif
 
 namespace tallyvane::app {
 
@@ -29,6 +37,14 @@ bool print(const QString& text) {
 
 void printError(const QString& message) {
     write(stderr, QStringLiteral("tallyvane: %1\n").arg(message));
+}
+
+void endProgram(int exitCode) {
+    std::fflush(nullptr);
+#ifdef TALLYVANE_CHECKS_LEAKS
+    __lsan_do_leak_check(); // which the usual end would do
+#endif
+    std::_Exit(exitCode);
 }
 
 ProgressLine::ProgressLine(const QString& text) {

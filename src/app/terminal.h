@@ -17,6 +17,10 @@ enum class ExitCode { success = 0, failure = 1, usage = 2, providerFailed = 3, n
 /// Writes "tallyvane: " and the message to standard error.
 void printError(const QString& message);
 
+/// Ends the program with nothing but its output flushed. The usual end would wait for the name of a
+/// server that is being looked up, which no one can break off, and a silent resolver takes minutes.
+[[noreturn]] void endProgram(int exitCode);
+
 /// A line on standard error that is wiped away at the end of its life; nothing when standard error
 /// is no terminal.
 class ProgressLine {

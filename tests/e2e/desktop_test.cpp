@@ -248,12 +248,27 @@ private Q_SLOTS:
         QVERIFY(!stored.open(QIODevice::ReadOnly) || model::decodeSnapshot(stored.readAll()));
     }
 
+    void needsADisplay_data() {
+        QTest::addColumn<QByteArray>("x11");
+        QTest::addColumn<QByteArray>("wayland");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("none") << QByteArray() << QByteArray() << QByteArray("no display");
+        QTest::newRow("X11 is gone") << QByteArray(":none") << QByteArray() << QByteArray(":none");
+        QTest::newRow("Wayland is gone")
+            << QByteArray() << QByteArray("gone") << QByteArray("qt6-wayland");
+    }
     void needsADisplay() {
-        qunsetenv("DISPLAY");
+        QFETCH(const QByteArray, x11);
+        QFETCH(const QByteArray, wayland);
+        QFETCH(const QByteArray, expected);
+        qputenv("DISPLAY", x11);
+        qputenv("WAYLAND_DISPLAY", wayland);
         Tallyvane program;
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        qunsetenv("WAYLAND_DISPLAY");
         QCOMPARE(program.exitCode(), 1);
-        QVERIFY(program.readAllStandardError().contains("no display"));
+        const QByteArray error = program.readAllStandardError();
+        QVERIFY2(error.contains(expected) && error.count('\n') == 1, error);
     }
 };
 

@@ -1,4 +1,5 @@
 #include "platform/linux/secret_service_store.h"
+#include "support/gnome_keyring.h"
 #include "support/private_bus.h"
 #include "support/test_main.h"
 
@@ -20,44 +21,14 @@ QDBusConnection connectTo(const tests::PrivateBus& bus) {
     return QDBusConnection::connectToBus(bus.address(), bus.address());
 }
 
-/// A keyring with an unlocked login collection on the bus of the environment.
-class GnomeKeyring {
-public:
-    GnomeKeyring() {
-        m_daemon.setProcessChannelMode(QProcess::MergedChannels);
-        m_daemon.start(QStringLiteral("gnome-keyring-daemon"),
-                       {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
-                        QStringLiteral("--components=secrets")});
-        m_daemon.write("password");
-        m_daemon.closeWriteChannel();
-    }
-    ~GnomeKeyring() {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
-    bool holds(const QString& attribute, const QByteArray& secret) {
-        QProcess tool;
-        tool.start(QStringLiteral("secret-tool"),
-                   {QStringLiteral("store"), QStringLiteral("--label=test"), attribute, service,
-                    QStringLiteral("account"), QString::fromUtf8(secret)});
-        tool.write(secret);
-        tool.closeWriteChannel();
-        return tool.waitForFinished() && tool.exitCode() == 0;
-    }
-
-    static bool lock(QDBusConnection bus) {
-        QDBusMessage call = QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
-            QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("Lock"));
-        call << QVariant::fromValue(
-            QList{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login"))});
-        return bus.call(call).type() == QDBusMessage::ReplyMessage;
-    }
-
-private:
-    QProcess m_daemon;
-};
+bool lockKeyring(QDBusConnection bus) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
+        QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("Lock"));
+    call << QVariant::fromValue(
+        QList{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login"))});
+    return bus.call(call).type() == QDBusMessage::ReplyMessage;
+}
 
 class SilentObject final : public QDBusVirtualObject {
 public:
@@ -104,15 +75,15 @@ private Q_SLOTS:
         const tests::PrivateBus bus;
         platform::SecretServiceStore store;
         QVERIFY(!QCoro::waitFor(store.lookup(service))); // nobody has the name
-        GnomeKeyring keyring;
-        QTRY_VERIFY(keyring.holds(QStringLiteral("other"), "wrong"));
+        const tests::GnomeKeyring keyring;
+        QTRY_VERIFY(tests::GnomeKeyring::store(QStringLiteral("other"), "wrong"));
         QVERIFY(!QCoro::waitFor(store.lookup(service)));
-        QVERIFY(keyring.holds(QStringLiteral("service"), "s\xc3\xa9"
-                                                         "cret"));
+        QVERIFY(tests::GnomeKeyring::store(QStringLiteral("service"), "s\xc3\xa9"
+                                                                      "cret"));
         QCOMPARE(QCoro::waitFor(store.lookup(service)), QByteArray("s\xc3\xa9"
                                                                    "cret"));
         QVERIFY(!QCoro::waitFor(store.lookup(QStringLiteral("Other"))));
-        QVERIFY(GnomeKeyring::lock(connectTo(bus)));
+        QVERIFY(lockKeyring(connectTo(bus)));
         QVERIFY(!QCoro::waitFor(store.lookup(service)));
     }
 

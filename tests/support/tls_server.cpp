@@ -13,7 +13,7 @@ ScriptedReply httpReply(int status, const QByteArray& body, const QByteArray& he
             QByteArray::number(body.size()) + "\r\n" + headers + "\r\n" + body};
 }
 
-TlsIdentity makeTlsIdentity() {
+TlsIdentity makeTlsIdentity(const QString& name) {
     const QTemporaryDir directory;
     QFile certificate(directory.filePath(QStringLiteral("certificate")));
     QFile key(directory.filePath(QStringLiteral("key")));
@@ -22,8 +22,8 @@ TlsIdentity makeTlsIdentity() {
                   {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
                    QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
                    QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-subj"),
-                   QStringLiteral("/CN=127.0.0.1"), QStringLiteral("-addext"),
-                   QStringLiteral("subjectAltName=IP:127.0.0.1"), QStringLiteral("-keyout"),
+                   QStringLiteral("/CN=Test"), QStringLiteral("-addext"),
+                   QStringLiteral("subjectAltName=") + name, QStringLiteral("-keyout"),
                    key.fileName(), QStringLiteral("-out"), certificate.fileName()});
     openssl.waitForFinished();
     if (!certificate.open(QIODevice::ReadOnly) || !key.open(QIODevice::ReadOnly)) {
@@ -32,7 +32,8 @@ TlsIdentity makeTlsIdentity() {
     return {QSslCertificate(&certificate), QSslKey(&key, QSsl::Ec)};
 }
 
-TlsServer::TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script)
+TlsServer::TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script,
+                     const QHostAddress& address, quint16 port)
     : m_script(std::move(script)) {
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     configuration.setLocalCertificate(identity.certificate);
@@ -43,7 +44,9 @@ TlsServer::TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script)
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
         read(socket);
     });
-    m_server.listen(QHostAddress::LocalHost);
+    if (!m_server.listen(address, port)) {
+        qFatal("no server: %s", qPrintable(m_server.errorString()));
+    }
 }
 
 QUrl TlsServer::url(const QString& path) const {

@@ -27,18 +27,20 @@ struct ScriptedReply {
 [[nodiscard]] ScriptedReply httpReply(int status, const QByteArray& body,
                                       const QByteArray& headers = {});
 
-/// A self-signed certificate for 127.0.0.1 and its key, made by the openssl command.
+/// A self-signed certificate and its key, made by the openssl command.
 struct TlsIdentity {
     QSslCertificate certificate;
     QSslKey key;
 };
-[[nodiscard]] TlsIdentity makeTlsIdentity();
+/// `name` is the one that the certificate is for, as OpenSSL writes alternative names.
+[[nodiscard]] TlsIdentity makeTlsIdentity(const QString& name = QStringLiteral("IP:127.0.0.1"));
 
-/// An HTTPS server on a free port of 127.0.0.1 that gives each scripted reply once, in order. One
+/// An HTTPS server, on a free port of 127.0.0.1 unless others are named, that gives each scripted reply once, in order. One
 /// request more than that fails the test.
 class TlsServer : public QObject {
 public:
-    TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script);
+    TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script,
+              const QHostAddress& address = QHostAddress::LocalHost, quint16 port = 0);
 
     [[nodiscard]] QUrl url(const QString& path) const;
     /// Makes every further connection be refused.

@@ -71,6 +71,7 @@ struct OpenWindow {
     tests::IdleModel idle{core::fixtureSnapshot(now, QTimeZone::utc()), now,
                           core::fixtureHistory(now, QTimeZone::utc())};
     tests::FakeLoginItem loginItem;
+    QTimeZone zone = QTimeZone::utc();
     int questions = 0; ///< how many times the window may ask
     int settingsOpened = 0;
     ui::Appearance appearance{model::AppAppearance::light};
@@ -83,7 +84,7 @@ struct OpenWindow {
          .loginItem = loginItem,
          .notificationCentre = idle.notificationCentre,
          .locale = "de_DE",
-         .zone = QTimeZone::utc(),
+         .zone = [this] { return zone; },
          .website = QUrl(QStringLiteral("https://maker.example")),
          .openNotificationSettings = [this] { ++settingsOpened; },
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
@@ -133,6 +134,19 @@ private Q_SLOTS:
         QTRY_COMPARE(open.idle.clock.pendingAlarms(), 0U);
         open.show();
         QVERIFY(open.item("updated"));
+    }
+
+    void opensInTheZoneOfTheMoment() {
+        OpenWindow open;
+        open.press(Qt::Key_W, Qt::ControlModifier);
+        open.zone = QTimeZone("Pacific/Kiritimati");
+        open.show();
+        open.press(Qt::Key_2, Qt::ControlModifier);
+        auto* chart = open.root()->property("viewModel").value<ui::MainWindowModel*>()->history();
+        open.focus("chart");
+        open.press(Qt::Key_Left);
+        QVERIFY2(chart->hoveredText().startsWith(u"So., 22. Nov. 2026"),
+                 qPrintable(chart->hoveredText()));
     }
 
     void history() {

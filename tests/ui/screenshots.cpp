@@ -76,7 +76,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
                                .loginItem = loginItem,
                                .notificationCentre = idle.notificationCentre,
                                .locale = "en_US",
-                               .zone = QTimeZone::utc(),
+                               .zone = [] { return QTimeZone::utc(); },
                                .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                .openNotificationSettings = [] {},
                                .takeLaunchQuestion = [&] { return isToAsk; }});

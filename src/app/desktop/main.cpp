@@ -10,6 +10,33 @@
 
 using namespace tallyvane;
 
+namespace {
+
+/// Stands in for Qt's handler while Qt connects to the display: instead of several lines and an
+/// abort, one line.
+void tellOfUnusableDisplay(QtMsgType type, const QMessageLogContext& /*where*/,
+                           const QString& /*text*/) {
+    if (type == QtFatalMsg) {
+        app::printError(
+            qEnvironmentVariableIsEmpty("DISPLAY")
+                ? QStringLiteral("The Wayland display %1 cannot be used; this needs Qt's plugin "
+                                 "for Wayland (qt6-wayland).")
+                      .arg(qEnvironmentVariable("WAYLAND_DISPLAY"))
+                : QStringLiteral("The display %1 cannot be used.")
+                      .arg(qEnvironmentVariable("DISPLAY")));
+        app::endProgram(std::to_underlying(app::ExitCode::failure));
+    }
+}
+
+int run(app::StartMode mode) {
+    const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
+    app::DesktopProgram program(app::readEnvironment());
+    const auto ended = program.start(mode);
+    return ended ? std::to_underlying(*ended) : QGuiApplication::exec();
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         if (qEnvironmentVariableIsEmpty("DISPLAY") &&
@@ -19,22 +46,20 @@ int main(int argc, char** argv) {
             return std::to_underlying(app::ExitCode::failure);
         }
         // A window chooses its own place under X11 alone, and the panel belongs beside the item.
-        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+        qputenv("QT_QPA_PLATFORM",
+                qEnvironmentVariableIsEmpty("DISPLAY") ? "wayland" : "xcb;wayland");
     }
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
     QGuiApplication::setDesktopFileName(QString(platform::applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    const auto usualHandler = qInstallMessageHandler(tellOfUnusableDisplay);
     const QGuiApplication application(argc, argv);
+    qInstallMessageHandler(usualHandler);
     qunsetenv("QT_QPA_PLATFORM"); // not for the programs that this one starts
     const auto commandLine = app::parseCommandLine(QCoreApplication::arguments());
     if (!commandLine) {
         app::printError(commandLine.error());
         return std::to_underlying(app::ExitCode::usage);
     }
-    const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
-    app::DesktopProgram program(app::readEnvironment());
-    if (const auto ended = program.start(commandLine->startMode)) {
-        return std::to_underlying(*ended);
-    }
-    return QGuiApplication::exec();
+    app::endProgram(run(commandLine->startMode));
 }

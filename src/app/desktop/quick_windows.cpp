@@ -29,7 +29,7 @@ public:
                                   .loginItem = context.loginItem,
                                   .notificationCentre = context.notificationCentre,
                                   .locale = context.timeLocale,
-                                  .zone = QTimeZone::systemTimeZone(),
+                                  .zone = &QTimeZone::systemTimeZone,
                                   .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                   .openNotificationSettings = context.openNotificationSettings,
                                   .takeLaunchQuestion = [&defaults = context.defaults,

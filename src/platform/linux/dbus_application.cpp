@@ -126,9 +126,14 @@ DBusApplication::Registration DBusApplication::registerOnBus() {
     if (!reply.isValid()) {
         return Registration::noBus;
     }
-    return reply.value() == QDBusConnectionInterface::ServiceRegistered
-               ? Registration::owner
-               : Registration::alreadyRunning;
+    if (reply.value() != QDBusConnectionInterface::ServiceRegistered) {
+        return Registration::alreadyRunning;
+    }
+    // The library sends itself this when the connection ends, which is when the session does.
+    bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                SIGNAL(quitRequested()));
+    return Registration::owner;
 }
 
 bool isApplicationRunning() {

@@ -37,7 +37,7 @@ Q_SIGNALS:
     /// be empty.
     void activated(const QString& token);
     void refreshRequested(); ///< nobody waits for its end
-    void quitRequested();
+    void quitRequested();    ///< by a caller, or by the end of the bus
 };
 
 enum class CallError {

@@ -2,6 +2,7 @@
 
 #include <QCoro/QCoroNetworkReply>
 #include <QtCore/QScopedPointer>
+#include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkReply>
 #include <QtNetwork/QNetworkRequest>
 
@@ -104,12 +105,13 @@ ClaudeQuotaClient::loadCredentials(model::Timestamp now) {
 
 QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
 ClaudeQuotaClient::request(Credentials credentials) {
-    if (!m_network) {
-        m_network = std::make_unique<QNetworkAccessManager>();
-    }
     // Deleted later, since this resumes inside the reply's own signal.
-    const std::unique_ptr<QNetworkReply, QScopedPointerDeleteLater> reply(
-        m_network->get(usageRequest(m_source, credentials.accessToken)));
+    using DeleteLater = QScopedPointerDeleteLater;
+    // One for all requests would keep a thread, and some memory of each connection in quick
+    // succession.
+    const std::unique_ptr<QNetworkAccessManager, DeleteLater> network(new QNetworkAccessManager);
+    const std::unique_ptr<QNetworkReply, DeleteLater> reply(
+        network->get(usageRequest(m_source, credentials.accessToken)));
     Cut cut = Cut::none;
     const auto giveUp = [&cut, &reply](Cut reason) {
         if (cut == Cut::none) {

@@ -5,10 +5,8 @@
 #include "providers/claude/usage_reply.h"
 
 #include <QtCore/QUrl>
-#include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QSslConfiguration>
 
-#include <memory>
 #include <optional>
 
 namespace tallyvane::providers {
@@ -44,7 +42,6 @@ private:
     platform::SecretStore& m_secrets;
     platform::Clock& m_clock;
     TokenCache m_cache;
-    std::unique_ptr<QNetworkAccessManager> m_network; ///< made when it is first needed
 };
 
 } // namespace tallyvane::providers

@@ -1,0 +1,358 @@
+#include "fault/secret_watch.h"
+#include "history/calendar_days.h"
+#include "history/usage_history.h"
+#include "support/gnome_keyring.h"
+#include "support/private_network.h"
+#include "support/test_main.h"
+#include "support/tls_server.h"
+#include "support/xfce_desktop.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QTimeZone>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusMessage>
+#include <QtDBus/QDBusPendingReply>
+#include <QtNetwork/QUdpSocket>
+
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/timerfd.h>
+
+using namespace tallyvane;
+using tests::Process;
+
+namespace {
+
+constexpr int patience = 30'000; ///< in milliseconds
+const QByteArray token = "tallyvane-test-5ecret";
+const QByteArray serviceHost = "127.0.0.1 api.anthropic.com\n";
+
+QString inHome(const char* name) {
+    return QDir::homePath() + u'/' + QLatin1StringView(name);
+}
+
+QByteArray read(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& content) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        qFatal("could not write %s", qPrintable(path));
+    }
+}
+
+/// Lets `codex` run a script of the shell, count that it was asked, and answer.
+void installCodex(const QByteArray& before = {}) {
+    const QString path = inHome(".local/bin/codex");
+    write(path, "#!/bin/sh\necho >>\"$HOME/asked\"\n" + before +
+                    "\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":{\"usedPercent\":"
+                    "42}}}}'\ncat\n");
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+qsizetype asked() {
+    return read(inHome("asked")).size();
+}
+
+/// The program and its children at this moment.
+QList<Process> processes() {
+    QList<Process> found = tests::processesIn(QDir::homePath().toUtf8());
+    found.removeIf([](const Process& process) {
+        const QByteArray command = process.read("cmdline");
+        return !command.contains("/tallyvane") && !command.contains("/codex");
+    });
+    return found;
+}
+
+/// The program in the background of the desktop.
+struct Program : QProcess {
+    Program() {
+        setStandardOutputFile(inHome("printed"), QIODevice::Append);
+        setProcessChannelMode(QProcess::MergedChannels);
+        start(QStringLiteral(TALLYVANE_PROGRAM), {QStringLiteral("--background")});
+    }
+    ~Program() override {
+        terminate();
+        if (!waitForFinished(patience)) {
+            kill();
+            waitForFinished();
+        }
+    }
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    [[nodiscard]] Process process() const { return {processId()}; }
+
+    [[nodiscard]] QStringList descriptors() const {
+        return QDir(QStringLiteral("/proc/%1/fd").arg(processId()))
+            .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    /// The descriptor of the timer, one that counts suspended time, by which it awaits the next
+    /// refresh; -1 while it refreshes.
+    [[nodiscard]] int nextRefresh() const {
+        for (const QString& descriptor : descriptors()) {
+            const QByteArray info = process().read(("fdinfo/" + descriptor.toLatin1()).data());
+            const qsizetype value = info.indexOf("it_value: (") + 11;
+            const int seconds = info.mid(value).split(',').first().toInt();
+            if (info.contains("clockid: 7\n") && seconds > 20 && seconds <= 300) {
+                return descriptor.toInt();
+            }
+        }
+        return -1;
+    }
+};
+
+} // namespace
+
+/// The desktop program, with all that it works with at work, among faults of the machine.
+class DesktopFaultsTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    tests::PrivateNetwork m_network;
+    QUdpSocket m_silentResolver;
+    std::optional<tests::TlsServer> m_server;
+    std::optional<tests::XfceDesktop> m_desktop;
+    std::optional<tests::GnomeKeyring> m_keyring;
+    std::optional<tests::RunningProgram> m_busMonitor;
+    const tests::SecretWatch m_watch{token, {}};
+
+    QDBusPendingCall call(const QString& interface, const QString& method,
+                          const QVariantList& arguments = {}) const {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QStringLiteral("org.corvelle.Tallyvane"), QStringLiteral("/org/corvelle/Tallyvane"),
+            interface, method);
+        message.setArguments(arguments);
+        return QDBusConnection(m_desktop->bus.address()).asyncCall(message, patience);
+    }
+
+    QDBusPendingCall refresh() const {
+        return call(QStringLiteral("org.corvelle.Tallyvane.Control"), QStringLiteral("Refresh"));
+    }
+
+    static bool isTrue(const QDBusPendingReply<bool>& reply) {
+        return QTest::qWaitFor([&reply] { return reply.isFinished(); }, patience) &&
+               reply.isValid() && reply.value();
+    }
+
+    static bool areFilesWhole() {
+        const auto isWhole = [](const char* name, auto decode) {
+            const QString path = inHome("data/Gaugewell/") + QLatin1String(name);
+            return !QFile::exists(path) || decode(read(path)).has_value();
+        };
+        return isWhole("quota-snapshot.json", model::decodeSnapshot) &&
+               isWhole("usage-history.json", history::decodeHistory);
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        if (!m_network.isUsable()) {
+            QSKIP(std::strerror(errno)); // mostly: this user may not
+        }
+        const auto identity = tests::makeTlsIdentity(QStringLiteral("DNS:api.anthropic.com"));
+        tests::PrivateNetwork::trust(identity.certificate, "service");
+        tests::PrivateNetwork::replace("/etc/hosts", serviceHost);
+        auto reply = tests::httpReply(200, R"({"five_hour":{"utilization":37.5}})");
+        reply.ending = tests::ScriptedReply::Ending::alwaysCloses;
+        m_server.emplace(identity, QList{reply}, QHostAddress::LocalHost, 443);
+        qunsetenv("TZ");
+        rlimit core{};
+        ::getrlimit(RLIMIT_CORE, &core);
+        core.rlim_cur = core.rlim_max;
+        ::setrlimit(RLIMIT_CORE, &core);
+        m_desktop.emplace();
+        QDBusConnection::connectToBus(m_desktop->bus.address(), m_desktop->bus.address());
+        m_busMonitor.emplace("dbus-monitor >\"$HOME/bus-traffic\"");
+        m_keyring.emplace();
+        QTRY_VERIFY_WITH_TIMEOUT(tests::GnomeKeyring::store(QStringLiteral("service"),
+                                                            R"({"claudeAiOauth":{"accessToken":")" +
+                                                                token + R"(","expiresAt":4e12}})"),
+                                 patience);
+        m_desktop->startPanel();
+    }
+
+    void init() {
+        HermeticTest::init();
+        installCodex();
+    }
+
+    void cleanup() {
+        QTRY_COMPARE_WITH_TIMEOUT(processes().size(), 0, patience);
+        QFile::remove(inHome("asked"));
+    }
+
+    void joinsWhoAsksMeanwhile() {
+        installCodex("while [ ! -e \"$HOME/go\" ]; do sleep 0.01; done");
+        const Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(asked(), 1, patience);
+        QList<QDBusPendingCall> calls;
+        for (int i = 0; i < 50; ++i) {
+            calls.append(refresh());
+        }
+        const auto last =
+            call(QStringLiteral("org.freedesktop.Application"), QStringLiteral("ActivateAction"),
+                 {QStringLiteral("none"), QVariantList(), QVariantMap()});
+        QTRY_VERIFY_WITH_TIMEOUT(last.isFinished(), patience);
+        write(inHome("go"), {});
+        for (const QDBusPendingCall& one : calls) {
+            QVERIFY(isTrue(one));
+        }
+        QCOMPARE(asked(), 1);
+        // Nothing that holds the token may end up in a file.
+        QVERIFY(program.process().read("limits").contains("Max core file size        0 "));
+    }
+
+    /// What the machine's clock does to the timer when the machine wakes up, the test does to it.
+    void refreshesOnceAfterALongSleep() {
+        const Program program;
+        QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        QCOMPARE(asked(), 1);
+        const auto process = static_cast<int>(::syscall(SYS_pidfd_open, program.processId(), 0));
+        const auto timer =
+            static_cast<int>(::syscall(SYS_pidfd_getfd, process, program.nextRefresh(), 0));
+        if (timer < 0) {
+            QSKIP(std::strerror(errno));
+        }
+        itimerspec past{};
+        past.it_value.tv_nsec = 1;
+        QCOMPARE(::timerfd_settime(timer, TFD_TIMER_ABSTIME, &past, nullptr), 0);
+        ::close(timer);
+        ::close(process);
+        QTRY_COMPARE_WITH_TIMEOUT(asked(), 2, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        QCOMPARE(asked(), 2);
+    }
+
+    void followsTheTimeZone() {
+        const Program program;
+        QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        const QString path = inHome("data/Gaugewell/usage-history.json");
+        // It is never midnight in two of them at once.
+        for (const QByteArray zone : {"Pacific/Kiritimati", "America/St_Johns", "Etc/UTC"}) {
+            QFile::remove(QStringLiteral("/etc/localtime"));
+            QVERIFY(QFile::link(QStringLiteral("/usr/share/zoneinfo/") + QString::fromUtf8(zone),
+                                QStringLiteral("/etc/localtime")));
+            QFile::remove(path);
+            QVERIFY(isTrue(refresh()));
+            const auto stored = history::decodeHistory(read(path));
+            QVERIFY(stored && !stored->points.empty());
+            const auto day = history::localDay(stored->points[0].date, QTimeZone(zone));
+            QCOMPARE(stored->points[0].date, history::startOfDay(day, QTimeZone(zone)));
+        }
+    }
+
+    void endsWithTheSession_data() {
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<bool>("isRefreshing");
+        for (const bool isRefreshing : {false, true}) {
+            for (const char* end : {"bus", "display"}) {
+                QTest::addRow("%s%s", end, isRefreshing ? " while it refreshes" : "")
+                    << QString::fromLatin1(end) << isRefreshing;
+            }
+        }
+    }
+    void endsWithTheSession() {
+        QFETCH(const QString, end);
+        QFETCH(const bool, isRefreshing);
+        const QByteArray display = qgetenv("DISPLAY");
+        auto bus = std::make_unique<tests::PrivateBus>();
+        auto screen = std::make_unique<tests::VirtualDisplay>();
+        if (isRefreshing) {
+            installCodex("trap '' TERM\nsleep 1000");
+        }
+        Program program;
+        QTRY_COMPARE_WITH_TIMEOUT(asked(), 1, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(isRefreshing || program.nextRefresh() >= 0, patience);
+        if (end == u"bus") {
+            bus.reset();
+        } else {
+            screen.reset();
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        screen.reset();
+        qputenv("DISPLAY", display);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_desktop->bus.address().toUtf8());
+    }
+
+    void endsDuringALookUp() {
+        m_silentResolver.bind(QHostAddress(QStringLiteral("127.0.0.53")), 53);
+        tests::PrivateNetwork::replace("/etc/resolv.conf",
+                                       "nameserver 127.0.0.53\noptions timeout:30 attempts:5\n");
+        tests::PrivateNetwork::replace("/etc/hosts", {});
+        Program program;
+        QTRY_VERIFY_WITH_TIMEOUT(m_silentResolver.hasPendingDatagrams(), patience);
+        tests::PrivateNetwork::replace("/etc/hosts", serviceHost);
+        program.terminate();
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        QCOMPARE(program.exitCode(), 0);
+    }
+
+    void survivesKillsAtAnyInstant() {
+        QElapsedTimer timer;
+        timer.start();
+        {
+            const Program program;
+            QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        }
+        const auto length = static_cast<int>(timer.elapsed());
+        const quint32 seed = QRandomGenerator::global()->generate();
+        qInfo() << "kills within" << length << "ms, seed" << seed;
+        QRandomGenerator random(seed);
+        for (int round = 0; round < FAULT_ROUNDS / 4; ++round) {
+            Program program;
+            QTest::qWait(random.bounded(length));
+            program.kill();
+            QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+            QVERIFY(areFilesWhole());
+        }
+    }
+
+    /// TALLYVANE_SOAK is the number of refreshes.
+    void staysTheSame() {
+        const int rounds =
+            qEnvironmentVariable("TALLYVANE_SOAK", QString::number(FAULT_ROUNDS / 2)).toInt();
+        const Program program;
+        QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        qint64 memory = 0;
+        qint64 threads = 0;
+        qsizetype descriptors = 0;
+        for (int round = 1; round <= rounds; ++round) {
+            QVERIFY(isTrue(refresh()));
+            if (round % 100 != 0) {
+                continue;
+            }
+            QTRY_COMPARE_WITH_TIMEOUT(processes().size(), 1, patience); // and no zombie
+            const Process process = program.process();
+            const qint64 nowResident = process.status("VmRSS");
+            qInfo() << round << "refreshes:" << nowResident << "kB," << process.status("Threads")
+                    << "threads," << program.descriptors().size() << "descriptors";
+            if (round == 100) {
+                memory = nowResident;
+                threads = process.status("Threads");
+                descriptors = program.descriptors().size();
+            }
+            // A thread of Qt's that looks names up, and its descriptor, come and go.
+            QVERIFY(process.status("Threads") <= threads + 1);
+            QVERIFY(program.descriptors().size() <= descriptors + 1);
+            QVERIFY(nowResident - memory <= 2048);
+        }
+    }
+
+    void keepsTheTokenToItself() {
+        QCOMPARE(m_watch.findings({"tallyvane", "codex"}), QStringList());
+        QVERIFY(read(inHome("bus-traffic")).contains("org.freedesktop.Secret.Service"));
+        QVERIFY(!m_server->requests().isEmpty());
+        for (const QByteArrayList& request : m_server->requests()) {
+            QCOMPARE(request.join().count(token), 1);
+            QVERIFY(request.contains("Authorization: Bearer " + token));
+        }
+    }
+};
+
+TALLYVANE_TEST_MAIN(DesktopFaultsTest)
+#include "desktop_faults_test.moc"

@@ -1,0 +1,307 @@
+#include "fault/secret_watch.h"
+#include "history/usage_history.h"
+#include "model/defaults_store.h"
+#include "support/private_network.h"
+#include "support/test_main.h"
+#include "support/tls_server.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QProcess>
+#include <QtCore/QRandomGenerator>
+#include <QtNetwork/QUdpSocket>
+
+using namespace tallyvane;
+using namespace std::chrono_literals;
+using tests::httpReply;
+using tests::ScriptedReply;
+
+namespace {
+
+constexpr int patience = 60'000; ///< in milliseconds; the program's own longest wait is 20 s
+const QByteArray token = "tallyvane-test-5ecret";
+const QString service = QStringLiteral("api.anthropic.com");
+const QByteArray usage = R"({"five_hour":{"utilization":37.5}})";
+
+void write(const QString& path, const QByteArray& content) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        qFatal("could not write %s", qPrintable(path));
+    }
+}
+
+QByteArray read(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// What goes wrong in one run, and the one line that the user then reads.
+struct Fault {
+    enum class Service { trusted, untrusted, otherName, absent, unreachable, unresolved };
+
+    const char* name;
+    const char* expected; ///< the start of it; null when all is well in the end
+    QList<ScriptedReply> replies{httpReply(200, usage)};
+    Service service = Service::trusted;
+    const char* codex = "reply-amid-noise"; ///< of the scripted programs
+    std::chrono::seconds tokenLife = 1h;
+};
+
+/// The program on its way through one fault, in a home of its own.
+struct Run {
+    QString home;
+    std::unique_ptr<tests::TlsServer> server;
+    QProcess program;
+
+    void signIn(const QByteArray& accessToken, std::chrono::seconds life) const {
+        const auto expiry = (std::chrono::system_clock::now() + life).time_since_epoch() / 1ms;
+        write(home + QStringLiteral("/.claude/.credentials.json"),
+              R"({"claudeAiOauth":{"accessToken":")" + accessToken + R"(","expiresAt":)" +
+                  QByteArray::number(qint64{expiry}) + "}}");
+    }
+
+    void installCodex(const QString& program) const {
+        QDir().mkpath(home + QStringLiteral("/.local/bin"));
+        QFile::link(program, home + QStringLiteral("/.local/bin/codex"));
+    }
+
+    /// Runs a command line of the shell that has the program as $0.
+    void start(const char* command) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), home);
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/data"));
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
+        program.setProcessEnvironment(environment);
+        program.setStandardOutputFile(home + QStringLiteral("/output"));
+        program.setStandardErrorFile(home + QStringLiteral("/errors"));
+        program.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QString::fromLatin1(command),
+                       QStringLiteral(TALLYVANE_PROGRAM)});
+    }
+};
+
+} // namespace
+
+/// The command line against a network, a service and children that do what they should not.
+class FaultsTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    tests::PrivateNetwork m_network;
+    const tests::TlsIdentity m_identity = tests::makeTlsIdentity(QStringLiteral("DNS:") + service);
+    QUdpSocket m_silentResolver;
+    std::vector<std::unique_ptr<Run>> m_runs;
+    const tests::SecretWatch m_watch{token, QStringLiteral(".credentials.json")};
+
+    std::vector<Fault> faults() {
+        using Ending = ScriptedReply::Ending;
+        using Service = Fault::Service;
+        const char* const malformed =
+            "Claude: The answer of the Claude service was not understood.";
+        const char* const late = "Claude: The Claude service could not be reached: it took too "
+                                 "long to answer.";
+        const char* const refused =
+            "Claude: The Claude service did not accept the sign-in of Claude Code.";
+        const char* const silent = "Codex: Command timed out.";
+        ScriptedReply renewing = httpReply(401, token);
+        renewing.before = [this] { m_runs.front()->signIn(token + "-new", 1h); };
+        // Whatever has the token in it is what a service may say that echoes it.
+        const QByteArray echo = "X-Echo: " + token + "\r\nSet-Cookie: a=" + token + "\r\n";
+        return {
+            {"401, then a new token", nullptr, {renewing, httpReply(200, usage, echo)}},
+            {.name = "expired sign-in",
+             .expected = "Claude: The sign-in of Claude Code has expired.",
+             .replies = {},
+             .tokenLife = 0s},
+            {"401 twice", refused, {httpReply(401, token, echo), httpReply(401, token, echo)}},
+            {"429",
+             "Claude: The Claude service was asked too many times.",
+             {httpReply(429, token, echo)}},
+            {"500",
+             "Claude: The Claude service answered with status 500.",
+             {{"HTTP/1.1 500 " + token + "\r\n" + echo + "\r\n"}}},
+            {"redirect",
+             "Claude: The Claude service answered with status 302.",
+             {httpReply(302, {}, "Location: /" + token + "\r\n")}},
+            {"not JSON", malformed, {httpReply(200, token)}},
+            {"huge body", malformed, {httpReply(200, usage + QByteArray(5 << 20, ' '))}},
+            {"silent", late, {{{}, Ending::keepsOpen}}},
+            {"dripping", late, {{"HTTP/1.1 200 " + token + "\r\n\r\n", Ending::drips}}},
+            {"cut off",
+             "Claude: The Claude service could not be reached: ",
+             {{"HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n" + token}}},
+            {"refused connection",
+             "Claude: The Claude service could not be reached: Connection refused",
+             {},
+             Service::absent},
+            {"no route",
+             "Claude: The Claude service could not be reached: Network unreachable",
+             {},
+             Service::unreachable},
+            {"untrusted certificate",
+             "Claude: The Claude service could not be reached: SSL",
+             {},
+             Service::untrusted},
+            {"certificate of another",
+             "Claude: The Claude service could not be reached: ",
+             {},
+             Service::otherName},
+            {"silent resolver", late, {}, Service::unresolved},
+            {.name = "codex is no program", .expected = "Codex: ", .codex = "no-program"},
+            {.name = "codex dies", .expected = "Codex: Command failed (-1): boom", .codex = "dies"},
+            {.name = "codex talks garbage", .expected = silent, .codex = "garbage"},
+            {.name = "codex floods", .expected = silent, .codex = "floods"},
+            {.name = "codex hangs", .expected = silent, .codex = "hangs"},
+            {.name = "codex leaves a grandchild", .expected = silent, .codex = "launcher-ends"},
+            {.name = "codex stays behind a grandchild",
+             .expected = "Codex: Command failed (-1): sign in",
+             .codex = "launcher-stays"},
+            {.name = "codex does not obey", .expected = "Codex: ", .codex = "refuses-to-end"},
+        };
+    }
+
+    std::unique_ptr<Run> makeRun(const Fault& fault) {
+        auto run = std::make_unique<Run>();
+        const qsizetype number = std::ssize(m_runs) + 1;
+        run->home = QStringLiteral("%1/run-%2").arg(QDir::homePath()).arg(number);
+        run->signIn(token, fault.tokenLife);
+        run->installCodex(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") +
+                          QLatin1StringView(fault.codex));
+        using Service = Fault::Service;
+        QHostAddress address(QStringLiteral("127.0.1.%1").arg(number));
+        tests::TlsIdentity identity = m_identity;
+        if (fault.service == Service::unreachable) {
+            address = QHostAddress(QStringLiteral("192.0.2.1")); // reserved for documents
+        } else if (fault.service == Service::untrusted) {
+            identity = tests::makeTlsIdentity(QStringLiteral("DNS:") + service);
+        } else if (fault.service == Service::otherName) {
+            identity = tests::makeTlsIdentity();
+            tests::PrivateNetwork::trust(identity.certificate, "other");
+        }
+        if (fault.service != Service::absent && fault.service != Service::unreachable) {
+            run->server = std::make_unique<tests::TlsServer>(identity, fault.replies, address, 443);
+        }
+        write(run->home + QStringLiteral("/hosts"),
+              fault.service == Service::unresolved
+                  ? QByteArray()
+                  : (address.toString() + u' ' + service + u'\n').toUtf8());
+        return run;
+    }
+
+    static bool areFilesWhole(const QString& home) {
+        const auto isWhole = [&home](const char* name, auto decode) {
+            const QString path = home + QStringLiteral("/data/Gaugewell/") + QLatin1String(name);
+            return !QFile::exists(path) || decode(read(path)).has_value();
+        };
+        const auto defaults = model::DefaultsStore::open(
+            (home + QStringLiteral("/config/group.corvelle.Gaugewell.conf")).toStdString());
+        return isWhole("quota-snapshot.json", model::decodeSnapshot) &&
+               isWhole("usage-history.json", history::decodeHistory) && defaults;
+    }
+
+    static int processes() {
+        return static_cast<int>(tests::processesIn(QDir::homePath().toUtf8()).size());
+    }
+
+private Q_SLOTS:
+    void initTestCase() {
+        if (!m_network.isUsable()) {
+            QSKIP(std::strerror(errno)); // mostly: this user may not
+        }
+        m_silentResolver.bind(QHostAddress(QStringLiteral("127.0.0.53")), 53);
+        tests::PrivateNetwork::replace("/etc/resolv.conf",
+                                       "nameserver 127.0.0.53\noptions timeout:30 attempts:5\n");
+        tests::PrivateNetwork::trust(m_identity.certificate, "service");
+    }
+
+    void tellsWhatIsWrong_data() {
+        QTest::addColumn<std::size_t>("run");
+        QTest::addColumn<QByteArray>("expected");
+        for (const Fault& fault : faults()) {
+            QTest::newRow(fault.name)
+                << m_runs.size()
+                << (fault.expected == nullptr ? QByteArray()
+                                              : "tallyvane: " + QByteArray(fault.expected));
+            m_runs.push_back(makeRun(fault));
+        }
+        // All at once, since some take their time.
+        for (const auto& run : m_runs) {
+            run->start("exec unshare --mount sh -c 'mount --bind \"$HOME/hosts\" /etc/hosts && "
+                       "exec \"$0\" refresh' \"$0\"");
+        }
+    }
+    void tellsWhatIsWrong() {
+        QFETCH(const std::size_t, run);
+        QFETCH(const QByteArray, expected);
+        QProcess& program = m_runs[run]->program;
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
+        const QByteArray errors = read(m_runs[run]->home + QStringLiteral("/errors"));
+        QVERIFY2(errors.startsWith(expected), errors);
+        QCOMPARE(errors.count('\n'), expected.isEmpty() ? 0 : 1);
+        QCOMPARE(program.exitCode(), expected.isEmpty() ? 0 : 3);
+    }
+
+    void leavesNoProcess() { QTRY_COMPARE_WITH_TIMEOUT(processes(), 0, patience); }
+
+    void survivesKillsAtAnyInstant() {
+        ScriptedReply reply = httpReply(200, usage);
+        reply.ending = ScriptedReply::Ending::alwaysCloses;
+        std::array<Run*, 4> runs{};
+        for (Run*& run : runs) {
+            m_runs.push_back(makeRun({.replies = {reply}, .codex = "replies"}));
+            run = m_runs.back().get();
+        }
+        tests::PrivateNetwork::replace("/etc/hosts",
+                                       read(runs[0]->home + QStringLiteral("/hosts")));
+        const auto haveEnded = [&runs] {
+            return std::ranges::all_of(
+                runs, [](Run* run) { return run->program.state() == QProcess::NotRunning; });
+        };
+        const auto refreshAll = [&] {
+            for (Run* run : runs) {
+                run->start("exec \"$0\" refresh");
+            }
+            return QTest::qWaitFor(haveEnded, patience) &&
+                   std::ranges::all_of(runs, [](Run* run) { return run->program.exitCode() == 0; });
+        };
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(refreshAll());
+        const auto length = static_cast<int>(timer.elapsed());
+
+        const quint32 seed = QRandomGenerator::global()->generate();
+        QRandomGenerator random(seed);
+        int kills = 0;
+        while (kills < FAULT_ROUNDS) {
+            const QObject scope; // no kill outlives its round
+            for (Run* run : runs) {
+                run->start("exec \"$0\" refresh");
+                QTimer::singleShot(random.bounded(length), &scope, [run] { run->program.kill(); });
+            }
+            QTRY_VERIFY_WITH_TIMEOUT(haveEnded(), patience);
+            for (const Run* run : runs) {
+                QVERIFY2(areFilesWhole(run->home), qPrintable(QString::number(seed)));
+                kills += run->program.exitStatus() == QProcess::CrashExit ? 1 : 0;
+            }
+        }
+        qInfo() << kills << "kills within" << length << "ms, seed" << seed;
+        QVERIFY(refreshAll());
+        leavesNoProcess();
+    }
+
+    void keepsTheTokenToItself() {
+        QCOMPARE(m_watch.findings({"tallyvane", "codex"}), QStringList());
+        int requests = 0;
+        for (const auto& run : m_runs) {
+            const auto received = run->server ? run->server->requests() : QList<QByteArrayList>();
+            for (const QByteArrayList& request : received) {
+                QCOMPARE(request.join().count(token), 1);
+                QVERIFY(request.join('\n').contains("\nAuthorization: Bearer " + token));
+                ++requests;
+            }
+        }
+        QVERIFY(requests > 0);
+    }
+};
+
+TALLYVANE_TEST_MAIN(FaultsTest)
+#include "faults_test.moc"
