@@ -69,17 +69,16 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
     const auto givenEngine = [&]() -> QQmlEngine& { return *engine; };
     tests::FakeLoginItem loginItem;
     bool isToAsk = false;
-    ui::MainWindow mainWindow(givenEngine,
-                              {.model = idle.model,
-                               .appearance = appearance,
-                               .clock = idle.clock,
-                               .loginItem = loginItem,
-                               .notificationCentre = idle.notificationCentre,
-                               .locale = "en_US",
-                               .zone = [] { return QTimeZone::utc(); },
-                               .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
-                               .openNotificationSettings = [] {},
-                               .takeLaunchQuestion = [&] { return isToAsk; }});
+    ui::MainWindow mainWindow(givenEngine, {.model = idle.model,
+                                            .appearance = appearance,
+                                            .clock = idle.clock,
+                                            .loginItem = loginItem,
+                                            .notificationCentre = idle.notificationCentre,
+                                            .locale = "en_US",
+                                            .zone = [] { return QTimeZone::utc(); },
+                                            .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
+                                            .openNotificationSettings = [] {},
+                                            .takeLaunchQuestion = [&] { return isToAsk; }});
     mainWindow.open();
     QObject* content = static_cast<QQuickView*>(mainWindow.window())->rootObject();
     for (const auto& [page, name] : {std::pair{0, "dashboard"}, {1, "history"}, {2, "settings"}}) {

@@ -7,8 +7,8 @@
 
 namespace tallyvane::app {
 
-/// The library of the windows, which lies beside this program. The file is opened at once: an update
-/// replaces it while the program runs, and the windows of another version would not fit.
+/// The library of the windows, which lies beside this program. The file is opened at once: an
+/// update replaces it while the program runs, and the windows of another version would not fit.
 class WindowsLibrary {
 public:
     WindowsLibrary();
