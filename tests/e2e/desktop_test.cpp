@@ -1,7 +1,9 @@
 #include "model/quota_snapshot.h"
+#include "support/processes.h"
 #include "support/test_main.h"
 #include "support/xfce_desktop.h"
 
+#include <algorithm>
 #include <csignal>
 
 using namespace tallyvane;
@@ -43,17 +45,10 @@ struct Tallyvane : QProcess {
 
 /// How many processes run a program of this name in this test's home.
 int running(const QByteArray& name) {
-    int count = 0;
-    const QDir processes(QStringLiteral("/proc"));
-    for (const QString& process : processes.entryList({QStringLiteral("[0-9]*")}, QDir::Dirs)) {
-        const auto content = [&](const char* file) {
-            QFile opened(processes.filePath(process) + QLatin1String(file));
-            return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
-        };
-        count += content("/comm").trimmed() == name.left(15) &&
-                 content("/environ").split('\0').contains("HOME=" + qgetenv("HOME"));
-    }
-    return count;
+    return static_cast<int>(
+        std::ranges::count_if(tests::processesIn(qgetenv("HOME")), [&name](const auto& process) {
+            return process.read("comm").trimmed() == name.left(15);
+        }));
 }
 
 } // namespace
