@@ -35,8 +35,8 @@ struct TlsIdentity {
 /// `name` is the one that the certificate is for, as OpenSSL writes alternative names.
 [[nodiscard]] TlsIdentity makeTlsIdentity(const QString& name = QStringLiteral("IP:127.0.0.1"));
 
-/// An HTTPS server, on a free port of 127.0.0.1 unless others are named, that gives each scripted reply once, in order. One
-/// request more than that fails the test.
+/// An HTTPS server, on a free port of 127.0.0.1 unless others are named, that gives each scripted
+/// reply once, in order. One request more than that fails the test.
 class TlsServer : public QObject {
 public:
     TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script,
