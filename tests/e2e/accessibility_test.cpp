@@ -115,7 +115,7 @@ Clear usage history
                                 : content);
 }
 
-QStringList history(const QString& period) {
+QStringList historyPage(const QString& period) {
     return page(QStringLiteral("Usage History"), on(period, lines(R"(
 % of quota used
 Metric
@@ -186,9 +186,9 @@ Sync pending
         QCOMPARE(session.difference(oldFigures), QString());
 
         QVERIFY(seen.press(QStringLiteral("Usage History")));
-        QCOMPARE(session.difference(history(QStringLiteral("Daily"))), QString());
+        QCOMPARE(session.difference(historyPage(QStringLiteral("Daily"))), QString());
         QVERIFY(seen.press(QStringLiteral("Monthly")));
-        QCOMPARE(session.difference(history(QStringLiteral("Monthly"))), QString());
+        QCOMPARE(session.difference(historyPage(QStringLiteral("Monthly"))), QString());
 
         QVERIFY(seen.press(QStringLiteral("Settings")));
         QCOMPARE(session.difference(settings(false)), QString());

@@ -1,4 +1,5 @@
 #include "model/quota_snapshot.h"
+#include "support/processes.h"
 #include "support/tallyvane_program.h"
 #include "support/test_main.h"
 #include "support/xfce_desktop.h"
@@ -7,6 +8,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
+#include <algorithm>
 #include <csignal>
 
 using namespace tallyvane;
@@ -19,17 +21,10 @@ namespace {
 
 /// How many processes run a program of this name in this test's home.
 int running(const QByteArray& name) {
-    int count = 0;
-    const QDir processes(QStringLiteral("/proc"));
-    for (const QString& process : processes.entryList({QStringLiteral("[0-9]*")}, QDir::Dirs)) {
-        const auto content = [&](const char* file) {
-            QFile opened(processes.filePath(process) + QLatin1String(file));
-            return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
-        };
-        count += content("/comm").trimmed() == name.left(15) &&
-                 content("/environ").split('\0').contains("HOME=" + qgetenv("HOME"));
-    }
-    return count;
+    return static_cast<int>(
+        std::ranges::count_if(tests::processesIn(qgetenv("HOME")), [&name](const auto& process) {
+            return process.read("comm").trimmed() == name.left(15);
+        }));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "fault/secret_watch.h"
 #include "history/calendar_days.h"
-#include "history/usage_history.h"
 #include "support/gnome_keyring.h"
+#include "support/home_files.h"
 #include "support/private_network.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"
@@ -32,30 +32,17 @@ QString inHome(const char* name) {
     return QDir::homePath() + u'/' + QLatin1StringView(name);
 }
 
-QByteArray read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& content) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        qFatal("could not write %s", qPrintable(path));
-    }
-}
-
 /// Lets `codex` run a script of the shell, count that it was asked, and answer.
 void installCodex(const QByteArray& before = {}) {
-    const QString path = inHome(".local/bin/codex");
-    write(path, "#!/bin/sh\necho >>\"$HOME/asked\"\n" + before +
-                    "\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":{\"usedPercent\":"
-                    "42}}}}'\ncat\n");
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    tests::writeFile(
+        inHome(".local/bin/codex"),
+        "#!/bin/sh\necho >>\"$HOME/asked\"\n" + before +
+            "\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":{\"usedPercent\":"
+            "42}}}}'\ncat\n");
 }
 
 qsizetype asked() {
-    return read(inHome("asked")).size();
+    return tests::readFile(inHome("asked")).size();
 }
 
 /// The program and its children at this moment.
@@ -139,15 +126,6 @@ class DesktopFaultsTest : public tests::HermeticTest {
                reply.isValid() && reply.value();
     }
 
-    static bool areFilesWhole() {
-        const auto isWhole = [](const char* name, auto decode) {
-            const QString path = inHome("data/Gaugewell/") + QLatin1String(name);
-            return !QFile::exists(path) || decode(read(path)).has_value();
-        };
-        return isWhole("quota-snapshot.json", model::decodeSnapshot) &&
-               isWhole("usage-history.json", history::decodeHistory);
-    }
-
 private Q_SLOTS:
     void initTestCase() {
         if (!m_network.isUsable()) {
@@ -197,7 +175,7 @@ private Q_SLOTS:
             call(QStringLiteral("org.freedesktop.Application"), QStringLiteral("ActivateAction"),
                  {QStringLiteral("none"), QVariantList(), QVariantMap()});
         QTRY_VERIFY_WITH_TIMEOUT(last.isFinished(), patience);
-        write(inHome("go"), {});
+        tests::writeFile(inHome("go"), {});
         for (const QDBusPendingCall& one : calls) {
             QVERIFY(isTrue(one));
         }
@@ -238,7 +216,7 @@ private Q_SLOTS:
                                 QStringLiteral("/etc/localtime")));
             QFile::remove(path);
             QVERIFY(isTrue(refresh()));
-            const auto stored = history::decodeHistory(read(path));
+            const auto stored = history::decodeHistory(tests::readFile(path));
             QVERIFY(stored && !stored->points.empty());
             const auto day = history::localDay(stored->points[0].date, QTimeZone(zone));
             QCOMPARE(stored->points[0].date, history::startOfDay(day, QTimeZone(zone)));
@@ -308,7 +286,7 @@ private Q_SLOTS:
             QTest::qWait(random.bounded(length));
             program.kill();
             QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
-            QVERIFY(areFilesWhole());
+            QVERIFY(tests::areFilesWhole(inHome("data")));
         }
     }
 
@@ -345,7 +323,7 @@ private Q_SLOTS:
 
     void keepsTheTokenToItself() {
         QCOMPARE(m_watch.findings({"tallyvane", "codex"}), QStringList());
-        QVERIFY(read(inHome("bus-traffic")).contains("org.freedesktop.Secret.Service"));
+        QVERIFY(tests::readFile(inHome("bus-traffic")).contains("org.freedesktop.Secret.Service"));
         QVERIFY(!m_server->requests().isEmpty());
         for (const QByteArrayList& request : m_server->requests()) {
             QCOMPARE(request.join().count(token), 1);

@@ -1,6 +1,6 @@
 #include "fault/secret_watch.h"
-#include "history/usage_history.h"
 #include "model/defaults_store.h"
+#include "support/home_files.h"
 #include "support/private_network.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"
@@ -22,19 +22,6 @@ const QByteArray token = "tallyvane-test-5ecret";
 const QString service = QStringLiteral("api.anthropic.com");
 const QByteArray usage = R"({"five_hour":{"utilization":37.5}})";
 
-void write(const QString& path, const QByteArray& content) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-        qFatal("could not write %s", qPrintable(path));
-    }
-}
-
-QByteArray read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// What goes wrong in one run, and the one line that the user then reads.
 struct Fault {
     enum class Service { trusted, untrusted, otherName, absent, unreachable, unresolved };
@@ -55,9 +42,9 @@ struct Run {
 
     void signIn(const QByteArray& accessToken, std::chrono::seconds life) const {
         const auto expiry = (std::chrono::system_clock::now() + life).time_since_epoch() / 1ms;
-        write(home + QStringLiteral("/.claude/.credentials.json"),
-              R"({"claudeAiOauth":{"accessToken":")" + accessToken + R"(","expiresAt":)" +
-                  QByteArray::number(qint64{expiry}) + "}}");
+        tests::writeFile(home + QStringLiteral("/.claude/.credentials.json"),
+                         R"({"claudeAiOauth":{"accessToken":")" + accessToken +
+                             R"(","expiresAt":)" + QByteArray::number(qint64{expiry}) + "}}");
     }
 
     void installCodex(const QString& program) const {
@@ -180,22 +167,11 @@ class FaultsTest : public tests::HermeticTest {
         if (fault.service != Service::absent && fault.service != Service::unreachable) {
             run->server = std::make_unique<tests::TlsServer>(identity, fault.replies, address, 443);
         }
-        write(run->home + QStringLiteral("/hosts"),
-              fault.service == Service::unresolved
-                  ? QByteArray()
-                  : (address.toString() + u' ' + service + u'\n').toUtf8());
+        tests::writeFile(run->home + QStringLiteral("/hosts"),
+                         fault.service == Service::unresolved
+                             ? QByteArray()
+                             : (address.toString() + u' ' + service + u'\n').toUtf8());
         return run;
-    }
-
-    static bool areFilesWhole(const QString& home) {
-        const auto isWhole = [&home](const char* name, auto decode) {
-            const QString path = home + QStringLiteral("/data/Gaugewell/") + QLatin1String(name);
-            return !QFile::exists(path) || decode(read(path)).has_value();
-        };
-        const auto defaults = model::DefaultsStore::open(
-            (home + QStringLiteral("/config/group.corvelle.Gaugewell.conf")).toStdString());
-        return isWhole("quota-snapshot.json", model::decodeSnapshot) &&
-               isWhole("usage-history.json", history::decodeHistory) && defaults;
     }
 
     static int processes() {
@@ -234,7 +210,7 @@ private Q_SLOTS:
         QFETCH(const QByteArray, expected);
         QProcess& program = m_runs[run]->program;
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
-        const QByteArray errors = read(m_runs[run]->home + QStringLiteral("/errors"));
+        const QByteArray errors = tests::readFile(m_runs[run]->home + QStringLiteral("/errors"));
         QVERIFY2(errors.startsWith(expected), errors);
         QCOMPARE(errors.count('\n'), expected.isEmpty() ? 0 : 1);
         QCOMPARE(program.exitCode(), expected.isEmpty() ? 0 : 3);
@@ -245,7 +221,8 @@ private Q_SLOTS:
         using std::chrono::system_clock;
         m_runs.push_back(makeRun({.codex = "replies"}));
         Run& run = *m_runs.back();
-        tests::PrivateNetwork::replace("/etc/hosts", read(run.home + QStringLiteral("/hosts")));
+        tests::PrivateNetwork::replace("/etc/hosts",
+                                       tests::readFile(run.home + QStringLiteral("/hosts")));
         const auto future = std::chrono::floor<std::chrono::seconds>(system_clock::now()) + 48h;
         model::QuotaSnapshot snapshot = model::placeholderSnapshot(future);
         for (model::ProviderQuotaSnapshot& entry : snapshot.providers) {
@@ -259,7 +236,7 @@ private Q_SLOTS:
         QVERIFY(history::saveHistory(store, {.points = {{.date = future}}}));
         run.start("\"$0\" status && exec \"$0\" refresh");
         QTRY_COMPARE_WITH_TIMEOUT(run.program.state(), QProcess::NotRunning, patience);
-        const QByteArray output = read(run.home + QStringLiteral("/output"));
+        const QByteArray output = tests::readFile(run.home + QStringLiteral("/output"));
         QCOMPARE(run.program.exitCode(), 0);
         QVERIFY2(output.count("synced just now") == 4 && !output.contains("-1"), output);
         QVERIFY(store.loadSnapshot()->updatedAt < future);
@@ -277,7 +254,7 @@ private Q_SLOTS:
             run = m_runs.back().get();
         }
         tests::PrivateNetwork::replace("/etc/hosts",
-                                       read(runs[0]->home + QStringLiteral("/hosts")));
+                                       tests::readFile(runs[0]->home + QStringLiteral("/hosts")));
         const auto haveEnded = [&runs] {
             return std::ranges::all_of(
                 runs, [](Run* run) { return run->program.state() == QProcess::NotRunning; });
@@ -305,7 +282,12 @@ private Q_SLOTS:
             }
             QTRY_VERIFY_WITH_TIMEOUT(haveEnded(), patience);
             for (const Run* run : runs) {
-                QVERIFY2(areFilesWhole(run->home), qPrintable(QString::number(seed)));
+                QVERIFY2(
+                    tests::areFilesWhole(run->home + QStringLiteral("/data")) &&
+                        model::DefaultsStore::open(
+                            (run->home + QStringLiteral("/config/group.corvelle.Gaugewell.conf"))
+                                .toStdString()),
+                    qPrintable(QString::number(seed)));
                 kills += run->program.exitStatus() == QProcess::CrashExit ? 1 : 0;
             }
         }

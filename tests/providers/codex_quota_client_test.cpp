@@ -1,9 +1,9 @@
 #include "providers/codex/codex_quota_client.h"
 #include "support/manual_clock.h"
+#include "support/processes.h"
 #include "support/test_main.h"
 
 #include <QCoro/QCoroTask>
-#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 
@@ -36,14 +36,7 @@ QString program(const QString& name) {
 /// How many programs run that this test has started, however indirectly. They have its home
 /// directory in their environment; this test had another when it was started.
 int runningPrograms() {
-    int count = 0;
-    QDirIterator processes(QStringLiteral("/proc"), {QStringLiteral("[1-9]*")}, QDir::Dirs);
-    while (processes.hasNext()) {
-        const QByteArray environment =
-            '\0' + contents(processes.next() + QStringLiteral("/environ"));
-        count += environment.contains('\0' + ("HOME=" + qgetenv("HOME")) + '\0');
-    }
-    return count;
+    return static_cast<int>(tests::processesIn(qgetenv("HOME")).size());
 }
 
 /// Whether this process has no child, not even one that ended without being waited for.

@@ -25,7 +25,7 @@ public:
             std::system(("cp -a /etc " + copy + " && rm -r " + copy + "/ssl/certs/*").data()) !=
                 0 ||
             ::mount(copy.data(), "/etc", nullptr, MS_BIND, nullptr) != 0) {
-            m_error = errno;
+            m_error = errno != 0 ? errno : ENOTSUP;
             return;
         }
         replace("/etc/hosts", "127.0.0.1 localhost\n");

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtCore/QDir>
+#include "support/home_files.h"
+
 #include <QtCore/QProcess>
 
 namespace tallyvane::tests {
@@ -10,12 +11,7 @@ inline constexpr int patience = 30000;
 
 /// Writes a file of the test's home, which its owner may run.
 inline void writeToHome(const QString& name, const QByteArray& content) {
-    const QString path = QDir::home().filePath(name);
-    QDir().mkpath(path.left(path.lastIndexOf(u'/')));
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    writeFile(QDir::home().filePath(name), content);
 }
 
 /// Removes what the program, its settings and writeToHome() have left in the test's home.
