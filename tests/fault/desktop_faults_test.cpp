@@ -245,6 +245,13 @@ private Q_SLOTS:
         Program program;
         QTRY_COMPARE_WITH_TIMEOUT(asked(), 1, patience);
         QTRY_VERIFY_WITH_TIMEOUT(isRefreshing || program.nextRefresh() >= 0, patience);
+        // Qt, before its event loop runs, asks the bus for assistive programs, and were the bus to
+        // end right then, would await the answer for ever.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            tests::output("gdbus introspect --session --dest org.corvelle.Tallyvane "
+                          "--object-path /org/corvelle/Tallyvane")
+                .contains("Refresh"),
+            patience);
         if (end == u"bus") {
             bus.reset();
         } else {
