@@ -36,15 +36,16 @@ def desktop(folder):
 
 
 def figures(pid):
-    """Resident memory in MB, and the context switches of all threads so far."""
-    status = pathlib.Path(f"/proc/{pid}/status").read_text()
+    """Resident memory in MB, that with the shared part divided among its users (PSS), and the
+    context switches of all threads so far."""
     switches = 0
     for thread in pathlib.Path(f"/proc/{pid}/task").iterdir():
         for line in (thread / "status").read_text().splitlines():
             if "ctxt_switches" in line:
                 switches += int(line.split()[1])
-    resident = next(line for line in status.splitlines() if line.startswith("VmRSS"))
-    return int(resident.split()[1]) / 1e3, switches
+    memory = dict(line.split()[:2] for line in
+                  pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()[1:])
+    return int(memory["Rss:"]) / 1e3, int(memory["Pss:"]) / 1e3, switches
 
 
 class Item:
@@ -107,18 +108,18 @@ def desktop_table(build, rounds, idle_seconds):
         for _ in range(rounds + 1):
             for name, command in (("ours", ours), ("bare", bare)):
                 item = start(watcher, command, quiet, 0.3)
-                runs[name].append((item.milliseconds, figures(item.pid)[0]))
+                runs[name].append((item.milliseconds, *figures(item.pid)[:2]))
                 item.end()
         item = start(watcher, ours, environment, 3)  # finds no sign-in, and so ends soon
         refreshed = figures(item.pid)[0]
         item.end()
         item = start(watcher, ours, quiet, 3)
-        before = figures(item.pid)[1]
+        before = figures(item.pid)[2]
         time.sleep(idle_seconds)
-        switches = figures(item.pid)[1] - before
+        switches = figures(item.pid)[2] - before
         item.end()
         windows_table(build, environment, rounds)
-    (own_time, own_memory), (base_time, base_memory) = (
+    (own_time, own_memory, own_share), (base_time, base_memory, base_share) = (
         map(statistics.median, zip(*runs[name][1:])) for name in ("ours", "bare"))
     print(f"\n{'on the desktop':34}{'ours':>9}{'bare':>9}{'ratio':>8}{'at most':>9}")
     for name, own, base, limit in (
@@ -126,4 +127,6 @@ def desktop_table(build, rounds, idle_seconds):
             ("memory, nothing opened, MB", own_memory, base_memory, 1.1),
             ("memory, after a refresh, MB", refreshed, base_memory, 1.6)):
         print(f"{name:34}{own:9.1f}{base:9.1f}{own / base:8.2f}{limit:9.1f}")
+    print(f"{'its own share (PSS), MB':34}{own_share:9.1f}{base_share:9.1f}"
+          f"{own_share / base_share:8.2f}")
     print(f"{f'context switches in {idle_seconds} s idle':34}{switches:9}{'':17}{0:9}")
