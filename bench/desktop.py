@@ -24,15 +24,18 @@ def desktop(folder):
                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     display = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24"],
                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    # In memory, as on every desktop.
+    runtime = tempfile.TemporaryDirectory(dir="/dev/shm")
     try:
         yield {"DBUS_SESSION_BUS_ADDRESS": bus.stdout.readline().strip(),
                "DISPLAY": ":" + display.stdout.readline().strip(),
-               "HOME": folder, "XDG_RUNTIME_DIR": folder, "LANG": "C.UTF-8", "TZ": "UTC",
+               "HOME": folder, "XDG_RUNTIME_DIR": runtime.name, "LANG": "C.UTF-8", "TZ": "UTC",
                "PATH": "/usr/bin:/bin"}
     finally:
         for process in (display, bus):
             process.terminate()
             process.wait()
+        runtime.cleanup()
 
 
 def figures(pid):
