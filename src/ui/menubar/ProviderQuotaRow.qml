@@ -27,7 +27,7 @@ LinkRow {
             TextLabel {
                 Layout.fillWidth: true
                 text: root.row.name
-                font: Theme.subheadlineSemibold
+                font: Theme.bodySemibold
                 Accessible.ignored: true
             }
             TextLabel {

@@ -1,11 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Tallyvane.Style
 
 /// A symbol that can be pressed, without a border; `text` is what it is called aloud.
-T.Button {
+BaseButton {
     id: root
 
     required property string symbol
@@ -14,14 +13,6 @@ T.Button {
     implicitWidth: Theme.scaled(30)
     implicitHeight: Theme.scaled(30)
     opacity: enabled ? 1 : Theme.disabledOpacity
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
-
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.onPressAction: if (enabled) clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     contentItem: Item {
         SymbolImage {

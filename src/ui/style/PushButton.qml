@@ -1,11 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Tallyvane.Style
 
 /// A button with a text, a symbol before it, or both.
-T.Button {
+BaseButton {
     id: root
 
     enum Kind {
@@ -25,14 +24,6 @@ T.Button {
     spacing: Theme.smallSpacing + 2
     font: Theme.body
     opacity: enabled ? 1 : Theme.disabledOpacity
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
-
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.onPressAction: if (enabled) clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     contentItem: SymbolAndText {
         symbol: root.symbol

@@ -23,7 +23,6 @@ QtObject {
     readonly property color divider: isDark ? "#1cffffff" : "#18000000"
     readonly property color cardShadow: isDark ? "#18000000" : "#08000000"
     readonly property color scrim: isDark ? "#8c000000" : "#4d000000"
-    readonly property color shadow: isDark ? "#40000000" : "#14000000"
 
     // Ink. The first two can be read as small text on every surface, the third as a symbol.
     readonly property color text: isDark ? "#f3f3f5" : "#1c1c1f"
@@ -65,8 +64,6 @@ QtObject {
     readonly property font body: type(13, Font.Normal)
     readonly property font bodySemibold: type(13, Font.DemiBold)
     readonly property font headline: type(15, Font.DemiBold)
-    readonly property font subheadline: type(13, Font.Normal)
-    readonly property font subheadlineSemibold: type(13, Font.DemiBold)
     readonly property font caption: type(12, Font.Normal)
     readonly property font captionSemibold: type(12, Font.DemiBold)
     readonly property font title: type(26, Font.DemiBold)
