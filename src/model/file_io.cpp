@@ -20,6 +20,26 @@ void syncDirectory(const std::filesystem::path& directory) {
     }
 }
 
+FileError saveError(const std::filesystem::path& path, const QString& reason) {
+    return {QStringLiteral("Could not save %1: %2.").arg(QFile(path).fileName(), reason)};
+}
+
+void removeUnfinishedWrites(const std::filesystem::path& path) {
+    namespace fs = std::filesystem;
+    // As QSaveFile names them: six more characters.
+    const std::string start = path.filename().string() + '.';
+    const auto lastMinute = fs::file_time_type::clock::now() - std::chrono::minutes{1};
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with(start) && name.size() == start.size() + 6 &&
+            entry.symlink_status(error).type() == fs::file_type::regular &&
+            entry.last_write_time(error) < lastMinute) {
+            fs::remove(entry.path(), error);
+        }
+    }
+}
+
 } // namespace
 
 std::optional<QByteArray> readFile(const std::filesystem::path& path, qsizetype maximumSize) {
@@ -49,40 +69,36 @@ std::expected<void, FileError> writeFile(const std::filesystem::path& path,
                            file.write(bytes) == bytes.size() && file.flush() &&
                            ::fsync(file.handle()) == 0 && file.commit();
     if (!isWritten) {
-        return std::unexpected(FileError{
-            QStringLiteral("Could not save %1: %2.").arg(file.fileName(), file.errorString())});
+        return std::unexpected(saveError(path, file.errorString()));
     }
     syncDirectory(path.parent_path());
     return {};
 }
 
-void removeUnfinishedWrites(const std::filesystem::path& path) {
-    namespace fs = std::filesystem;
-    // As QSaveFile names them: six more characters.
-    const std::string start = path.filename().string() + '.';
-    const auto lastMinute = fs::file_time_type::clock::now() - std::chrono::minutes{1};
-    std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), error)) {
-        const std::string name = entry.path().filename().string();
-        if (name.starts_with(start) && name.size() == start.size() + 6 &&
-            entry.symlink_status(error).type() == fs::file_type::regular &&
-            entry.last_write_time(error) < lastMinute) {
-            fs::remove(entry.path(), error);
-        }
+std::expected<void, FileError> saveFile(const std::filesystem::path& path,
+                                        const QByteArray& bytes) {
+    if (const std::error_code error = makePrivateDirectory(path.parent_path())) {
+        return std::unexpected(saveError(path, qt_error_string(error.value())));
     }
+    removeUnfinishedWrites(path);
+    return writeFile(path, bytes);
 }
 
 void makePrivateFile(const std::filesystem::path& path) {
     const FileDescriptor made(path, O_CREAT | O_WRONLY | O_NONBLOCK);
 }
 
-void makePrivateDirectory(const std::filesystem::path& directory) {
+std::error_code makePrivateDirectory(const std::filesystem::path& directory) {
     std::error_code ignored;
     if (directory.empty() || std::filesystem::is_directory(directory, ignored)) {
-        return;
+        return {};
     }
-    makePrivateDirectory(directory.parent_path());
-    ::mkdir(directory.c_str(), S_IRWXU);
+    if (const std::error_code error = makePrivateDirectory(directory.parent_path())) {
+        return error;
+    }
+    // Another process may have made it meanwhile; what else is in its place is told by who uses it.
+    const bool isThere = ::mkdir(directory.c_str(), S_IRWXU) == 0 || errno == EEXIST;
+    return isThere ? std::error_code() : std::error_code(errno, std::system_category());
 }
 
 } // namespace tallyvane::model

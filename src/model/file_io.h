@@ -6,6 +6,7 @@
 #include <expected>
 #include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace tallyvane::model {
 
@@ -21,19 +22,21 @@ struct FileError {
 /// Replaces the file at `path` by one that holds `bytes` and that only the user can read. At every
 /// instant, a crash or a loss of power included, `path` is the old or the new file whole; when
 /// this returns a value the new one is on the disk. A crash can leave a file named `path` plus a
-/// dot and six characters, which `removeUnfinishedWrites` clears away.
+/// dot and six characters behind.
 [[nodiscard]] std::expected<void, FileError> writeFile(const std::filesystem::path& path,
                                                        const QByteArray& bytes);
 
-/// Removes what writes of `path` that never ended left behind, except files of the last minute,
-/// which another process may be writing.
-void removeUnfinishedWrites(const std::filesystem::path& path);
+/// writeFile() for a file that is to stay: makes its directory when that is missing, and removes
+/// what writes that never ended left beside it, except files of the last minute, which another
+/// process may be writing.
+[[nodiscard]] std::expected<void, FileError> saveFile(const std::filesystem::path& path,
+                                                      const QByteArray& bytes);
 
 /// Makes an empty file that only the user can read, unless there is one.
 void makePrivateFile(const std::filesystem::path& path);
 
-/// Makes the directory and its missing parents, those that it makes open to the user alone.
-/// A failure shows when a file is written there.
-void makePrivateDirectory(const std::filesystem::path& directory);
+/// Makes the directory and its missing parents, those that it makes open to the user alone. The
+/// error is the system's.
+std::error_code makePrivateDirectory(const std::filesystem::path& directory);
 
 } // namespace tallyvane::model

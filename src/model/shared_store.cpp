@@ -54,9 +54,8 @@ std::expected<void, FileError> SharedStore::saveSnapshot(const QuotaSnapshot& sn
     if (!json) {
         return std::unexpected(FileError{json.error().message});
     }
-    removeUnfinishedWrites(snapshotFile());
-    if (auto written = writeFile(snapshotFile(), *json); !written) {
-        return written;
+    if (auto saved = saveFile(snapshotFile(), *json); !saved) {
+        return saved;
     }
     if (auto suite = DefaultsStore::open(m_defaultsSuite); suite) {
         suite->setData(mirrorKey, *json);
@@ -69,8 +68,7 @@ std::optional<QByteArray> SharedStore::loadHistory() const {
 }
 
 std::expected<void, FileError> SharedStore::saveHistory(const QByteArray& json) const {
-    removeUnfinishedWrites(historyFile());
-    return writeFile(historyFile(), json);
+    return saveFile(historyFile(), json);
 }
 
 std::filesystem::path SharedStore::snapshotFile() const {

@@ -205,7 +205,8 @@ private Q_SLOTS:
     void showsNothingThatIsNotSaved() {
         Desk desk(m_identity);
         Running running(desk);
-        std::filesystem::remove_all(desk.store.baseURL());
+        std::filesystem::remove_all(desk.locations.dataHome);
+        desk.write("data", "in the folder's place");
         const model::QuotaSnapshot before = running.model.snapshot();
         desk.installCodex(42);
         auto refresh = running.model.refresh();

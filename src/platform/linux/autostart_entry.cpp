@@ -84,10 +84,8 @@ std::expected<void, QString> AutostartEntry::write(const QString& lastLines) con
                                         "Icon=") +
                          applicationId + QStringLiteral("\nTryExec=") + escapedValue(program) +
                          QStringLiteral("\nExec=") + escapedValue(exec) + u'\n' + lastLines;
-    model::makePrivateDirectory(m_places.userDirectory);
-    model::removeUnfinishedWrites(m_file);
-    if (const auto written = model::writeFile(m_file, text.toUtf8()); !written) {
-        return std::unexpected(written.error().message);
+    if (const auto saved = model::saveFile(m_file, text.toUtf8()); !saved) {
+        return std::unexpected(saved.error().message);
     }
     return {};
 }
