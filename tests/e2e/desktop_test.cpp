@@ -1,4 +1,3 @@
-#include "model/quota_snapshot.h"
 #include "support/processes.h"
 #include "support/tallyvane_program.h"
 #include "support/test_main.h"
@@ -9,7 +8,6 @@
 #include <QtCore/QJsonObject>
 
 #include <algorithm>
-#include <csignal>
 
 using namespace tallyvane;
 using tests::installCodex;
@@ -214,33 +212,6 @@ private Q_SLOTS:
         tests::writeToHome(QStringLiteral(".local/tallyvane-windows.so"), "another version");
         const Tallyvane second;
         QTRY_COMPARE_WITH_TIMEOUT(windows(), QList<QByteArray>{"820x700"}, patience);
-    }
-
-    void endsAtAnyMoment_data() {
-        QTest::addColumn<int>("signal");
-        QTest::addColumn<bool>("isRefreshing");
-        QTest::newRow("terminated") << SIGTERM << false;
-        QTest::newRow("terminated while it refreshes") << SIGTERM << true;
-        QTest::newRow("interrupted while it refreshes") << SIGINT << true;
-    }
-    void endsAtAnyMoment() {
-        QFETCH(const int, signal);
-        QFETCH(const bool, isRefreshing);
-        installCodex(50, isRefreshing ? "trap '' TERM; : >\"$HOME/asked\"; sleep 1000" : "");
-        Tallyvane program({QStringLiteral("--background")});
-        const QString sign =
-            qEnvironmentVariable("HOME") + QLatin1String(isRefreshing ? "/asked"
-                                                                      : "/data/Gaugewell/"
-                                                                        "usage-history.json");
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(sign), patience);
-        ::kill(static_cast<pid_t>(program.processId()), signal);
-        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
-        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(program.exitCode(), 0);
-        QFile::remove(qEnvironmentVariable("HOME") + QLatin1String("/asked"));
-        QFile stored(qEnvironmentVariable("HOME") +
-                     QLatin1String("/data/Gaugewell/quota-snapshot.json"));
-        QVERIFY(!stored.open(QIODevice::ReadOnly) || model::decodeSnapshot(stored.readAll()));
     }
 
     void needsADisplay_data() {

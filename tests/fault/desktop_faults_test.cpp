@@ -223,18 +223,18 @@ private Q_SLOTS:
         }
     }
 
-    void endsWithTheSession_data() {
-        QTest::addColumn<QString>("end");
+    void endsAtAnyMoment_data() {
+        QTest::addColumn<QByteArray>("by");
         QTest::addColumn<bool>("isRefreshing");
         for (const bool isRefreshing : {false, true}) {
-            for (const char* end : {"bus", "display"}) {
-                QTest::addRow("%s%s", end, isRefreshing ? " while it refreshes" : "")
-                    << QString::fromLatin1(end) << isRefreshing;
+            for (const char* by : {"bus", "display", "INT", "TERM"}) {
+                QTest::addRow("%s%s", by, isRefreshing ? " while it refreshes" : "")
+                    << QByteArray(by) << isRefreshing;
             }
         }
     }
-    void endsWithTheSession() {
-        QFETCH(const QString, end);
+    void endsAtAnyMoment() {
+        QFETCH(const QByteArray, by);
         QFETCH(const bool, isRefreshing);
         const QByteArray display = qgetenv("DISPLAY");
         auto bus = std::make_unique<tests::PrivateBus>();
@@ -252,13 +252,16 @@ private Q_SLOTS:
                           "--object-path /org/corvelle/Tallyvane")
                 .contains("Refresh"),
             patience);
-        if (end == u"bus") {
+        if (by == "bus") {
             bus.reset();
-        } else {
+        } else if (by == "display") {
             screen.reset();
+        } else {
+            tests::output("kill -" + by + ' ' + QByteArray::number(program.processId()));
         }
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, patience);
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QVERIFY(by == "display" || program.exitCode() == 0); // Qt chooses that one itself
         screen.reset();
         qputenv("DISPLAY", display);
         qputenv("DBUS_SESSION_BUS_ADDRESS", m_desktop->bus.address().toUtf8());

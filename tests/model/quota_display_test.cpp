@@ -78,43 +78,6 @@ private Q_SLOTS:
         }
     }
 
-    void figures_data() {
-        QTest::addColumn<std::optional<double>>("codexUsed");
-        QTest::addColumn<std::optional<double>>("claudeUsed");
-        QTest::addColumn<std::optional<int>>("lowest");
-        QTest::addColumn<QString>("claudeSummary");
-        using Used = std::optional<double>;
-        using Lowest = std::optional<int>;
-        QTest::newRow("none") << Used() << Used() << Lowest() << QStringLiteral("5H 0%  ·  WK 90%");
-        QTest::newRow("rounded and truncated")
-            << Used(12.5) << Used(80.4) << Lowest(20) << QStringLiteral("5H 19%  ·  WK 90%");
-        QTest::newRow("beyond the range")
-            << Used(-5) << Used(130) << Lowest(0) << QStringLiteral("5H 0%  ·  WK 90%");
-        QTest::newRow("half rounds up")
-            << Used(99.5) << Used(0.1) << Lowest(1) << QStringLiteral("5H 99%  ·  WK 90%");
-        QTest::newRow("full") << Used(-5) << Used() << Lowest(100)
-                              << QStringLiteral("5H 0%  ·  WK 90%");
-    }
-
-    void figures() {
-        QFETCH(std::optional<double>, codexUsed);
-        QFETCH(std::optional<double>, claudeUsed);
-        QFETCH(std::optional<int>, lowest);
-        QFETCH(QString, claudeSummary);
-        QuotaSnapshot snapshot = placeholderSnapshot(m_tuesdayMidnight);
-        const auto window = [](std::optional<double> used) {
-            return used ? std::optional(QuotaWindowSnapshot{.usedPercent = *used}) : std::nullopt;
-        };
-        snapshot.providers[0].fiveHour = window(codexUsed);
-        snapshot.providers[1].fiveHour = window(claudeUsed);
-        snapshot.providers[1].week = window(10);
-        QCOMPARE(lowestRemainingPercent(snapshot), lowest);
-        QCOMPARE(summaryText(snapshot.providers[1]), claudeSummary);
-        snapshot.providers[1].syncState = QuotaSyncState::pending;
-        QCOMPARE(summaryText(snapshot.providers[1]), QStringLiteral("Sync pending"));
-        QCOMPARE(lowestRemainingPercent(snapshot), lowest);
-    }
-
 private:
     const Timestamp m_tuesdayMidnight =
         std::chrono::sys_days{std::chrono::year{2025} / std::chrono::January / 28};
