@@ -17,8 +17,7 @@ struct Environment {
     QStringList searchPath;                                     ///< the folders of $PATH
     std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty
     QString currentDesktop; ///< $XDG_CURRENT_DESKTOP; may be empty
-    QString
-        activationToken; ///< the window system's, from whoever started the program; may be empty
+    QString activationToken; ///< the window system's, of whoever started it; may be empty
     core::LaunchContext launchContext;
     std::string timeLocale;  ///< the POSIX locale in which times are written
     bool wantsColour = true; ///< false under NO_COLOR and on a dumb terminal

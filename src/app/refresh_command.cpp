@@ -1,6 +1,7 @@
 #include "app/refresh_command.h"
 
 #include "app/composition.h"
+#include "app/start_command.h"
 #include "app/status_command.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
@@ -68,8 +69,7 @@ ExitCode runRefresh(const Environment& environment) {
         return refreshHere(environment);
     }
     if (!stored) {
-        printError(QStringLiteral("Tallyvane runs, but does not answer."));
-        return ExitCode::failure;
+        return reportNoAnswer();
     }
     if (!*stored) {
         printError(QStringLiteral("The running program could not store the result; its window "

@@ -30,6 +30,11 @@ int becomeDesktopProgram(StartMode mode) {
 
 } // namespace
 
+ExitCode reportNoAnswer() {
+    printError(QStringLiteral("Tallyvane runs, but does not answer."));
+    return ExitCode::failure;
+}
+
 ExitCode runStart(const Environment& environment, StartMode mode) {
     if (mode == StartMode::background) {
         if (platform::isApplicationRunning()) {
@@ -39,8 +44,7 @@ ExitCode runStart(const Environment& environment, StartMode mode) {
                activated) {
         return ExitCode::success;
     } else if (activated.error() == platform::CallError::noAnswer) {
-        printError(QStringLiteral("Tallyvane runs, but does not answer."));
-        return ExitCode::failure;
+        return reportNoAnswer();
     }
     const int error = becomeDesktopProgram(mode);
     printError(

@@ -13,4 +13,7 @@ namespace tallyvane::app {
 /// QCoreApplication.
 [[nodiscard]] ExitCode runStart(const Environment& environment, StartMode mode);
 
+/// Says that the program runs and does not answer.
+[[nodiscard]] ExitCode reportNoAnswer();
+
 } // namespace tallyvane::app

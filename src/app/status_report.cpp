@@ -15,7 +15,6 @@ using model::QuotaSyncState;
 
 namespace {
 
-constexpr int lowPercent = 25;
 constexpr std::chrono::minutes staleAge{15};
 
 QString styled(const QString& text, const char* code, Palette palette) {
@@ -43,7 +42,7 @@ QString windowLine(const ProviderQuotaSnapshot& entry, QuotaPeriod period, model
     if (window) {
         const int remaining = static_cast<int>(model::remainingPercent(*window));
         figure = QStringLiteral("%1% left").arg(remaining, 3);
-        figure = styled(figure, remaining < lowPercent ? "31" : "32", palette);
+        figure = styled(figure, remaining < model::lowPercent ? "31" : "32", palette);
         resetsAt = window->resetsAt;
     }
     const QString name =
@@ -66,7 +65,7 @@ QString waybarClass(const model::QuotaSnapshot& snapshot, std::optional<int> low
         std::ranges::any_of(snapshot.providers, holdsTheFigureStale)) {
         return QStringLiteral("stale");
     }
-    return *lowest < lowPercent ? QStringLiteral("low") : QStringLiteral("ok");
+    return *lowest < model::lowPercent ? QStringLiteral("low") : QStringLiteral("ok");
 }
 
 } // namespace
@@ -86,15 +85,10 @@ QString statusText(const model::QuotaSnapshot& snapshot, model::Timestamp now,
 
 QString waybarLine(const model::QuotaSnapshot& snapshot, model::Timestamp now) {
     const std::optional<int> lowest = model::lowestRemainingPercent(snapshot);
-    QStringList rows;
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        const ProviderQuotaSnapshot entry = model::entryFor(snapshot, provider);
-        rows << model::displayName(provider) + QStringLiteral(": ") + model::summaryText(entry);
-    }
     const QJsonObject line{
-        {QStringLiteral("text"), lowest ? QStringLiteral("%1%").arg(*lowest) : QString()},
+        {QStringLiteral("text"), model::labelText(snapshot)},
         // Waybar reads the tooltip as Pango markup.
-        {QStringLiteral("tooltip"), rows.join(u'\n').toHtmlEscaped()},
+        {QStringLiteral("tooltip"), model::summaryLines(snapshot).join(u'\n').toHtmlEscaped()},
         {QStringLiteral("class"), waybarClass(snapshot, lowest, now)},
         {QStringLiteral("percentage"), lowest.value_or(0)}};
     return QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact)) + u'\n';

@@ -2,6 +2,7 @@
 
 #include "history/session_log_scan.h"
 #include "model/quota_display.h"
+#include "platform/linux/boot_clock.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QJsonDocument>
@@ -69,10 +70,8 @@ QString tokensJson(const history::ScanReport& report, double seconds) {
 ExitCode runTokens(const Environment& environment, OutputFormat format) {
     QElapsedTimer timer;
     timer.start();
-    const auto now =
-        std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
-    const history::ScanReport report =
-        history::scanSessionLogs(history::logRoots(environment.home), now, {});
+    const history::ScanReport report = history::scanSessionLogs(
+        history::logRoots(environment.home), platform::BootClock().now(), {});
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     const bool isPrinted = print(format == OutputFormat::json ? tokensJson(report, seconds)
                                                               : tokensText(report, seconds));

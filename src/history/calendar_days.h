@@ -2,9 +2,6 @@
 
 #include "model/timestamp.h"
 
-#include <QtCore/QDateTime>
-#include <QtCore/QTimeZone>
-
 /// Days of the Gregorian calendar in a time zone. Where a change of the clocks skips midnight, a
 /// day starts at its first moment.
 namespace tallyvane::history {

@@ -3,7 +3,6 @@
 #include "history/calendar_days.h"
 
 #include <cmath>
-#include <limits>
 #include <map>
 
 namespace tallyvane::history {
@@ -21,14 +20,6 @@ QDate startOfMonth(QDate day) {
 }
 
 } // namespace
-
-std::int64_t addTokens(std::int64_t sum, std::int64_t tokens) {
-    using Limits = std::numeric_limits<std::int64_t>;
-    if (__builtin_add_overflow(sum, tokens, &sum)) {
-        return tokens > 0 ? Limits::max() : Limits::min();
-    }
-    return sum;
-}
 
 std::vector<ChartPoint> chartPoints(const UsageHistory& history, HistoryGranularity granularity,
                                     const Calendar& calendar, model::Timestamp now) {

@@ -48,9 +48,6 @@ struct ChartPoint {
                                                   HistoryGranularity granularity,
                                                   const Calendar& calendar, model::Timestamp now);
 
-/// The sum, or the nearest that 64 bits hold.
-[[nodiscard]] std::int64_t addTokens(std::int64_t sum, std::int64_t tokens);
-
 /// A segment's height in its metric's own unit.
 [[nodiscard]] double height(const ChartPoint& point, HistoryMetric metric);
 

@@ -3,6 +3,8 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 
+#include <limits>
+
 namespace tallyvane::history {
 
 using model::JsonReader;
@@ -35,6 +37,14 @@ std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& 
             .points = reader.list<UsageHistoryPoint>(QLatin1StringView{"points"}, readPoint),
         };
     });
+}
+
+std::int64_t addTokens(std::int64_t sum, std::int64_t tokens) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    if (__builtin_add_overflow(sum, tokens, &sum)) {
+        return tokens > 0 ? Limits::max() : Limits::min();
+    }
+    return sum;
 }
 
 QString id(const UsageHistoryPoint& point) {

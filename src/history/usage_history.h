@@ -32,6 +32,9 @@ struct UsageHistory {
 encodeHistory(const UsageHistory& history);
 [[nodiscard]] std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& json);
 
+/// The sum of two token counts, or the nearest that 64 bits hold.
+[[nodiscard]] std::int64_t addTokens(std::int64_t sum, std::int64_t tokens);
+
 /// Identifies a point in a list: the provider and the seconds since 1970, "codex-1738281600.0".
 [[nodiscard]] QString id(const UsageHistoryPoint& point);
 

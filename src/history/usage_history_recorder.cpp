@@ -3,7 +3,6 @@
 #include "history/calendar_days.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tallyvane::history {
 
@@ -28,12 +27,6 @@ double quotaIncrement(const std::optional<QuotaSnapshot>& previous, const QuotaS
     const std::optional<double> now = weeklyUsedPercent(current, provider);
     const std::optional<double> before = weeklyUsedPercent(previous, provider);
     return now && before ? std::max(*now - *before, 0.0) : 0.0;
-}
-
-/// `a` plus `b`, which is not negative; the largest number where the sum would pass it.
-std::int64_t saturatingSum(std::int64_t a, std::int64_t b) {
-    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
-    return a > largest - b ? largest : a + b;
 }
 
 } // namespace
@@ -61,7 +54,7 @@ UsageHistoryRecorder::record(const std::optional<QuotaSnapshot>& previous,
         } else {
             point->estimatedQuotaConsumed += increment.estimatedQuotaConsumed;
             point->estimatedLocalTokens =
-                saturatingSum(point->estimatedLocalTokens, increment.estimatedLocalTokens);
+                addTokens(point->estimatedLocalTokens, increment.estimatedLocalTokens);
         }
     }
 

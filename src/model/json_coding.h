@@ -28,8 +28,7 @@ struct DecodeError {
 
 /// Writes `object` with keys sorted, two blanks of indent, `"key" : value`, whole numbers without
 /// a fraction, other numbers in the shortest form that reads back the same, `[]` for an empty
-/// list. Equal objects give equal bytes. Fails on a number that is not
-/// finite.
+/// list. Equal objects give equal bytes. Fails on a number that is not finite.
 [[nodiscard]] std::expected<QByteArray, EncodeError> encodeJson(const QJsonObject& object);
 
 /// Reads the members of one object strictly. A member that is missing or of the wrong type yields

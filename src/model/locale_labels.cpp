@@ -1,5 +1,7 @@
 #include "model/locale_labels.h"
 
+#include "model/icu_text.h"
+
 #include <unicode/calendar.h>
 #include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
@@ -9,28 +11,6 @@
 
 namespace tallyvane::model {
 
-namespace {
-
-void require(UErrorCode status) {
-    if (U_FAILURE(status) != 0) {
-        qFatal("ICU cannot write this locale: %s", u_errorName(status));
-    }
-}
-
-icu::Locale parse(const std::string& name) {
-    const icu::Locale locale(name.c_str());
-    // ICU crashes on a locale that it could not parse.
-    return locale.isBogus() != 0 ? icu::Locale::getEnglish() : locale;
-}
-
-QString plain(icu::UnicodeString text) {
-    // Fonts often lack the narrow no-break space that ICU puts before "PM".
-    text.findAndReplace(icu::UnicodeString(u'\u202F'), icu::UnicodeString(u' '));
-    return QString::fromUtf16(text.getBuffer(), text.length());
-}
-
-} // namespace
-
 struct LocaleLabels::Formatters {
     icu::Locale locale;
     icu::number::LocalizedNumberFormatter compact;
@@ -38,31 +18,31 @@ struct LocaleLabels::Formatters {
     std::unique_ptr<icu::DateTimePatternGenerator> patterns;
 
     explicit Formatters(const std::string& name)
-        : locale(parse(name)),
+        : locale(icuLocale(name)),
           compact(icu::number::NumberFormatter::withLocale(locale).notation(
               icu::number::Notation::compactShort())),
           decimal(icu::number::NumberFormatter::withLocale(locale).precision(
               icu::number::Precision::maxFraction(2))) {
         UErrorCode status = U_ZERO_ERROR;
         patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
-        require(status);
+        requireSuccess(status);
     }
 
     [[nodiscard]] icu::UnicodeString pattern(const char* skeleton) const {
         UErrorCode status = U_ZERO_ERROR;
         const auto best = patterns->getBestPattern(icu::UnicodeString(skeleton), status);
-        require(status);
+        requireSuccess(status);
         return best;
     }
 
     [[nodiscard]] QString format(const QDateTime& time, const char* skeleton) const {
         UErrorCode status = U_ZERO_ERROR;
         icu::SimpleDateFormat dates(pattern(skeleton), locale, status);
-        require(status);
+        requireSuccess(status);
         dates.setTimeZone(*icu::TimeZone::getGMT());
         icu::UnicodeString text;
         dates.format(static_cast<UDate>(time.toMSecsSinceEpoch()), text);
-        return plain(text);
+        return plainText(text);
     }
 
     /// 0 for "am" or the locale's text for it, 1 for "pm"; nothing for other letters.
@@ -72,12 +52,12 @@ struct LocaleLabels::Formatters {
         }
         UErrorCode status = U_ZERO_ERROR;
         const icu::DateFormatSymbols symbols(locale, status);
-        require(status);
+        requireSuccess(status);
         int32_t count = 0;
         const icu::UnicodeString* own = symbols.getAmPmStrings(count);
         constexpr std::array english{QLatin1StringView{"am"}, QLatin1StringView{"pm"}};
         for (int half = 0; half < 2; ++half) {
-            QString text = half < count ? plain(own[half]).toLower() : QString();
+            QString text = half < count ? plainText(own[half]).toLower() : QString();
             text.removeIf([](QChar character) { return !character.isLetter(); });
             if (letters == text || letters == english[half] || letters == english[half].first(1)) {
                 return half;
@@ -98,15 +78,15 @@ LocaleLabels::~LocaleLabels() = default;
 QString LocaleLabels::compactNumber(std::int64_t number) const {
     UErrorCode status = U_ZERO_ERROR;
     const auto text = m_formatters->compact.formatInt(number, status).toString(status);
-    require(status);
-    return plain(text);
+    requireSuccess(status);
+    return plainText(text);
 }
 
 QString LocaleLabels::number(double number) const {
     UErrorCode status = U_ZERO_ERROR;
     const auto text = m_formatters->decimal.formatDouble(number, status).toString(status);
-    require(status);
-    return plain(text);
+    requireSuccess(status);
+    return plainText(text);
 }
 
 QString LocaleLabels::month(QDate day) const {
@@ -177,9 +157,9 @@ Qt::DayOfWeek LocaleLabels::firstWeekday() const {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::Calendar> calendar(
         icu::Calendar::createInstance(*icu::TimeZone::getGMT(), m_formatters->locale, status));
-    require(status);
+    requireSuccess(status);
     const auto first = calendar->getFirstDayOfWeek(status);
-    require(status);
+    requireSuccess(status);
     return first == UCAL_SUNDAY ? Qt::Sunday : static_cast<Qt::DayOfWeek>(first - 1);
 }
 

@@ -57,6 +57,20 @@ QString summaryText(const ProviderQuotaSnapshot& entry) {
         .arg(wholeRemaining(entry.week));
 }
 
+QString labelText(const QuotaSnapshot& snapshot) {
+    const std::optional<int> lowest = lowestRemainingPercent(snapshot);
+    return lowest ? QStringLiteral("%1%").arg(*lowest) : QString();
+}
+
+QStringList summaryLines(const QuotaSnapshot& snapshot) {
+    QStringList lines;
+    for (const AIProvider provider : allCases<AIProvider>) {
+        lines.append(QStringLiteral("%1: %2").arg(displayName(provider),
+                                                  summaryText(entryFor(snapshot, provider))));
+    }
+    return lines;
+}
+
 QString resetText(std::optional<Timestamp> resetsAt, const ProviderQuotaSnapshot& entry,
                   Timestamp now, const WeekdayTimeFormat& weekdayTime) {
     switch (entry.syncState) {

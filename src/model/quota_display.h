@@ -24,6 +24,9 @@ struct Colour {
 /// Percent left of a window, clamped to 0 to 100.
 [[nodiscard]] double remainingPercent(const QuotaWindowSnapshot& window);
 
+/// Below this many percent left a figure is shown as a warning.
+inline constexpr double lowPercent = 25;
+
 /// The smallest five-hour figure of all providers as a whole percentage left, rounded with halves
 /// away from zero; nothing when no provider has a five-hour window.
 [[nodiscard]] std::optional<int> lowestRemainingPercent(const QuotaSnapshot& snapshot);
@@ -31,6 +34,12 @@ struct Colour {
 /// One line on a provider: "5H 19%  ·  WK 63%" with percentages left, truncated, 0 for a window
 /// that is absent; while pending the reason instead.
 [[nodiscard]] QString summaryText(const ProviderQuotaSnapshot& entry);
+
+/// The smallest five-hour figure, such as "37%"; empty when there is none.
+[[nodiscard]] QString labelText(const QuotaSnapshot& snapshot);
+
+/// "Codex: 5H 19%  ·  WK 63%", one line per provider, Codex first; plain text.
+[[nodiscard]] QStringList summaryLines(const QuotaSnapshot& snapshot);
 
 /// When a window resets: "in 1h 30m", from a day on the weekday and time; or why that is not known.
 [[nodiscard]] QString resetText(std::optional<Timestamp> resetsAt,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QLatin1StringView>
+#include <QtCore/QStringList>
 #include <QtCore/QStringView>
 
 #include <algorithm>
@@ -30,6 +31,12 @@ std::optional<E> fromRawValue(QStringView text) {
         return std::nullopt;
     }
     return static_cast<E>(found - rawValues<E>.begin());
+}
+
+/// The stored texts of all cases.
+template <typename E>
+QStringList rawTexts() {
+    return {rawValues<E>.begin(), rawValues<E>.end()};
 }
 
 /// Every case, in declaration order.

@@ -1,5 +1,7 @@
 #include "model/weekday_time_format.h"
 
+#include "model/icu_text.h"
+
 #include <unicode/dtptngen.h>
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
@@ -10,16 +12,10 @@ struct WeekdayTimeFormat::Formatter {
     std::unique_ptr<icu::DateFormat> dates;
 
     Formatter(const std::string& localeName, const std::string& timeZone) {
-        icu::Locale locale(localeName.c_str());
-        if (locale.isBogus() != 0) {
-            locale = icu::Locale::getRoot(); // ICU crashes on a locale that it could not parse
-        }
         UErrorCode status = U_ZERO_ERROR;
-        dates.reset(icu::DateFormat::createInstanceForSkeleton(icu::UnicodeString("EEEjmm"), locale,
-                                                               status));
-        if (U_FAILURE(status) != 0) {
-            qFatal("ICU cannot format dates: %s", u_errorName(status));
-        }
+        dates.reset(icu::DateFormat::createInstanceForSkeleton(icu::UnicodeString("EEEjmm"),
+                                                               icuLocale(localeName), status));
+        requireSuccess(status);
         if (!timeZone.empty()) {
             dates->adoptTimeZone(
                 icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(timeZone)));
@@ -40,9 +36,7 @@ QString WeekdayTimeFormat::format(Timestamp timestamp) const {
     const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(timestamp);
     icu::UnicodeString text;
     m_formatter->dates->format(static_cast<UDate>(milliseconds.time_since_epoch().count()), text);
-    // Terminals and panels often lack the narrow no-break space that ICU puts before "PM".
-    text.findAndReplace(icu::UnicodeString(u'\u202F'), icu::UnicodeString(u' '));
-    return QString::fromUtf16(text.getBuffer(), text.length());
+    return plainText(text);
 }
 
 } // namespace tallyvane::model

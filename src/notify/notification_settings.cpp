@@ -1,6 +1,5 @@
 #include "notify/notification_settings.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 
@@ -29,9 +28,7 @@ bool matches(const NotificationWindow& window, std::int64_t minute) {
 } // namespace
 
 bool allows(const NotificationSettings& settings, model::Timestamp moment, const QTimeZone& zone) {
-    const auto sinceEpoch = std::chrono::floor<std::chrono::milliseconds>(moment);
-    const QTime time =
-        QDateTime::fromMSecsSinceEpoch(sinceEpoch.time_since_epoch().count(), zone).time();
+    const QTime time = model::localTime(moment, zone).time();
     const std::int64_t minute = time.hour() * 60 + time.minute();
     return settings.enabled &&
            std::ranges::any_of(settings.windows, [minute](const NotificationWindow& window) {

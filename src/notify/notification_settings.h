@@ -4,7 +4,6 @@
 #include "model/json_coding.h"
 #include "model/timestamp.h"
 
-#include <QtCore/QTimeZone>
 #include <QtCore/QUuid>
 
 #include <cstdint>

@@ -1,6 +1,5 @@
 #include "app/desktop/desktop_program.h"
 
-#include "app/terminal.h"
 #include "model/quota_display.h"
 #include "platform/linux/notification_settings_page.h"
 
@@ -82,7 +81,7 @@ std::optional<ExitCode> DesktopProgram::start(StartMode mode) {
         const bool isToShow = mode != StartMode::background;
         return !isToShow || platform::activateRunning(m_environment.activationToken)
                    ? ExitCode::success
-                   : ExitCode::failure;
+                   : reportNoAnswer();
     }
     m_autoRefresh.start(m_environment.launchContext);
     if (mode != StartMode::background) {

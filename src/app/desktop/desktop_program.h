@@ -23,7 +23,6 @@ public:
 
 private:
     void openMainWindow(const QString& activationToken);
-    void openUsagePage(model::AIProvider provider);
     [[nodiscard]] WindowsContext windowsContext();
     [[nodiscard]] Windows* windows();
 

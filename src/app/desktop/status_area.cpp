@@ -59,12 +59,12 @@ void StatusArea::showSnapshot() {
     }
     icon.symbolicFile = m_iconFiles.add(ui::symbolicSvg(drawing(22)));
     m_item.setIcon(icon);
-    m_item.setLabel(ui::labelText(snapshot), QStringLiteral("100%"));
+    m_item.setLabel(model::labelText(snapshot), QStringLiteral("100%"));
     m_item.setToolTip(ui::tooltipLines(snapshot));
 }
 
 void StatusArea::showMenu() {
-    const QStringList lines = ui::menuLines(m_model.snapshot());
+    const QStringList lines = model::summaryLines(m_model.snapshot());
     m_item.setMenu({{.id = codexEntry, .text = lines.at(0)},
                     {.id = claudeEntry, .text = lines.at(1)},
                     {.id = firstSeparator, .isSeparator = true},

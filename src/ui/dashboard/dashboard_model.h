@@ -32,9 +32,8 @@ public:
     [[nodiscard]] ProviderCard codex() const { return m_shown.codex; }
     [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
     [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
-    [[nodiscard]] QString lastError() const {
-        return m_shown.lastError;
-    } ///< empty when there is none
+    /// Empty when there is none.
+    [[nodiscard]] QString lastError() const { return m_shown.lastError; }
     [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
     [[nodiscard]] RefreshToastModel* toast() { return &m_toast; }
     [[nodiscard]] QUrl website() const { return m_website; }

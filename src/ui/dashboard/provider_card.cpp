@@ -8,7 +8,6 @@ namespace tallyvane::ui {
 
 namespace {
 
-constexpr double lowBelow = 25; // percent left
 constexpr double staleOpacity = 0.55;
 
 QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod period,
@@ -24,7 +23,7 @@ QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod 
         row.figure = QStringLiteral("%1%").arg(std::lround(remaining));
         row.fraction = remaining / 100;
         if (isCurrent) {
-            row.level = remaining < lowBelow ? QuotaLevel::Low : QuotaLevel::Ample;
+            row.level = remaining < model::lowPercent ? QuotaLevel::Low : QuotaLevel::Ample;
         }
     }
     return row;

@@ -27,11 +27,7 @@ HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& c
 }
 
 QStringList HeatmapModel::filters() const {
-    QStringList texts;
-    for (const QLatin1StringView text : model::rawValues<history::HeatmapFilter>) {
-        texts << text;
-    }
-    return texts;
+    return model::rawTexts<history::HeatmapFilter>();
 }
 
 void HeatmapModel::setFilter(int filter) {

@@ -3,7 +3,6 @@
 #include "core/app_model.h"
 #include "history/heatmap.h"
 #include "model/locale_labels.h"
-#include "ui/history/history_model.h"
 #include "ui/style/appearance.h"
 #include "ui/style/record_list.h"
 

@@ -19,15 +19,6 @@ namespace {
 constexpr double dimmedOpacity = 0.28;
 constexpr double barShare = 0.62; // of a bucket's width
 
-template <typename E>
-QStringList choices() {
-    QStringList texts;
-    for (const QLatin1StringView text : model::rawValues<E>) {
-        texts << text;
-    }
-    return texts;
-}
-
 /// The usual length of a bucket.
 model::Timestamp::duration bucketLength(HistoryGranularity granularity) {
     using std::chrono::days;
@@ -45,11 +36,11 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
 }
 
 QStringList HistoryModel::metrics() const {
-    return choices<HistoryMetric>();
+    return model::rawTexts<HistoryMetric>();
 }
 
 QStringList HistoryModel::granularities() const {
-    return choices<HistoryGranularity>();
+    return model::rawTexts<HistoryGranularity>();
 }
 
 void HistoryModel::setMetric(int metric) {

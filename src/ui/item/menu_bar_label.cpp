@@ -13,30 +13,16 @@ std::optional<double> gaugeValue(const model::ProviderQuotaSnapshot& entry) {
 
 } // namespace
 
-QString labelText(const model::QuotaSnapshot& snapshot) {
-    const std::optional<int> lowest = model::lowestRemainingPercent(snapshot);
-    return lowest ? QStringLiteral("%1%").arg(*lowest) : QString();
-}
-
 GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot) {
     return {.codex = gaugeValue(entryFor(snapshot, model::AIProvider::codex)),
             .claude = gaugeValue(entryFor(snapshot, model::AIProvider::claude))};
 }
 
-QStringList menuLines(const model::QuotaSnapshot& snapshot) {
-    QStringList lines;
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        lines.append(QStringLiteral("%1: %2").arg(
-            model::displayName(provider), model::summaryText(entryFor(snapshot, provider))));
-    }
-    return lines;
-}
-
 QStringList tooltipLines(const model::QuotaSnapshot& snapshot) {
-    const QString label = labelText(snapshot);
+    const QString label = model::labelText(snapshot);
     const QString name = QStringLiteral("Tallyvane");
     return QStringList{label.isEmpty() ? name : QStringLiteral("%1: %2").arg(name, label)} +
-           menuLines(snapshot);
+           model::summaryLines(snapshot);
 }
 
 } // namespace tallyvane::ui

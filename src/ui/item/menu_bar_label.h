@@ -15,14 +15,8 @@ struct GaugeValues {
     bool operator==(const GaugeValues&) const = default;
 };
 
-/// The smallest five-hour figure, such as "37%"; empty when there is none.
-[[nodiscard]] QString labelText(const model::QuotaSnapshot& snapshot);
-
 /// The five-hour windows, or the weekly ones where those are absent.
 [[nodiscard]] GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot);
-
-/// "Codex: 5H 19%  ·  WK 63%", one line per provider, Codex first; plain text.
-[[nodiscard]] QStringList menuLines(const model::QuotaSnapshot& snapshot);
 
 /// A title that says the most by itself, since some panels show nothing else, then the menu's
 /// lines; plain text.

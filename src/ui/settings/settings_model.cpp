@@ -41,11 +41,9 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
 }
 
 QStringList SettingsModel::appearances() const {
-    QStringList labels;
-    for (const QLatin1StringView value : model::rawValues<model::AppAppearance>) {
-        QString label = value;
+    QStringList labels = model::rawTexts<model::AppAppearance>();
+    for (QString& label : labels) {
         label[0] = label[0].toUpper();
-        labels << label;
     }
     return labels;
 }
