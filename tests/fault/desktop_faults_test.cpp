@@ -32,6 +32,10 @@ QString inHome(const char* name) {
     return QDir::homePath() + u'/' + QLatin1StringView(name);
 }
 
+QString historyFile() {
+    return inHome("data/Gaugewell/usage-history.json");
+}
+
 /// Lets `codex` run a script of the shell, count that it was asked, and answer.
 void installCodex(const QByteArray& before = {}) {
     tests::writeFile(
@@ -205,18 +209,44 @@ private Q_SLOTS:
         QCOMPARE(asked(), 2);
     }
 
+    /// What it stored is then of the future.
+    void forgivesAClockSetBack() {
+        const std::pair<const char*, QByteArray> fakeClock[] = {
+            {"LD_PRELOAD", "/usr/$LIB/faketime/libfaketimeMT.so.1"},
+            {"FAKETIME_TIMESTAMP_FILE", inHome("clock").toUtf8()},
+            {"FAKETIME_NO_CACHE", "1"},
+            {"FAKETIME_DONT_FAKE_MONOTONIC", "1"},
+            {"FAKETIME_DISABLE_SHM", "1"}};
+        QFile::remove(historyFile());
+        tests::writeFile(inHome("clock"), "+2d");
+        for (const auto& [name, value] : fakeClock) {
+            qputenv(name, value);
+        }
+        const Program program;
+        for (const auto& [name, value] : fakeClock) {
+            qunsetenv(name);
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        const QByteArray status = tests::output(TALLYVANE_PROGRAM " status");
+        QVERIFY2(status.count("synced just now") == 2 && !status.contains("-1"), status);
+        tests::writeFile(inHome("clock"), "+0");
+        QVERIFY(isTrue(refresh()));
+        const auto points = history::decodeHistory(tests::readFile(historyFile()))->points;
+        QCOMPARE(points.size(), std::size_t{4});
+        QVERIFY(points[2].date < points[0].date);
+    }
+
     void followsTheTimeZone() {
         const Program program;
         QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
-        const QString path = inHome("data/Gaugewell/usage-history.json");
         // It is never midnight in two of them at once.
         for (const QByteArray zone : {"Pacific/Kiritimati", "America/St_Johns", "Etc/UTC"}) {
             QFile::remove(QStringLiteral("/etc/localtime"));
             QVERIFY(QFile::link(QStringLiteral("/usr/share/zoneinfo/") + QString::fromUtf8(zone),
                                 QStringLiteral("/etc/localtime")));
-            QFile::remove(path);
+            QFile::remove(historyFile());
             QVERIFY(isTrue(refresh()));
-            const auto stored = history::decodeHistory(tests::readFile(path));
+            const auto stored = history::decodeHistory(tests::readFile(historyFile()));
             QVERIFY(stored && !stored->points.empty());
             const auto day = history::localDay(stored->points[0].date, QTimeZone(zone));
             QCOMPARE(stored->points[0].date, history::startOfDay(day, QTimeZone(zone)));

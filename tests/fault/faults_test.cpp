@@ -216,33 +216,6 @@ private Q_SLOTS:
         QCOMPARE(program.exitCode(), expected.isEmpty() ? 0 : 3);
     }
 
-    /// What it stored is then of the future.
-    void forgivesAClockSetBack() {
-        using std::chrono::system_clock;
-        m_runs.push_back(makeRun({.codex = "replies"}));
-        Run& run = *m_runs.back();
-        tests::PrivateNetwork::replace("/etc/hosts",
-                                       tests::readFile(run.home + QStringLiteral("/hosts")));
-        const auto future = std::chrono::floor<std::chrono::seconds>(system_clock::now()) + 48h;
-        model::QuotaSnapshot snapshot = model::placeholderSnapshot(future);
-        for (model::ProviderQuotaSnapshot& entry : snapshot.providers) {
-            entry.syncState = model::QuotaSyncState::current;
-            entry.syncedAt = future;
-        }
-        const std::string home = run.home.toStdString();
-        const model::SharedStore store(
-            {.dataHome = home + "/data", .configHome = home + "/config"});
-        QVERIFY(store.saveSnapshot(snapshot));
-        QVERIFY(history::saveHistory(store, {.points = {{.date = future}}}));
-        run.start("\"$0\" status && exec \"$0\" refresh");
-        QTRY_COMPARE_WITH_TIMEOUT(run.program.state(), QProcess::NotRunning, patience);
-        const QByteArray output = tests::readFile(run.home + QStringLiteral("/output"));
-        QCOMPARE(run.program.exitCode(), 0);
-        QVERIFY2(output.count("synced just now") == 4 && !output.contains("-1"), output);
-        QVERIFY(store.loadSnapshot()->updatedAt < future);
-        QCOMPARE(history::loadHistory(store)->points.size(), std::size_t{3});
-    }
-
     void leavesNoProcess() { QTRY_COMPARE_WITH_TIMEOUT(processes(), 0, patience); }
 
     void survivesKillsAtAnyInstant() {
