@@ -22,7 +22,8 @@ function(tallyvane_library folder)
 endfunction()
 
 # tallyvane_test(<name> SOURCES <file>... LINK <target>... [LABELS <label>...])
-# One Qt Test program and one ctest entry; the label is "unit" unless others are named.
+# One Qt Test program and one ctest entry; the label is "unit" unless others are named. Those with
+# the label "threads" also run with the thread sanitizer.
 function(tallyvane_test name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK;LABELS")
     if(NOT ARG_LABELS)
@@ -32,6 +33,9 @@ function(tallyvane_test name)
     target_link_libraries(${name} PRIVATE tallyvane_options tallyvane_test_support ${ARG_LINK})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}")
+    if(threads IN_LIST ARG_LABELS)
+        add_dependencies(tests_of_threads ${name})
+    endif()
 endfunction()
 
 # tallyvane_qml_module(<folder of src/ui> URI <uri> QML <file>... [SINGLETONS <file>...]
