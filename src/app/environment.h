@@ -16,7 +16,7 @@ struct Environment {
     std::vector<std::filesystem::path> systemConfigDirectories; ///< $XDG_CONFIG_DIRS
     QStringList searchPath;                                     ///< the folders of $PATH
     std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty
-    QString currentDesktop; ///< $XDG_CURRENT_DESKTOP; may be empty
+    QString currentDesktop;  ///< $XDG_CURRENT_DESKTOP; may be empty
     QString activationToken; ///< the window system's, of whoever started it; may be empty
     core::LaunchContext launchContext;
     std::string timeLocale;  ///< the POSIX locale in which times are written

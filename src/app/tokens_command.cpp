@@ -70,8 +70,8 @@ QString tokensJson(const history::ScanReport& report, double seconds) {
 ExitCode runTokens(const Environment& environment, OutputFormat format) {
     QElapsedTimer timer;
     timer.start();
-    const history::ScanReport report = history::scanSessionLogs(
-        history::logRoots(environment.home), platform::BootClock().now(), {});
+    const history::ScanReport report = history::scanSessionLogs(history::logRoots(environment.home),
+                                                                platform::BootClock().now(), {});
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     const bool isPrinted = print(format == OutputFormat::json ? tokensJson(report, seconds)
                                                               : tokensText(report, seconds));

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QtCore/QString>
-
-#include <string>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
 #include <unicode/utypes.h>
+
+#include <string>
 
 /// What the formats of this folder need of ICU.
 namespace tallyvane::model {

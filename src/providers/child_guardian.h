@@ -10,9 +10,9 @@ namespace tallyvane::providers {
 /// Sees to it that a child process, and whatever it starts, ends with its use.
 ///
 /// A guarded QProcess leads a session and a process group of its own, with a guardian beside it: a
-/// fork of this program that only waits. When this object is destroyed, or when this program ends in
-/// whatever way, the guardian asks the group to terminate, kills what is left of it after a grace,
-/// and ends. Linux only.
+/// fork of this program that only waits. When this object is destroyed, or when this program ends
+/// in whatever way, the guardian asks the group to terminate, kills what is left of it after a
+/// grace, and ends. Linux only.
 class ChildGuardian {
 public:
     ChildGuardian();

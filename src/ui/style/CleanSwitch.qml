@@ -13,8 +13,6 @@ BaseToggle {
     spacing: Theme.largeSpacing
 
     indicator: Rectangle {
-        id: track
-
         width: 40
         height: 24
         radius: height / 2
@@ -28,24 +26,23 @@ BaseToggle {
             }
         }
         Rectangle {
-            anchors.fill: knob
-            anchors.topMargin: 0.5
-            anchors.bottomMargin: -1
-            radius: height / 2
-            color: Theme.knobShadow
-        }
-        Rectangle {
-            id: knob
-
             readonly property bool isAtRight: root.checked !== root.mirrored
 
-            x: isAtRight ? track.width - width - root.inset : root.inset
+            x: isAtRight ? parent.width - width - root.inset : root.inset
             y: root.inset
             width: height
-            height: track.height - 2 * root.inset
+            height: parent.height - 2 * root.inset
             radius: height / 2
             color: Theme.knob
 
+            Rectangle {
+                z: -1
+                anchors.fill: parent
+                anchors.topMargin: 0.5
+                anchors.bottomMargin: -1
+                radius: height / 2
+                color: Theme.knobShadow
+            }
             Behavior on x {
                 enabled: root.visible && Theme.isAnimated
                 NumberAnimation {
@@ -55,7 +52,7 @@ BaseToggle {
             }
         }
         FocusRing {
-            cornerRadius: track.radius
+            cornerRadius: parent.radius
             shown: root.visualFocus
         }
     }

@@ -10,8 +10,6 @@ BaseToggle {
     spacing: Theme.spacing
 
     indicator: Rectangle {
-        id: box
-
         width: Theme.scaled(18)
         height: width
         radius: Theme.smallRadius - 1
@@ -27,7 +25,7 @@ BaseToggle {
             color: Theme.whiteText
         }
         FocusRing {
-            cornerRadius: box.radius
+            cornerRadius: parent.radius
             shown: root.visualFocus
         }
     }
