@@ -69,6 +69,10 @@ private Q_SLOTS:
         QCOMPARE(permissionsOf(place.locations.configHome), fs::perms::owner_all);
         QVERIFY(store.loadSnapshot() == snapshotUsing(1));
         QCOMPARE(*store.loadHistory(), QByteArray("[]"));
+
+        fs::remove_all(store.baseURL());
+        QVERIFY(store.saveSnapshot(snapshotUsing(2)));
+        QCOMPARE(permissionsOf(store.baseURL()), fs::perms::owner_all);
     }
 
     void readsTheFileThenTheMirror() {
@@ -130,11 +134,15 @@ private Q_SLOTS:
         const auto mirror = suite->data(QStringLiteral("quotaSnapshotData"));
         const auto stored = store.loadSnapshot();
         suite.reset();
+        ::mount("none", place.root.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr);
+        const auto readOnly = SharedStore({.dataHome = place.root / "new"}).saveHistory("[]");
         ::umount(place.root.c_str());
 
         QVERIFY(before && !after);
         QVERIFY2(after.error().message.contains(u"No space left"),
                  qPrintable(after.error().message));
+        QVERIFY2(!readOnly && readOnly.error().message.contains(u"Read-only"),
+                 qPrintable(readOnly.error().message));
         QVERIFY(stored == snapshotUsing(1));
         QCOMPARE(mirror, *encodeSnapshot(snapshotUsing(1)));
     }
