@@ -1,5 +1,6 @@
 #include "model/shared_store.h"
 #include "platform/linux/dbus_application.h"
+#include "support/home_files.h"
 #include "support/private_bus.h"
 #include "support/test_main.h"
 
@@ -148,9 +149,8 @@ private Q_SLOTS:
 
         const QString output = run({QStringLiteral("status")}).output;
         QCOMPARE(output, refresh.output);
-        QFile file(m_home->filePath(QStringLiteral("data/Gaugewell/quota-snapshot.json")));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray stored = file.readAll();
+        const QByteArray stored =
+            tests::readFile(m_home->filePath(QStringLiteral("data/Gaugewell/quota-snapshot.json")));
         const auto snapshot = tallyvane::model::decodeSnapshot(stored);
         QVERIFY(snapshot);
         QCOMPARE(snapshot->providers[1].statusMessage, QStringLiteral("Keychain auth"));
@@ -175,11 +175,8 @@ private Q_SLOTS:
     }
 
     void countsTokens() {
-        QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral(".claude/projects/-w")));
-        QFile log(m_home->filePath(QStringLiteral(".claude/projects/-w/a.jsonl")));
-        QVERIFY(log.open(QIODevice::WriteOnly));
-        log.write(R"({"type":"assistant","message":{"usage":{"output_tokens":42}}})");
-        log.close();
+        const QByteArray log = R"({"type":"assistant","message":{"usage":{"output_tokens":42}}})";
+        tests::writeFile(m_home->filePath(QStringLiteral(".claude/projects/-w/a.jsonl")), log);
         const Run text = run({QStringLiteral("tokens")});
         QCOMPARE(text.exitCode, 0);
         QVERIFY2(text.output.startsWith(u"Codex: 0 tokens\nClaude: 42 tokens\n1 files counted, "),
@@ -242,17 +239,13 @@ private:
     static QCoro::Task<bool> stored(bool isStored) { co_return isStored; }
 
     /// Puts a shell script into the home.
-    void install(const char* path, const char* script) {
-        QFile file(m_home->filePath(QString::fromLatin1(path)));
-        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\n");
-        file.write(script);
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    void install(const char* path, const char* script) const {
+        tests::writeFile(m_home->filePath(QString::fromLatin1(path)),
+                         QByteArray("#!/bin/sh\n") + script);
     }
 
     /// Where the program looks for the Codex CLI.
-    void installCodex(const char* script) { install(".local/bin/codex", script); }
+    void installCodex(const char* script) const { install(".local/bin/codex", script); }
 
     Run run(const QStringList& arguments) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -2,11 +2,11 @@
 #include "core/auto_refresh.h"
 #include "support/fake_notification_centre.h"
 #include "support/fake_secret_store.h"
+#include "support/home_files.h"
 #include "support/manual_clock.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"
 
-#include <QtCore/QFile>
 #include <QtTest/QSignalSpy>
 
 #include <sys/wait.h>
@@ -38,10 +38,7 @@ struct Desk {
     }
 
     void write(const char* name, const QByteArray& bytes) const {
-        QFile file(root / name);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        tests::writeFile(home.filePath(QString::fromLatin1(name)), bytes);
     }
 
     void signIn() const {

@@ -1,8 +1,9 @@
 #include "fault/secret_watch.h"
+#include "fault/stored_files.h"
 #include "history/calendar_days.h"
 #include "support/gnome_keyring.h"
-#include "support/home_files.h"
 #include "support/private_network.h"
+#include "support/tallyvane_program.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"
 #include "support/xfce_desktop.h"
@@ -20,11 +21,11 @@
 #include <sys/timerfd.h>
 
 using namespace tallyvane;
+using tests::patience;
 using tests::Process;
 
 namespace {
 
-constexpr int patience = 30'000; ///< in milliseconds
 const QByteArray token = "tallyvane-test-5ecret";
 const QByteArray serviceHost = "127.0.0.1 api.anthropic.com\n";
 
@@ -36,13 +37,9 @@ QString historyFile() {
     return inHome("data/Gaugewell/usage-history.json");
 }
 
-/// Lets `codex` run a script of the shell, count that it was asked, and answer.
+/// Lets `codex` count that it was asked, run a script of the shell, and answer.
 void installCodex(const QByteArray& before = {}) {
-    tests::writeFile(
-        inHome(".local/bin/codex"),
-        "#!/bin/sh\necho >>\"$HOME/asked\"\n" + before +
-            "\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":{\"usedPercent\":"
-            "42}}}}'\ncat\n");
+    tests::installCodex(42, "echo >>\"$HOME/asked\"\n" + before);
 }
 
 qsizetype asked() {
@@ -238,6 +235,8 @@ private Q_SLOTS:
         const auto points = history::decodeHistory(tests::readFile(historyFile()))->points;
         QCOMPARE(points.size(), std::size_t{4});
         QVERIFY(points[2].date < points[0].date);
+        const QByteArray json = tests::readFile(inHome("data/Gaugewell/quota-snapshot.json"));
+        QVERIFY(model::decodeSnapshot(json)->updatedAt < points[0].date);
     }
 
     void followsTheTimeZone() {

@@ -1,6 +1,6 @@
 #include "fault/secret_watch.h"
+#include "fault/stored_files.h"
 #include "model/defaults_store.h"
-#include "support/home_files.h"
 #include "support/private_network.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"

@@ -1,10 +1,10 @@
 #include "providers/codex/codex_quota_client.h"
+#include "support/home_files.h"
 #include "support/manual_clock.h"
 #include "support/processes.h"
 #include "support/test_main.h"
 
 #include <QCoro/QCoroTask>
-#include <QtCore/QFile>
 #include <QtCore/QProcess>
 
 #include <cerrno>
@@ -22,11 +22,6 @@ constexpr int patience = 20'000; // ms; for what happens soon
 
 QString inHome(const char* name) {
     return qEnvironmentVariable("HOME") + u'/' + QLatin1StringView{name};
-}
-
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray{};
 }
 
 QString program(const QString& name) {
@@ -120,7 +115,7 @@ private Q_SLOTS:
         Fetch fetch({program(QStringLiteral("refuses-to-end"))});
         QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
         QCOMPARE(runningPrograms(), 2);
-        QCOMPARE(::kill(-contents(inHome("ready")).trimmed().toInt(), SIGKILL), 0);
+        QCOMPARE(::kill(-tests::readFile(inHome("ready")).trimmed().toInt(), SIGKILL), 0);
     }
 
     void leavesNothingWhenKilled() {

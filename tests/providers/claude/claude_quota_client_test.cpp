@@ -1,5 +1,6 @@
 #include "providers/claude/claude_quota_client.h"
 #include "support/fake_secret_store.h"
+#include "support/home_files.h"
 #include "support/manual_clock.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"
@@ -38,11 +39,7 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
     tests::FakeSecretStore m_secrets;
     tests::ManualClock m_clock{now};
 
-    void writeFile(const QByteArray& bytes) {
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void writeFile(const QByteArray& bytes) const { tests::writeFile(m_file, bytes); }
 
     providers::ClaudeQuotaSource sourceOf(const tests::TlsServer& server) const {
         providers::ClaudeQuotaSource source{.usageURL = server.url(QStringLiteral("/usage")),
