@@ -17,6 +17,9 @@ public:
     Alarm& operator=(const Alarm&) = delete;
 };
 
+/// Whether time in which the machine is suspended brings an alarm nearer.
+enum class SuspendedTime { counts, doesNotCount };
+
 /// Tells the time and wakes its caller later. Main thread only.
 class Clock {
 public:
@@ -24,10 +27,11 @@ public:
 
     [[nodiscard]] virtual model::Timestamp now() const = 0;
 
-    /// Calls `action` once from the event loop when `delay` has passed. Time in which the machine
-    /// was suspended counts; changes of the wall clock do not. `action` may destroy the alarm.
-    [[nodiscard]] virtual std::unique_ptr<Alarm> after(std::chrono::milliseconds delay,
-                                                       std::function<void()> action) = 0;
+    /// Calls `action` once from the event loop when `delay` has passed, whatever happens to the
+    /// wall clock. `action` may destroy the alarm.
+    [[nodiscard]] virtual std::unique_ptr<Alarm>
+    after(std::chrono::milliseconds delay, std::function<void()> action,
+          SuspendedTime suspended = SuspendedTime::counts) = 0;
 };
 
 } // namespace tallyvane::platform

@@ -13,9 +13,20 @@ public:
 
     [[nodiscard]] model::Timestamp now() const override { return m_now; }
 
-    [[nodiscard]] std::unique_ptr<platform::Alarm> after(std::chrono::milliseconds delay,
-                                                         std::function<void()> action) override {
-        return std::make_unique<ManualAlarm>(*this, m_now + delay, std::move(action));
+    [[nodiscard]] std::unique_ptr<platform::Alarm>
+    after(std::chrono::milliseconds delay, std::function<void()> action,
+          platform::SuspendedTime suspended = platform::SuspendedTime::counts) override {
+        return std::make_unique<ManualAlarm>(*this, m_now + delay, std::move(action), suspended);
+    }
+
+    /// Suspends the machine for `duration`; on waking up rings what is due by then.
+    void suspend(std::chrono::milliseconds duration) {
+        for (ManualAlarm* alarm : m_pending) {
+            if (alarm->suspended == platform::SuspendedTime::doesNotCount) {
+                alarm->due += duration;
+            }
+        }
+        advance(duration);
     }
 
     /// Moves on by `duration`, ringing each alarm in it at its own time.
@@ -35,8 +46,9 @@ public:
 
 private:
     struct ManualAlarm final : platform::Alarm {
-        ManualAlarm(ManualClock& owner, model::Timestamp at, std::function<void()> call)
-            : clock(owner), due(at), action(std::move(call)) {
+        ManualAlarm(ManualClock& owner, model::Timestamp at, std::function<void()> call,
+                    platform::SuspendedTime suspendedTime)
+            : clock(owner), due(at), action(std::move(call)), suspended(suspendedTime) {
             clock.m_pending.push_back(this);
         }
         ~ManualAlarm() override { clock.m_pending.remove(this); }
@@ -44,6 +56,7 @@ private:
         ManualClock& clock;
         model::Timestamp due;
         std::function<void()> action;
+        platform::SuspendedTime suspended;
     };
 
     ManualAlarm* earliestUntil(model::Timestamp end) {

@@ -11,8 +11,8 @@ namespace {
 
 class TimerDescriptor {
 public:
-    explicit TimerDescriptor(std::chrono::milliseconds delay)
-        : m_fd(::timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC)) {
+    TimerDescriptor(clockid_t clock, std::chrono::milliseconds delay)
+        : m_fd(::timerfd_create(clock, TFD_NONBLOCK | TFD_CLOEXEC)) {
         if (m_fd < 0) {
             qFatal("no timer could be made: too many open files");
         }
@@ -36,8 +36,8 @@ private:
 
 class BootAlarm final : public Alarm {
 public:
-    BootAlarm(std::chrono::milliseconds delay, std::function<void()> action)
-        : m_timer(delay), m_notifier(m_timer.get(), QSocketNotifier::Read) {
+    BootAlarm(clockid_t clock, std::chrono::milliseconds delay, std::function<void()> action)
+        : m_timer(clock, delay), m_notifier(m_timer.get(), QSocketNotifier::Read) {
         QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
                          [this, action = std::move(action)] {
                              m_notifier.setEnabled(false);
@@ -58,8 +58,9 @@ model::Timestamp BootClock::now() const {
 }
 
 std::unique_ptr<Alarm> BootClock::after(std::chrono::milliseconds delay,
-                                        std::function<void()> action) {
-    return std::make_unique<BootAlarm>(delay, std::move(action));
+                                        std::function<void()> action, SuspendedTime suspended) {
+    const clockid_t clock = suspended == SuspendedTime::counts ? CLOCK_BOOTTIME : CLOCK_MONOTONIC;
+    return std::make_unique<BootAlarm>(clock, delay, std::move(action));
 }
 
 } // namespace tallyvane::platform

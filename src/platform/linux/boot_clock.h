@@ -4,13 +4,14 @@
 
 namespace tallyvane::platform {
 
-/// The machine's clocks: the wall clock for the time, CLOCK_BOOTTIME, which counts suspended time,
-/// for alarms.
+/// The machine's clocks: the wall clock for the time; for alarms CLOCK_BOOTTIME, which counts
+/// suspended time, or CLOCK_MONOTONIC, which does not.
 class BootClock final : public Clock {
 public:
     [[nodiscard]] model::Timestamp now() const override;
-    [[nodiscard]] std::unique_ptr<Alarm> after(std::chrono::milliseconds delay,
-                                               std::function<void()> action) override;
+    [[nodiscard]] std::unique_ptr<Alarm>
+    after(std::chrono::milliseconds delay, std::function<void()> action,
+          SuspendedTime suspended = SuspendedTime::counts) override;
 };
 
 } // namespace tallyvane::platform
