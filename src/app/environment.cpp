@@ -1,16 +1,49 @@
 #include "app/environment.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QProcessEnvironment>
-#include <QtCore/QStandardPaths>
+
+#include <array>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace tallyvane::app {
 
 namespace {
 
-std::filesystem::path toPath(const QString& path) {
-    return QFile(path).filesystemFileName();
+namespace fs = std::filesystem;
+
+/// The paths in a variable, with colons between them. Relative ones are ignored, as the XDG Base
+/// Directory Specification demands, so that nothing lands in whatever folder is the current one.
+std::vector<fs::path> absolutePaths(const char* name) {
+    std::vector<fs::path> paths;
+    for (const QByteArray& value : qgetenv(name).split(':')) {
+        if (fs::path path = value.toStdString(); path.is_absolute()) {
+            paths.push_back(std::move(path));
+        }
+    }
+    return paths;
+}
+
+/// The path in a variable, which may have colons in it.
+fs::path absolutePath(const char* name, const fs::path& otherwise) {
+    const fs::path path = qgetenv(name).toStdString();
+    return path.is_absolute() ? path : otherwise;
+}
+
+/// Where the user database says that the user's home is.
+fs::path registeredHome() {
+    std::array<char, 65536> texts{};
+    passwd user{};
+    passwd* found = nullptr;
+    ::getpwuid_r(::getuid(), &user, texts.data(), texts.size(), &found);
+    const fs::path home = found != nullptr ? user.pw_dir : "/";
+    return home.is_absolute() ? home : "/";
+}
+
+fs::path homeDirectory() {
+    const fs::path home = absolutePath("HOME", {});
+    return home.empty() ? registeredHome() : home;
 }
 
 std::string timeLocale() {
@@ -22,14 +55,17 @@ std::string timeLocale() {
     return "C";
 }
 
-/// All folders but the first, which is the user's own.
-std::vector<std::filesystem::path> systemConfigDirectories() {
-    std::vector<std::filesystem::path> directories;
-    for (const QString& directory :
-         QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation).sliced(1)) {
-        directories.push_back(toPath(directory));
+std::vector<fs::path> systemConfigDirectories() {
+    std::vector<fs::path> directories = absolutePaths("XDG_CONFIG_DIRS");
+    return directories.empty() ? std::vector<fs::path>{"/etc/xdg"} : directories;
+}
+
+QStringList searchPath() {
+    QStringList folders;
+    for (const fs::path& folder : absolutePaths("PATH")) {
+        folders.append(QFile(folder).fileName());
     }
-    return directories;
+    return folders;
 }
 
 QString activationToken() {
@@ -40,14 +76,13 @@ QString activationToken() {
 } // namespace
 
 Environment readEnvironment() {
-    const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString configHome =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return {.locations = {.dataHome = toPath(dataHome), .configHome = toPath(configHome)},
-            .home = toPath(QDir::homePath()),
+    const fs::path home = homeDirectory();
+    return {.locations = {.dataHome = absolutePath("XDG_DATA_HOME", home / ".local" / "share"),
+                          .configHome = absolutePath("XDG_CONFIG_HOME", home / ".config")},
+            .home = home,
             .systemConfigDirectories = systemConfigDirectories(),
-            .searchPath = qEnvironmentVariable("PATH").split(u':', Qt::SkipEmptyParts),
-            .runtimeDirectory = toPath(qEnvironmentVariable("XDG_RUNTIME_DIR")),
+            .searchPath = searchPath(),
+            .runtimeDirectory = absolutePath("XDG_RUNTIME_DIR", {}),
             .currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
             .activationToken = activationToken(),
             .launchContext =

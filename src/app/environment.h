@@ -9,10 +9,11 @@
 
 namespace tallyvane::app {
 
-/// All that the program takes from its environment, read once at its start.
+/// All that the program takes from its environment, read once at its start. Paths are absolute,
+/// whatever the variables say: relative ones count as not set.
 struct Environment {
     model::StoreLocations locations;
-    std::filesystem::path home;
+    std::filesystem::path home;                                 ///< $HOME, or the user database's
     std::vector<std::filesystem::path> systemConfigDirectories; ///< $XDG_CONFIG_DIRS
     QStringList searchPath;                                     ///< the folders of $PATH
     std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty

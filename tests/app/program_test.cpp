@@ -62,7 +62,8 @@ private Q_SLOTS:
     void goesThroughTheRunningProgram() {
         const tests::PrivateBus bus;
         const model::StoreLocations locations{
-            .dataHome = m_home->filePath(QStringLiteral("data")).toStdString()};
+            .dataHome = m_home->filePath(QStringLiteral("data")).toStdString(),
+            .configHome = m_home->filePath(QStringLiteral("config")).toStdString()};
         const model::SharedStore store(locations);
         const auto now =
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());

@@ -8,6 +8,20 @@ namespace tallyvane::app {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr std::string_view nameStart = "gauges-";
+constexpr std::string_view nameEnd = "-symbolic.svg";
+
+bool isOurs(const fs::path& file) {
+    constexpr std::size_t hashSize = 32;
+    const std::string name = file.filename().string();
+    return name.starts_with(nameStart) && name.ends_with(nameEnd) &&
+           name.size() == nameStart.size() + hashSize + nameEnd.size();
+}
+
+} // namespace
+
 SymbolicIconFiles::SymbolicIconFiles(fs::path folder) : m_folder(std::move(folder)) {
     if (!m_folder.empty()) {
         std::error_code ignored; // then no file can be written
@@ -25,7 +39,8 @@ QString SymbolicIconFiles::add(const QByteArray& svg) {
         return {};
     }
     const QByteArray hash = QCryptographicHash::hash(svg, QCryptographicHash::Md5).toHex();
-    const fs::path path = m_folder / ("gauges-" + hash.toStdString() + "-symbolic.svg");
+    const fs::path path =
+        m_folder / std::string(nameStart).append(hash.toStdString()).append(nameEnd);
     if (path != m_last) {
         if (!model::writeFile(path, svg)) {
             return {};
@@ -39,7 +54,7 @@ QString SymbolicIconFiles::add(const QByteArray& svg) {
 void SymbolicIconFiles::removeAllBut(const fs::path& one, const fs::path& other) const {
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(m_folder, error)) {
-        if (entry.path() != one && entry.path() != other) {
+        if (isOurs(entry.path()) && entry.path() != one && entry.path() != other) {
             fs::remove(entry.path(), error);
         }
     }
