@@ -47,11 +47,15 @@ ExitCode refreshHere(const Environment& environment) {
     for (const auto& [provider, reason] : report.failures) {
         printError(QStringLiteral("%1: %2").arg(model::displayName(provider), reason));
     }
+    if (report.uncounted) {
+        printError(*report.uncounted);
+    }
     if (report.outcome == core::RefreshReport::Outcome::notSaved) {
         printError(model.lastError().value_or(QString()));
         return ExitCode::failure;
     }
-    if (!printStatusText(environment, model.snapshot(), composition.clock.now())) {
+    if (!printStatusText(environment, model.snapshot(), composition.clock.now()) ||
+        report.uncounted) {
         return ExitCode::failure;
     }
     return report.failures.empty() ? ExitCode::success : ExitCode::providerFailed;

@@ -3,12 +3,15 @@
 #include "core/spawn.h"
 #include "history/usage_history_recorder.h"
 
+#include <QCoro/QCoroFuture>
 #include <QCoro/QCoroSignal>
+#include <QtCore/QPromise>
 
 #include <stop_token>
 
 namespace tallyvane::core {
 
+using namespace std::chrono_literals;
 using model::AIProvider;
 using model::ProviderQuotaSnapshot;
 using model::QuotaSnapshot;
@@ -18,6 +21,26 @@ namespace {
 
 const QString appearanceKey = QStringLiteral("appearance");
 const QString widgetKind = QStringLiteral("GaugewellWidget");
+
+/// More than the longest refresh takes.
+constexpr std::chrono::milliseconds lockPatience = 60s;
+constexpr std::chrono::milliseconds lockInterval = 100ms;
+
+QCoro::Task<> pause(platform::Clock* clock, std::chrono::milliseconds length) {
+    QPromise<void> promise;
+    promise.start();
+    const QFuture<void> passed = promise.future();
+    const auto alarm = clock->after(
+        length, [&promise] { promise.finish(); }, platform::SuspendedTime::doesNotCount);
+    co_await passed;
+}
+
+/// The provider's figures, marked as those of an earlier fetch.
+ProviderQuotaSnapshot staleEntry(const QuotaSnapshot& previous, AIProvider provider) {
+    ProviderQuotaSnapshot entry = model::entryFor(previous, provider);
+    entry.syncState = entry.syncedAt ? QuotaSyncState::pending : QuotaSyncState::unavailable;
+    return entry;
+}
 
 } // namespace
 
@@ -44,9 +67,11 @@ std::optional<QString> shortText(const providers::ClaudeFetchError& error) {
 
 AppModel::AppModel(const Collaborators& with, std::optional<QuotaSnapshot> snapshot,
                    std::optional<history::UsageHistory> history)
-    : m_with(with) {
+    : m_with(with), m_baselines(with.defaults) {
     if (!snapshot) {
         snapshot = with.store.loadSnapshot();
+        m_storedSnapshot = snapshot;
+        m_recordedSnapshot = snapshot;
     }
     if (!history) {
         history = history::loadHistory(with.store);
@@ -59,13 +84,19 @@ AppModel::AppModel(const Collaborators& with, std::optional<QuotaSnapshot> snaps
 }
 
 void AppModel::setAppearance(model::AppAppearance appearance) {
-    m_with.defaults.setText(appearanceKey, model::rawValue(appearance));
+    tellOf(m_with.defaults.setText(appearanceKey, model::rawValue(appearance)));
     m_appearance = appearance;
 }
 
 void AppModel::setNotificationSettings(const notify::NotificationSettings& settings) {
-    notify::saveNotificationSettings(m_with.defaults, settings);
+    tellOf(notify::saveNotificationSettings(m_with.defaults, settings));
     m_notificationSettings = settings;
+}
+
+void AppModel::tellOf(const std::expected<void, model::FileError>& saved) {
+    if (!saved) {
+        m_lastError = saved.error().message;
+    }
 }
 
 void AppModel::clearHistory() {
@@ -101,14 +132,44 @@ QCoro::Task<bool> AppModel::refreshOrJoin() {
     co_return m_snapshot.value() != before;
 }
 
+QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
+    for (auto waited = 0ms; waited <= lockPatience; waited += lockInterval) {
+        auto tried = m_with.store.tryLock();
+        if (!tried) {
+            co_return std::unexpected(tried.error().message);
+        }
+        if (*tried) {
+            co_return *std::move(*tried);
+        }
+        co_await pause(&m_with.clock, lockInterval);
+    }
+    co_return std::unexpected(
+        QStringLiteral("Another program is refreshing the same files and did not end within a "
+                       "minute."));
+}
+
+QuotaSnapshot AppModel::takeStoredSnapshot() {
+    auto stored = m_with.store.loadSnapshot();
+    if (stored && stored != m_storedSnapshot) {
+        m_storedSnapshot = stored;
+        m_recordedSnapshot = std::move(stored);
+    }
+    return m_recordedSnapshot.value_or(model::placeholderSnapshot(m_with.clock.now()));
+}
+
 QCoro::Task<RefreshReport> AppModel::runCycle() {
+    const auto locked = co_await lockStore();
+    if (!locked) {
+        m_lastError = locked.error();
+        co_return RefreshReport{.outcome = RefreshReport::Outcome::notSaved};
+    }
+    const QuotaSnapshot previous = takeStoredSnapshot();
     std::stop_source stopTokens;
     // Tasks start at once and run side by side until each is awaited.
-    QCoro::Task<FetchedEntry> codexTask = fetchCodex();
-    QCoro::Task<FetchedEntry> claudeTask = fetchClaude();
+    QCoro::Task<FetchedEntry> codexTask = fetchCodex(previous);
+    QCoro::Task<FetchedEntry> claudeTask = fetchClaude(previous);
     QCoro::Task<history::TokenTotals> tokenTask =
         m_with.tokenEstimator.estimate(stopTokens.get_token());
-    const QuotaSnapshot previous = m_snapshot;
 
     const FetchedEntry codex = co_await codexTask;
     const FetchedEntry claude = co_await claudeTask;
@@ -130,52 +191,48 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
         co_await tokenTask;
         co_return report;
     }
+    m_storedSnapshot = m_with.store.loadSnapshot();
 
     const history::TokenTotals totals = co_await tokenTask;
-    history::UsageHistoryRecorder recorder(m_with.store, m_with.defaults,
-                                           QTimeZone::systemTimeZone());
-    const auto recorded = recorder.record(previous, current, totals, current.updatedAt);
+    history::UsageHistoryRecorder recorder(m_with.store, m_baselines, QTimeZone::systemTimeZone());
+    const auto recorded = recorder.record(previous, current, totals, m_with.clock.now());
     if (!recorded) {
         // The stored snapshot is then newer than the one shown, until the next refresh.
         m_lastError = recorded.error().message;
         report.outcome = RefreshReport::Outcome::notSaved;
         co_return report;
     }
+    report.uncounted = recorded->uncounted;
+    m_recordedSnapshot = current;
 
-    m_history = *recorded;
+    m_history = recorded->history;
     m_snapshot = current;
     m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(),
                             QTimeZone::systemTimeZone());
-    m_lastError = codex.failure;
+    m_lastError = codex.failure ? codex.failure : recorded->uncounted;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();
     co_return report;
 }
 
-QCoro::Task<AppModel::FetchedEntry> AppModel::fetchCodex() {
+QCoro::Task<AppModel::FetchedEntry> AppModel::fetchCodex(QuotaSnapshot previous) {
     const auto fetched = co_await m_with.codexClient.fetch();
     if (fetched) {
         co_return FetchedEntry{.entry = *fetched};
     }
-    co_return FetchedEntry{.entry = staleEntry(AIProvider::codex),
+    co_return FetchedEntry{.entry = staleEntry(previous, AIProvider::codex),
                            .failure = providers::description(fetched.error())};
 }
 
-QCoro::Task<AppModel::FetchedEntry> AppModel::fetchClaude() {
+QCoro::Task<AppModel::FetchedEntry> AppModel::fetchClaude(QuotaSnapshot previous) {
     const auto fetched = co_await m_with.claudeClient.fetch();
     if (fetched) {
         co_return FetchedEntry{.entry = *fetched};
     }
-    FetchedEntry stale{.entry = staleEntry(AIProvider::claude),
+    FetchedEntry stale{.entry = staleEntry(previous, AIProvider::claude),
                        .failure = providers::description(fetched.error())};
     stale.entry.statusMessage = shortText(fetched.error());
     co_return stale;
-}
-
-ProviderQuotaSnapshot AppModel::staleEntry(AIProvider provider) const {
-    ProviderQuotaSnapshot entry = model::entryFor(m_snapshot, provider);
-    entry.syncState = entry.syncedAt ? QuotaSyncState::pending : QuotaSyncState::unavailable;
-    return entry;
 }
 
 } // namespace tallyvane::core

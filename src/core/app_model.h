@@ -1,6 +1,7 @@
 #pragma once
 
 #include "history/local_token_estimator.h"
+#include "history/token_baselines.h"
 #include "history/usage_history.h"
 #include "model/defaults_store.h"
 #include "model/quota_snapshot.h"
@@ -43,6 +44,7 @@ struct RefreshReport {
 
     Outcome outcome = Outcome::published;
     std::map<model::AIProvider, QString> failures; ///< per provider that failed: why, for the user
+    std::optional<QString> uncounted; ///< for the user: why new tokens are not counted yet
 };
 
 /// The short text that a Claude failure leaves on the Claude entry; nothing for those that have
@@ -55,7 +57,8 @@ class AppModel : public QObject {
     Q_OBJECT
 
 public:
-    /// Starts from the given snapshot and history, else from the stored ones, else from none.
+    /// Starts from the given snapshot and history, which are on show only and never stored, else
+    /// from the stored ones, else from none.
     explicit AppModel(const Collaborators& with,
                       std::optional<model::QuotaSnapshot> snapshot = std::nullopt,
                       std::optional<history::UsageHistory> history = std::nullopt);
@@ -63,17 +66,17 @@ public:
     [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
     [[nodiscard]] history::UsageHistory history() const { return m_history; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
-    /// For the user: why the Codex figures or the files are not up to date.
+    /// For the user: why the Codex figures, the tokens or the files are not up to date.
     [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {
         return m_notificationSettings;
     }
 
-    /// Also stores it under "appearance".
+    /// Also stores it under "appearance"; lastError() says when that fails.
     void setAppearance(model::AppAppearance appearance);
 
-    /// Also stores them.
+    /// Also stores them; lastError() says when that fails.
     void setNotificationSettings(const notify::NotificationSettings& settings);
 
     /// Empties the history, on show and on the disk. The token baselines stay, so that the next
@@ -81,7 +84,8 @@ public:
     void clearHistory();
 
     /// Asks both providers, counts local tokens, saves and publishes the result. A provider's
-    /// failure is part of the result. While one call runs, others return at once.
+    /// failure is part of the result. While one call runs, others return at once. Waits up to a
+    /// minute for another program that refreshes the same files, and builds upon what that stored.
     QCoro::Task<RefreshReport> refresh();
 
     /// Calls refresh() and waits for nothing.
@@ -105,13 +109,21 @@ private:
         std::optional<QString> failure;
     };
 
-    QCoro::Task<FetchedEntry> fetchCodex();
-    QCoro::Task<FetchedEntry> fetchClaude();
+    QCoro::Task<FetchedEntry> fetchCodex(model::QuotaSnapshot previous);
+    QCoro::Task<FetchedEntry> fetchClaude(model::QuotaSnapshot previous);
     QCoro::Task<> refreshAlone();
     QCoro::Task<RefreshReport> runCycle();
-    [[nodiscard]] model::ProviderQuotaSnapshot staleEntry(model::AIProvider provider) const;
+    QCoro::Task<std::expected<model::FileLock, QString>> lockStore();
+    /// What a refresh builds upon.
+    [[nodiscard]] model::QuotaSnapshot takeStoredSnapshot();
+    void tellOf(const std::expected<void, model::FileError>& saved);
 
     Collaborators m_with;
+    history::TokenBaselines m_baselines;
+    /// As this program read or wrote it last; others may write it too.
+    std::optional<model::QuotaSnapshot> m_storedSnapshot;
+    /// Up to which the history counts. Not what is on show when that is made up.
+    std::optional<model::QuotaSnapshot> m_recordedSnapshot;
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::QuotaSnapshot, m_snapshot,
                                &AppModel::snapshotChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, history::UsageHistory, m_history,

@@ -31,21 +31,29 @@ double quotaIncrement(const std::optional<QuotaSnapshot>& previous, const QuotaS
 
 } // namespace
 
-std::expected<UsageHistory, model::FileError>
+std::expected<RecordedHistory, model::FileError>
 UsageHistoryRecorder::record(const std::optional<QuotaSnapshot>& previous,
                              const QuotaSnapshot& current, const TokenTotals& tokenTotals,
                              model::Timestamp now) {
-    UsageHistory history = loadHistory(m_store).value_or(UsageHistory{});
+    RecordedHistory recorded{.history = loadHistory(m_store).value_or(UsageHistory{})};
+    UsageHistory& history = recorded.history;
     const QDate today = localDay(now, m_zone);
 
+    TokenTotals newTokens;
+    for (const auto& [provider, total] : tokenTotals) {
+        newTokens[provider] = m_baselines.tokenDelta(provider, total);
+    }
+    if (const auto moved = m_baselines.move(tokenTotals); !moved) {
+        // Added now, they would be added again by the next call.
+        newTokens.clear();
+        recorded.uncounted = moved.error().message;
+    }
     for (const AIProvider provider : model::allCases<AIProvider>) {
-        const auto total = tokenTotals.find(provider);
-        const UsageHistoryPoint increment{
-            .date = startOfDay(today, m_zone),
-            .provider = provider,
-            .estimatedQuotaConsumed = quotaIncrement(previous, current, provider),
-            .estimatedLocalTokens =
-                tokenDelta(provider, total != tokenTotals.end() ? total->second : 0)};
+        const UsageHistoryPoint increment{.date = startOfDay(today, m_zone),
+                                          .provider = provider,
+                                          .estimatedQuotaConsumed =
+                                              quotaIncrement(previous, current, provider),
+                                          .estimatedLocalTokens = newTokens[provider]};
         const auto point = std::ranges::find_if(history.points, [&](const UsageHistoryPoint& p) {
             return p.provider == provider && localDay(p.date, m_zone) == today;
         });
@@ -65,15 +73,7 @@ UsageHistoryRecorder::record(const std::optional<QuotaSnapshot>& previous,
     if (const auto saved = saveHistory(m_store, history); !saved) {
         return std::unexpected(saved.error());
     }
-    return history;
-}
-
-std::int64_t UsageHistoryRecorder::tokenDelta(AIProvider provider, std::int64_t total) {
-    const QString key = QStringLiteral("token-baseline.") + model::rawValue(provider);
-    const std::int64_t baseline = m_defaults.integer(key);
-    m_defaults.setInteger(key, total);
-    // The first total ever seen says nothing of when its tokens were used.
-    return baseline < 1 ? 0 : std::max<std::int64_t>(total - baseline, 0);
+    return recorded;
 }
 
 } // namespace tallyvane::history

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "history/local_token_estimator.h"
+#include "history/token_baselines.h"
 #include "history/usage_history.h"
-#include "model/defaults_store.h"
 
 #include <QtCore/QTimeZone>
 
@@ -10,27 +9,30 @@
 
 namespace tallyvane::history {
 
+/// What record() has stored.
+struct RecordedHistory {
+    UsageHistory history;
+    /// For the user: why new tokens are not in it yet. A later call adds them.
+    std::optional<QString> uncounted;
+};
+
 /// Turns one refresh into history. Made anew for each, with the time zone of the moment.
 class UsageHistoryRecorder {
 public:
-    /// `defaults` keeps the token totals last seen, as whole numbers under "token-baseline.codex"
-    /// and "token-baseline.claude".
-    UsageHistoryRecorder(const model::SharedStore& store, model::DefaultsStore& defaults,
+    UsageHistoryRecorder(const model::SharedStore& store, TokenBaselines& baselines,
                          const QTimeZone& zone)
-        : m_store(store), m_defaults(defaults), m_zone(zone) {}
+        : m_store(store), m_baselines(baselines), m_zone(zone) {}
 
     /// Adds to each provider's point of today what its weekly quota rose by from `previous` to
-    /// `current` and what its token total rose by since the last call, drops points older than 90
-    /// days and saves the file. A figure that fell adds nothing. Gives the history as saved.
-    [[nodiscard]] std::expected<UsageHistory, model::FileError>
+    /// `current` and what its token total, if there is one, rose by since the last call, drops
+    /// points older than 90 days and saves the file. A figure that fell adds nothing.
+    [[nodiscard]] std::expected<RecordedHistory, model::FileError>
     record(const std::optional<model::QuotaSnapshot>& previous, const model::QuotaSnapshot& current,
            const TokenTotals& tokenTotals, model::Timestamp now);
 
 private:
-    std::int64_t tokenDelta(model::AIProvider provider, std::int64_t total);
-
     const model::SharedStore& m_store;
-    model::DefaultsStore& m_defaults;
+    TokenBaselines& m_baselines;
     QTimeZone m_zone;
 };
 

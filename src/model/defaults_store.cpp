@@ -1,41 +1,53 @@
 #include "model/defaults_store.h"
 
-#include "model/file_io.h"
+#include "model/file_lock.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
+#include <QtCore/QThread>
+
+#include <cerrno>
 
 namespace tallyvane::model {
 
 namespace {
 
-/// Whether the file can be written anew. QSettings of Qt 6.4 takes no notice of a full disk and
-/// would leave an empty file.
-bool hasRoom(const std::filesystem::path& file) {
-    constexpr std::uintmax_t spare = 65536;
+using namespace std::chrono_literals;
+
+constexpr qsizetype maximumSize = 16 * 1024 * 1024;
+
+bool isThere(const std::filesystem::path& path) {
     std::error_code ignored;
-    const std::uintmax_t size = std::filesystem::file_size(file, ignored);
-    const std::uintmax_t needed = spare + (ignored ? 0 : size);
-    return std::filesystem::space(file.parent_path(), ignored).available >= needed;
+    return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
+}
+
+/// Others hold it only while they replace the file.
+std::expected<FileLock, std::error_code> lock(const std::filesystem::path& path) {
+    const QDeadlineTimer deadline(250ms);
+    for (;;) {
+        auto tried = FileLock::tryLock(path);
+        if (!tried) {
+            return std::unexpected(tried.error());
+        }
+        if (*tried) {
+            return *std::move(*tried);
+        }
+        if (deadline.hasExpired()) {
+            return std::unexpected(std::error_code(EBUSY, std::system_category()));
+        }
+        QThread::msleep(1);
+    }
 }
 
 } // namespace
 
-DefaultsStore::DefaultsStore(const std::filesystem::path& path)
-    : m_path(path),
-      m_settings(std::make_unique<QSettings>(QFile(path).fileName(), QSettings::IniFormat)) {}
-
 std::optional<DefaultsStore> DefaultsStore::open(const std::filesystem::path& path) {
     makePrivateDirectory(path.parent_path());
-    const QFileInfo file(path);
-    if (file.exists() && !(file.isFile() && file.isReadable() && file.isWritable())) {
-        return std::nullopt;
-    }
+    // A file is replaced by one that is written beside it.
+    const bool isWritable = (!isThere(path) || ::access(path.c_str(), W_OK) == 0) &&
+                            ::access(path.parent_path().c_str(), W_OK) == 0;
     DefaultsStore store(path);
-    if (store.m_settings->status() != QSettings::NoError || !store.m_settings->isWritable()) {
-        return std::nullopt;
-    }
-    return store;
+    return isWritable && store.read() ? std::optional(std::move(store)) : std::nullopt;
 }
 
 DefaultsStore DefaultsStore::openFirst(const std::filesystem::path& preferred,
@@ -44,50 +56,80 @@ DefaultsStore DefaultsStore::openFirst(const std::filesystem::path& preferred,
     return store ? std::move(*store) : DefaultsStore(otherwise);
 }
 
-QByteArray DefaultsStore::data(const QString& key) {
-    return get(key).toByteArray();
+QByteArray DefaultsStore::data(const QString& key) const {
+    return decodedIniBytes(encodedValue(key)).value_or(QByteArray());
 }
 
-QString DefaultsStore::text(const QString& key) {
-    return get(key).toString();
+QString DefaultsStore::text(const QString& key) const {
+    return decodedIniText(encodedValue(key)).value_or(QString());
 }
 
-std::int64_t DefaultsStore::integer(const QString& key) {
-    return get(key).toLongLong();
+std::int64_t DefaultsStore::integer(const QString& key) const {
+    return text(key).toLongLong();
 }
 
-bool DefaultsStore::flag(const QString& key) {
-    return text(key) == u"true"; // QVariant would take any word but "false" for true
+bool DefaultsStore::flag(const QString& key) const {
+    return text(key) == u"true";
 }
 
-void DefaultsStore::setData(const QString& key, const QByteArray& value) {
-    set(key, value);
+std::expected<void, FileError> DefaultsStore::setData(const QString& key, const QByteArray& value) {
+    return write({{key, encodedIniBytes(value)}});
 }
 
-void DefaultsStore::setText(const QString& key, const QString& value) {
-    set(key, value);
+std::expected<void, FileError> DefaultsStore::setText(const QString& key, const QString& value) {
+    return write({{key, encodedIniText(value)}});
 }
 
-void DefaultsStore::setInteger(const QString& key, std::int64_t value) {
-    set(key, qlonglong{value});
+std::expected<void, FileError> DefaultsStore::setFlag(const QString& key, bool value) {
+    return write({{key, value ? "true" : "false"}});
 }
 
-void DefaultsStore::setFlag(const QString& key, bool value) {
-    set(key, value);
-}
-
-QVariant DefaultsStore::get(const QString& key) {
-    m_settings->sync();
-    return m_settings->value(key);
-}
-
-void DefaultsStore::set(const QString& key, const QVariant& value) {
-    if (!hasRoom(m_path)) {
-        return;
+std::expected<void, FileError>
+DefaultsStore::setIntegers(const std::map<QString, std::int64_t>& values) {
+    std::map<QString, QByteArray> encoded;
+    for (const auto& [key, value] : values) {
+        encoded[key] = QByteArray::number(qint64{value});
     }
-    makePrivateFile(m_path); // QSettings would let others read a file that it makes
-    m_settings->setValue(key, value);
-    m_settings->sync();
+    return write(encoded);
+}
+
+std::optional<IniText> DefaultsStore::read() const {
+    if (!isThere(m_path)) {
+        return IniText();
+    }
+    const auto file = readFile(m_path, maximumSize);
+    return file ? IniText::parse(*file) : std::nullopt;
+}
+
+QByteArray DefaultsStore::encodedValue(const QString& key) const {
+    const auto ini = read();
+    return ini ? ini->value(key.toUtf8()).value_or(QByteArray()) : QByteArray();
+}
+
+std::expected<void, FileError>
+DefaultsStore::write(const std::map<QString, QByteArray>& encodedValues) {
+    if (const std::error_code error = makePrivateDirectory(m_path.parent_path())) {
+        return std::unexpected(saveError(m_path, error.value()));
+    }
+    const auto locked = lock(m_path);
+    if (!locked) {
+        return std::unexpected(saveError(m_path, locked.error().value()));
+    }
+    auto ini = read();
+    if (!ini) {
+        return std::unexpected(
+            FileError{QStringLiteral("%1 does not hold settings, and stays as it is.")
+                          .arg(QFile(m_path).fileName())});
+    }
+    const QByteArray before = ini->file();
+    for (const auto& [key, value] : encodedValues) {
+        ini->setValue(key.toUtf8(), value);
+    }
+    const QByteArray after = ini->file();
+    if (after == before) {
+        return {};
+    }
+    return saveFile(m_path, after);
 }
 
 } // namespace tallyvane::model

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace tallyvane::model {
 
@@ -13,6 +14,10 @@ public:
     /// Opens `path` by open(2); a file that it makes is for this user alone.
     FileDescriptor(const std::filesystem::path& path, int flags)
         : m_descriptor(::open(path.c_str(), flags | O_CLOEXEC, S_IRUSR | S_IWUSR)) {}
+    /// Takes over what a system call returned.
+    explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
     ~FileDescriptor() {
         if (m_descriptor >= 0) {
             ::close(m_descriptor);
@@ -20,6 +25,10 @@ public:
     }
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(m_descriptor, other.m_descriptor);
+        return *this;
+    }
 
     [[nodiscard]] int get() const { return m_descriptor; }
 

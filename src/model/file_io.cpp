@@ -3,36 +3,44 @@
 #include "model/file_descriptor.h"
 
 #include <QtCore/QFile>
-#include <QtCore/QSaveFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 
 namespace tallyvane::model {
 
 namespace {
 
+namespace fs = std::filesystem;
+
+/// Of the files that are renamed when they are whole; nobody else gives such names.
+constexpr std::string_view temporaryStart = ".tallyvane-";
+constexpr std::string_view temporaryEnd = "-XXXXXX";
+
 /// Puts the directory's entries on the disk, so that a rename in it survives a loss of power.
-void syncDirectory(const std::filesystem::path& directory) {
+void syncDirectory(const fs::path& directory) {
     const FileDescriptor descriptor(directory, O_RDONLY | O_DIRECTORY);
     if (descriptor.get() >= 0) {
         ::fsync(descriptor.get());
     }
 }
 
-FileError saveError(const std::filesystem::path& path, const QString& reason) {
-    return {QStringLiteral("Could not save %1: %2.").arg(QFile(path).fileName(), reason)};
+bool isTemporary(std::string_view name) {
+    if (!name.starts_with(temporaryStart)) {
+        return false;
+    }
+    name.remove_prefix(temporaryStart.size());
+    const std::size_t process = std::min(name.find_first_not_of("0123456789"), name.size());
+    return process > 0 && name.size() == process + temporaryEnd.size() && name[process] == '-';
 }
 
-void removeUnfinishedWrites(const std::filesystem::path& path) {
-    namespace fs = std::filesystem;
-    // As QSaveFile names them: six more characters.
-    const std::string start = path.filename().string() + '.';
+void removeUnfinishedWrites(const fs::path& directory) {
     const auto lastMinute = fs::file_time_type::clock::now() - std::chrono::minutes{1};
     std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), error)) {
-        const std::string name = entry.path().filename().string();
-        if (name.starts_with(start) && name.size() == start.size() + 6 &&
+    for (const fs::directory_entry& entry : fs::directory_iterator(directory, error)) {
+        if (isTemporary(entry.path().filename().native()) &&
             entry.symlink_status(error).type() == fs::file_type::regular &&
             entry.last_write_time(error) < lastMinute) {
             fs::remove(entry.path(), error);
@@ -40,9 +48,64 @@ void removeUnfinishedWrites(const std::filesystem::path& path) {
     }
 }
 
+/// Where the symbolic links at `path` end; the last one, where they go round in a circle.
+fs::path withoutLinks(fs::path path) {
+    constexpr int mostLinks = 40; // as the kernel has it
+    std::error_code error;
+    for (int link = 0; link < mostLinks && fs::is_symlink(path, error); ++link) {
+        path = path.parent_path() / fs::read_symlink(path, error);
+    }
+    return path;
+}
+
+/// Writes the bytes to the disk; gives the error number, or 0.
+int writeAll(int descriptor, QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const ssize_t count =
+            ::write(descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (count < 0 && errno != EINTR) {
+            return errno;
+        }
+        bytes = bytes.sliced(std::max<ssize_t>(count, 0));
+    }
+    return ::fsync(descriptor) == 0 ? 0 : errno;
+}
+
+/// Gives the error number, or 0.
+int replaceFile(const fs::path& path, const QByteArray& bytes) {
+    struct stat status{};
+    if (::stat(path.c_str(), &status) == 0) {
+        if (!S_ISREG(status.st_mode)) {
+            return S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+        }
+        if (::access(path.c_str(), W_OK) != 0) { // else the rename would override that
+            return errno;
+        }
+    }
+    std::string name = path.parent_path() / temporaryStart;
+    name.append(std::to_string(::getpid())).append(temporaryEnd);
+    const FileDescriptor file(::mkostemp(name.data(), O_CLOEXEC));
+    if (file.get() < 0) {
+        return errno;
+    }
+    int error = writeAll(file.get(), bytes);
+    if (error == 0 && ::rename(name.c_str(), path.c_str()) != 0) {
+        error = errno;
+    }
+    if (error != 0) {
+        ::unlink(name.c_str());
+    }
+    return error;
+}
+
 } // namespace
 
-std::optional<QByteArray> readFile(const std::filesystem::path& path, qsizetype maximumSize) {
+FileError saveError(const fs::path& path, int error) {
+    return {QStringLiteral("Could not save %1: %2.")
+                .arg(QFile(path).fileName(), qt_error_string(error))};
+}
+
+std::optional<QByteArray> readFile(const fs::path& path, qsizetype maximumSize) {
     const FileDescriptor descriptor(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
     struct stat status{};
     if (descriptor.get() < 0 || ::fstat(descriptor.get(), &status) != 0 ||
@@ -60,37 +123,27 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qsizetype 
     return bytes;
 }
 
-std::expected<void, FileError> writeFile(const std::filesystem::path& path,
-                                         const QByteArray& bytes) {
-    QSaveFile file(QFile(path).fileName());
-    // In Qt 6.4 commit() neither syncs the file nor minds that its last bytes found no room.
-    const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                           file.write(bytes) == bytes.size() && file.flush() &&
-                           ::fsync(file.handle()) == 0 && file.commit();
-    if (!isWritten) {
-        return std::unexpected(saveError(path, file.errorString()));
+std::expected<void, FileError> writeFile(const fs::path& path, const QByteArray& bytes) {
+    const fs::path target = withoutLinks(path);
+    if (const int error = replaceFile(target, bytes); error != 0) {
+        return std::unexpected(saveError(path, error));
     }
-    syncDirectory(path.parent_path());
+    syncDirectory(target.parent_path());
     return {};
 }
 
-std::expected<void, FileError> saveFile(const std::filesystem::path& path,
-                                        const QByteArray& bytes) {
-    if (const std::error_code error = makePrivateDirectory(path.parent_path())) {
-        return std::unexpected(saveError(path, qt_error_string(error.value())));
+std::expected<void, FileError> saveFile(const fs::path& path, const QByteArray& bytes) {
+    const fs::path directory = withoutLinks(path).parent_path();
+    if (const std::error_code error = makePrivateDirectory(directory)) {
+        return std::unexpected(saveError(path, error.value()));
     }
-    removeUnfinishedWrites(path);
+    removeUnfinishedWrites(directory);
     return writeFile(path, bytes);
 }
 
-void makePrivateFile(const std::filesystem::path& path) {
-    const FileDescriptor made(path, O_CREAT | O_WRONLY | O_NONBLOCK);
-}
-
-std::error_code makePrivateDirectory(const std::filesystem::path& directory) {
+std::error_code makePrivateDirectory(const fs::path& directory) {
     std::error_code ignored;
-    if (directory.empty() || std::filesystem::is_directory(directory, ignored)) {
+    if (directory.empty() || fs::is_directory(directory, ignored)) {
         return {};
     }
     if (const std::error_code error = makePrivateDirectory(directory.parent_path())) {

@@ -41,6 +41,16 @@ SharedStore::SharedStore(const StoreLocations& locations)
     }
 }
 
+std::expected<std::optional<FileLock>, FileError> SharedStore::tryLock() const {
+    makePrivateDirectory(m_baseURL); // someone may have removed it
+    auto lock = FileLock::tryLock(m_baseURL / "tallyvane.lock");
+    if (!lock) {
+        // What the user would miss.
+        return std::unexpected(saveError(snapshotFile(), lock.error().value()));
+    }
+    return *std::move(lock);
+}
+
 std::optional<QuotaSnapshot> SharedStore::loadSnapshot() const {
     if (auto snapshot = decoded(readFile(snapshotFile(), maximumFileSize)); snapshot) {
         return snapshot;
@@ -58,7 +68,7 @@ std::expected<void, FileError> SharedStore::saveSnapshot(const QuotaSnapshot& sn
         return saved;
     }
     if (auto suite = DefaultsStore::open(m_defaultsSuite); suite) {
-        suite->setData(mirrorKey, *json);
+        (void)suite->setData(mirrorKey, *json); // the file is what counts
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/file_io.h"
+#include "model/file_lock.h"
 #include "model/quota_snapshot.h"
 
 #include <filesystem>
@@ -10,8 +11,8 @@ namespace tallyvane::model {
 
 /// Where the store looks; made from the environment by the program's entry.
 struct StoreLocations {
-    std::filesystem::path dataHome;   ///< $XDG_DATA_HOME
-    std::filesystem::path configHome; ///< $XDG_CONFIG_HOME
+    std::filesystem::path dataHome;   ///< $XDG_DATA_HOME; absolute
+    std::filesystem::path configHome; ///< $XDG_CONFIG_HOME; absolute
 
     /// The key-value file shared with the desktop widget.
     [[nodiscard]] std::filesystem::path defaultsSuite() const;
@@ -33,6 +34,10 @@ public:
 
     [[nodiscard]] const std::filesystem::path& baseURL() const { return m_baseURL; }
     [[nodiscard]] ContainerSource containerSource() const { return m_containerSource; }
+
+    /// The right to write, which one program at a time has, in whatever session it runs; nothing
+    /// while another has it. It is a lock of tallyvane.lock beside the two files.
+    [[nodiscard]] std::expected<std::optional<FileLock>, FileError> tryLock() const;
 
     /// The stored snapshot, from quota-snapshot.json or else from its mirror in the defaults suite
     /// (key "quotaSnapshotData"); nothing when neither can be read and decoded.

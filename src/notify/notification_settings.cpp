@@ -73,9 +73,9 @@ NotificationSettings loadNotificationSettings(model::DefaultsStore& defaults) {
     return decodeNotificationSettings(defaults.data(settingsKey)).value_or(NotificationSettings{});
 }
 
-void saveNotificationSettings(model::DefaultsStore& defaults,
-                              const NotificationSettings& settings) {
-    defaults.setData(settingsKey, encodeNotificationSettings(settings));
+std::expected<void, model::FileError>
+saveNotificationSettings(model::DefaultsStore& defaults, const NotificationSettings& settings) {
+    return defaults.setData(settingsKey, encodeNotificationSettings(settings));
 }
 
 } // namespace tallyvane::notify

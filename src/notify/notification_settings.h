@@ -46,6 +46,7 @@ decodeNotificationSettings(const QByteArray& json);
 [[nodiscard]] NotificationSettings loadNotificationSettings(model::DefaultsStore& defaults);
 
 /// Replaces the stored settings.
-void saveNotificationSettings(model::DefaultsStore& defaults, const NotificationSettings& settings);
+std::expected<void, model::FileError>
+saveNotificationSettings(model::DefaultsStore& defaults, const NotificationSettings& settings);
 
 } // namespace tallyvane::notify

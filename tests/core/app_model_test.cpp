@@ -45,10 +45,11 @@ struct Desk {
         write("credentials.json", R"({"claudeAiOauth":{"accessToken":"secret"}})");
     }
 
+    /// One figure for both windows.
     void installCodex(int usedPercent) const {
-        write("codex", "#!/bin/sh\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":"
-                       "{\"usedPercent\":" +
-                           QByteArray::number(usedPercent) + "}}}}'\ncat >/dev/null\n");
+        const QByteArray window = "{\"usedPercent\":" + QByteArray::number(usedPercent) + "}";
+        write("codex", "#!/bin/sh\necho '{\"id\":1,\"result\":{\"rateLimits\":{\"primary\":" +
+                           window + ",\"secondary\":" + window + "}}}'\ncat >/dev/null\n");
     }
 
     QTemporaryDir home;
@@ -72,7 +73,7 @@ struct Desk {
 
 /// The part of a desk that is made when its files and the server are set up.
 struct Running {
-    explicit Running(Desk& desk)
+    explicit Running(Desk& desk, std::optional<model::QuotaSnapshot> shown = std::nullopt)
         : claudeClient(desk.source, desk.secrets, desk.clock),
           model({.store = desk.store,
                  .defaults = desk.defaults,
@@ -81,7 +82,8 @@ struct Running {
                  .tokenEstimator = desk.tokenEstimator,
                  .notifier = desk.notifier,
                  .widgetCentre = desk.widgetCentre,
-                 .clock = desk.clock}) {}
+                 .clock = desk.clock},
+                std::move(shown)) {}
 
     providers::ClaudeQuotaClient claudeClient;
     core::AppModel model;
@@ -196,6 +198,77 @@ private Q_SLOTS:
         };
         for (const auto& [error, text] : rows) {
             QCOMPARE(core::shortText(error).value_or(QString()), QString::fromLatin1(text));
+        }
+    }
+
+    /// As two commands at once, or a command and the program without a bus: each gain counts once.
+    void buildsUponWhatOthersStored() {
+        Desk desk(m_identity);
+        Running first(desk);
+        Running second(desk);
+        const auto refresh = [&](Running& running, int weekly) {
+            desk.installCodex(weekly);
+            return QCoro::waitFor(running.model.refresh()).outcome;
+        };
+        using Outcome = core::RefreshReport::Outcome;
+        QCOMPARE(refresh(first, 20), Outcome::published);
+        QCOMPARE(refresh(second, 40), Outcome::published);
+        QCOMPARE(refresh(first, 40), Outcome::published);
+        desk.clock.advance(-2h); // set back
+        QCOMPARE(refresh(second, 45), Outcome::published);
+        QCOMPARE(refresh(first, 45), Outcome::published);
+        QCOMPARE(first.model.history().points[0].estimatedQuotaConsumed, 20.0);
+        QCOMPARE(first.model.history().points.at(2).estimatedQuotaConsumed, 5.0);
+    }
+
+    void takesTurnsWithOthers() {
+        Desk desk(m_identity);
+        Running running(desk);
+        desk.installCodex(42);
+        const auto pass = [&desk](std::chrono::milliseconds time) {
+            for (; time > 0ms; time -= 100ms) {
+                desk.clock.advance(100ms);
+                QCoreApplication::processEvents();
+            }
+        };
+        auto lock = desk.store.tryLock();
+        auto refresh = running.model.refresh();
+        pass(59s);
+        QVERIFY(!refresh.isReady());
+        lock->reset();
+        pass(1s);
+        QCOMPARE(QCoro::waitFor(refresh).outcome, core::RefreshReport::Outcome::published);
+
+        lock = desk.store.tryLock();
+        refresh = running.model.refresh();
+        pass(61s);
+        QVERIFY(refresh.isReady());
+        QCOMPARE(QCoro::waitFor(refresh).outcome, core::RefreshReport::Outcome::notSaved);
+        QVERIFY2(running.model.lastError()->contains(u"Another program"),
+                 qPrintable(*running.model.lastError()));
+    }
+
+    /// What is on show only leaves no trace in the files.
+    void storesNothingMadeUp() {
+        Desk desk(m_identity);
+        const model::QuotaSnapshot stored = syncedSnapshot();
+        model::QuotaSnapshot madeUp = syncedSnapshot();
+        for (model::ProviderQuotaSnapshot& entry : madeUp.providers) {
+            entry.week->usedPercent = 99;
+        }
+        for (const bool isAnythingStored : {false, true}) {
+            QVERIFY(!isAnythingStored || desk.store.saveSnapshot(stored));
+            Running running(desk, madeUp);
+            QCoro::waitFor(running.model.refresh()); // both fail
+            const auto after = desk.store.loadSnapshot();
+            QVERIFY(running.model.snapshot() == after);
+            for (std::size_t i = 0; i < 2; ++i) {
+                QCOMPARE(after->providers[i].week,
+                         isAnythingStored ? stored.providers[i].week : std::nullopt);
+                QCOMPARE(running.model.history().points[i].estimatedQuotaConsumed, 0.0);
+            }
+            std::filesystem::remove_all(desk.locations.dataHome);
+            std::filesystem::remove_all(desk.locations.configHome);
         }
     }
 

@@ -28,6 +28,8 @@ struct Desk {
     model::SharedStore store{{.dataHome = root / "data", .configHome = root / "config"}};
     model::DefaultsStore defaults =
         model::DefaultsStore::openFirst(root / "config" / "suite", root / "config" / "own");
+    history::TokenBaselines baselines{defaults};
+    std::optional<QString> uncounted; ///< of the last call
     QTimeZone zone = QTimeZone::utc();
     Timestamp now = at(u"2026-03-10T12:00:00Z");
 
@@ -41,10 +43,13 @@ struct Desk {
             }
             return snapshot;
         };
-        history::UsageHistoryRecorder recorder(store, defaults, zone);
-        return recorder.record(
+        history::UsageHistoryRecorder recorder(store, baselines, zone);
+        const auto recorded = recorder.record(
             snapshot(before), snapshot(after),
             TokenTotals{{AIProvider::codex, codexTokens}, {AIProvider::claude, claudeTokens}}, now);
+        uncounted = recorded ? recorded->uncounted : std::nullopt;
+        using Result = std::expected<UsageHistory, model::FileError>;
+        return recorded ? Result(recorded->history) : Result(std::unexpected(recorded.error()));
     }
 };
 
@@ -85,6 +90,34 @@ private Q_SLOTS:
             QVERIFY(history::loadHistory(desk.store) == *history);
         }
         QCOMPARE(desk.defaults.integer(QStringLiteral("token-baseline.claude")), 7);
+    }
+
+    /// Each token once, also when the totals cannot be kept for a while.
+    void countsNothingTwice() {
+        Desk desk;
+        const auto suite = desk.root / "config" / "suite";
+        const auto tokens = [&](std::int64_t total) {
+            return desk.record(1, 1, total)->points[0].estimatedLocalTokens;
+        };
+        const auto block = [&] { // a folder of that name cannot be replaced by a file
+            std::filesystem::remove(suite);
+            std::filesystem::create_directory(suite);
+        };
+        block();
+        QCOMPARE(tokens(1000), 0);
+        QCOMPARE(tokens(1250), 0);
+        QVERIFY2(desk.uncounted && desk.uncounted->contains(u"suite"),
+                 qPrintable(desk.uncounted.value_or(QString())));
+        std::filesystem::remove(suite);
+        QCOMPARE(tokens(1300), 300);
+        QVERIFY(!desk.uncounted);
+        QCOMPARE(tokens(1300), 300);
+        block();
+        QCOMPARE(tokens(1400), 300);
+        std::filesystem::remove(suite); // and the total of 1300 with it
+        QCOMPARE(tokens(1500), 500);
+        QCOMPARE(tokens(std::numeric_limits<std::int64_t>::min()), 500);
+        QCOMPARE(tokens(std::numeric_limits<std::int64_t>::max()), 500);
     }
 
     void startsAPointPerDay() {

@@ -79,8 +79,9 @@ private Q_SLOTS:
         const Place place;
         const SharedStore store(place.locations);
         QVERIFY(store.saveSnapshot(snapshotUsing(1)));
-        DefaultsStore::open(place.locations.defaultsSuite())
-            ->setData(QStringLiteral("quotaSnapshotData"), *encodeSnapshot(snapshotUsing(2)));
+        QVERIFY(
+            DefaultsStore::open(place.locations.defaultsSuite())
+                ->setData(QStringLiteral("quotaSnapshotData"), *encodeSnapshot(snapshotUsing(2))));
         QVERIFY(store.loadSnapshot() == snapshotUsing(1));
 
         QFile file(place.snapshotFile);
@@ -130,7 +131,8 @@ private Q_SLOTS:
         filler.close();
         const auto after = store.saveSnapshot(snapshotUsing(2));
         auto suite = DefaultsStore::open(place.locations.defaultsSuite());
-        suite->setText(QStringLiteral("appearance"), QStringLiteral("dark"));
+        const auto preference =
+            suite->setText(QStringLiteral("appearance"), QStringLiteral("dark"));
         const auto mirror = suite->data(QStringLiteral("quotaSnapshotData"));
         const auto stored = store.loadSnapshot();
         suite.reset();
@@ -138,7 +140,9 @@ private Q_SLOTS:
         const auto readOnly = SharedStore({.dataHome = place.root / "new"}).saveHistory("[]");
         ::umount(place.root.c_str());
 
-        QVERIFY(before && !after);
+        QVERIFY(before && !after && !preference);
+        QVERIFY2(preference.error().message.contains(u"No space left"),
+                 qPrintable(preference.error().message));
         QVERIFY2(after.error().message.contains(u"No space left"),
                  qPrintable(after.error().message));
         QVERIFY2(!readOnly && readOnly.error().message.contains(u"Read-only"),
@@ -155,24 +159,63 @@ private Q_SLOTS:
         QVERIFY(fs::is_empty(place.locations.defaultsSuite()));
         DefaultsStore defaults = DefaultsStore::openFirst(place.locations.defaultsSuite(),
                                                           place.locations.standardDefaults());
-        defaults.setText(QStringLiteral("appearance"), QStringLiteral("dark"));
+        QVERIFY(defaults.setText(QStringLiteral("appearance"), QStringLiteral("dark")));
         QVERIFY(fs::exists(place.locations.standardDefaults()));
         QCOMPARE(defaults.text(QStringLiteral("appearance")), QStringLiteral("dark"));
     }
 
-    void clearsUnfinishedWrites() {
+    void clearsItsOwnUnfinishedWritesAlone() {
         const Place place;
         const SharedStore store(place.locations);
-        const fs::path old = place.snapshotFile.string() + ".AbCdEf";
-        const fs::path recent = place.snapshotFile.string() + ".GhIjKl";
-        const fs::path foreign = place.snapshotFile.string() + ".backup2";
-        for (const fs::path& path : {old, recent, foreign}) {
-            QVERIFY(QFile(path).open(QIODevice::WriteOnly));
-            const auto age = std::chrono::hours(path == recent ? 0 : 1);
+        const auto isThereAfterSave = [&](const char* name, std::chrono::minutes age) {
+            const fs::path path = store.baseURL() / name;
+            const bool isMade = QFile(path).open(QIODevice::WriteOnly);
             fs::last_write_time(path, fs::file_time_type::clock::now() - age);
+            return isMade && store.saveSnapshot(snapshotUsing(1)) && fs::exists(path);
+        };
+        QVERIFY(!isThereAfterSave(".tallyvane-4711-AbCdEf", std::chrono::minutes{2}));
+        QVERIFY(isThereAfterSave(".tallyvane-4711-GhIjKl", std::chrono::minutes{0}));
+        for (const char* foreign :
+             {"quota-snapshot.json.backup", "quota-snapshot.json.221121", ".tallyvane-backup",
+              ".tallyvane-4711-AbCdEf.bak", ".tallyvane--AbCdEf", "quota-snapshot.json.AbCdEf"}) {
+            QVERIFY2(isThereAfterSave(foreign, std::chrono::hours{1}), foreign);
         }
-        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
-        QVERIFY(!fs::exists(old) && fs::exists(recent) && fs::exists(foreign));
+    }
+
+    void replacesFilesAndNothingElse() {
+        const Place place;
+        const fs::path target = place.root / "elsewhere";
+        const fs::path link = place.root / "link";
+        fs::create_symlink("elsewhere", link);
+        QVERIFY(saveFile(link, "through a link"));
+        QVERIFY(fs::is_symlink(link) && *readFile(target, 99) == "through a link");
+        fs::permissions(target, fs::perms::owner_read);
+        QVERIFY(::geteuid() == 0 || !saveFile(link, "against the user's will"));
+        QCOMPARE(::mkfifo((place.root / "pipe").c_str(), 0600), 0);
+        for (const char* name : {"pipe", "."}) {
+            QVERIFY2(!saveFile(place.root / name, "x"), name);
+        }
+        QVERIFY(fs::is_fifo(place.root / "pipe"));
+    }
+
+    void locksForOneAtATime() {
+        const Place place;
+        const SharedStore store(place.locations);
+        auto first = store.tryLock();
+        QVERIFY(first && *first);
+        const auto second = store.tryLock();
+        QVERIFY(second && !*second);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::pause();
+        }
+        first->reset(); // the child has its descriptor too, and with it the lock
+        QVERIFY(!*store.tryLock());
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        QVERIFY(*store.tryLock());
+        fs::remove_all(store.baseURL());
+        QVERIFY(*store.tryLock());
     }
 
     /// A process that saves without pause is killed at a random instant, many times over.
