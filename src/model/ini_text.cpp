@@ -14,8 +14,8 @@ bool isComment(QByteArrayView line) {
 }
 
 /// The length of the logical line at the start of `text`, its line feed included. A quotation and a
-/// backslash carry a line on, but not in a comment or a section's name. Nothing when a quotation
-/// has no end.
+/// backslash carry a line on, but not in a comment or a section's name. Nothing when the text ends
+/// before the line does.
 std::optional<qsizetype> lineLength(QByteArrayView text) {
     const qsizetype feed = text.indexOf('\n');
     const qsizetype physicalLength = feed < 0 ? text.size() : feed + 1;
@@ -23,6 +23,7 @@ std::optional<qsizetype> lineLength(QByteArrayView text) {
     if (start.startsWith('[') || isComment(start)) {
         return physicalLength;
     }
+    bool isOpen = false; // goes on behind the end of the text
     bool isQuoted = false;
     for (qsizetype at = 0; at < text.size(); ++at) {
         const char character = text[at];
@@ -32,10 +33,12 @@ std::optional<qsizetype> lineLength(QByteArrayView text) {
         if (character == '"') {
             isQuoted = !isQuoted;
         } else if (character == '\\') {
-            ++at;
+            const QByteArrayView rest = text.sliced(at + 1);
+            isOpen = rest.trimmed().isEmpty();
+            at += rest.startsWith("\r\n") ? 2 : 1;
         }
     }
-    return isQuoted ? std::nullopt : std::optional(text.size());
+    return isOpen || isQuoted ? std::nullopt : std::optional(text.size());
 }
 
 bool isGeneral(QByteArrayView sectionName) {

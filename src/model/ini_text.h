@@ -16,7 +16,7 @@ public:
     IniText() = default;
 
     /// Nothing when a line is neither empty, a comment, a section nor a key with a value, or when a
-    /// quotation or a section's name has no end.
+    /// quotation, a section's name or the last line has no end.
     [[nodiscard]] static std::optional<IniText> parse(const QByteArray& file);
 
     /// The encoded value of a key outside of named sections; of several the last. Nothing when the

@@ -211,6 +211,33 @@ private Q_SLOTS:
         QCOMPARE(run({QStringLiteral("history")}).output.count(u'\n'), 3);
     }
 
+    /// Wherever the variables of the environment point, it is no place relative to this one.
+    void storesInAbsolutePlaces() {
+        const QString current = m_home->filePath(QStringLiteral("current"));
+        QVERIFY(QDir().mkdir(current));
+        QProcess program;
+        program.setWorkingDirectory(current);
+        const auto environment = QProcessEnvironment::systemEnvironment();
+        const auto storesIn = [&](const QString& home, const QString& data, const QString& file) {
+            QProcessEnvironment changed = environment;
+            changed.insert(QStringLiteral("HOME"), home);
+            changed.insert(QStringLiteral("XDG_DATA_HOME"), data);
+            changed.insert(QStringLiteral("XDG_CONFIG_HOME"), QStringLiteral("config"));
+            program.setProcessEnvironment(changed);
+            program.start(m_program, {QStringLiteral("refresh")});
+            return program.waitForFinished() && QDir(current).isEmpty() && QFile::remove(file);
+        };
+        const QString snapshot = QStringLiteral("/Gaugewell/quota-snapshot.json");
+        const QString shared = m_home->path() + QStringLiteral("/.local/share") + snapshot;
+        for (const char* data : {"", "data", "./data", "../data"}) {
+            QVERIFY2(storesIn(m_home->path(), QString::fromLatin1(data), shared), data);
+        }
+        const QString own = m_home->filePath(QStringLiteral("own"));
+        for (const char* home : {"", "home", "."}) {
+            QVERIFY2(storesIn(QString::fromLatin1(home), own, own + snapshot), home);
+        }
+    }
+
     void tellsWhatItCouldNotStore() {
         QFile obstacle(m_home->filePath(QStringLiteral("data")));
         QVERIFY(obstacle.open(QIODevice::WriteOnly));

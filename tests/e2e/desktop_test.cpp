@@ -194,6 +194,25 @@ private Q_SLOTS:
         }
     }
 
+    void clearsItsOwnPicturesAlone() {
+        const QString folder =
+            qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/tallyvane/");
+        const QString ours = QStringLiteral("gauges-%1-symbolic.svg").arg(QString(32, u'0'));
+        const QString foreign = QStringLiteral("gauges-mine-symbolic.svg");
+        for (const QString& name : {ours, foreign}) {
+            tests::writeFile(folder + name, "x");
+        }
+        {
+            const Tallyvane program({QStringLiteral("--background")});
+            QTRY_COMPARE_WITH_TIMEOUT(
+                call("org.freedesktop.DBus", "/",
+                     "org.freedesktop.DBus.NameHasOwner org.corvelle.Tallyvane"),
+                "(true,)\n", patience);
+        }
+        QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{foreign});
+        QDir(folder).removeRecursively();
+    }
+
     void goesOnWhenItIsReplaced() {
         const QString source = QFileInfo(QStringLiteral(TALLYVANE_PROGRAM)).path();
         const QDir installed(qEnvironmentVariable("HOME") + QStringLiteral("/.local"));

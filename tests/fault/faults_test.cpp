@@ -10,6 +10,8 @@
 #include <QtCore/QRandomGenerator>
 #include <QtNetwork/QUdpSocket>
 
+#include <sys/mount.h>
+
 using namespace tallyvane;
 using namespace std::chrono_literals;
 using tests::httpReply;
@@ -39,6 +41,7 @@ struct Run {
     QString home;
     std::unique_ptr<tests::TlsServer> server;
     QProcess program;
+    QProcess other; ///< a second one in the same home
 
     void signIn(const QByteArray& accessToken, std::chrono::seconds life) const {
         const auto expiry = (std::chrono::system_clock::now() + life).time_since_epoch() / 1ms;
@@ -52,8 +55,39 @@ struct Run {
         QFile::link(program, home + QStringLiteral("/.local/bin/codex"));
     }
 
+    /// Lets codex tell of a hundredth more of the weekly quota and of ten tokens more each time.
+    void installRisingCodex() const {
+        tests::writeFile(home + QStringLiteral("/.local/bin/codex"), R"(#!/bin/sh
+n=$(($(cat "$HOME/served") + 1))
+echo $n >"$HOME/served-$$" && mv "$HOME/served-$$" "$HOME/served"
+echo '{"payload":{"type":"token_count","info":{"total_token_usage":{"total_tokens":'$((n * 10))'}}}}' \
+    >>"$HOME/.codex/sessions/log.jsonl"
+echo '{"id":1,"result":{"rateLimits":{"secondary":{"usedPercent":'$n'e-2}}}}'
+cat
+)");
+        tests::writeFile(home + QStringLiteral("/served"), "0");
+        tests::writeFile(home + QStringLiteral("/.codex/sessions/log.jsonl"), {});
+    }
+
+    /// Whether the history holds something, and no more than that codex has told of.
+    [[nodiscard]] bool countsNothingTwice() const {
+        const auto history = history::decodeHistory(
+            tests::readFile(home + QStringLiteral("/data/Gaugewell/usage-history.json")));
+        const int served = tests::readFile(home + QStringLiteral("/served")).trimmed().toInt();
+        double quota = 0;
+        std::int64_t tokens = 0;
+        for (const auto& point : history.value_or(history::UsageHistory()).points) {
+            quota += point.estimatedQuotaConsumed;
+            tokens += point.estimatedLocalTokens;
+        }
+        qInfo() << served << "times:" << quota << "%," << tokens << "tokens";
+        return quota > 0 && quota < (served - 1) * 0.01 + 1e-9 && tokens > 0 &&
+               tokens <= (served - 1) * 10;
+    }
+
     /// Runs a command line of the shell that has the program as $0.
-    void start(const char* command) {
+    void start(const char* command) { start(command, program); }
+    void start(const char* command, QProcess& program) const {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("HOME"), home);
         environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/data"));
@@ -218,26 +252,36 @@ private Q_SLOTS:
 
     void leavesNoProcess() { QTRY_COMPARE_WITH_TIMEOUT(processes(), 0, patience); }
 
+    /// Two programs at once in each home, and their ends at any time.
     void survivesKillsAtAnyInstant() {
         ScriptedReply reply = httpReply(200, usage);
         reply.ending = ScriptedReply::Ending::alwaysCloses;
-        std::array<Run*, 4> runs{};
+        std::array<Run*, 2> runs{};
+        QList<QProcess*> programs;
         for (Run*& run : runs) {
             m_runs.push_back(makeRun({.replies = {reply}, .codex = "replies"}));
             run = m_runs.back().get();
+            run->installRisingCodex();
+            programs << &run->program << &run->other;
         }
         tests::PrivateNetwork::replace("/etc/hosts",
                                        tests::readFile(runs[0]->home + QStringLiteral("/hosts")));
-        const auto haveEnded = [&runs] {
-            return std::ranges::all_of(
-                runs, [](Run* run) { return run->program.state() == QProcess::NotRunning; });
-        };
-        const auto refreshAll = [&] {
+        const auto startAll = [&runs] {
             for (Run* run : runs) {
                 run->start("exec \"$0\" refresh");
+                run->start("exec \"$0\" refresh", run->other);
             }
+        };
+        const auto haveEnded = [&programs] {
+            return std::ranges::all_of(programs, [](const QProcess* program) {
+                return program->state() == QProcess::NotRunning;
+            });
+        };
+        const auto refreshAll = [&] {
+            startAll();
             return QTest::qWaitFor(haveEnded, patience) &&
-                   std::ranges::all_of(runs, [](Run* run) { return run->program.exitCode() == 0; });
+                   std::ranges::all_of(
+                       programs, [](const QProcess* program) { return program->exitCode() == 0; });
         };
         QElapsedTimer timer;
         timer.start();
@@ -249,9 +293,9 @@ private Q_SLOTS:
         int kills = 0;
         while (kills < FAULT_ROUNDS) {
             const QObject scope; // no kill outlives its round
-            for (Run* run : runs) {
-                run->start("exec \"$0\" refresh");
-                QTimer::singleShot(random.bounded(length), &scope, [run] { run->program.kill(); });
+            startAll();
+            for (QProcess* program : programs) {
+                QTimer::singleShot(random.bounded(length), &scope, [program] { program->kill(); });
             }
             QTRY_VERIFY_WITH_TIMEOUT(haveEnded(), patience);
             for (const Run* run : runs) {
@@ -261,12 +305,54 @@ private Q_SLOTS:
                             (run->home + QStringLiteral("/config/group.corvelle.Gaugewell.conf"))
                                 .toStdString()),
                     qPrintable(QString::number(seed)));
-                kills += run->program.exitStatus() == QProcess::CrashExit ? 1 : 0;
             }
+            kills += static_cast<int>(
+                std::ranges::count(programs, QProcess::CrashExit, &QProcess::exitStatus));
         }
         qInfo() << kills << "kills within" << length << "ms, seed" << seed;
         QVERIFY(refreshAll());
+        for (const Run* run : runs) {
+            QVERIFY(run->countsNothingTwice());
+        }
         leavesNoProcess();
+    }
+
+    /// Sometimes there is room for one of the program's files and not for another.
+    void countsOnceOnANearlyFullDisk() {
+        m_runs.push_back(makeRun({}));
+        Run& run = *m_runs.back();
+        run.installRisingCodex();
+        const quint32 seed = QRandomGenerator::global()->generate();
+        qInfo() << "seed" << seed;
+        QRandomGenerator random(seed);
+        const QStringList places{run.home + QStringLiteral("/data"),
+                                 run.home + QStringLiteral("/config")};
+        for (const QString& place : places) {
+            QVERIFY(QDir().mkpath(place));
+            QCOMPARE(::mount("none", QFile::encodeName(place).constData(), "tmpfs", 0, "size=64k"),
+                     0);
+        }
+        const auto leaveRoom = [](const QString& place, qsizetype pages) {
+            constexpr qsizetype pageSize = 4096;
+            QFile filler(place + QStringLiteral("/filler"));
+            filler.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::Append);
+            while (filler.write(QByteArray(pageSize, 'x')) == pageSize) {
+            }
+            filler.resize(std::max<qint64>(filler.size() - pages * pageSize, 0));
+        };
+        int failures = 0;
+        for (int round = 0; round < FAULT_ROUNDS / 5; ++round) {
+            for (const QString& place : places) {
+                leaveRoom(place, random.bounded(7));
+            }
+            run.start("exec \"$0\" refresh");
+            QTRY_COMPARE_WITH_TIMEOUT(run.program.state(), QProcess::NotRunning, patience);
+            failures += run.program.exitCode() == 1 ? 1 : 0;
+        }
+        QVERIFY(failures > 0 && run.countsNothingTwice());
+        for (const QString& place : places) {
+            ::umount(QFile::encodeName(place).constData());
+        }
     }
 
     void keepsTheTokenToItself() {

@@ -114,6 +114,7 @@ private Q_SLOTS:
         QTest::newRow("only that") << QByteArray("garbage");
         QTest::newRow("section without end") << QByteArray("[General\nkey=1\n");
         QTest::newRow("quotation without end") << QByteArray("key=\"1\n[Other]\nx=1\n");
+        QTest::newRow("last line goes on") << QByteArray("x=1\\");
         QTest::newRow("binary") << QByteArray("key=\0\x01\n", 7);
     }
     void leavesAloneWhatIsNoSettings() {
