@@ -131,10 +131,10 @@ QString maskedAddresses(const QString& text) {
     // Wider than what mail servers take, except that numbers alone are no domain: they would be
     // the version of a package.
     static const QRegularExpression address = [] {
-        const QString word = QStringLiteral(R"([^\s@%:;,/=?&"'`<>()[\]{}|])");
+        const QString around = QStringLiteral(R"(\s@%:;,/=?&"`<>()[\]{}|)");
         return QRegularExpression(
-            QStringLiteral(R"((?<!%1)%1(?:%1|')*+(?:@|%40)(?=[\w.-]*\pL)[\w-]+(?:\.[\w-]+)*)")
-                .replace(QStringLiteral("%1"), word),
+            QStringLiteral(R"((?<![^%1'])[^%1'][^%1]*+(?:@|%40)(?=[\w.-]*\pL)[\w-]+(?:\.[\w-]+)*)")
+                .replace(QStringLiteral("%1"), around),
             QRegularExpression::CaseInsensitiveOption |
                 QRegularExpression::UseUnicodePropertiesOption);
     }();
