@@ -18,7 +18,8 @@ bool isHexDigit(char character) {
            (character >= 'A' && character <= 'F');
 }
 
-/// Walks over the tokens of a text. Each skip is false, at any place, where its token is not.
+/// Walks over the tokens of a text. A skip is false where its token is not, and then may have gone
+/// a part of the way, except the one of a single character: the text is not valid.
 class Walker {
 public:
     explicit Walker(std::string_view rest) : m_rest(rest) {}
@@ -109,8 +110,18 @@ private:
     }
 
     bool skipScalar() {
-        return skipString() || skipWord("true") || skipWord("false") || skipWord("null") ||
-               skipNumber();
+        switch (m_rest.empty() ? '\0' : m_rest.front()) {
+        case '"':
+            return skipString();
+        case 't':
+            return skipWord("true");
+        case 'f':
+            return skipWord("false");
+        case 'n':
+            return skipWord("null");
+        default:
+            return skipNumber();
+        }
     }
 
     bool skipEscaped() {

@@ -102,11 +102,12 @@ private Q_SLOTS:
         inCodex("fraction past all range", beside("[1e999,-1E+999,1e-999]"), 7);
         inCodex("deep", beside(QByteArray(50'000, '[') + QByteArray(50'000, ']')), 7);
         inCodex("long", beside('"' + QByteArray(3'000'000, 'x') + '"'), 7);
-        for (const char* bad :
-             {"01",    "1.",      ".5",         "+1",      "1e",        "-",           "0x1",
-              "truex", "NaN",     "\"\t\"",     R"("\x")", R"("\u12")", R"("\u12g4")", "[1,]",
-              "[,]",   "{\"a\"}", "{\"a\":1,}", "{1:1}",   "'a'",       "[1}",         "/**/1",
-              "1\f",   "\"",      "[",          "",        "\"\\"}) {
+        for (const char* bad : {"01",      "1.",         ".5",          "+1",     "1e",
+                                "-",       "0x1",        "truex",       "NaN",    "\"\t\"",
+                                R"("\x")", R"("\u12")",  R"("\u12g4")", "[1,]",   "[,]",
+                                "{\"a\"}", "{\"a\":1,}", "{1:1}",       "'a'",    "[1}",
+                                "/**/1",   "1\f",        "\"",          "[",      "",
+                                "\"\\",    "\"\tnull",   "\"\\u12g41",  "[\"\t1]"}) {
             inCodex(bad, beside(bad) + '\n' + total("4"), 4);
         }
         const std::pair<const char*, qint64> numbers[] = {
