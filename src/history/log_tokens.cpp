@@ -125,6 +125,9 @@ LineTokenReader::~LineTokenReader() = default;
 
 TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
     static_assert(padding >= simdjson::SIMDJSON_PADDING);
+    if (line.starts_with("\xEF\xBB\xBF")) {
+        return {}; // no JSON (RFC 8259), but newer versions of the parser pass over it
+    }
     simdjson::dom::element element;
     if (line.size() <= maximumParsedSize &&
         m_parser->parse(line.data(), line.size(), false).get(element) == simdjson::SUCCESS) {
