@@ -182,8 +182,8 @@ bool spells(std::string_view source, std::string_view text) {
     return source.empty();
 }
 
-/// A number's integer part, exactly, or the nearest value in range.
-std::int64_t truncated(std::string_view number) {
+/// A number's integer part, exactly.
+std::optional<std::int64_t> truncated(std::string_view number) {
     const bool isNegative = number.starts_with('-');
     number.remove_prefix(isNegative ? 1 : 0);
     const std::size_t end = std::min(number.find_first_of("eE"), number.size());
@@ -200,8 +200,6 @@ std::int64_t truncated(std::string_view number) {
     std::string digits(number.substr(0, point));
     digits += number.substr(std::min(point + 1, number.size()));
 
-    const std::int64_t limit = isNegative ? std::numeric_limits<std::int64_t>::min()
-                                          : std::numeric_limits<std::int64_t>::max();
     // No text is so long that this limit tells.
     exponent = std::clamp<std::int64_t>(exponent, std::numeric_limits<std::int32_t>::min(),
                                         std::numeric_limits<std::int32_t>::max());
@@ -215,7 +213,7 @@ std::int64_t truncated(std::string_view number) {
         const int digit = isPastDigits ? 0 : digits[static_cast<std::size_t>(i)] - '0';
         if (__builtin_mul_overflow(value, 10, &value) ||
             __builtin_add_overflow(value, isNegative ? -digit : digit, &value)) {
-            return limit;
+            return std::nullopt;
         }
     }
     return value;

@@ -43,8 +43,6 @@ public:
         switch (m_element.type()) {
         case element_type::INT64:
             return m_element.get_int64().value_unsafe();
-        case element_type::UINT64:
-            return std::numeric_limits<std::int64_t>::max();
         case element_type::BOOL:
             return m_element.get_bool().value_unsafe() ? 1 : 0;
         case element_type::DOUBLE:
