@@ -1,5 +1,7 @@
 #include "app/terminal.h"
 
+#include "model/foreign_text.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <unistd.h>
@@ -29,7 +31,8 @@ bool print(const QString& text) {
 }
 
 void printError(const QString& message) {
-    write(stderr, QStringLiteral("tallyvane: %1\n").arg(message));
+    const QString text = isTerminal(stderr) ? message : model::maskedAddresses(message);
+    write(stderr, QStringLiteral("tallyvane: %1\n").arg(text));
 }
 
 void endProgram(int exitCode) {

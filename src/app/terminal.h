@@ -14,7 +14,8 @@ enum class ExitCode { success = 0, failure = 1, usage = 2, providerFailed = 3, n
 /// Writes to standard output; false, after a message, when the text could not be written whole.
 [[nodiscard]] bool print(const QString& text);
 
-/// Writes "tallyvane: " and the message to standard error.
+/// Writes "tallyvane: " and the message to standard error; with e-mail addresses masked when that
+/// is no terminal but, say, the journal, which keeps what it gets.
 void printError(const QString& message);
 
 /// Ends the program with nothing but its output flushed. The usual end would wait for the name of a

@@ -18,7 +18,8 @@ bool isHexDigit(char character) {
            (character >= 'A' && character <= 'F');
 }
 
-/// Walks over the tokens of a text. Each skip is false, at any place, where its token is not.
+/// Walks over the tokens of a text. A skip is false where its token is not, and then may have gone
+/// a part of the way, except the one of a single character: the text is not valid.
 class Walker {
 public:
     explicit Walker(std::string_view rest) : m_rest(rest) {}
@@ -109,8 +110,18 @@ private:
     }
 
     bool skipScalar() {
-        return skipString() || skipWord("true") || skipWord("false") || skipWord("null") ||
-               skipNumber();
+        switch (m_rest.empty() ? '\0' : m_rest.front()) {
+        case '"':
+            return skipString();
+        case 't':
+            return skipWord("true");
+        case 'f':
+            return skipWord("false");
+        case 'n':
+            return skipWord("null");
+        default:
+            return skipNumber();
+        }
     }
 
     bool skipEscaped() {
@@ -171,8 +182,8 @@ bool spells(std::string_view source, std::string_view text) {
     return source.empty();
 }
 
-/// A number's integer part, exactly, or the nearest value in range.
-std::int64_t truncated(std::string_view number) {
+/// A number's integer part, exactly.
+std::optional<std::int64_t> truncated(std::string_view number) {
     const bool isNegative = number.starts_with('-');
     number.remove_prefix(isNegative ? 1 : 0);
     const std::size_t end = std::min(number.find_first_of("eE"), number.size());
@@ -189,8 +200,6 @@ std::int64_t truncated(std::string_view number) {
     std::string digits(number.substr(0, point));
     digits += number.substr(std::min(point + 1, number.size()));
 
-    const std::int64_t limit = isNegative ? std::numeric_limits<std::int64_t>::min()
-                                          : std::numeric_limits<std::int64_t>::max();
     // No text is so long that this limit tells.
     exponent = std::clamp<std::int64_t>(exponent, std::numeric_limits<std::int32_t>::min(),
                                         std::numeric_limits<std::int32_t>::max());
@@ -204,7 +213,7 @@ std::int64_t truncated(std::string_view number) {
         const int digit = isPastDigits ? 0 : digits[static_cast<std::size_t>(i)] - '0';
         if (__builtin_mul_overflow(value, 10, &value) ||
             __builtin_add_overflow(value, isNegative ? -digit : digit, &value)) {
-            return limit;
+            return std::nullopt;
         }
     }
     return value;

@@ -21,8 +21,8 @@ public:
     /// Whether this is the string `text`, of lower-case letters and underscores.
     [[nodiscard]] bool isString(std::string_view text) const;
 
-    /// A number without its fraction, or the nearest one in range; true as 1 and false as 0.
-    /// Nothing when this is anything else.
+    /// A number without its fraction; true as 1 and false as 0. Nothing when that is out of range
+    /// or this is anything else.
     [[nodiscard]] std::optional<std::int64_t> integer() const;
 
 private:

@@ -43,8 +43,6 @@ public:
         switch (m_element.type()) {
         case element_type::INT64:
             return m_element.get_int64().value_unsafe();
-        case element_type::UINT64:
-            return std::numeric_limits<std::int64_t>::max();
         case element_type::BOOL:
             return m_element.get_bool().value_unsafe() ? 1 : 0;
         case element_type::DOUBLE:
@@ -125,6 +123,9 @@ LineTokenReader::~LineTokenReader() = default;
 
 TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
     static_assert(padding >= simdjson::SIMDJSON_PADDING);
+    if (line.starts_with("\xEF\xBB\xBF")) {
+        return {}; // no JSON (RFC 8259), but newer versions of the parser pass over it
+    }
     simdjson::dom::element element;
     if (line.size() <= maximumParsedSize &&
         m_parser->parse(line.data(), line.size(), false).get(element) == simdjson::SUCCESS) {

@@ -21,7 +21,8 @@ struct TokenSum {
 };
 
 /// What one line of a session log says; 0 unless all of it is a JSON object (RFC 8259) of the kind
-/// that counts. The last of several members of one name is meant.
+/// that counts. The last of several members of one name is meant. A field that is no number, or one
+/// whose integer part is beyond 64 bits, is as if it were not there.
 ///
 /// Codex (CLI 0.169): the session's tokens so far, payload.info.total_token_usage.total_tokens,
 /// else input_tokens + output_tokens there, where payload.type is "token_count".

@@ -1,5 +1,7 @@
 #include "model/quota_snapshot.h"
 
+#include "model/foreign_text.h"
+
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 
@@ -8,6 +10,9 @@
 namespace tallyvane::model {
 
 namespace {
+
+/// A status message stands in one line beside a bar.
+constexpr qsizetype maximumStatusMessageLength = 256;
 
 QJsonObject toJson(const QuotaWindowSnapshot& window) {
     QJsonObject json{{QStringLiteral("usedPercent"), window.usedPercent}};
@@ -48,15 +53,23 @@ std::optional<QuotaWindowSnapshot> readWindow(const JsonReader& entry, QLatin1St
                                    window->optionalTimestamp(QLatin1StringView{"resetsAt"})};
 }
 
+/// Any program may have written the file.
+std::optional<QString> readLine(const JsonReader& entry, QLatin1StringView key,
+                                qsizetype maximumLength) {
+    const std::optional<QString> text = entry.optionalText(key);
+    return text ? std::optional(readableLine(*text, maximumLength)) : std::nullopt;
+}
+
 ProviderQuotaSnapshot readEntry(const JsonReader& entry) {
     return {
         .provider = entry.enumeration<AIProvider>(QLatin1StringView{"provider"}),
-        .planName = entry.optionalText(QLatin1StringView{"planName"}),
+        .planName = readLine(entry, QLatin1StringView{"planName"}, maximumPlanNameLength),
         .fiveHour = readWindow(entry, QLatin1StringView{"fiveHour"}),
         .week = readWindow(entry, QLatin1StringView{"week"}),
         .syncedAt = entry.optionalTimestamp(QLatin1StringView{"syncedAt"}),
         .syncState = entry.enumeration<QuotaSyncState>(QLatin1StringView{"syncState"}),
-        .statusMessage = entry.optionalText(QLatin1StringView{"statusMessage"}),
+        .statusMessage =
+            readLine(entry, QLatin1StringView{"statusMessage"}, maximumStatusMessageLength),
     };
 }
 

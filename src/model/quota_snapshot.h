@@ -83,7 +83,8 @@ struct QuotaSnapshot {
 [[nodiscard]] std::expected<QByteArray, EncodeError> encodeSnapshot(const QuotaSnapshot& snapshot);
 
 /// Reads those bytes. Any `schemaVersion` is accepted; a missing required key, a value of the
-/// wrong type, an unknown enumeration text or a malformed date fails the whole.
+/// wrong type, an unknown enumeration text or a malformed date fails the whole. Texts are made
+/// readable lines: of 64 characters a plan's name, of 256 a status message.
 [[nodiscard]] std::expected<QuotaSnapshot, DecodeError> decodeSnapshot(const QByteArray& json);
 
 } // namespace tallyvane::model

@@ -1,5 +1,6 @@
 #include "providers/process_runner.h"
 
+#include "model/foreign_text.h"
 #include "providers/child_guardian.h"
 
 #include <QCoro/QCoroFuture>
@@ -15,7 +16,8 @@ namespace tallyvane::providers {
 namespace {
 
 std::unexpected<ProcessRunnerError> launchFailed(const QString& reason) {
-    return std::unexpected(ProcessRunnerError{ProcessRunnerError::Kind::launchFailed, reason});
+    return std::unexpected(
+        ProcessRunnerError{ProcessRunnerError::Kind::launchFailed, model::readableText(reason)});
 }
 
 /// A child that talks to `collector` and is torn down, without being waited for, with this object.

@@ -16,7 +16,7 @@ struct ProcessRunnerError {
     };
 
     Kind kind = Kind::timedOut;
-    QString text;
+    QString text;             ///< readable, whoever wrote it
     std::int32_t status = -1; ///< of `failed` alone; -1 as no exit status is ever read
 
     bool operator==(const ProcessRunnerError&) const = default;

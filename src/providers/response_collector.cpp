@@ -1,5 +1,6 @@
 #include "providers/response_collector.h"
 
+#include "model/foreign_text.h"
 #include "providers/json_members.h"
 
 #include <QtCore/QStringDecoder>
@@ -42,7 +43,8 @@ void ResponseCollector::timeoutFired() {
     // The decoder keeps a cut last character to itself instead of calling it an error.
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder.decode(m_error);
-    const QString message = decoder.hasError() ? QString{} : text.trimmed();
+    const QStringView words = decoder.hasError() ? QStringView() : QStringView(text).trimmed();
+    const QString message = model::readableText(words).trimmed();
     using Kind = ProcessRunnerError::Kind;
     finish(std::unexpected(
         ProcessRunnerError{message.isEmpty() ? Kind::timedOut : Kind::failed, message}));

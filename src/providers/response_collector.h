@@ -32,8 +32,8 @@ public:
     /// Takes the next bytes of standard error.
     void appendError(QByteArrayView chunk);
 
-    /// Ends the exchange: with `failed` and the trimmed standard error if that is UTF-8 text other
-    /// than white space, else with `timedOut`.
+    /// Ends the exchange: with `failed` and the trimmed standard error, made readable, if that is
+    /// UTF-8 text in which something can be read, else with `timedOut`.
     void timeoutFired();
 
     /// Ends the exchange with `result`, unless it has ended.

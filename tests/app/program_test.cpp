@@ -165,11 +165,12 @@ private Q_SLOTS:
         installCodex(
             R"(echo '{"id":1,"result":{"rateLimits":{"primary":{"usedPercent":42}}}}'; cat)");
         QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
-        installCodex(R"(echo '{"error":{"code":-32600,"message":"not signed in"},"id":1}'; cat)");
+        installCodex(R"(echo '{"error":{"message":"me@example.com: not signed in"},"id":1}'; cat)");
         const Run failed = run({QStringLiteral("refresh")});
         QCOMPARE(failed.exitCode, 3);
-        QVERIFY2(failed.error.contains(u"Codex: Command failed (-1): not signed in\n"),
-                 qPrintable(failed.error));
+        QVERIFY2(
+            failed.error.contains(u"Codex: Command failed (-1): (e-mail address): not signed in\n"),
+            qPrintable(failed.error));
         QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
         QVERIFY(!run({QStringLiteral("status"), QStringLiteral("--json")})
                      .output.contains(u"not signed in"));

@@ -102,11 +102,12 @@ private Q_SLOTS:
         inCodex("fraction past all range", beside("[1e999,-1E+999,1e-999]"), 7);
         inCodex("deep", beside(QByteArray(50'000, '[') + QByteArray(50'000, ']')), 7);
         inCodex("long", beside('"' + QByteArray(3'000'000, 'x') + '"'), 7);
-        for (const char* bad :
-             {"01",    "1.",      ".5",         "+1",      "1e",        "-",           "0x1",
-              "truex", "NaN",     "\"\t\"",     R"("\x")", R"("\u12")", R"("\u12g4")", "[1,]",
-              "[,]",   "{\"a\"}", "{\"a\":1,}", "{1:1}",   "'a'",       "[1}",         "/**/1",
-              "1\f",   "\"",      "[",          "",        "\"\\"}) {
+        for (const char* bad : {"01",      "1.",         ".5",          "+1",     "1e",
+                                "-",       "0x1",        "truex",       "NaN",    "\"\t\"",
+                                R"("\x")", R"("\u12")",  R"("\u12g4")", "[1,]",   "[,]",
+                                "{\"a\"}", "{\"a\":1,}", "{1:1}",       "'a'",    "[1}",
+                                "/**/1",   "1\f",        "\"",          "[",      "",
+                                "\"\\",    "\"\tnull",   "\"\\u12g41",  "[\"\t1]"}) {
             inCodex(bad, beside(bad) + '\n' + total("4"), 4);
         }
         const std::pair<const char*, qint64> numbers[] = {
@@ -116,19 +117,24 @@ private Q_SLOTS:
             {"0.9999999999999999999999", 0},
             {"9007199254740993.5", 9007199254740993},
             {"9223372036854775807", greatest},
-            {"9223372036854775808", greatest},
-            {"18446744073709551615", greatest},
-            {"18446744073709551616", greatest},
-            {"1e400", greatest},
-            {"1e99999999999999999999", greatest},
+            {"9223372036854775807.9", greatest},
+            {"922337203685477580700e-2", greatest},
             {"1e-99999999999999999999", 0},
             {"0e99999999999999999999", 0},
             {"0.00000000000000000001e+21", 10},
-            {"-1e400", 0},
             {"-0", 0},
         };
         for (const auto& [number, expected] : numbers) {
             inCodex(number, total(number), expected);
+        }
+        for (const char* beyond :
+             {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
+              "18446744073709551616", "123456789012345678901234567890.5", "1e30", "-1e30", "1e400",
+              "-1e400", "1e99999999999999999999", "9223372036854775808.0"}) {
+            const QByteArray fields = QByteArray(R"("input_tokens":3,"output_tokens":)") + beyond;
+            const QByteArray all = R"("total_tokens":)" + QByteArray(beyond) + ',' + fields;
+            inCodex(beyond, codex('{' + all + '}'), 3);
+            inClaude(beyond, claude(beyond) + '\n' + claude("4"), 4);
         }
         inCodex("not UTF-8", total("4") + "\n\xFF", std::nullopt);
         inCodex("an escaped surrogate, raw", total("4") + "\n\xED\xA0\x80", std::nullopt);
@@ -145,6 +151,7 @@ private Q_SLOTS:
         inClaude("role only", R"({"message":{"role":"assistant","usage":{"input_tokens":3}}})", 0);
         inClaude("no usage", R"({"type":"assistant","message":{"usage":7}})", 0);
         inClaude("not a number", claude("null") + '\n' + claude("\"5\"") + '\n' + claude("4"), 4);
+        inClaude("least", claude("-9223372036854775808.5"), std::numeric_limits<qint64>::min());
         inClaude("negative", claude("-3.7") + '\n' + claude("5"), 2);
         inClaude("escaped type", claude("3").replace("assistant", "a\\u0073sist\\u0061nt"), 3);
         inClaude("codex line", total("3"), 0);

@@ -29,6 +29,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("rateLimits");
         QTest::addColumn<ProviderQuotaSnapshot>("expected"); // plan name and windows
 
+        const QByteArray endlessPlan = "{\"planType\":\"" + QByteArray(1'000'000, 'A') + "\"}";
         const auto row = [](const char* name, const char* rateLimits,
                             const ProviderQuotaSnapshot& expected) {
             QTest::newRow(name) << QByteArray(rateLimits) << expected;
@@ -66,6 +67,10 @@ private Q_SLOTS:
             R"({"primary":{"usedPercent":6,"windowDurationMins":-1e300,"resetsAt":1e300},
                 "secondary":{"usedPercent":7,"windowDurationMins":1e300,"resetsAt":0}})",
             {.fiveHour = window(6), .week = window(7, seconds{0})});
+        row("a hostile plan", "{\"planType\":\"\\u001b[31mTEAM\\u202e_\\npro_\\ud800\"}",
+            {.planName = QStringLiteral("Team  Pro ")});
+        row("an endless plan", endlessPlan.constData(),
+            {.planName = QString(u'A') + QString(55, u'a') + QStringLiteral(" … (cut)")});
         row("members of other types",
             R"({"primary":{"usedPercent":"8"},"secondary":[9],"planType":1})", {});
     }
@@ -94,6 +99,14 @@ private Q_SLOTS:
         QTest::newRow("error without a message")
             << QByteArray(R"({"error":{"message":7},"result":{"rateLimits":{}}})")
             << QStringLiteral("Command failed (-1): Codex returned an unknown error.");
+        QTest::newRow("hostile error")
+            << QByteArray(
+                   "{\"error\":{\"message\":\"\\u001b]0;x\\u0007no\\u009b2K\\u202e.\\n\\ud800\"}}")
+            << QStringLiteral("Command failed (-1): no.\n");
+        QTest::newRow("endless error")
+            << "{\"error\":{\"message\":\"" + QByteArray(1'000'000, 'n') + "\"}}"
+            << QStringLiteral("Command failed (-1): ") + QString(4088, u'n') +
+                   QStringLiteral(" … (cut)");
         QTest::newRow("no result") << QByteArray(R"({"error":"no object"})") << corrupt;
         QTest::newRow("no limits") << QByteArray(R"({"result":{"rateLimits":null}})") << corrupt;
     }

@@ -58,6 +58,12 @@ private Q_SLOTS:
             timedOut);
         row("standard error", {}, {"  bo", "om \n"}, QStringLiteral("Command failed (-1): boom"));
         row("blank standard error", {}, {" \n"}, timedOut);
+        row("coloured standard error", {}, {"\x1b[31mbo\x1b[1;4mom\x1b]0;x\a \n\x1b[0m\n"},
+            QStringLiteral("Command failed (-1): boom"));
+        row("nothing but colours on standard error", {}, {"\x1b[0m\n\x1b[K"}, timedOut);
+        row("much standard error", {}, {"boom", QByteArray(1'000'000, 'm')},
+            QStringLiteral("Command failed (-1): boom") + QString(4084, u'm') +
+                QStringLiteral(" … (cut)"));
         row("standard error that is not text", {}, {"boom \xff\xfe boom"}, timedOut);
         row("long standard error, cut within a character", {},
             {QByteArray(ResponseCollector::maximumErrorSize - 5, ' '), "boom\xc3\xa9", "more"},

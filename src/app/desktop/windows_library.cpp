@@ -1,5 +1,7 @@
 #include "app/desktop/windows_library.h"
 
+#include "model/foreign_text.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 
@@ -22,7 +24,7 @@ WindowsLibrary::makeWindows(const WindowsContext& context) const {
     void* function = library == nullptr ? nullptr : ::dlsym(library, "tallyvaneMakeWindows");
     if (function == nullptr) {
         return std::unexpected(QStringLiteral("The windows could not be loaded: %1")
-                                   .arg(QString::fromLocal8Bit(::dlerror())));
+                                   .arg(model::readableText(QString::fromLocal8Bit(::dlerror()))));
     }
     return std::unique_ptr<Windows>(
         reinterpret_cast<decltype(&tallyvaneMakeWindows)>(function)(context));

@@ -1,5 +1,6 @@
 #include "providers/codex/rate_limits_reply.h"
 
+#include "model/foreign_text.h"
 #include "providers/json_members.h"
 #include "providers/plan_name.h"
 
@@ -45,7 +46,8 @@ parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now) {
     if (const auto error = objectMember(reply, QLatin1StringView{"error"})) {
         const QString message = textMember(*error, QLatin1StringView{"message"})
                                     .value_or(QStringLiteral("Codex returned an unknown error."));
-        return std::unexpected(ProcessRunnerError{ProcessRunnerError::Kind::failed, message});
+        return std::unexpected(
+            ProcessRunnerError{ProcessRunnerError::Kind::failed, model::readableText(message)});
     }
     const QJsonObject result = reply[QLatin1StringView{"result"}].toObject();
     const auto rateLimits = objectMember(result, QLatin1StringView{"rateLimits"});

@@ -1,0 +1,144 @@
+#include "model/foreign_text.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace tallyvane::model {
+
+namespace {
+
+constexpr QStringView cutMark = u" … (cut)";
+
+/// How many code units are looked at for each that may stay.
+constexpr qsizetype walkFactor = 16;
+
+bool isControl(QChar c) {
+    return c.category() == QChar::Other_Control;
+}
+
+bool isBetween(QStringView text, qsizetype at, char16_t first, char16_t last) {
+    return at < text.size() && text[at] >= first && text[at] <= last;
+}
+
+qsizetype skipBetween(QStringView text, qsizetype at, char16_t first, char16_t last) {
+    while (isBetween(text, at, first, last)) {
+        ++at;
+    }
+    return at;
+}
+
+/// Where the control sequence ends that begins with the control character at `at`.
+qsizetype sequenceEnd(QStringView text, qsizetype at) {
+    constexpr QChar escape = u'\x1B';
+    constexpr char16_t introducer = 0x9B;
+    constexpr char16_t stringTerminator = 0x9C;
+    char16_t control = text[at].unicode();
+    ++at;
+    if (control == escape) {
+        const qsizetype last = skipBetween(text, at, u' ', u'/');
+        if (!isBetween(text, last, u'0', u'~')) {
+            return at;
+        }
+        if (last > at || !isBetween(text, last, u'@', u'_')) {
+            return last + 1;
+        }
+        control = static_cast<char16_t>(text[last].unicode() + 0x40); // its 8-bit form
+        at = last + 1;
+    }
+    switch (control) {
+    case introducer: {
+        const qsizetype last = skipBetween(text, skipBetween(text, at, u'0', u'?'), u' ', u'/');
+        return isBetween(text, last, u'@', u'~') ? last + 1 : last;
+    }
+    case 0x90: // strings of devices, systems, applications
+    case 0x98:
+    case 0x9D:
+    case 0x9E:
+    case 0x9F: {
+        // One without an end is no string but damaged text, of which the words are wanted.
+        const qsizetype end = std::find_if(text.begin() + at, text.end(), isControl) - text.begin();
+        if (isBetween(text, end, u'\a', u'\a') ||
+            isBetween(text, end, stringTerminator, stringTerminator)) {
+            return end + 1;
+        }
+        return text.sliced(end).startsWith(u"\x1B\\") ? end + 2 : at;
+    }
+    default:
+        return at;
+    }
+}
+
+/// Whether the character is there to be seen, or needed by others to look right.
+bool isWanted(char32_t c) {
+    const bool isLanguageMark = (c >= 0x200C && c <= 0x200F) || c == 0x061C || c == 0x180E;
+    const bool isNumberSign = (c >= 0x0600 && c <= 0x0605) || c == 0x06DD || c == 0x070F ||
+                              c == 0x0890 || c == 0x0891 || c == 0x08E2 || c == 0x110BD ||
+                              c == 0x110CD;
+    if (isLanguageMark || isNumberSign) {
+        return true;
+    }
+    const bool isPlaceholder = c == 0xFFFC;
+    const bool isHiddenPlane = c >= 0xE0000 && c < 0xF0000;
+    return !isPlaceholder && !isHiddenPlane && !QChar::isNonCharacter(c) &&
+           QChar::category(c) != QChar::Other_Format && !QChar::isSurrogate(c);
+}
+
+} // namespace
+
+QString readableText(QStringView foreign, qsizetype maximumLength) {
+    Q_ASSERT(maximumLength >= cutMark.size());
+    const QStringView walked = foreign.first(std::min(foreign.size(), walkFactor * maximumLength));
+    QString text;
+    qsizetype at = 0;
+    while (at < walked.size() && text.size() <= maximumLength) {
+        const QChar unit = walked[at];
+        const bool isPair =
+            unit.isHighSurrogate() && at + 1 < walked.size() && walked[at + 1].isLowSurrogate();
+        const qsizetype length = isPair ? 2 : 1;
+        const char32_t character =
+            isPair ? QChar::surrogateToUcs4(unit, walked[at + 1]) : unit.unicode();
+        if (unit == u'\n' || unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator) {
+            text += u'\n';
+        } else if (unit == u'\t' || (unit == u'\r' && !walked.sliced(at).startsWith(u"\r\n"))) {
+            text += u' ';
+        } else if (isControl(unit)) {
+            at = sequenceEnd(walked, at);
+            continue;
+        } else if (isWanted(character)) {
+            text += walked.sliced(at, length);
+        }
+        at += length;
+    }
+    if (text.size() > maximumLength || at < foreign.size()) {
+        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+        finder.setPosition(std::min(text.size(), maximumLength - cutMark.size()));
+        if (!finder.isAtBoundary()) {
+            finder.toPreviousBoundary();
+        }
+        text.truncate(finder.position());
+        text += cutMark;
+    }
+    return text;
+}
+
+QString readableLine(QStringView foreign, qsizetype maximumLength) {
+    return readableText(foreign, maximumLength).replace(u'\n', u' ');
+}
+
+QString maskedAddresses(const QString& text) {
+    // Wider than what mail servers take, except that numbers alone are no domain: they would be
+    // the version of a package.
+    static const QRegularExpression address = [] {
+        const QString around = QStringLiteral(R"(\s@%:;,/=?&"`<>()[\]{}|)");
+        return QRegularExpression(
+            QStringLiteral(R"((?<![^%1'])[^%1'][^%1]*+(?:@|%40)(?=[\w.-]*\pL)[\w-]+(?:\.[\w-]+)*)")
+                .replace(QStringLiteral("%1"), around),
+            QRegularExpression::CaseInsensitiveOption |
+                QRegularExpression::UseUnicodePropertiesOption);
+    }();
+    return QString(text).replace(address, QStringLiteral("(e-mail address)"));
+}
+
+} // namespace tallyvane::model
