@@ -132,8 +132,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     }
 
     const history::TokenTotals totals = co_await tokenTask;
-    history::UsageHistoryRecorder recorder(m_with.store, m_with.defaults,
-                                           QTimeZone::systemTimeZone());
+    history::UsageHistoryRecorder recorder(m_with.store, m_with.defaults, m_with.zone);
     const auto recorded = recorder.record(previous, current, totals, current.updatedAt);
     if (!recorded) {
         // The stored snapshot is then newer than the one shown, until the next refresh.
@@ -144,8 +143,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
 
     m_history = *recorded;
     m_snapshot = current;
-    m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(),
-                            QTimeZone::systemTimeZone());
+    m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(), m_with.zone);
     m_lastError = codex.failure;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();

@@ -3,6 +3,7 @@
 #include "history/local_token_estimator.h"
 #include "history/usage_history.h"
 #include "model/defaults_store.h"
+#include "model/local_zone.h"
 #include "model/quota_snapshot.h"
 #include "model/shared_store.h"
 #include "notify/notification_settings.h"
@@ -31,6 +32,7 @@ struct Collaborators {
     notify::QuotaNotifier& notifier;
     platform::WidgetCentre& widgetCentre;
     platform::Clock& clock;
+    model::LocalZone zone;
 };
 
 /// What came of one call of AppModel::refresh.

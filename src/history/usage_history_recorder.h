@@ -3,20 +3,19 @@
 #include "history/local_token_estimator.h"
 #include "history/usage_history.h"
 #include "model/defaults_store.h"
-
-#include <QtCore/QTimeZone>
+#include "model/local_zone.h"
 
 #include <optional>
 
 namespace tallyvane::history {
 
-/// Turns one refresh into history. Made anew for each, with the time zone of the moment.
+/// Turns refreshes into history.
 class UsageHistoryRecorder {
 public:
     /// `defaults` keeps the token totals last seen, as whole numbers under "token-baseline.codex"
     /// and "token-baseline.claude".
     UsageHistoryRecorder(const model::SharedStore& store, model::DefaultsStore& defaults,
-                         const QTimeZone& zone)
+                         const model::LocalZone& zone)
         : m_store(store), m_defaults(defaults), m_zone(zone) {}
 
     /// Adds to each provider's point of today what its weekly quota rose by from `previous` to
@@ -31,7 +30,7 @@ private:
 
     const model::SharedStore& m_store;
     model::DefaultsStore& m_defaults;
-    QTimeZone m_zone;
+    model::LocalZone m_zone;
 };
 
 } // namespace tallyvane::history

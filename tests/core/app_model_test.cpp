@@ -81,7 +81,8 @@ struct Running {
                  .tokenEstimator = desk.tokenEstimator,
                  .notifier = desk.notifier,
                  .widgetCentre = desk.widgetCentre,
-                 .clock = desk.clock}) {}
+                 .clock = desk.clock,
+                 .zone = model::LocalZone(QTimeZone::utc())}) {}
 
     providers::ClaudeQuotaClient claudeClient;
     core::AppModel model;
