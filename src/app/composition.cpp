@@ -39,12 +39,13 @@ Composition::Composition(const Environment& environment)
              .tokenEstimator = tokenEstimator,
              .notifier = notifier,
              .widgetCentre = widgetCentre,
-             .clock = clock},
+             .clock = clock,
+             .zone = zone},
             environment.launchContext.isFixtureMode
-                ? std::optional(core::fixtureSnapshot(clock.now(), QTimeZone::systemTimeZone()))
+                ? std::optional(core::fixtureSnapshot(clock.now(), zone))
                 : std::nullopt,
             environment.launchContext.isFixtureMode
-                ? std::optional(core::fixtureHistory(clock.now(), QTimeZone::systemTimeZone()))
+                ? std::optional(core::fixtureHistory(clock.now(), zone))
                 : std::nullopt) {
     forbidCoreFiles();
     QNetworkProxyFactory::setUseSystemConfiguration(true);

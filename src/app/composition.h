@@ -15,6 +15,7 @@ struct Composition {
     explicit Composition(const Environment& environment);
 
     platform::BootClock clock;
+    model::LocalZone zone = model::LocalZone::ofSystem();
     platform::SecretServiceStore secrets;
     platform::DBusWidgetCentre widgetCentre;
     platform::DBusNotificationCentre notificationCentre;

@@ -11,14 +11,14 @@ namespace tallyvane::app {
 namespace {
 
 std::optional<history::UsageHistory> shownHistory(const Environment& environment,
-                                                  const QTimeZone& zone) {
+                                                  const model::LocalZone& zone) {
     if (environment.launchContext.isFixtureMode) {
         return core::fixtureHistory(platform::BootClock().now(), zone);
     }
     return history::loadHistory(model::SharedStore(environment.locations));
 }
 
-QString table(const history::UsageHistory& history, const QTimeZone& zone) {
+QString table(const history::UsageHistory& history, const model::LocalZone& zone) {
     QString text = QStringLiteral("Day         Provider  Weekly quota          Tokens\n");
     for (const history::UsageHistoryPoint& point : history.points) {
         text += QStringLiteral("%1  %2  %3%  %4\n")
@@ -33,7 +33,7 @@ QString table(const history::UsageHistory& history, const QTimeZone& zone) {
 } // namespace
 
 ExitCode runHistory(const Environment& environment, OutputFormat format) {
-    const QTimeZone zone = QTimeZone::systemTimeZone();
+    const auto zone = model::LocalZone::ofSystem();
     const auto history = shownHistory(environment, zone);
     if (!history) {
         printError(QStringLiteral("No history is stored yet; each refresh adds to it."));

@@ -194,7 +194,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     m_storedSnapshot = m_with.store.loadSnapshot();
 
     const history::TokenTotals totals = co_await tokenTask;
-    history::UsageHistoryRecorder recorder(m_with.store, m_baselines, QTimeZone::systemTimeZone());
+    history::UsageHistoryRecorder recorder(m_with.store, m_baselines, m_with.zone);
     const auto recorded = recorder.record(previous, current, totals, m_with.clock.now());
     if (!recorded) {
         // The stored snapshot is then newer than the one shown, until the next refresh.
@@ -207,8 +207,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
 
     m_history = recorded->history;
     m_snapshot = current;
-    m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(),
-                            QTimeZone::systemTimeZone());
+    m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(), m_with.zone);
     m_lastError = codex.failure ? codex.failure : recorded->uncounted;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();

@@ -4,6 +4,7 @@
 #include "history/token_baselines.h"
 #include "history/usage_history.h"
 #include "model/defaults_store.h"
+#include "model/local_zone.h"
 #include "model/quota_snapshot.h"
 #include "model/shared_store.h"
 #include "notify/notification_settings.h"
@@ -32,6 +33,7 @@ struct Collaborators {
     notify::QuotaNotifier& notifier;
     platform::WidgetCentre& widgetCentre;
     platform::Clock& clock;
+    model::LocalZone zone;
 };
 
 /// What came of one call of AppModel::refresh.

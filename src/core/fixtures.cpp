@@ -13,7 +13,7 @@ namespace {
 constexpr auto age = 120s;
 
 model::ProviderQuotaSnapshot fixtureEntry(AIProvider provider, model::Timestamp now,
-                                          const QTimeZone& zone) {
+                                          const model::LocalZone& zone) {
     const bool isCodex = provider == AIProvider::codex;
     return {.provider = provider,
             .planName = isCodex ? QStringLiteral("Plus") : QStringLiteral("Pro"),
@@ -27,7 +27,7 @@ model::ProviderQuotaSnapshot fixtureEntry(AIProvider provider, model::Timestamp 
 
 } // namespace
 
-model::QuotaSnapshot fixtureSnapshot(model::Timestamp now, const QTimeZone& zone) {
+model::QuotaSnapshot fixtureSnapshot(model::Timestamp now, const model::LocalZone& zone) {
     model::QuotaSnapshot snapshot{.updatedAt = now - age};
     for (const AIProvider provider : model::allCases<AIProvider>) {
         snapshot.providers.push_back(fixtureEntry(provider, now, zone));
@@ -35,7 +35,7 @@ model::QuotaSnapshot fixtureSnapshot(model::Timestamp now, const QTimeZone& zone
     return snapshot;
 }
 
-history::UsageHistory fixtureHistory(model::Timestamp now, const QTimeZone& zone) {
+history::UsageHistory fixtureHistory(model::Timestamp now, const model::LocalZone& zone) {
     history::UsageHistory history;
     for (int day = 0; day < 14; ++day) {
         for (const AIProvider provider : model::allCases<AIProvider>) {

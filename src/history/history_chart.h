@@ -1,9 +1,9 @@
 #pragma once
 
 #include "history/usage_history.h"
+#include "model/local_zone.h"
 
 #include <QtCore/QDate>
-#include <QtCore/QTimeZone>
 
 /// The data of the usage history's bar chart; pure functions.
 namespace tallyvane::history {
@@ -28,7 +28,7 @@ namespace tallyvane::history {
 
 /// The user's calendar: Gregorian, in a time zone, with weeks that start on the locale's day.
 struct Calendar {
-    QTimeZone zone;
+    model::LocalZone zone;
     Qt::DayOfWeek firstWeekday = Qt::Monday;
 };
 

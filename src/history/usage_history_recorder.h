@@ -2,8 +2,7 @@
 
 #include "history/token_baselines.h"
 #include "history/usage_history.h"
-
-#include <QtCore/QTimeZone>
+#include "model/local_zone.h"
 
 #include <optional>
 
@@ -16,11 +15,11 @@ struct RecordedHistory {
     std::optional<QString> uncounted;
 };
 
-/// Turns one refresh into history. Made anew for each, with the time zone of the moment.
+/// Turns refreshes into history.
 class UsageHistoryRecorder {
 public:
     UsageHistoryRecorder(const model::SharedStore& store, TokenBaselines& baselines,
-                         const QTimeZone& zone)
+                         const model::LocalZone& zone)
         : m_store(store), m_baselines(baselines), m_zone(zone) {}
 
     /// Adds to each provider's point of today what its weekly quota rose by from `previous` to
@@ -33,7 +32,7 @@ public:
 private:
     const model::SharedStore& m_store;
     TokenBaselines& m_baselines;
-    QTimeZone m_zone;
+    model::LocalZone m_zone;
 };
 
 } // namespace tallyvane::history

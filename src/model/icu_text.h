@@ -3,18 +3,17 @@
 #include <QtCore/QString>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
-#include <unicode/utypes.h>
 
 #include <string>
 
-/// What the formats of this folder need of ICU.
+/// What the texts of this folder need of ICU.
 namespace tallyvane::model {
 
-/// The locale of a POSIX or BCP 47 name; English for what is no name of one.
+/// The locale of a BCP 47 name or of a POSIX one, language[_TERRITORY][.codeset][@modifier]. Of the
+/// modifiers those count that choose a script or a variant ICU knows, such as "latin". Instead of a
+/// language that ICU has no texts in it is English, with the region's manners; plain English for
+/// what is no name. Never the locale that the process runs in.
 [[nodiscard]] icu::Locale icuLocale(const std::string& name);
-
-/// Ends the program when a call of ICU failed, which takes a broken installation.
-void requireSuccess(UErrorCode status);
 
 /// ICU's text, with a plain space for the narrow one that it puts before "PM": many fonts, and so
 /// many panels and terminals, lack that.

@@ -11,38 +11,62 @@
 
 namespace tallyvane::model {
 
+namespace {
+
+/// The moment at which clocks in Greenwich show this.
+UDate greenwich(std::chrono::local_time<std::chrono::milliseconds> time) {
+    return static_cast<UDate>(time.time_since_epoch().count());
+}
+
+UDate greenwich(QDate day) {
+    return static_cast<UDate>(day.startOfDay(QTimeZone::utc()).toMSecsSinceEpoch());
+}
+
+/// In lower case.
+QString lettersOf(QStringView text) {
+    QString letters;
+    for (const QChar character : text) {
+        if (character.isLetter()) {
+            letters += character.toLower();
+        }
+    }
+    return letters;
+}
+
+} // namespace
+
 struct LocaleLabels::Formatters {
     icu::Locale locale;
     icu::number::LocalizedNumberFormatter compact;
     icu::number::LocalizedNumberFormatter decimal;
     std::unique_ptr<icu::DateTimePatternGenerator> patterns;
 
-    explicit Formatters(const std::string& name)
-        : locale(icuLocale(name)),
+    explicit Formatters(const icu::Locale& locale)
+        : locale(locale),
           compact(icu::number::NumberFormatter::withLocale(locale).notation(
               icu::number::Notation::compactShort())),
           decimal(icu::number::NumberFormatter::withLocale(locale).precision(
               icu::number::Precision::maxFraction(2))) {
+        // All times come here as those of Greenwich, and to find out the machine's zone would have
+        // ICU compare /etc/localtime, where that is no link, with all files of zones.
+        icu::TimeZone::adoptDefault(icu::TimeZone::getGMT()->clone());
         UErrorCode status = U_ZERO_ERROR;
         patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
-        requireSuccess(status);
+        if (U_FAILURE(status) != 0) {
+            patterns.reset();
+        }
     }
 
-    [[nodiscard]] icu::UnicodeString pattern(const char* skeleton) const {
+    /// Empty when ICU cannot write it.
+    [[nodiscard]] QString format(UDate time, const char* skeleton) const {
+        if (!patterns) {
+            return {};
+        }
         UErrorCode status = U_ZERO_ERROR;
-        const auto best = patterns->getBestPattern(icu::UnicodeString(skeleton), status);
-        requireSuccess(status);
-        return best;
-    }
-
-    [[nodiscard]] QString format(const QDateTime& time, const char* skeleton) const {
-        UErrorCode status = U_ZERO_ERROR;
-        icu::SimpleDateFormat dates(pattern(skeleton), locale, status);
-        requireSuccess(status);
-        dates.setTimeZone(*icu::TimeZone::getGMT());
+        const auto pattern = patterns->getBestPattern(icu::UnicodeString(skeleton), status);
+        const icu::SimpleDateFormat dates(pattern, locale, status);
         icu::UnicodeString text;
-        dates.format(static_cast<UDate>(time.toMSecsSinceEpoch()), text);
-        return plainText(text);
+        return U_SUCCESS(status) != 0 ? plainText(dates.format(time, text)) : QString();
     }
 
     /// 0 for "am" or the locale's text for it, 1 for "pm"; nothing for other letters.
@@ -52,72 +76,72 @@ struct LocaleLabels::Formatters {
         }
         UErrorCode status = U_ZERO_ERROR;
         const icu::DateFormatSymbols symbols(locale, status);
-        requireSuccess(status);
         int32_t count = 0;
         const icu::UnicodeString* own = symbols.getAmPmStrings(count);
         constexpr std::array english{QLatin1StringView{"am"}, QLatin1StringView{"pm"}};
         for (int half = 0; half < 2; ++half) {
-            QString text = half < count ? plainText(own[half]).toLower() : QString();
-            text.removeIf([](QChar character) { return !character.isLetter(); });
+            const QString text = half < count ? lettersOf(plainText(own[half])) : QString();
             if (letters == text || letters == english[half] || letters == english[half].first(1)) {
                 return half;
             }
         }
         return std::nullopt;
     }
-
-    [[nodiscard]] QString format(QDate day, const char* skeleton) const {
-        return format(day.startOfDay(Qt::UTC), skeleton);
-    }
 };
 
 LocaleLabels::LocaleLabels(const std::string& locale)
-    : m_formatters(std::make_unique<Formatters>(locale)) {}
+    : m_formatters(std::make_unique<Formatters>(icuLocale(locale))) {
+    if (weekday(QDate(1970, 1, 1)).isEmpty()) {
+        m_formatters = std::make_unique<Formatters>(icu::Locale::getEnglish());
+    }
+}
 LocaleLabels::~LocaleLabels() = default;
 
 QString LocaleLabels::compactNumber(std::int64_t number) const {
     UErrorCode status = U_ZERO_ERROR;
     const auto text = m_formatters->compact.formatInt(number, status).toString(status);
-    requireSuccess(status);
-    return plainText(text);
+    return U_SUCCESS(status) != 0 ? plainText(text) : QString::number(number);
 }
 
 QString LocaleLabels::number(double number) const {
     UErrorCode status = U_ZERO_ERROR;
     const auto text = m_formatters->decimal.formatDouble(number, status).toString(status);
-    requireSuccess(status);
-    return plainText(text);
+    return U_SUCCESS(status) != 0 ? plainText(text) : QString::number(number, 'f', 2);
 }
 
 QString LocaleLabels::month(QDate day) const {
-    return m_formatters->format(day, "LLL");
+    return m_formatters->format(greenwich(day), "LLL");
 }
 
 QString LocaleLabels::monthAndYear(QDate day) const {
-    return m_formatters->format(day, "yMMMM");
+    return m_formatters->format(greenwich(day), "yMMMM");
 }
 
 QString LocaleLabels::dayAndMonth(QDate day) const {
-    return m_formatters->format(day, "MMMd");
+    return m_formatters->format(greenwich(day), "MMMd");
 }
 
 QString LocaleLabels::weekday(QDate day) const {
-    return m_formatters->format(day, "ccc");
+    return m_formatters->format(greenwich(day), "ccc");
 }
 
 QString LocaleLabels::fullDay(QDate day) const {
-    return m_formatters->format(day, "yMMMEd");
+    return m_formatters->format(greenwich(day), "yMMMEd");
 }
 
 QString LocaleLabels::timeOfDay(int minutes) const {
-    return m_formatters->format(QDateTime::fromSecsSinceEpoch(minutes * qint64{60}, Qt::UTC),
-                                "jmm");
+    return m_formatters->format(minutes * 60'000.0, "jmm");
+}
+
+QString LocaleLabels::weekdayAndTime(LocalTime time) const {
+    return m_formatters->format(greenwich(std::chrono::floor<std::chrono::milliseconds>(time)),
+                                "EEEjmm");
 }
 
 std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
     // Groups of digits of any script, and the letters that may say which half of the day is meant.
     QStringList groups;
-    QString letters;
+    const QString letters = lettersOf(text);
     bool isInGroup = false;
     for (const QChar character : text) {
         if (character.isDigit()) {
@@ -125,8 +149,6 @@ std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
                 groups << QString();
             }
             groups.back() += QString::number(character.digitValue());
-        } else if (character.isLetter()) {
-            letters += character.toLower();
         }
         isInGroup = character.isDigit();
     }
@@ -139,15 +161,21 @@ std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
     }
     int hour = groups[0].toInt();
     const int minute = groups.size() > 1 ? groups[1].toInt() : 0;
+    if (groups.front().size() > 2 || groups.back().size() > 2 || hour > 23 || minute > 59) {
+        return std::nullopt;
+    }
     if (const auto half = m_formatters->halfOfDay(letters)) {
         if (hour < 1 || hour > 12) {
             return std::nullopt;
         }
         hour = hour % 12 + 12 * *half;
     } else if (!letters.isEmpty() && letters != QLatin1StringView("h")) {
-        return std::nullopt;
-    }
-    if (groups[0].size() > 2 || hour > 23 || minute > 59) {
+        // Some locales write more than the half, such as an abbreviated "hour".
+        for (const int written : {hour, hour % 12, hour % 12 + 12}) {
+            if (letters == lettersOf(timeOfDay(written * 60 + minute))) {
+                return written * 60 + minute;
+            }
+        }
         return std::nullopt;
     }
     return hour * 60 + minute;
@@ -156,10 +184,11 @@ std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
 Qt::DayOfWeek LocaleLabels::firstWeekday() const {
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::Calendar> calendar(
-        icu::Calendar::createInstance(*icu::TimeZone::getGMT(), m_formatters->locale, status));
-    requireSuccess(status);
+        icu::Calendar::createInstance(m_formatters->locale, status));
+    if (U_FAILURE(status) != 0) {
+        return Qt::Monday;
+    }
     const auto first = calendar->getFirstDayOfWeek(status);
-    requireSuccess(status);
     return first == UCAL_SUNDAY ? Qt::Sunday : static_cast<Qt::DayOfWeek>(first - 1);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/local_zone.h"
+
 #include <QtCore/QDate>
 #include <QtCore/QString>
 
@@ -14,7 +16,8 @@ namespace tallyvane::model {
 /// Main thread only.
 class LocaleLabels {
 public:
-    /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8".
+    /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8" or "sr-Latn"; for one that ICU does
+    /// not know the texts are English.
     explicit LocaleLabels(const std::string& locale);
     ~LocaleLabels();
     LocaleLabels(const LocaleLabels&) = delete;
@@ -33,6 +36,8 @@ public:
 
     /// "14:05" or "2:05 PM"; `minutes` after midnight, 0 to 1439.
     [[nodiscard]] QString timeOfDay(int minutes) const;
+    /// "Tue 3:45 PM" or "Di., 15:45".
+    [[nodiscard]] QString weekdayAndTime(LocalTime time) const;
     /// Reads what a person may write for a time of day, such as "14:05", "1405", "9", "2.05 pm" or
     /// timeOfDay's own texts, as minutes after midnight; nothing when it is no time of day.
     [[nodiscard]] std::optional<int> parseTimeOfDay(QStringView text) const;

@@ -126,11 +126,6 @@ QString formatTimestamp(Timestamp timestamp) {
                              static_cast<int>(time.seconds().count()));
 }
 
-QDateTime localTime(Timestamp timestamp, const QTimeZone& zone) {
-    const auto sinceEpoch = floor<milliseconds>(timestamp.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), zone);
-}
-
 QString unixSecondsText(Timestamp timestamp) {
     const double seconds = duration<double>(timestamp.time_since_epoch()).count();
     QString text = QString::number(seconds, 'f', QLocale::FloatingPointShortest);

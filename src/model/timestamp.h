@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QtCore/QDateTime>
 #include <QtCore/QString>
-#include <QtCore/QTimeZone>
 
 #include <chrono>
 #include <optional>
@@ -22,9 +20,6 @@ enum class FractionalSeconds { rejected, allowed };
 
 /// Writes "2025-01-31T14:05:00Z": UTC, whole seconds, rounded down.
 [[nodiscard]] QString formatTimestamp(Timestamp timestamp);
-
-/// What clocks in `zone` show, in milliseconds, rounded down.
-[[nodiscard]] QDateTime localTime(Timestamp timestamp, const QTimeZone& zone);
 
 /// The seconds since 1970-01-01T00:00:00Z as the shortest decimal that reads back as the same
 /// double, always with a fraction: "1738281600.0".

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/timestamp.h"
+#include "model/local_zone.h"
 
 #include <QtCore/QString>
 
@@ -9,13 +9,14 @@
 
 namespace tallyvane::model {
 
+class LocaleLabels;
+
 /// Writes moments as abbreviated weekday, hour and minute in a locale's own manner, such as
 /// "Tue 3:45 PM" or "Di. 15:45". Made on first use, since loading a locale takes milliseconds.
 class WeekdayTimeFormat {
 public:
-    /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8"; `timeZone` an IANA name, empty for
-    /// the machine's own.
-    WeekdayTimeFormat(std::string locale, std::string timeZone);
+    /// `locale` is a name as LocaleLabels takes it; `zone` is where the moments are shown.
+    WeekdayTimeFormat(std::string locale, const LocalZone& zone);
     ~WeekdayTimeFormat();
     WeekdayTimeFormat(WeekdayTimeFormat&&) noexcept;
     WeekdayTimeFormat& operator=(WeekdayTimeFormat&&) noexcept;
@@ -23,11 +24,9 @@ public:
     [[nodiscard]] QString format(Timestamp timestamp) const;
 
 private:
-    struct Formatter;
-
     std::string m_locale;
-    std::string m_timeZone;
-    mutable std::unique_ptr<Formatter> m_formatter;
+    LocalZone m_zone;
+    mutable std::unique_ptr<LocaleLabels> m_labels;
 };
 
 } // namespace tallyvane::model

@@ -27,9 +27,11 @@ bool matches(const NotificationWindow& window, std::int64_t minute) {
 
 } // namespace
 
-bool allows(const NotificationSettings& settings, model::Timestamp moment, const QTimeZone& zone) {
-    const QTime time = model::localTime(moment, zone).time();
-    const std::int64_t minute = time.hour() * 60 + time.minute();
+bool allows(const NotificationSettings& settings, model::Timestamp moment,
+            const model::LocalZone& zone) {
+    const model::LocalTime time = zone.localTime(moment);
+    const auto sinceMidnight = time - std::chrono::floor<std::chrono::days>(time);
+    const std::int64_t minute = std::chrono::floor<std::chrono::minutes>(sinceMidnight).count();
     return settings.enabled &&
            std::ranges::any_of(settings.windows, [minute](const NotificationWindow& window) {
                return matches(window, minute);

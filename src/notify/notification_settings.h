@@ -2,7 +2,7 @@
 
 #include "model/defaults_store.h"
 #include "model/json_coding.h"
-#include "model/timestamp.h"
+#include "model/local_zone.h"
 
 #include <QtCore/QUuid>
 
@@ -34,7 +34,7 @@ struct NotificationSettings {
 /// Whether a notification may appear at `moment`: some window holds its minute in `zone`. A window
 /// that starts where it ends is empty.
 [[nodiscard]] bool allows(const NotificationSettings& settings, model::Timestamp moment,
-                          const QTimeZone& zone);
+                          const model::LocalZone& zone);
 
 /// One line of JSON. Keys are the field names, ids as in RFC 9562; every key is required when
 /// reading, others are ignored.

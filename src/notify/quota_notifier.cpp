@@ -13,7 +13,7 @@ constexpr double lowPercent = 5;
 
 void QuotaNotifier::process(const model::QuotaSnapshot& snapshot,
                             const NotificationSettings& settings, model::Timestamp now,
-                            const QTimeZone& zone) {
+                            const model::LocalZone& zone) {
     const bool isAllowed = allows(settings, now, zone);
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         const model::ProviderQuotaSnapshot entry = model::entryFor(snapshot, provider);

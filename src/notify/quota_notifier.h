@@ -19,7 +19,7 @@ public:
     /// Takes each refresh's new snapshot, and posts at most one notification per provider. A reset
     /// outside the allowed times is never told. Figures that are not current are passed over.
     void process(const model::QuotaSnapshot& snapshot, const NotificationSettings& settings,
-                 model::Timestamp now, const QTimeZone& zone);
+                 model::Timestamp now, const model::LocalZone& zone);
 
 private:
     bool sawReset(const model::ProviderQuotaSnapshot& entry);

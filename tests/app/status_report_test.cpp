@@ -17,7 +17,7 @@ private Q_SLOTS:
         snapshot.providers[0].planName = QStringLiteral("Plus");
         snapshot.providers[1].week =
             QuotaWindowSnapshot{.usedPercent = 0, .resetsAt = m_now + 7 * 24h};
-        const WeekdayTimeFormat weekdayTime("en_US", "UTC");
+        const WeekdayTimeFormat weekdayTime("en_US", LocalZone(QTimeZone::utc()));
         QCOMPARE(statusText(snapshot, m_now, weekdayTime, Palette::plain),
                  QStringLiteral("Codex (Plus), synced 2 min ago\n"
                                 "  5 hours   58% left  in 1h 30m\n"

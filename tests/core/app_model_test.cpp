@@ -82,7 +82,8 @@ struct Running {
                  .tokenEstimator = desk.tokenEstimator,
                  .notifier = desk.notifier,
                  .widgetCentre = desk.widgetCentre,
-                 .clock = desk.clock},
+                 .clock = desk.clock,
+                 .zone = model::LocalZone(QTimeZone::utc())},
                 std::move(shown)) {}
 
     providers::ClaudeQuotaClient claudeClient;

@@ -10,7 +10,7 @@ using namespace tallyvane;
 class FixturesTest : public tests::HermeticTest {
     Q_OBJECT
 
-    const QTimeZone m_zone{"Europe/Berlin"};
+    const model::LocalZone m_zone{QTimeZone("Europe/Berlin")};
     // The clocks change within both the next days and the last ones.
     const model::Timestamp m_now = std::chrono::sys_days{std::chrono::year{2026} / 3 / 28} + 20h;
 

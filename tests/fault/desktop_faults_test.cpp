@@ -251,8 +251,9 @@ private Q_SLOTS:
             QVERIFY(isTrue(refresh()));
             const auto stored = history::decodeHistory(tests::readFile(historyFile()));
             QVERIFY(stored && !stored->points.empty());
-            const auto day = history::localDay(stored->points[0].date, QTimeZone(zone));
-            QCOMPARE(stored->points[0].date, history::startOfDay(day, QTimeZone(zone)));
+            const model::LocalZone inZone{QTimeZone(zone)};
+            const auto day = history::localDay(stored->points[0].date, inZone);
+            QCOMPARE(stored->points[0].date, history::startOfDay(day, inZone));
         }
     }
 

@@ -13,7 +13,7 @@ class HistoryChartTest : public tests::HermeticTest {
     Q_OBJECT
 
     // A Saturday; the clocks went back on November 1st.
-    const history::Calendar m_calendar{.zone = QTimeZone("America/New_York"),
+    const history::Calendar m_calendar{.zone = model::LocalZone(QTimeZone("America/New_York")),
                                        .firstWeekday = Qt::Sunday};
     const QDate m_today{2026, 11, 21};
     const model::Timestamp m_now = at(m_today) + 23h + 59min;

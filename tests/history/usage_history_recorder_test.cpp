@@ -30,7 +30,7 @@ struct Desk {
         model::DefaultsStore::openFirst(root / "config" / "suite", root / "config" / "own");
     history::TokenBaselines baselines{defaults};
     std::optional<QString> uncounted; ///< of the last call
-    QTimeZone zone = QTimeZone::utc();
+    model::LocalZone zone{QTimeZone::utc()};
     Timestamp now = at(u"2026-03-10T12:00:00Z");
 
     /// The weekly figures of Codex before and after, and both token totals.
@@ -127,7 +127,7 @@ private Q_SLOTS:
         desk.now += 1s;
         QCOMPARE(desk.record(2, 4)->points.size(), 4U);
         // Where the traveller has arrived, the second point's day still lasts.
-        desk.zone = QTimeZone("America/New_York");
+        desk.zone = model::LocalZone(QTimeZone("America/New_York"));
         const auto history = desk.record(4, 7);
         QCOMPARE(history->points.size(), 4U);
         QCOMPARE(history->points[2].estimatedQuotaConsumed, 2.0 + 3.0);
@@ -163,7 +163,7 @@ private Q_SLOTS:
         QFETCH(QString, today);
         QFETCH(QString, ninetyDaysBefore);
         Desk desk;
-        desk.zone = QTimeZone(zone);
+        desk.zone = model::LocalZone(QTimeZone(zone));
         desk.now = at(now);
         const Timestamp oldest = at(ninetyDaysBefore);
         QVERIFY(history::saveHistory(

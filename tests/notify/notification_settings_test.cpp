@@ -59,7 +59,7 @@ private Q_SLOTS:
         QFETCH(QString, moment);
         QFETCH(bool, isAllowed);
         const auto at = model::parseTimestamp(moment, model::FractionalSeconds::rejected).value();
-        const QTimeZone zone("Europe/Berlin");
+        const model::LocalZone zone(QTimeZone("Europe/Berlin"));
         QCOMPARE(notify::allows({.enabled = true, .windows = windows}, at, zone), isAllowed);
         QVERIFY(!notify::allows({.enabled = false, .windows = windows}, at, zone));
     }

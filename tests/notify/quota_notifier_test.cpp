@@ -72,7 +72,7 @@ private Q_SLOTS:
             notifier.process({.providers = {entry(AIProvider::codex, {50, 50}),
                                             entry(AIProvider::claude, step)}},
                              step.isAllowed ? anyTime : notify::NotificationSettings{}, {},
-                             QTimeZone::utc());
+                             model::LocalZone(QTimeZone::utc()));
         }
         QCOMPARE(centre.posts.size(), posts);
     }
@@ -83,7 +83,8 @@ private Q_SLOTS:
         for (const double used : {85, 0}) {
             notifier.process({.providers = {entry(AIProvider::claude, {used}),
                                             entry(AIProvider::codex, {used})}},
-                             anyTime, model::Timestamp{1750000000s + 123456us}, QTimeZone::utc());
+                             anyTime, model::Timestamp{1750000000s + 123456us},
+                             model::LocalZone(QTimeZone::utc()));
         }
         QCOMPARE(centre.posts.size(), 2);
         QCOMPARE(centre.posts[0].body, QStringLiteral("您的 Codex token 已经重置了。"));

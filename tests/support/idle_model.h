@@ -32,7 +32,8 @@ public:
                  .tokenEstimator = m_tokenEstimator,
                  .notifier = m_notifier,
                  .widgetCentre = m_widgetCentre,
-                 .clock = clock},
+                 .clock = clock,
+                 .zone = model::LocalZone(QTimeZone::utc())},
                 snapshot, history) {}
 
     [[nodiscard]] QDir home() const { return QDir(m_home.path()); }

@@ -68,10 +68,9 @@ struct OpenWindow {
         return idle.model.notificationSettings().windows.at(0);
     }
 
-    tests::IdleModel idle{core::fixtureSnapshot(now, QTimeZone::utc()), now,
-                          core::fixtureHistory(now, QTimeZone::utc())};
+    model::LocalZone zone = model::LocalZone::ofSystem();
+    tests::IdleModel idle{core::fixtureSnapshot(now, zone), now, core::fixtureHistory(now, zone)};
     tests::FakeLoginItem loginItem;
-    QTimeZone zone = QTimeZone::utc();
     int questions = 0; ///< how many times the window may ask
     int settingsOpened = 0;
     ui::Appearance appearance{model::AppAppearance::light};
@@ -84,7 +83,7 @@ struct OpenWindow {
          .loginItem = loginItem,
          .notificationCentre = idle.notificationCentre,
          .locale = "de_DE",
-         .zone = [this] { return zone; },
+         .zone = zone,
          .website = QUrl(QStringLiteral("https://maker.example")),
          .openNotificationSettings = [this] { ++settingsOpened; },
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
@@ -139,7 +138,12 @@ private Q_SLOTS:
     void opensInTheZoneOfTheMoment() {
         OpenWindow open;
         open.press(Qt::Key_W, Qt::ControlModifier);
-        open.zone = QTimeZone("Pacific/Kiritimati");
+        qputenv("TZ", "Pacific/Kiritimati");
+        ::tzset();
+        const auto restore = qScopeGuard([] {
+            qputenv("TZ", "UTC");
+            ::tzset();
+        });
         open.show();
         open.press(Qt::Key_2, Qt::ControlModifier);
         auto* chart = open.root()->property("viewModel").value<ui::MainWindowModel*>()->history();
@@ -147,6 +151,23 @@ private Q_SLOTS:
         open.press(Qt::Key_Left);
         QVERIFY2(chart->hoveredText().startsWith(u"So., 22. Nov. 2026"),
                  qPrintable(chart->hoveredText()));
+    }
+
+    /// At a minute past midnight the clocks went back to the day before, whose midnight has been.
+    void restsWhileMidnightIsPast() {
+        qputenv("TZ", "EST2:30EDT1:30,M1.1.0/0,M11.4.6/0:01");
+        ::tzset();
+        const auto restore = qScopeGuard([] {
+            qputenv("TZ", "UTC");
+            ::tzset();
+        });
+        OpenWindow open;
+        open.idle.clock.advance(11h + 40min);
+        open.press(Qt::Key_2, Qt::ControlModifier);
+        auto* chart = open.root()->property("viewModel").value<ui::MainWindowModel*>()->history();
+        const QSignalSpy changed(chart, &ui::HistoryModel::changed);
+        open.idle.clock.advance(1min);
+        QVERIFY2(changed.count() <= 60, qPrintable(QString::number(changed.count())));
     }
 
     void history() {

@@ -17,7 +17,7 @@ class ProviderCardTest : public tests::HermeticTest {
     Q_OBJECT
 
     const model::Timestamp m_now = std::chrono::sys_days{std::chrono::year{2026} / 11 / 21};
-    const model::WeekdayTimeFormat m_weekdayTime{"en_US", "UTC"};
+    const model::WeekdayTimeFormat m_weekdayTime{"en_US", model::LocalZone(QTimeZone::utc())};
 
 private Q_SLOTS:
     void rows_data() {

@@ -7,7 +7,6 @@
 #include "ui/style/appearance.h"
 #include "ui/style/engine.h"
 
-#include <QtCore/QTimeZone>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
 #include <QtQuick/QQuickWindow>
@@ -29,7 +28,7 @@ public:
                                   .loginItem = context.loginItem,
                                   .notificationCentre = context.notificationCentre,
                                   .locale = context.timeLocale,
-                                  .zone = &QTimeZone::systemTimeZone,
+                                  .zone = model::LocalZone::ofSystem(),
                                   .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                   .openNotificationSettings = context.openNotificationSettings,
                                   .takeLaunchQuestion = [&defaults = context.defaults,

@@ -46,7 +46,8 @@ void DashboardModel::update() {
             }
         }
     }
-    m_nextChange = wait ? m_clock.after(*wait, [this] { update(); }) : nullptr;
+    m_nextChange =
+        wait ? m_clock.after(std::max(*wait, shortestWait), [this] { update(); }) : nullptr;
 
     if (shown != m_shown) {
         m_shown = std::move(shown);

@@ -1,6 +1,7 @@
 #include "ui/dashboard/main_window_model.h"
 
 #include "history/calendar_days.h"
+#include "ui/dashboard/relative_times.h"
 
 #include <utility>
 
@@ -8,8 +9,7 @@ namespace tallyvane::ui {
 
 MainWindowModel::MainWindowModel(MainWindowContext context)
     : m_with(std::move(context)),
-      m_dashboard(m_with.model, m_with.clock,
-                  model::WeekdayTimeFormat(m_with.locale, m_zone.id().toStdString()),
+      m_dashboard(m_with.model, m_with.clock, model::WeekdayTimeFormat(m_with.locale, m_with.zone),
                   m_with.website),
       m_launchPrompt(m_with.loginItem) {
     connect(&m_dashboard, &DashboardModel::refreshRequested, this,
@@ -62,20 +62,21 @@ const model::LocaleLabels& MainWindowModel::labels() {
 
 const history::Calendar& MainWindowModel::calendar() {
     if (!m_calendar) {
-        m_calendar = {.zone = m_zone, .firstWeekday = labels().firstWeekday()};
+        m_calendar = {.zone = m_with.zone, .firstWeekday = labels().firstWeekday()};
     }
     return *m_calendar;
 }
 
 void MainWindowModel::waitForMidnight() {
     const model::Timestamp now = m_with.clock.now();
-    const QDate tomorrow = history::localDay(now, m_zone).addDays(1);
-    const auto wait = history::startOfDay(tomorrow, m_zone) - now;
-    m_midnight = m_with.clock.after(std::chrono::ceil<std::chrono::milliseconds>(wait), [this] {
-        m_history->update();
-        heatmap()->update();
-        waitForMidnight();
-    });
+    const QDate tomorrow = history::localDay(now, m_with.zone).addDays(1);
+    const auto wait = history::startOfDay(tomorrow, m_with.zone) - now;
+    m_midnight = m_with.clock.after(
+        std::max(std::chrono::ceil<std::chrono::milliseconds>(wait), shortestWait), [this] {
+            m_history->update();
+            heatmap()->update();
+            waitForMidnight();
+        });
 }
 
 } // namespace tallyvane::ui

@@ -15,9 +15,9 @@ struct MainWindowContext {
     platform::Clock& clock;
     platform::LoginItem& loginItem;
     platform::NotificationCentre& notificationCentre;
-    std::string locale;              ///< POSIX or BCP 47; of times, days and numbers
-    std::function<QTimeZone()> zone; ///< the user's, asked whenever the window opens
-    QUrl website;                    ///< the maker's
+    std::string locale; ///< POSIX or BCP 47; of times, days and numbers
+    model::LocalZone zone;
+    QUrl website; ///< the maker's
     /// Opens the desktop's own settings of notifications; empty where there are none.
     std::function<void()> openNotificationSettings;
     /// Whether the window, now shown, is to ask if the program shall start at login.
@@ -64,7 +64,6 @@ private:
     void waitForMidnight();
 
     MainWindowContext m_with;
-    QTimeZone m_zone = m_with.zone();
     bool m_hasStatusHost = true;
     std::unique_ptr<model::LocaleLabels> m_labels;
     std::optional<history::Calendar> m_calendar;

@@ -1,0 +1,144 @@
+#include "history/calendar_days.h"
+#include "model/weekday_time_format.h"
+#include "support/private_network.h"
+#include "support/test_main.h"
+
+#include <QtCore/QProcess>
+
+#include <set>
+
+using namespace std::chrono_literals;
+using namespace tallyvane;
+using model::Timestamp;
+
+namespace {
+
+/// What date(1) prints of each moment in the zone of the environment: "2026-03-29T03:00:00Z Sun
+/// 03:00", of which the Z means nothing.
+QList<QByteArray> printed(const std::vector<Timestamp>& moments) {
+    QByteArray lines;
+    for (const Timestamp moment : moments) {
+        const auto second = std::chrono::floor<std::chrono::seconds>(moment);
+        lines += '@' + QByteArray::number(qint64{second.time_since_epoch().count()}) + '\n';
+    }
+    QProcess date;
+    date.start(QStringLiteral("date"),
+               {QStringLiteral("-f"), QStringLiteral("-"), QStringLiteral("+%FT%TZ %a %H:%M")});
+    date.write(lines);
+    date.closeWriteChannel();
+    date.waitForFinished();
+    QList<QByteArray> result = date.readAllStandardOutput().split('\n');
+    result.removeLast();
+    return result;
+}
+
+/// On both sides of each change of the clocks there is, and where numbers of seconds grow long.
+std::vector<Timestamp> moments() {
+    std::vector<Timestamp> moments;
+    for (const double seconds :
+         {-62e9, -5e9, -1e9, -1., 0., 2147483647., 2147483648., 1e10, 25e10}) {
+        moments.push_back(*model::timestampFromUnixSeconds(seconds));
+    }
+    for (const char* day : {"02-14", "03-07", "03-21", "03-28", "04-03", "04-23", "09-05", "09-26",
+                            "10-03", "10-23", "10-30", "12-31"}) {
+        const auto start =
+            *model::parseTimestamp(QStringLiteral("2026-%1T00:00:00Z").arg(QLatin1StringView(day)),
+                                   model::FractionalSeconds::rejected);
+        for (Timestamp moment = start; moment < start + 48h; moment += 30min) {
+            moments.push_back(moment - 1s);
+            moments.push_back(moment);
+        }
+    }
+    return moments;
+}
+
+} // namespace
+
+class CalendarDaysTest : public tests::HermeticTest {
+    Q_OBJECT
+
+    tests::PrivateNetwork m_machine; ///< whose /etc is the test's
+
+private Q_SLOTS:
+    void cleanup() { qputenv("TZ", "UTC"); }
+
+    void agreesWithDate_data() {
+        QTest::addColumn<QByteArray>("tz");
+        for (const char* tz :
+             {"", "UTC", "UTC0", "Etc/UTC", "Europe/Berlin", ":Europe/Berlin", "America/St_Johns",
+              "America/Santiago", "America/Havana", "America/New_York", "Africa/Casablanca",
+              "Africa/Cairo", "Asia/Kolkata", "Asia/Kathmandu", "Asia/Tehran", "Asia/Gaza",
+              "Australia/Lord_Howe", "Pacific/Chatham", "Pacific/Kiritimati", "Pacific/Apia",
+              "Antarctica/Troll", "right/Europe/Berlin", "posix/Europe/Paris", "localtime",
+              ":/usr/share/zoneinfo/America/New_York", "/usr/share/zoneinfo/Asia/Tokyo",
+              // The rules of POSIX, north and south
+              "CET-1CEST", "CET-1CEST,M3.5.0,M10.5.0/3", "EST5EDT", "EST5EDT,M3.2.0,M11.1.0",
+              "NZST-12NZDT,M9.5.0,M4.1.0/3", "<-03>3<-02>,M3.5.0/-2,M10.5.0/-1",
+              "IST-2IDT,M3.4.4/26,M10.5.0", "XXX3YYY,J60/0,J300/0", "GMT+5", "GMT-5", "UTC+3",
+              "UTC-3", "<+0330>-3:30", "AAA24", "AAA-24BBB-25",
+              // What is no zone
+              ":", ":nonexistent", "Nowhere/Land", "garbage!", "/etc/passwd", "/etc", "\xff\xfe",
+              "../../../../etc/hostname", "M3.2.0", ",,,"}) {
+            QTest::newRow(tz) << QByteArray(tz);
+        }
+        QTest::newRow("10 kB") << QByteArray(10'000, 'x');
+        // Without TZ, what /etc/localtime leads to.
+        for (const char* file : {"Europe/Berlin", "Pacific/Chatham", "right/UTC", "../nothing", ".",
+                                 "../../../etc/passwd"}) {
+            QTest::newRow(file) << QByteArray("-") + file;
+        }
+    }
+
+    void agreesWithDate() {
+        QFETCH(const QByteArray, tz);
+        if (tz.startsWith('-')) {
+            if (!m_machine.isUsable()) {
+                QSKIP(std::strerror(errno));
+            }
+            qunsetenv("TZ");
+            QFile::remove(QStringLiteral("/etc/localtime"));
+            QFile::link(QStringLiteral("/usr/share/zoneinfo/") + QString::fromUtf8(tz.mid(1)),
+                        QStringLiteral("/etc/localtime"));
+        } else {
+            qputenv("TZ", tz);
+        }
+        ::tzset();
+        const auto zone = model::LocalZone::ofSystem();
+        const model::WeekdayTimeFormat weekdayTime("C", zone);
+        const std::vector<Timestamp> all = moments();
+        const QList<QByteArray> expected = printed(all);
+        QCOMPARE(static_cast<std::size_t>(expected.size()), all.size());
+        std::set<QDate> days;
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const Timestamp shown{zone.localTime(all[i] + 999999us).time_since_epoch()};
+            QByteArray text = model::formatTimestamp(shown).toLatin1() + ' ';
+            // Many times more work than the rest
+            text += i % 120 < 4 ? weekdayTime.format(all[i]).toLatin1() : expected[i].last(9);
+            QCOMPARE(text, expected[i]);
+            days.insert(history::localDay(all[i], zone));
+        }
+
+        std::vector<Timestamp> starts;
+        QList<QByteArray> ofDays;
+        for (const QDate day : days) {
+            starts.push_back(history::startOfDay(day, zone));
+            starts.push_back(starts.back() - 1s);
+            ofDays << day.toString(Qt::ISODate).toLatin1()
+                   << day.addDays(-1).toString(Qt::ISODate).toLatin1();
+        }
+        const QList<QByteArray> begun = printed(starts);
+        QCOMPARE(begun.size(), ofDays.size());
+        for (qsizetype i = 0; i < begun.size(); ++i) {
+            QCOMPARE(begun[i].first(10), ofDays[i]);
+        }
+    }
+
+    void anInvalidZoneIsUtc() {
+        const model::LocalZone zone{QTimeZone("Nowhere/Land")};
+        QCOMPARE(history::localDay(Timestamp{-1us}, zone), QDate(1969, 12, 31));
+        QCOMPARE(history::startOfDay({1970, 1, 2}, zone), Timestamp{24h});
+    }
+};
+
+TALLYVANE_TEST_MAIN(CalendarDaysTest)
+#include "calendar_days_test.moc"
