@@ -2,8 +2,6 @@
 
 #include "core/fixtures.h"
 
-#include <QtNetwork/QNetworkProxyFactory>
-
 #include <sys/resource.h>
 
 namespace tallyvane::app {
@@ -28,8 +26,9 @@ Composition::Composition(const Environment& environment)
       processRunner(clock),
       codexClient(providers::codexCandidates(QString::fromStdString(environment.home.string())),
                   processRunner, clock),
-      claudeClient({.credentialsFile = environment.home / ".claude" / ".credentials.json"}, secrets,
-                   clock),
+      claudeClient({.credentialsFile = environment.home / ".claude" / ".credentials.json",
+                    .network = environment.network},
+                   secrets, clock),
       tokenEstimator(environment.home),
       notifier(notificationCentre),
       model({.store = store,
@@ -47,7 +46,6 @@ Composition::Composition(const Environment& environment)
                 ? std::optional(core::fixtureHistory(clock.now(), QTimeZone::systemTimeZone()))
                 : std::nullopt) {
     forbidCoreFiles();
-    QNetworkProxyFactory::setUseSystemConfiguration(true);
 }
 
 } // namespace tallyvane::app

@@ -162,7 +162,7 @@ QCoro::Task<AppModel::FetchedEntry> AppModel::fetchCodex() {
 }
 
 QCoro::Task<AppModel::FetchedEntry> AppModel::fetchClaude() {
-    const auto fetched = co_await m_with.claudeClient.fetch();
+    const auto fetched = co_await m_with.claudeClient.fetch(providers::AskedBy::user);
     if (fetched) {
         co_return FetchedEntry{.entry = *fetched};
     }
