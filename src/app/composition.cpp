@@ -2,18 +2,21 @@
 
 #include "core/fixtures.h"
 
+#include <algorithm>
 #include <sys/resource.h>
 
 namespace tallyvane::app {
 
 namespace {
 
-/// The memory of a program that crashed would hold the token. The hard limit stays, so that the
-/// programs which this one starts can raise theirs.
+/// The memory of a program that crashed would hold the token. A limit of one byte forbids it to the
+/// programs too that the kernel hands a core to, which take no notice of any other limit, 0
+/// included (fs/coredump.c). The hard limit stays, so that the programs which this one starts can
+/// raise theirs.
 void forbidCoreFiles() {
     rlimit limit{};
     ::getrlimit(RLIMIT_CORE, &limit);
-    limit.rlim_cur = 0;
+    limit.rlim_cur = std::min<rlim_t>(1, limit.rlim_max);
     ::setrlimit(RLIMIT_CORE, &limit);
 }
 
