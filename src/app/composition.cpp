@@ -2,20 +2,21 @@
 
 #include "core/fixtures.h"
 
-#include <QtNetwork/QNetworkProxyFactory>
-
+#include <algorithm>
 #include <sys/resource.h>
 
 namespace tallyvane::app {
 
 namespace {
 
-/// The memory of a program that crashed would hold the token. The hard limit stays, so that the
-/// programs which this one starts can raise theirs.
+/// The memory of a program that crashed would hold the token. A limit of one byte forbids it to the
+/// programs too that the kernel hands a core to, which take no notice of any other limit, 0
+/// included (fs/coredump.c). The hard limit stays, so that the programs which this one starts can
+/// raise theirs.
 void forbidCoreFiles() {
     rlimit limit{};
     ::getrlimit(RLIMIT_CORE, &limit);
-    limit.rlim_cur = 0;
+    limit.rlim_cur = std::min<rlim_t>(1, limit.rlim_max);
     ::setrlimit(RLIMIT_CORE, &limit);
 }
 
@@ -28,8 +29,9 @@ Composition::Composition(const Environment& environment)
       processRunner(clock),
       codexClient(providers::codexCandidates(QString::fromStdString(environment.home.string())),
                   processRunner, clock),
-      claudeClient({.credentialsFile = environment.home / ".claude" / ".credentials.json"}, secrets,
-                   clock),
+      claudeClient({.credentialsFile = environment.home / ".claude" / ".credentials.json",
+                    .network = environment.network},
+                   secrets, clock),
       tokenEstimator(environment.home),
       notifier(notificationCentre),
       model({.store = store,
@@ -48,7 +50,6 @@ Composition::Composition(const Environment& environment)
                 ? std::optional(core::fixtureHistory(clock.now(), zone))
                 : std::nullopt) {
     forbidCoreFiles();
-    QNetworkProxyFactory::setUseSystemConfiguration(true);
 }
 
 } // namespace tallyvane::app

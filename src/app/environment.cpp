@@ -73,6 +73,19 @@ QString activationToken() {
     return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
 }
 
+/// By their usual names; those in capitals count where the others are empty.
+providers::NetworkVariables networkVariables() {
+    const auto value = [](const char* name) {
+        const QString usual = qEnvironmentVariable(name);
+        return usual.isEmpty() ? qEnvironmentVariable(QByteArray(name).toUpper()) : usual;
+    };
+    return {.proxy = {.httpsProxy = value("https_proxy"),
+                      .allProxy = value("all_proxy"),
+                      .noProxy = value("no_proxy")},
+            .certificateFile = qgetenv("SSL_CERT_FILE"),
+            .certificateDirectories = qgetenv("SSL_CERT_DIR")};
+}
+
 } // namespace
 
 Environment readEnvironment() {
@@ -87,6 +100,7 @@ Environment readEnvironment() {
             .activationToken = activationToken(),
             .launchContext =
                 core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),
+            .network = networkVariables(),
             .timeLocale = timeLocale(),
             .wantsColour = qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb"};
 }

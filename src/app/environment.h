@@ -2,6 +2,7 @@
 
 #include "core/launch_context.h"
 #include "model/shared_store.h"
+#include "providers/claude/network_setup.h"
 
 #include <filesystem>
 #include <string>
@@ -20,6 +21,7 @@ struct Environment {
     QString currentDesktop;  ///< $XDG_CURRENT_DESKTOP; may be empty
     QString activationToken; ///< the window system's, of whoever started it; may be empty
     core::LaunchContext launchContext;
+    providers::NetworkVariables network;
     std::string timeLocale;  ///< the POSIX locale in which times are written
     bool wantsColour = true; ///< false under NO_COLOR and on a dumb terminal
 };

@@ -224,7 +224,7 @@ QCoro::Task<AppModel::FetchedEntry> AppModel::fetchCodex(QuotaSnapshot previous)
 }
 
 QCoro::Task<AppModel::FetchedEntry> AppModel::fetchClaude(QuotaSnapshot previous) {
-    const auto fetched = co_await m_with.claudeClient.fetch();
+    const auto fetched = co_await m_with.claudeClient.fetch(providers::AskedBy::user);
     if (fetched) {
         co_return FetchedEntry{.entry = *fetched};
     }

@@ -2,6 +2,7 @@
 #include "fault/stored_files.h"
 #include "model/defaults_store.h"
 #include "support/private_network.h"
+#include "support/scripted_proxy.h"
 #include "support/test_main.h"
 #include "support/tls_server.h"
 
@@ -26,7 +27,15 @@ const QByteArray usage = R"({"five_hour":{"utilization":37.5}})";
 
 /// What goes wrong in one run, and the one line that the user then reads.
 struct Fault {
-    enum class Service { trusted, untrusted, otherName, absent, unreachable, unresolved };
+    enum class Service {
+        trusted,
+        untrusted,
+        otherName,
+        absent,
+        unreachable,
+        unresolved,
+        atSecondAddress, ///< the first one does not answer
+    };
 
     const char* name;
     const char* expected; ///< the start of it; null when all is well in the end
@@ -34,11 +43,13 @@ struct Fault {
     Service service = Service::trusted;
     const char* codex = "reply-amid-noise"; ///< of the scripted programs
     std::chrono::seconds tokenLife = 1h;
+    QString httpProxy{}; ///< $http_proxy, which counts as the desktop's setting
 };
 
 /// The program on its way through one fault, in a home of its own.
 struct Run {
     QString home;
+    QString httpProxy;
     std::unique_ptr<tests::TlsServer> server;
     QProcess program;
     QProcess other; ///< a second one in the same home
@@ -92,6 +103,7 @@ cat
         environment.insert(QStringLiteral("HOME"), home);
         environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/data"));
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
+        environment.insert(QStringLiteral("http_proxy"), httpProxy);
         program.setProcessEnvironment(environment);
         program.setStandardOutputFile(home + QStringLiteral("/output"));
         program.setStandardErrorFile(home + QStringLiteral("/errors"));
@@ -110,6 +122,9 @@ class FaultsTest : public tests::HermeticTest {
     tests::PrivateNetwork m_network;
     const tests::TlsIdentity m_identity = tests::makeTlsIdentity(QStringLiteral("DNS:") + service);
     QUdpSocket m_silentResolver;
+    tests::ScriptedProxy m_silentServer{{}};
+    QTcpServer m_fullServer;
+    QTcpSocket m_filling;
     std::vector<std::unique_ptr<Run>> m_runs;
     const tests::SecretWatch m_watch{token, QStringLiteral(".credentials.json")};
 
@@ -167,6 +182,11 @@ class FaultsTest : public tests::HermeticTest {
              {},
              Service::otherName},
             {"silent resolver", late, {}, Service::unresolved},
+            {.name = "silent server of the proxy script",
+             .expected = late,
+             .replies = {},
+             .httpProxy = QStringLiteral("pac+http://127.0.0.1:%1/pac").arg(m_silentServer.port())},
+            {.name = "silent address", .expected = nullptr, .service = Service::atSecondAddress},
             {.name = "codex is no program", .expected = "Codex: ", .codex = "no-program"},
             {.name = "codex dies", .expected = "Codex: Command failed (-1): boom", .codex = "dies"},
             {.name = "codex talks garbage", .expected = silent, .codex = "garbage"},
@@ -184,6 +204,7 @@ class FaultsTest : public tests::HermeticTest {
         auto run = std::make_unique<Run>();
         const qsizetype number = std::ssize(m_runs) + 1;
         run->home = QStringLiteral("%1/run-%2").arg(QDir::homePath()).arg(number);
+        run->httpProxy = fault.httpProxy;
         run->signIn(token, fault.tokenLife);
         run->installCodex(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") +
                           QLatin1StringView(fault.codex));
@@ -201,10 +222,13 @@ class FaultsTest : public tests::HermeticTest {
         if (fault.service != Service::absent && fault.service != Service::unreachable) {
             run->server = std::make_unique<tests::TlsServer>(identity, fault.replies, address, 443);
         }
-        tests::writeFile(run->home + QStringLiteral("/hosts"),
-                         fault.service == Service::unresolved
-                             ? QByteArray()
-                             : (address.toString() + u' ' + service + u'\n').toUtf8());
+        const QByteArray line = (address.toString() + u' ' + service + u'\n').toUtf8();
+        QByteArray hosts = fault.service == Service::unresolved ? QByteArray() : line;
+        if (fault.service == Service::atSecondAddress) {
+            hosts =
+                (m_fullServer.serverAddress().toString() + u' ' + service + u'\n').toUtf8() + line;
+        }
+        tests::writeFile(run->home + QStringLiteral("/hosts"), hosts);
         return run;
     }
 
@@ -218,6 +242,12 @@ private Q_SLOTS:
             QSKIP(std::strerror(errno)); // mostly: this user may not
         }
         m_silentResolver.bind(QHostAddress(QStringLiteral("127.0.0.53")), 53);
+        // What comes once its queue is full, it does not answer.
+        m_fullServer.setListenBacklogSize(0);
+        m_fullServer.listen(QHostAddress(QStringLiteral("127.0.2.1")), 443);
+        m_fullServer.pauseAccepting();
+        m_filling.connectToHost(m_fullServer.serverAddress(), 443);
+        QVERIFY(m_filling.waitForConnected());
         tests::PrivateNetwork::replace("/etc/resolv.conf",
                                        "nameserver 127.0.0.53\noptions timeout:30 attempts:5\n");
         tests::PrivateNetwork::trust(m_identity.certificate, "service");

@@ -11,8 +11,10 @@ void isolate(const QTemporaryDir& home) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path + "/no-bus");
     qputenv("TZ", "UTC");
     qputenv("LANG", "C.UTF-8");
-    for (const char* name : {"LC_ALL", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy",
-                             "https_proxy", "all_proxy", "GAUGEWELL_USE_FIXTURES"}) {
+    for (const char* name :
+         {"LC_ALL", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy", "HTTP_PROXY",
+          "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY",
+          "SSL_CERT_FILE", "SSL_CERT_DIR", "GAUGEWELL_USE_FIXTURES"}) {
         qunsetenv(name);
     }
 }

@@ -9,6 +9,20 @@ namespace {
 
 constexpr qsizetype maximumRecordSize = 1024 * 1024;
 
+/// A moment outside the years that have a timestamp is as long past, or as far ahead, as one can
+/// be.
+model::Timestamp expiry(double milliseconds) {
+    using namespace std::chrono;
+    constexpr sys_seconds earliest = sys_days{year{0} / January / 1};
+    constexpr sys_seconds latest = sys_days{year{9999} / December / 31};
+    const auto seconds = [](sys_seconds moment) {
+        return static_cast<double>(moment.time_since_epoch().count());
+    };
+    return model::timestampFromUnixSeconds(
+               std::clamp(milliseconds / 1000, seconds(earliest), seconds(latest)))
+        .value_or(earliest);
+}
+
 bool isControl(QChar c) {
     return c.category() == QChar::Other_Control;
 }
@@ -26,8 +40,7 @@ std::optional<Credentials> parseSignInRecord(const QByteArray& json) {
     const auto milliseconds = numberMember(signIn, QLatin1StringView("expiresAt"));
     return Credentials{
         .accessToken = token.toUtf8(),
-        .expiresAt =
-            milliseconds ? model::timestampFromUnixSeconds(*milliseconds / 1000) : std::nullopt,
+        .expiresAt = milliseconds ? std::optional(expiry(*milliseconds)) : std::nullopt,
         .subscriptionType = textMember(signIn, QLatin1StringView("subscriptionType"))};
 }
 

@@ -24,8 +24,9 @@ struct Credentials {
 ///     {"claudeAiOauth": {"accessToken": text, "expiresAt": milliseconds since 1970,
 ///                        "subscriptionType": text, ...}, ...}
 ///
-/// Nothing without a token that can be sent in an HTTP header. An expiry that is no number or is
-/// out of range, and a plan that is no text, are absent.
+/// Nothing without a token that can be sent in an HTTP header. An expiry that is no number and a
+/// plan that is no text are absent; an expiry outside the years 0000 to 9999 is the nearest in
+/// them.
 [[nodiscard]] std::optional<Credentials> parseSignInRecord(const QByteArray& json);
 
 /// Reads the stored record: the keyring's item of service `keychainService`, or, when there is none

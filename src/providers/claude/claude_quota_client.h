@@ -2,11 +2,10 @@
 
 #include "platform/clock.h"
 #include "providers/claude/claude_credentials.h"
+#include "providers/claude/network_setup.h"
 #include "providers/claude/usage_reply.h"
 
-#include <QtCore/QUrl>
-#include <QtNetwork/QSslConfiguration>
-
+#include <memory>
 #include <optional>
 
 namespace tallyvane::providers {
@@ -17,7 +16,14 @@ struct ClaudeQuotaSource {
     QString keychainService = QStringLiteral("Claude Code-credentials");
     std::filesystem::path credentialsFile; ///< .claude/.credentials.json in the home directory
     std::chrono::milliseconds timeout = std::chrono::seconds{15}; ///< of a request as a whole
-    std::optional<QSslConfiguration> tls;                         ///< the default one unless given
+    NetworkVariables network;
+    std::optional<QSslConfiguration> tls; ///< else the roots of the system and of `network`
+};
+
+/// Who wants the figures.
+enum class AskedBy {
+    user,
+    timer, ///< held back while the service wants it so
 };
 
 /// Asks for the Claude quotas with the token of the user's own Claude Code, which goes nowhere but
@@ -28,20 +34,24 @@ public:
                       platform::Clock& clock);
 
     /// Asks once, and once more with a newly read token if the first is not accepted. Never follows
-    /// a redirect and keeps no cookie.
+    /// a redirect and keeps no cookie. After an answer of status 429 the timer gets `rateLimited`
+    /// without a request until the answer's Retry-After has passed, an hour at the most.
     [[nodiscard]] QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
-    fetch();
+    fetch(AskedBy askedBy);
 
 private:
     QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>> attempt();
     QCoro::Task<std::expected<Credentials, ClaudeQuotaError>> loadCredentials(model::Timestamp now);
     QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
     request(Credentials credentials);
+    void pause(std::chrono::seconds duration);
 
     ClaudeQuotaSource m_source;
     platform::SecretStore& m_secrets;
     platform::Clock& m_clock;
     TokenCache m_cache;
+    NetworkSetupFinder m_setupFinder;
+    std::unique_ptr<platform::Alarm> m_pause; ///< of the timer's requests; rings at its end
 };
 
 } // namespace tallyvane::providers

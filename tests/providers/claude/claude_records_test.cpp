@@ -35,8 +35,10 @@ private Q_SLOTS:
         row("token alone", R"("accessToken":"sk-é")", "sk-é - -");
         row("other types", R"("accessToken":"t","expiresAt":"1700000000000","subscriptionType":7)",
             "t - -");
-        row("expiry too late", R"("accessToken":"t","expiresAt":1e300)", "t - -");
-        row("expiry too early", R"("accessToken":"t","expiresAt":-1e17)", "t - -");
+        row("expiry too late", R"("accessToken":"t","expiresAt":1e300)",
+            "t 9999-12-31T00:00:00Z -");
+        row("expiry too early", R"("accessToken":"t","expiresAt":-1e17)",
+            "t 0000-01-01T00:00:00Z -");
         row("no token", R"("expiresAt":1700000000000)", "");
         row("empty token", R"("accessToken":"")", "");
         row("token is a number", R"("accessToken":5)", "");

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/clock.h"
+
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtNetwork/QHostAddress>
+#include <QtNetwork/QNetworkProxy>
+#include <QtNetwork/QSslSocket>
+
+#include <expected>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace tallyvane::providers {
+
+/// Connects to a host by the first of its addresses that answers. The next one is tried as soon as
+/// one fails or has been silent for a quarter of a second (RFC 8305), so that a network which loses
+/// one kind of addresses is not taken for a host that is down. Main thread only.
+class ConnectionRace {
+public:
+    /// A connection, not encrypted yet, or why there is none.
+    using Result = std::expected<std::unique_ptr<QSslSocket>, QString>;
+    using Ended = std::function<void(Result)>;
+
+    /// Calls `ended` once, at the earliest before this returns, unless it is destroyed before.
+    /// `socks` is a SOCKS proxy, which finds the host itself, or `QNetworkProxy::NoProxy`.
+    ConnectionRace(const QString& host, quint16 port, const QNetworkProxy& socks,
+                   platform::Clock& clock, Ended ended);
+    ConnectionRace(const ConnectionRace&) = delete;
+    ConnectionRace& operator=(const ConnectionRace&) = delete;
+
+private:
+    void tryNext();
+    void attempt(const QString& host);
+    void won(QSslSocket* winner);
+    void lost(const QString& reason);
+
+    quint16 m_port;
+    QNetworkProxy m_socks;
+    platform::Clock& m_clock;
+    Ended m_ended;
+    QList<QHostAddress> m_addresses; ///< not tried yet
+    std::unique_ptr<platform::Alarm> m_silence;
+    std::vector<std::unique_ptr<QSslSocket>> m_attempts;
+    std::size_t m_losses = 0;
+    QObject m_scope; ///< of the connections to what outlives this
+};
+
+} // namespace tallyvane::providers
