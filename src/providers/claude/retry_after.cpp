@@ -1,6 +1,8 @@
 #include "providers/claude/retry_after.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QLocale>
+#include <QtCore/QTimeZone>
 
 #include <algorithm>
 
