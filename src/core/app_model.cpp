@@ -1,9 +1,10 @@
 #include "core/app_model.h"
 
-#include "core/spawn.h"
 #include "history/usage_history_recorder.h"
+#include "platform/spawn.h"
 
-#include <QCoro/QCoroSignal>
+#include <QCoro/QCoroFuture>
+#include <QtCore/QPromise>
 
 #include <stop_token>
 
@@ -74,7 +75,7 @@ void AppModel::clearHistory() {
 }
 
 void AppModel::startRefresh() {
-    spawn(refreshAlone());
+    platform::spawn(refreshAlone());
 }
 
 QCoro::Task<> AppModel::refreshAlone() {
@@ -85,20 +86,26 @@ QCoro::Task<RefreshReport> AppModel::refresh() {
     if (m_isRefreshing) {
         co_return RefreshReport{.outcome = RefreshReport::Outcome::alreadyRunning};
     }
+    QPromise<RefreshReport> end;
+    end.start();
+    m_end = end.future();
     m_isRefreshing = true;
     RefreshReport report = co_await runCycle();
     m_isRefreshing = false;
+    end.addResult(report);
+    end.finish();
     co_return report;
 }
 
 QCoro::Task<bool> AppModel::refreshOrJoin() {
+    // Not the signal: the next refresh may start before all who wait have resumed, and an await of
+    // a signal that comes again by then resumes twice.
     if (!m_isRefreshing) {
-        const RefreshReport report = co_await refresh();
-        co_return report.outcome == RefreshReport::Outcome::published;
+        startRefresh();
     }
-    const QuotaSnapshot before = m_snapshot;
-    co_await qCoro(this, &AppModel::isRefreshingChanged);
-    co_return m_snapshot.value() != before;
+    const QFuture<RefreshReport> end = m_end;
+    const RefreshReport report = co_await end;
+    co_return report.outcome == RefreshReport::Outcome::published;
 }
 
 QCoro::Task<RefreshReport> AppModel::runCycle() {

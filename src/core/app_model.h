@@ -13,6 +13,7 @@
 #include "providers/codex/codex_quota_client.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QFuture>
 #include <QtCore/QObject>
 #include <QtCore/QProperty>
 
@@ -112,6 +113,7 @@ private:
     [[nodiscard]] model::ProviderQuotaSnapshot staleEntry(model::AIProvider provider) const;
 
     Collaborators m_with;
+    QFuture<RefreshReport> m_end; ///< of the last refresh
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::QuotaSnapshot, m_snapshot,
                                &AppModel::snapshotChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, history::UsageHistory, m_history,
