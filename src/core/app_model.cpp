@@ -27,8 +27,8 @@ std::optional<QString> shortText(const providers::ClaudeFetchError& error) {
         return QStringLiteral("Network error");
     }
     using Kind = providers::ClaudeQuotaError::Kind;
-    const auto& [kind, status] = std::get<providers::ClaudeQuotaError>(error);
-    switch (kind) {
+    const auto& quotaError = std::get<providers::ClaudeQuotaError>(error);
+    switch (quotaError.kind) {
     case Kind::noCredentials:
         return QStringLiteral("Keychain auth");
     case Kind::tokenExpired:
@@ -36,7 +36,8 @@ std::optional<QString> shortText(const providers::ClaudeFetchError& error) {
     case Kind::rateLimited:
         return QStringLiteral("Rate limited");
     case Kind::httpStatus:
-        return status == 401 ? std::optional(QStringLiteral("Sign-in expired")) : std::nullopt;
+        return quotaError.httpStatus == 401 ? std::optional(QStringLiteral("Sign-in expired"))
+                                            : std::nullopt;
     case Kind::malformedResponse:
         break;
     }
@@ -113,8 +114,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     // Tasks start at once and run side by side until each is awaited.
     QCoro::Task<FetchedEntry> codexTask = fetchCodex();
     QCoro::Task<FetchedEntry> claudeTask = fetchClaude();
-    QCoro::Task<history::TokenTotals> tokenTask =
-        m_with.tokenEstimator.estimate(stopTokens.get_token());
+    auto tokenTask = m_with.tokenEstimator.estimate(stopTokens.get_token());
     const QuotaSnapshot previous = m_snapshot;
 
     const FetchedEntry codex = co_await codexTask;
@@ -138,10 +138,14 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
         co_return report;
     }
 
-    const history::TokenTotals totals = co_await tokenTask;
+    const auto totals = co_await tokenTask;
+    if (!totals) {
+        report.tokensFailure = totals.error().message;
+    }
     history::UsageHistoryRecorder recorder(m_with.store, m_with.defaults,
                                            QTimeZone::systemTimeZone());
-    const auto recorded = recorder.record(previous, current, totals, current.updatedAt);
+    const auto recorded = recorder.record(
+        previous, current, totals.value_or(history::TokenTotals{}), current.updatedAt);
     if (!recorded) {
         // The stored snapshot is then newer than the one shown, until the next refresh.
         m_lastError = recorded.error().message;
@@ -153,7 +157,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     m_snapshot = current;
     m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(),
                             QTimeZone::systemTimeZone());
-    m_lastError = codex.failure;
+    m_lastError = codex.failure ? codex.failure : report.tokensFailure;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();
     co_return report;

@@ -44,6 +44,7 @@ struct RefreshReport {
 
     Outcome outcome = Outcome::published;
     std::map<model::AIProvider, QString> failures; ///< per provider that failed: why, for the user
+    std::optional<QString> tokensFailure;          ///< why no tokens were counted, for the user
 };
 
 /// The short text that a Claude failure leaves on the Claude entry; nothing for those that have
@@ -64,7 +65,7 @@ public:
     [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
     [[nodiscard]] history::UsageHistory history() const { return m_history; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
-    /// For the user: why the Codex figures or the files are not up to date.
+    /// For the user: why the Codex figures, the tokens or the files are not up to date.
     [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {
