@@ -1,6 +1,7 @@
 #include "app/refresh_command.h"
 
 #include "app/composition.h"
+#include "app/resource_check.h"
 #include "app/start_command.h"
 #include "app/status_command.h"
 #include "model/quota_display.h"
@@ -47,6 +48,9 @@ ExitCode refreshHere(const Environment& environment) {
     for (const auto& [provider, reason] : report.failures) {
         printError(QStringLiteral("%1: %2").arg(model::displayName(provider), reason));
     }
+    if (report.tokensFailure) {
+        printError(*report.tokensFailure);
+    }
     if (report.outcome == core::RefreshReport::Outcome::notSaved) {
         printError(model.lastError().value_or(QString()));
         return ExitCode::failure;
@@ -60,6 +64,9 @@ ExitCode refreshHere(const Environment& environment) {
 } // namespace
 
 ExitCode runRefresh(const Environment& environment) {
+    if (!checkResources(refreshResources)) {
+        return ExitCode::failure;
+    }
     std::expected<bool, platform::CallError> stored = false;
     {
         const ProgressLine progress(progressText);
