@@ -2,6 +2,7 @@
 #include "app/environment.h"
 #include "app/history_command.h"
 #include "app/refresh_command.h"
+#include "app/resource_check.h"
 #include "app/start_command.h"
 #include "app/status_command.h"
 #include "app/terminal.h"
@@ -43,6 +44,9 @@ ExitCode run(const CommandLine& commandLine) {
 
 int main(int argc, char** argv) {
     using namespace tallyvane::app;
+    if (!checkResources(commandResources)) {
+        return std::to_underlying(ExitCode::failure);
+    }
     const QCoreApplication application(argc, argv);
     const auto commandLine = parseCommandLine(QCoreApplication::arguments());
     if (!commandLine) {

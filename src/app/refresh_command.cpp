@@ -1,6 +1,7 @@
 #include "app/refresh_command.h"
 
 #include "app/composition.h"
+#include "app/resource_check.h"
 #include "app/start_command.h"
 #include "app/status_command.h"
 #include "model/quota_display.h"
@@ -64,6 +65,9 @@ ExitCode refreshHere(const Environment& environment) {
 } // namespace
 
 ExitCode runRefresh(const Environment& environment) {
+    if (!checkResources(refreshResources)) {
+        return ExitCode::failure;
+    }
     std::expected<bool, platform::CallError> stored = false;
     {
         const ProgressLine progress(progressText);

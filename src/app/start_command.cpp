@@ -1,5 +1,6 @@
 #include "app/start_command.h"
 
+#include "app/resource_check.h"
 #include "platform/linux/dbus_application.h"
 
 #include <QtCore/QCoreApplication>
@@ -36,6 +37,9 @@ ExitCode reportNoAnswer() {
 }
 
 ExitCode runStart(const Environment& environment, StartMode mode) {
+    if (!checkResources(refreshResources)) {
+        return ExitCode::failure;
+    }
     if (mode == StartMode::background) {
         if (platform::isApplicationRunning()) {
             return ExitCode::success;

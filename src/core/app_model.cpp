@@ -1,10 +1,9 @@
 #include "core/app_model.h"
 
-#include "core/spawn.h"
 #include "history/usage_history_recorder.h"
+#include "platform/spawn.h"
 
 #include <QCoro/QCoroFuture>
-#include <QCoro/QCoroSignal>
 #include <QtCore/QPromise>
 
 #include <stop_token>
@@ -49,8 +48,8 @@ std::optional<QString> shortText(const providers::ClaudeFetchError& error) {
         return QStringLiteral("Network error");
     }
     using Kind = providers::ClaudeQuotaError::Kind;
-    const auto& [kind, status] = std::get<providers::ClaudeQuotaError>(error);
-    switch (kind) {
+    const auto& quotaError = std::get<providers::ClaudeQuotaError>(error);
+    switch (quotaError.kind) {
     case Kind::noCredentials:
         return QStringLiteral("Keychain auth");
     case Kind::tokenExpired:
@@ -58,7 +57,8 @@ std::optional<QString> shortText(const providers::ClaudeFetchError& error) {
     case Kind::rateLimited:
         return QStringLiteral("Rate limited");
     case Kind::httpStatus:
-        return status == 401 ? std::optional(QStringLiteral("Sign-in expired")) : std::nullopt;
+        return quotaError.httpStatus == 401 ? std::optional(QStringLiteral("Sign-in expired"))
+                                            : std::nullopt;
     case Kind::malformedResponse:
         break;
     }
@@ -105,7 +105,7 @@ void AppModel::clearHistory() {
 }
 
 void AppModel::startRefresh() {
-    spawn(refreshAlone());
+    platform::spawn(refreshAlone());
 }
 
 QCoro::Task<> AppModel::refreshAlone() {
@@ -116,20 +116,26 @@ QCoro::Task<RefreshReport> AppModel::refresh() {
     if (m_isRefreshing) {
         co_return RefreshReport{.outcome = RefreshReport::Outcome::alreadyRunning};
     }
+    QPromise<RefreshReport> end;
+    end.start();
+    m_end = end.future();
     m_isRefreshing = true;
     RefreshReport report = co_await runCycle();
     m_isRefreshing = false;
+    end.addResult(report);
+    end.finish();
     co_return report;
 }
 
 QCoro::Task<bool> AppModel::refreshOrJoin() {
+    // Not the signal: the next refresh may start before all who wait have resumed, and an await of
+    // a signal that comes again by then resumes twice.
     if (!m_isRefreshing) {
-        const RefreshReport report = co_await refresh();
-        co_return report.outcome == RefreshReport::Outcome::published;
+        startRefresh();
     }
-    const QuotaSnapshot before = m_snapshot;
-    co_await qCoro(this, &AppModel::isRefreshingChanged);
-    co_return m_snapshot.value() != before;
+    const QFuture<RefreshReport> end = m_end;
+    const RefreshReport report = co_await end;
+    co_return report.outcome == RefreshReport::Outcome::published;
 }
 
 QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
@@ -168,8 +174,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     // Tasks start at once and run side by side until each is awaited.
     QCoro::Task<FetchedEntry> codexTask = fetchCodex(previous);
     QCoro::Task<FetchedEntry> claudeTask = fetchClaude(previous);
-    QCoro::Task<history::TokenTotals> tokenTask =
-        m_with.tokenEstimator.estimate(stopTokens.get_token());
+    auto tokenTask = m_with.tokenEstimator.estimate(stopTokens.get_token());
 
     const FetchedEntry codex = co_await codexTask;
     const FetchedEntry claude = co_await claudeTask;
@@ -193,22 +198,23 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     }
     m_storedSnapshot = m_with.store.loadSnapshot();
 
-    const history::TokenTotals totals = co_await tokenTask;
+    const auto totals = co_await tokenTask;
     history::UsageHistoryRecorder recorder(m_with.store, m_baselines, m_with.zone);
-    const auto recorded = recorder.record(previous, current, totals, m_with.clock.now());
+    const auto recorded = recorder.record(
+        previous, current, totals.value_or(history::TokenTotals()), m_with.clock.now());
     if (!recorded) {
         // The stored snapshot is then newer than the one shown, until the next refresh.
         m_lastError = recorded.error().message;
         report.outcome = RefreshReport::Outcome::notSaved;
         co_return report;
     }
-    report.uncounted = recorded->uncounted;
+    report.uncounted = totals ? recorded->uncounted : totals.error().message;
     m_recordedSnapshot = current;
 
     m_history = recorded->history;
     m_snapshot = current;
     m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(), m_with.zone);
-    m_lastError = codex.failure ? codex.failure : recorded->uncounted;
+    m_lastError = codex.failure ? codex.failure : report.uncounted;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();
     co_return report;

@@ -15,6 +15,7 @@
 #include "providers/codex/codex_quota_client.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QFuture>
 #include <QtCore/QObject>
 #include <QtCore/QProperty>
 
@@ -126,6 +127,7 @@ private:
     std::optional<model::QuotaSnapshot> m_storedSnapshot;
     /// Up to which the history counts. Not what is on show when that is made up.
     std::optional<model::QuotaSnapshot> m_recordedSnapshot;
+    QFuture<RefreshReport> m_end; ///< of the last refresh
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::QuotaSnapshot, m_snapshot,
                                &AppModel::snapshotChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, history::UsageHistory, m_history,

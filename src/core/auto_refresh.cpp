@@ -1,12 +1,12 @@
 #include "core/auto_refresh.h"
 
-#include "core/spawn.h"
+#include "platform/spawn.h"
 
 namespace tallyvane::core {
 
 void AutoRefresh::start(const LaunchContext& context) {
     if (!context.isTestHost && !context.isFixtureMode) {
-        spawn(refreshAndWait());
+        platform::spawn(refreshAndWait());
     }
 }
 
@@ -18,7 +18,7 @@ void AutoRefresh::stop() {
 QCoro::Task<> AutoRefresh::refreshAndWait() {
     co_await m_model.refresh();
     if (!m_isStopped) {
-        m_next = m_clock.after(refreshInterval, [this] { spawn(refreshAndWait()); });
+        m_next = m_clock.after(refreshInterval, [this] { platform::spawn(refreshAndWait()); });
     }
 }
 

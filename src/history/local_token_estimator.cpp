@@ -7,6 +7,7 @@
 #include <memory>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace tallyvane::history {
@@ -29,7 +30,8 @@ LocalTokenEstimator::~LocalTokenEstimator() {
     m_end.request_stop();
 }
 
-QCoro::Task<TokenTotals> LocalTokenEstimator::estimate(std::stop_token stop) {
+QCoro::Task<std::expected<TokenTotals, EstimateError>>
+LocalTokenEstimator::estimate(std::stop_token stop) {
     const auto promise = std::make_shared<QPromise<TokenTotals>>();
     promise->start();
     const auto count = [promise, roots = m_roots, stop, end = m_end.get_token()] {
@@ -43,10 +45,19 @@ QCoro::Task<TokenTotals> LocalTokenEstimator::estimate(std::stop_token stop) {
         promise->addResult(scanSessionLogs(roots, now, either.get_token()).totals);
         promise->finish();
     };
-    m_thread = std::jthread([count, before = std::move(m_thread)]() mutable {
-        before = {}; // waits
-        count();
-    });
+    // Shared, so that it is still there if no thread can be made.
+    const auto before = std::make_shared<std::jthread>(std::move(m_thread));
+    try {
+        m_thread = std::jthread([count, before] {
+            *before = {}; // waits
+            count();
+        });
+    } catch (const std::system_error& error) {
+        m_thread = std::move(*before);
+        co_return std::unexpected(
+            EstimateError{QStringLiteral("The session logs could not be counted: %1.")
+                              .arg(qt_error_string(error.code().value()))});
+    }
     const QFuture<TokenTotals> totals = promise->future();
     co_return co_await totals;
 }

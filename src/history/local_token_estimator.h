@@ -3,12 +3,19 @@
 #include "history/session_log_scan.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QString>
 
+#include <expected>
 #include <filesystem>
 #include <stop_token>
 #include <thread>
 
 namespace tallyvane::history {
+
+/// Why nothing was counted.
+struct EstimateError {
+    QString message; ///< one sentence for the user
+};
 
 /// Counts the tokens in the assistants' local session logs, in a thread of its own that yields to
 /// everything else on the machine. Main thread only. Its end stops a running count and waits until
@@ -21,9 +28,10 @@ public:
     LocalTokenEstimator(const LocalTokenEstimator&) = delete;
     LocalTokenEstimator& operator=(const LocalTokenEstimator&) = delete;
 
-    /// What scanSessionLogs counts from now on. Never fails. Once `stop` is requested it ends soon,
-    /// with totals that mean nothing.
-    [[nodiscard]] QCoro::Task<TokenTotals> estimate(std::stop_token stop);
+    /// What scanSessionLogs counts from now on; an error when the system gives no thread for it.
+    /// Once `stop` is requested it ends soon, with totals that mean nothing.
+    [[nodiscard]] QCoro::Task<std::expected<TokenTotals, EstimateError>>
+    estimate(std::stop_token stop);
 
 private:
     LogRoots m_roots;

@@ -7,12 +7,14 @@ class QProcess;
 
 namespace tallyvane::providers {
 
-/// Sees to it that a child process, and whatever it starts, ends with its use.
+/// Sees to it that a child process, and what it starts, ends with its use.
 ///
 /// A guarded QProcess leads a session and a process group of its own, with a guardian beside it: a
 /// fork of this program that only waits. When this object is destroyed, or when this program ends
-/// in whatever way, the guardian asks the group to terminate, kills what is left of it after a
-/// grace, and ends. Linux only.
+/// in whatever way, the guardian asks the group, and what has left it for another group of the
+/// session, to terminate, kills what is left of them after a grace, and ends. It does not find what
+/// has made a session of its own, as daemons do (setsid), nor, where /proc does not show the user's
+/// processes, what has left the group. Linux only.
 class ChildGuardian {
 public:
     ChildGuardian();

@@ -4,7 +4,6 @@
 #include "providers/child_guardian.h"
 
 #include <QCoro/QCoroFuture>
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 
@@ -84,13 +83,10 @@ std::optional<QString> findExecutable(const QStringList& candidates) {
 }
 
 ProcessRunner::~ProcessRunner() {
-    // Their guardians have been told and end them all, but QProcess insists on seeing its own go.
-    const QDeadlineTimer deadline(std::chrono::milliseconds{100});
+    // Their guardians see to their end. The destructor of a running QProcess would kill its program
+    // at once and wait, so each of them is left to delete itself when it can.
     for (QProcess* process : m_processes.findChildren<QProcess*>()) {
-        if (!process->waitForFinished(static_cast<int>(deadline.remainingTime()))) {
-            process->kill();
-            process->waitForFinished();
-        }
+        process->setParent(nullptr);
     }
 }
 
@@ -98,7 +94,9 @@ QCoro::Task<CommandReply> ProcessRunner::requestRateLimits(QString executable,
                                                            QStringList arguments, QByteArray input,
                                                            std::chrono::milliseconds timeout) {
     ResponseCollector collector;
-    const auto alarm = m_clock.after(timeout, [&collector] { collector.timeoutFired(); });
+    const auto giveUp = [&collector] { collector.timeoutFired(); };
+    // The child does not get on either while the machine is suspended.
+    const auto alarm = m_clock.after(timeout, giveUp, platform::SuspendedTime::doesNotCount);
     const Child child(executable, arguments, input, m_grace, collector, m_processes);
     co_return co_await collector.waitForResult();
 }

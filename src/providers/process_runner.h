@@ -16,7 +16,7 @@ namespace tallyvane::providers {
 [[nodiscard]] std::optional<QString> findExecutable(const QStringList& candidates);
 
 /// Holds short conversations with child processes. Main thread only; must outlive its tasks. Its
-/// own end waits a tenth of a second at most for children that are ending.
+/// own end waits for no child: those that are ending keep their grace.
 class ProcessRunner {
 public:
     /// A child that has not ended `grace` after the request to terminate is killed.
@@ -30,10 +30,11 @@ public:
     /// Starts `executable`, writes `input` to its standard input, which stays open, and gives the
     /// first line of its standard output that is an object whose "id" is 1. The child has this
     /// program's environment and working directory. That it ends says nothing: without a reply
-    /// the wait lasts until `timeout`. What others write to its pipes after its end is not read.
+    /// the wait lasts until `timeout`, which
+    /// does not count suspended time. What others write to its pipes after its end is not read.
     ///
-    /// Whatever comes out, the child and all that it started are being ended by then; none of it
-    /// outlives this program by more than the grace.
+    /// Whatever comes out, the child and what it started are being ended by then, and outlive this
+    /// program by no more than the grace; ChildGuardian says what cannot be found.
     [[nodiscard]] QCoro::Task<CommandReply> requestRateLimits(QString executable,
                                                               QStringList arguments,
                                                               QByteArray input,

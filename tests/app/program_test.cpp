@@ -11,6 +11,8 @@
 #include <QtCore/QProcess>
 #include <QtTest/QSignalSpy>
 
+#include <unistd.h>
+
 using namespace tallyvane;
 
 namespace {
@@ -161,6 +163,16 @@ private Q_SLOTS:
                     .output.contains(u"\"text\":\"58%\""));
     }
 
+    /// It may be about to store a new sign-in of its own, and the user does not wait for that.
+    void letsCodexEndInItsOwnTime() {
+        installCodex(R"(trap 'until [ -e "$HOME/go" ]; do sleep 0.01; done; : >"$HOME/ended"' TERM)"
+                     R"(; echo '{"id":1,"result":{"rateLimits":{}}}'; sleep 1000 & wait)");
+        QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
+        QVERIFY(!QFile::exists(m_home->filePath(QStringLiteral("ended"))));
+        tests::writeFile(m_home->filePath(QStringLiteral("go")), {});
+        QTRY_VERIFY(QFile::exists(m_home->filePath(QStringLiteral("ended"))));
+    }
+
     void keepsOldFiguresWhenCodexFails() {
         installCodex(
             R"(echo '{"id":1,"result":{"rateLimits":{"primary":{"usedPercent":42}}}}'; cat)");
@@ -245,6 +257,41 @@ private Q_SLOTS:
         const Run refresh = run({QStringLiteral("refresh")});
         QCOMPARE(refresh.exitCode, 1);
         QVERIFY2(refresh.error.contains(u"quota-snapshot.json"), qPrintable(refresh.error));
+    }
+
+    void refusesToRunWithoutResources_data() {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("limit"); // of the shell
+        for (const char* command : {"refresh", "status", "tokens", "history", "--background"}) {
+            for (const int files : {4, 5, 6, 8, 12, 20, 34}) {
+                QTest::addRow("%s, %d files", command, files)
+                    << QString::fromLatin1(command) << QStringLiteral("ulimit -n %1").arg(files);
+            }
+        }
+        // The administrator's programs take no notice of it.
+        const QString user = ::geteuid() == 0
+                                 ? QStringLiteral("exec setpriv --reuid=65534 --regid=65534 "
+                                                  "--clear-groups prlimit --nproc=%1")
+                                 : QStringLiteral("ulimit -u %1");
+        for (const int threads : {1, 4, 8}) {
+            QTest::addRow("refresh, %d threads", threads)
+                << QStringLiteral("refresh") << user.arg(threads);
+        }
+    }
+    void refusesToRunWithoutResources() {
+        QFETCH(const QString, command);
+        QFETCH(const QString, limit);
+        const bool needsMany = command == u"refresh" || command == u"--background";
+        m_program = QStringLiteral("/bin/sh");
+        const QString separator =
+            limit.startsWith(u"exec") ? QStringLiteral(" ") : QStringLiteral("; exec ");
+        const Run refused =
+            run({QStringLiteral("-c"), limit + separator + QStringLiteral("\"$0\" ") + command,
+                 QStringLiteral(TALLYVANE_PROGRAM)});
+        QVERIFY2(refused.error.count(u'\n') <= 1, qPrintable(refused.error));
+        const bool isTold = refused.exitCode == 1 && refused.error.contains(u"The system gives");
+        QVERIFY2(isTold || (!needsMany && (refused.exitCode == 0 || refused.exitCode == 4)),
+                 qPrintable(QString::number(refused.exitCode) + refused.error));
     }
 
     void reportsAFullDisk() {

@@ -9,6 +9,7 @@
 
 #include <QtTest/QSignalSpy>
 
+#include <list>
 #include <sys/wait.h>
 
 using namespace tallyvane;
@@ -146,6 +147,31 @@ private Q_SLOTS:
         QCOMPARE(desk.server.requests().size(), 1);
         const QStringList expected{QStringLiteral("GaugewellWidget"), QStringLiteral("all")};
         QCOMPARE(desk.widgetCentre.calls, expected);
+    }
+
+    /// They resume from the event loop, and by then the next refresh may run.
+    void answersEveryoneWhoJoined() {
+        Desk desk(m_identity);
+        desk.installCodex(42);
+        Running running(desk);
+        core::AppModel& model = running.model;
+        const auto first = model.refresh();
+        std::list<QCoro::Task<bool>> joined;
+        for (int i = 0; i < 3; ++i) {
+            joined.push_back(model.refreshOrJoin());
+        }
+        std::optional<QCoro::Task<bool>> next;
+        connect(&model, &core::AppModel::isRefreshingChanged, this, [&] {
+            if (!model.isRefreshing() && !next) {
+                next = model.refreshOrJoin();
+                joined.push_back(model.refreshOrJoin());
+            }
+        });
+        QTRY_VERIFY(next && next->isReady());
+        QTRY_COMPARE(joined.size(), 4U);
+        for (QCoro::Task<bool>& one : joined) {
+            QVERIFY(QCoro::waitFor(one));
+        }
     }
 
     void keepsWhatFailed_data() {

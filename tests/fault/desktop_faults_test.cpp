@@ -1,6 +1,7 @@
 #include "fault/secret_watch.h"
 #include "fault/stored_files.h"
 #include "history/calendar_days.h"
+#include "platform/linux/status_item/dbus_menu_records.h"
 #include "support/gnome_keyring.h"
 #include "support/private_network.h"
 #include "support/tallyvane_program.h"
@@ -11,6 +12,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QTimeZone>
+#include <QtCore/QXmlStreamReader>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingReply>
@@ -54,6 +56,70 @@ QList<Process> processes() {
         return !command.contains("/tallyvane") && !command.contains("/codex");
     });
     return found;
+}
+
+/// An argument of this D-Bus type, among them what an object has not, and what is out of range;
+/// nothing that makes the program end. Invalid for a type that no method had so far.
+QVariant randomArgument(const QString& type, QRandomGenerator& random) {
+    const auto oneOf = [&random](const auto& values) {
+        return values.at(random.bounded(std::ssize(values)));
+    };
+    const int id = oneOf(QList{INT_MIN, -1, 0, 3, 4, 5, 6, 99, INT_MAX}); // 7 is Quit
+    const QString text = oneOf(QStringList{{},
+                                           QStringLiteral("refresh"),
+                                           QStringLiteral("clicked"),
+                                           QStringLiteral("label"),
+                                           QStringLiteral("IconPixmap"),
+                                           QString(100'000, u'x'),
+                                           QStringLiteral("\u202e%1\n")});
+    const QVariantMap map{{text, id}, {QStringLiteral("activation-token"), text}};
+    const QHash<QString, QVariant> values{
+        {QStringLiteral("i"), id},
+        {QStringLiteral("u"), static_cast<uint>(id)},
+        {QStringLiteral("s"), text},
+        {QStringLiteral("v"), QVariant::fromValue(QDBusVariant(map))},
+        {QStringLiteral("as"), QStringList{text, text}},
+        {QStringLiteral("ai"), QVariant::fromValue(QList<int>(random.bounded(1000), id))},
+        {QStringLiteral("av"), QVariantList{id, text, map}},
+        {QStringLiteral("a{sv}"), map},
+        {QStringLiteral("a(isvu)"), QVariant::fromValue(QList<platform::DBusMenuEvent>(
+                                        random.bounded(1000), {id, text, QDBusVariant(text), 0}))}};
+    return values.value(type);
+}
+
+/// A method of an object on the bus, with the types of its arguments.
+struct Method {
+    QString path;
+    QString interface;
+    QString name;
+    QStringList arguments;
+};
+
+QList<Method> methodsIn(const QString& path, const QString& introspection) {
+    QList<Method> methods;
+    QString interface;
+    bool isMethod = false;
+    for (QXmlStreamReader xml(introspection); !xml.atEnd(); xml.readNext()) {
+        const auto attribute = [&xml](const char* name) {
+            return xml.attributes().value(QLatin1StringView(name)).toString();
+        };
+        if (!xml.isStartElement()) {
+            continue;
+        }
+        if (xml.name() == u"arg") {
+            if (isMethod && attribute("direction") != u"out") {
+                methods.last().arguments.append(attribute("type"));
+            }
+            continue;
+        }
+        isMethod = xml.name() == u"method";
+        if (isMethod) {
+            methods.append({path, interface, attribute("name"), {}});
+        } else if (xml.name() == u"interface") {
+            interface = attribute("name");
+        }
+    }
+    return methods;
 }
 
 /// The program in the background of the desktop.
@@ -110,10 +176,10 @@ class DesktopFaultsTest : public tests::HermeticTest {
     const tests::SecretWatch m_watch{token, {}};
 
     QDBusPendingCall call(const QString& interface, const QString& method,
-                          const QVariantList& arguments = {}) const {
+                          const QVariantList& arguments = {},
+                          const QString& path = QStringLiteral("/org/corvelle/Tallyvane")) const {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            QStringLiteral("org.corvelle.Tallyvane"), QStringLiteral("/org/corvelle/Tallyvane"),
-            interface, method);
+            QStringLiteral("org.corvelle.Tallyvane"), path, interface, method);
         message.setArguments(arguments);
         return QDBusConnection(m_desktop->bus.address()).asyncCall(message, patience);
     }
@@ -184,6 +250,48 @@ private Q_SLOTS:
         // Nothing that holds the token may end up in a file, nor with a program that collects
         // cores.
         QVERIFY(program.process().read("limits").contains("Max core file size        1 "));
+    }
+
+    void answersEveryCall() {
+        const Program program;
+        QTRY_VERIFY_WITH_TIMEOUT(program.nextRefresh() >= 0, patience);
+        platform::registerDBusMenuRecords();
+        QList<Method> methods;
+        for (const char* name : {"/org/corvelle/Tallyvane", "/StatusNotifierItem", "/MenuBar"}) {
+            const QString path = QString::fromLatin1(name);
+            const QDBusPendingReply<QString> introspection =
+                call(QStringLiteral("org.freedesktop.DBus.Introspectable"),
+                     QStringLiteral("Introspect"), {}, path);
+            QTRY_VERIFY_WITH_TIMEOUT(introspection.isFinished(), patience);
+            const QList<Method> found = methodsIn(path, introspection.value());
+            QVERIFY(!found.isEmpty());
+            methods += found;
+        }
+        const quint32 seed = QRandomGenerator::global()->generate();
+        qInfo() << methods.size() << "methods, seed" << seed;
+        QRandomGenerator random(seed);
+        QList<QDBusPendingCall> calls;
+        for (int round = 0; round < 20; ++round) {
+            for (const Method& method : methods) {
+                QVariantList arguments;
+                for (const QString& type : method.arguments) {
+                    arguments.append(randomArgument(type, random));
+                    QVERIFY2(arguments.last().isValid(), qPrintable(type));
+                }
+                calls.append(call(method.interface, method.name, arguments, method.path));
+            }
+        }
+        const qsizetype others = calls.size();
+        for (int i = 0; i < 4000; ++i) {
+            calls.append(refresh());
+        }
+        for (qsizetype i = 0; i < calls.size(); ++i) {
+            QTRY_VERIFY_WITH_TIMEOUT(calls[i].isFinished(), patience);
+            const QDBusError error = calls[i].error();
+            QVERIFY2(error.type() != QDBusError::NoReply, qPrintable(error.message()));
+            QVERIFY2(i < others || isTrue(calls[i]), qPrintable(error.message()));
+        }
+        QCOMPARE(program.state(), QProcess::Running);
     }
 
     /// What the machine's clock does to the timer when the machine wakes up, the test does to it.

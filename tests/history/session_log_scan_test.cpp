@@ -271,8 +271,8 @@ private Q_SLOTS:
         auto running = estimator->estimate({});
         auto waiting = estimator->estimate({});
         estimator.reset();
-        QCOMPARE(QCoro::waitFor(running).size(), 2U);
-        QCOMPARE(QCoro::waitFor(waiting).size(), 2U);
+        QCOMPARE(QCoro::waitFor(running)->size(), 2U);
+        QCOMPARE(QCoro::waitFor(waiting)->size(), 2U);
     }
 };
 

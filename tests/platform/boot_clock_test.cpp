@@ -1,4 +1,5 @@
 #include "platform/linux/boot_clock.h"
+#include "support/descriptor_limit.h"
 #include "support/test_main.h"
 
 using namespace tallyvane;
@@ -10,7 +11,15 @@ class BootClockTest : public tests::HermeticTest {
     platform::BootClock m_clock;
 
 private Q_SLOTS:
+    void ringsInOrderOfTimeUnlessCancelled_data() {
+        QTest::addColumn<bool>("hasDescriptors");
+        QTest::newRow("descriptors") << true;
+        QTest::newRow("no descriptor left") << false;
+    }
+
     void ringsInOrderOfTimeUnlessCancelled() {
+        QFETCH(bool, hasDescriptors);
+        const tests::DescriptorLimit limit(hasDescriptors ? 1024 : 0);
         QList<int> rung;
         auto cancelled = m_clock.after(1ms, [&] { rung.append(0); });
         const auto later = m_clock.after(20ms, [&] { rung.append(2); });

@@ -1,4 +1,6 @@
+#include "model/file_descriptor.h"
 #include "platform/linux/secret_service_store.h"
+#include "support/descriptor_limit.h"
 #include "support/gnome_keyring.h"
 #include "support/private_bus.h"
 #include "support/test_main.h"
@@ -9,6 +11,8 @@
 #include <QtDBus/QDBusObjectPath>
 #include <QtDBus/QDBusVirtualObject>
 #include <QtNetwork/QLocalServer>
+
+#include <list>
 
 using namespace tallyvane;
 using namespace std::chrono_literals;
@@ -58,39 +62,47 @@ struct SilentKeyring {
 class SecretServiceStoreTest : public tests::HermeticTest {
     Q_OBJECT
 
-    /// Whether a lookup of little patience comes back empty while the event loop runs.
-    static bool isMissWithoutBlocking() {
+    /// Why a lookup of little patience gave nothing, unless the event loop stood still meanwhile.
+    static QString reasonWithoutBlocking() {
         int ticks = 0;
         QTimer ticker;
         connect(&ticker, &QTimer::timeout, [&ticks] { ++ticks; });
         ticker.start(1);
         platform::SecretServiceStore store(100ms);
         auto lookup = store.lookup(service);
-        return QTest::qWaitFor([&lookup] { return lookup.isReady(); }, 10'000) && ticks > 0 &&
-               !QCoro::waitFor(std::move(lookup));
+        const bool isReady = QTest::qWaitFor([&lookup] { return lookup.isReady(); }, 10'000);
+        return isReady && ticks > 0 ? reason(QCoro::waitFor(lookup)) : QString();
+    }
+
+    /// Why there is no secret; "found" when there is one.
+    static QString reason(const platform::SecretLookup& result) {
+        return result ? QStringLiteral("found") : result.error().reason;
     }
 
 private Q_SLOTS:
     void readsTheKeyring() {
         const tests::PrivateBus bus;
         platform::SecretServiceStore store;
-        QVERIFY(!QCoro::waitFor(store.lookup(service))); // nobody has the name
+        const auto lookup = [&store](const QString& name) {
+            return QCoro::waitFor(store.lookup(name));
+        };
+        QCOMPARE(reason(lookup(service)), QString()); // nobody has the name
         const tests::GnomeKeyring keyring;
         QTRY_VERIFY(tests::GnomeKeyring::store(QStringLiteral("other"), "wrong"));
-        QVERIFY(!QCoro::waitFor(store.lookup(service)));
+        QCOMPARE(reason(lookup(service)), QString());
         QVERIFY(tests::GnomeKeyring::store(QStringLiteral("service"), "s\xc3\xa9"
                                                                       "cret"));
-        QCOMPARE(QCoro::waitFor(store.lookup(service)), QByteArray("s\xc3\xa9"
-                                                                   "cret"));
-        QVERIFY(!QCoro::waitFor(store.lookup(QStringLiteral("Other"))));
+        QCOMPARE(lookup(service).value().bytes, QByteArray("s\xc3\xa9"
+                                                           "cret"));
+        QCOMPARE(reason(lookup(QStringLiteral("Other"))), QString());
         QVERIFY(lockKeyring(connectTo(bus)));
-        QVERIFY(!QCoro::waitFor(store.lookup(service)));
+        QCOMPARE(reason(lookup(service)), QString());
     }
 
-    void aSilentServiceIsAMiss() {
+    void tellsOfASilentService() {
         const tests::PrivateBus bus;
         const SilentKeyring keyring(bus);
-        QVERIFY(isMissWithoutBlocking());
+        QCOMPARE(reasonWithoutBlocking(), QStringLiteral("it did not answer in time"));
         QVERIFY(keyring.object.calls > 0);
     }
 
@@ -101,15 +113,34 @@ private Q_SLOTS:
         auto lookup = store.lookup(service);
         QTRY_VERIFY(keyring.object.calls > 0);
         bus.reset();
-        QVERIFY(!QCoro::waitFor(std::move(lookup)));
+        QCOMPARE(reason(QCoro::waitFor(std::move(lookup))), QString());
     }
 
-    void aSilentBusIsAMiss() {
+    void tellsOfMissingDescriptors() {
+        const tests::PrivateBus bus;
+        platform::SecretServiceStore store;
+        for (int spare = 0; spare < 20; ++spare) {
+            const tests::DescriptorLimit limit(100);
+            std::list<model::FileDescriptor> all;
+            while (all.emplace_back("/", O_PATH).get() >= 0) {
+            }
+            for (int i = 0; i <= spare; ++i) {
+                all.pop_front();
+            }
+            auto lookup = store.lookup(service);
+            QTRY_VERIFY(lookup.isReady());
+            const QString told = reason(QCoro::waitFor(lookup));
+            QVERIFY2(told.isEmpty() || told == u"Too many open files", qPrintable(told));
+            QVERIFY(spare > 0 || !told.isEmpty());
+        }
+    }
+
+    void tellsOfASilentBus() {
         const QTemporaryDir directory;
         QLocalServer bus;
         QVERIFY(bus.listen(directory.filePath(QStringLiteral("bus"))));
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + bus.fullServerName().toUtf8());
-        QVERIFY(isMissWithoutBlocking());
+        QCOMPARE(reasonWithoutBlocking(), QStringLiteral("it did not answer in time"));
         QVERIFY(bus.hasPendingConnections());
     }
 };

@@ -103,6 +103,7 @@ private Q_SLOTS:
         for (int round = 0; round < 10; ++round) { // notice the start, then read what is there
             QCoreApplication::processEvents();
         }
+        fetch.clock.suspend(1h);
         fetch.clock.advance(19'999ms);
         QCoreApplication::processEvents();
         QVERIFY(!fetch.result);
@@ -118,10 +119,18 @@ private Q_SLOTS:
         QCOMPARE(::kill(-tests::readFile(inHome("ready")).trimmed().toInt(), SIGKILL), 0);
     }
 
+    void leavesNothingWhenKilled_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"refuses-to-end", "leaves-the-group"}) {
+            QTest::newRow(name) << QString::fromLatin1(name);
+        }
+    }
+
     void leavesNothingWhenKilled() {
+        QFETCH(QString, name);
         QProcess runner;
         runner.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hanging_runner"),
-                     {program(QStringLiteral("refuses-to-end"))});
+                     {program(name)});
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
         runner.kill();
         QVERIFY(runner.waitForFinished());

@@ -10,12 +10,16 @@ namespace tallyvane::tests {
 class FakeSecretStore final : public platform::SecretStore {
 public:
     QMap<QString, QByteArray> items;
+    QString error; ///< why it cannot be asked
     int lookups = 0;
 
-    QCoro::Task<std::optional<QByteArray>> lookup(QString service) override {
+    QCoro::Task<platform::SecretLookup> lookup(QString service) override {
         ++lookups;
         const auto item = items.constFind(service);
-        co_return item != items.constEnd() ? std::optional(*item) : std::nullopt;
+        if (item == items.constEnd()) {
+            co_return std::unexpected(platform::SecretStoreError{error});
+        }
+        co_return platform::Secret{*item};
     }
 };
 

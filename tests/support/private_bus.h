@@ -15,7 +15,8 @@ public:
         configuration.open(QIODevice::WriteOnly);
         configuration.write(
             "<busconfig><type>session</type><listen>unix:path=" + m_directory.path().toUtf8() +
-            "/bus</listen><policy context='default'><allow send_destination='*' eavesdrop='true'/>"
+            "/bus</listen><limit name='max_replies_per_connection'>50000</limit><policy "
+            "context='default'><allow send_destination='*' eavesdrop='true'/>"
             "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>");
         configuration.close();
         m_daemon.start(QStringLiteral("dbus-daemon"),

@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/desktop/desktop_program.h"
+#include "app/resource_check.h"
 #include "app/terminal.h"
 #include "platform/application_id.h"
 #include "platform/linux/termination_signals.h"
@@ -48,6 +49,9 @@ int main(int argc, char** argv) {
         // A window chooses its own place under X11 alone, and the panel belongs beside the item.
         qputenv("QT_QPA_PLATFORM",
                 qEnvironmentVariableIsEmpty("DISPLAY") ? "wayland" : "xcb;wayland");
+    }
+    if (!app::checkResources(app::desktopResources)) {
+        return std::to_underlying(app::ExitCode::failure);
     }
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
     QGuiApplication::setDesktopFileName(QString(platform::applicationId));

@@ -1,7 +1,9 @@
 #include "platform/linux/boot_clock.h"
 
 #include <QtCore/QSocketNotifier>
+#include <QtCore/QTimer>
 
+#include <optional>
 #include <sys/timerfd.h>
 #include <unistd.h>
 
@@ -14,7 +16,7 @@ public:
     TimerDescriptor(clockid_t clock, std::chrono::milliseconds delay)
         : m_fd(::timerfd_create(clock, TFD_NONBLOCK | TFD_CLOEXEC)) {
         if (m_fd < 0) {
-            qFatal("no timer could be made: too many open files");
+            return;
         }
         // A timer set to zero would be disarmed.
         const auto positive = std::max(delay, std::chrono::milliseconds{1});
@@ -24,7 +26,11 @@ public:
         setting.it_value.tv_nsec = std::chrono::nanoseconds{positive - seconds}.count();
         ::timerfd_settime(m_fd, 0, &setting, nullptr);
     }
-    ~TimerDescriptor() { ::close(m_fd); }
+    ~TimerDescriptor() {
+        if (m_fd >= 0) {
+            ::close(m_fd);
+        }
+    }
     TimerDescriptor(const TimerDescriptor&) = delete;
     TimerDescriptor& operator=(const TimerDescriptor&) = delete;
 
@@ -37,18 +43,30 @@ private:
 class BootAlarm final : public Alarm {
 public:
     BootAlarm(clockid_t clock, std::chrono::milliseconds delay, std::function<void()> action)
-        : m_timer(clock, delay), m_notifier(m_timer.get(), QSocketNotifier::Read) {
-        QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
-                         [this, action = std::move(action)] {
-                             m_notifier.setEnabled(false);
-                             const auto call = action; // outlives this alarm if the call drops it
-                             call();
-                         });
+        : m_timer(clock, delay), m_action(std::move(action)) {
+        if (m_timer.get() < 0) {
+            m_substitute.setSingleShot(true);
+            m_substitute.callOnTimeout([this] { ring(); });
+            m_substitute.start(delay);
+            return;
+        }
+        m_notifier.emplace(m_timer.get(), QSocketNotifier::Read);
+        QObject::connect(&*m_notifier, &QSocketNotifier::activated, &*m_notifier, [this] {
+            m_notifier->setEnabled(false);
+            ring();
+        });
     }
 
 private:
+    void ring() {
+        const auto call = m_action; // outlives this alarm if the call drops it
+        call();
+    }
+
     TimerDescriptor m_timer;
-    QSocketNotifier m_notifier;
+    std::optional<QSocketNotifier> m_notifier;
+    QTimer m_substitute; ///< when there is no descriptor to be had
+    std::function<void()> m_action;
 };
 
 } // namespace

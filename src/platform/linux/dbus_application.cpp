@@ -1,6 +1,7 @@
 #include "platform/linux/dbus_application.h"
 
 #include "platform/application_id.h"
+#include "platform/spawn.h"
 
 #include <QtDBus/QDBusAbstractAdaptor>
 #include <QtDBus/QDBusConnection>
@@ -94,16 +95,16 @@ public:
 public Q_SLOTS:
     bool Refresh(const QDBusMessage& call) {
         call.setDelayedReply(true);
-        // The task keeps itself until its end.
-        m_refresh().then(
-            [call](bool isStored) {
-                QDBusConnection::sessionBus().send(call.createReply(isStored));
-            },
-            [](const std::exception& error) { qFatal("a refresh failed: %s", error.what()); });
+        spawn(answer(call, m_refresh()));
         return false; // is not sent
     }
 
 private:
+    static QCoro::Task<> answer(QDBusMessage call, QCoro::Task<bool> refresh) {
+        const bool isStored = co_await refresh;
+        QDBusConnection::sessionBus().send(call.createReply(isStored));
+    }
+
     DBusApplication::Refresh m_refresh;
 };
 

@@ -1,16 +1,25 @@
 #include "platform/linux/secret_service_store.h"
 
+#include "platform/linux/spare_resources.h"
+
 #include <QCoro/QCoroFuture>
 #include <QtCore/QPromise>
 #include <QtCore/QTimer>
 #include <libsecret/secret.h>
 
 #include <memory>
+#include <system_error>
 #include <thread>
 
 namespace tallyvane::platform {
 
 namespace {
+
+/// The most that GLib was seen to take for one lookup, which aborts when it does not get it, with
+/// room to spare for what runs side by side.
+constexpr SpareResources needed{.descriptors = 16, .threads = 3};
+
+const std::unexpected<SecretStoreError> none{SecretStoreError{}};
 
 /// One lookup, shared by the thread that waits and the thread that asks.
 struct Lookup {
@@ -20,16 +29,16 @@ struct Lookup {
     Lookup& operator=(const Lookup&) = delete;
 
     /// Only the first answer counts.
-    void answer(std::optional<QByteArray> secret) {
-        promise.addResult(std::move(secret));
+    void answer(SecretLookup result) {
+        promise.addResult(std::move(result));
         promise.finish();
     }
 
     GCancellable* cancellable = g_cancellable_new();
-    QPromise<std::optional<QByteArray>> promise;
+    QPromise<SecretLookup> promise;
 };
 
-std::optional<QByteArray> readSecret(const char* service, GCancellable* cancellable) {
+SecretLookup readSecret(const char* service, GCancellable* cancellable) {
     static const SecretSchema schema{.name = "org.corvelle.Tallyvane.Lookup",
                                      .flags = SECRET_SCHEMA_DONT_MATCH_NAME,
                                      .attributes = {{"service", SECRET_SCHEMA_ATTRIBUTE_STRING}}};
@@ -37,7 +46,7 @@ std::optional<QByteArray> readSecret(const char* service, GCancellable* cancella
         secret_attributes_build(&schema, "service", service, nullptr);
     g_autoptr(GDBusConnection) bus = g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr);
     if (bus == nullptr) {
-        return std::nullopt;
+        return none;
     }
     // Else the end of the bus would end the program.
     g_dbus_connection_set_exit_on_close(bus, FALSE);
@@ -45,7 +54,7 @@ std::optional<QByteArray> readSecret(const char* service, GCancellable* cancella
     g_autoptr(SecretService) keyring = secret_service_open_sync(
         SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_NONE, cancellable, nullptr);
     if (keyring == nullptr) {
-        return std::nullopt;
+        return none;
     }
     const auto flags =
         static_cast<SecretSearchFlags>(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
@@ -58,14 +67,14 @@ std::optional<QByteArray> readSecret(const char* service, GCancellable* cancella
         if (value != nullptr) {
             gsize length = 0;
             const char* bytes = secret_value_get(value, &length);
-            return QByteArray(bytes, static_cast<qsizetype>(length));
+            return Secret{QByteArray(bytes, static_cast<qsizetype>(length))};
         }
     }
-    return std::nullopt;
+    return none;
 }
 
 /// Blocks until the service has answered or `cancellable` is cancelled, and at times longer.
-std::optional<QByteArray> findSecret(const QByteArray& service, GCancellable* cancellable) {
+SecretLookup findSecret(const QByteArray& service, GCancellable* cancellable) {
     // Calls back in this thread, not in the main one.
     g_autoptr(GMainContext) context = g_main_context_new();
     g_autoptr(GMainContextPusher) pusher = g_main_context_pusher_new(context);
@@ -77,22 +86,30 @@ std::optional<QByteArray> findSecret(const QByteArray& service, GCancellable* ca
 
 } // namespace
 
-QCoro::Task<std::optional<QByteArray>> SecretServiceStore::lookup(QString service) {
+QCoro::Task<SecretLookup> SecretServiceStore::lookup(QString service) {
+    if (const auto spare = trySpare(needed); !spare) {
+        co_return std::unexpected(SecretStoreError{spare.error()});
+    }
     const auto lookup = std::make_shared<Lookup>();
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [lookup] {
-        lookup->answer(std::nullopt);
+        lookup->answer(
+            std::unexpected(SecretStoreError{QStringLiteral("it did not answer in time")}));
         g_cancellable_cancel(lookup->cancellable);
     });
     timer.setSingleShot(true);
     timer.start(m_patience);
     // Detached, since some calls cannot be cancelled (the greeting of the bus) and a thread of a
     // pool would hold up the end of the program.
-    std::thread([lookup, name = service.toUtf8()] {
-        lookup->answer(findSecret(name, lookup->cancellable));
-    }).detach();
-    const QFuture<std::optional<QByteArray>> secret = lookup->promise.future();
-    co_return co_await secret;
+    try {
+        std::thread([lookup, name = service.toUtf8()] {
+            lookup->answer(findSecret(name, lookup->cancellable));
+        }).detach();
+    } catch (const std::system_error& error) {
+        lookup->answer(std::unexpected(SecretStoreError{qt_error_string(error.code().value())}));
+    }
+    const QFuture<SecretLookup> result = lookup->promise.future();
+    co_return co_await result;
 }
 
 } // namespace tallyvane::platform

@@ -23,14 +23,6 @@ void noteSignal(int /*number*/) {
     errno = savedError;
 }
 
-int makeEventDescriptor() {
-    const int descriptor = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
-    if (descriptor < 0) {
-        qFatal("no event descriptor could be made: too many open files");
-    }
-    return descriptor;
-}
-
 void replaceHandlers(void (*from)(int), void (*to)(int)) {
     for (const int number : handledSignals) {
         struct sigaction current{};
@@ -46,10 +38,13 @@ void replaceHandlers(void (*from)(int), void (*to)(int)) {
 
 } // namespace
 
-TerminationSignals::TerminationSignals(std::function<void()> action)
-    : m_notifier(makeEventDescriptor(), QSocketNotifier::Read) {
-    const auto descriptor = static_cast<int>(m_notifier.socket());
-    QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
+TerminationSignals::TerminationSignals(std::function<void()> action) {
+    const int descriptor = ::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC);
+    if (descriptor < 0) {
+        return;
+    }
+    m_notifier.emplace(descriptor, QSocketNotifier::Read);
+    QObject::connect(&*m_notifier, &QSocketNotifier::activated, &*m_notifier,
                      [descriptor, action = std::move(action)] {
                          eventfd_t count = 0;
                          ::eventfd_read(descriptor, &count);
@@ -60,9 +55,11 @@ TerminationSignals::TerminationSignals(std::function<void()> action)
 }
 
 TerminationSignals::~TerminationSignals() {
-    replaceHandlers(noteSignal, SIG_DFL);
-    m_notifier.setEnabled(false);
-    ::close(static_cast<int>(m_notifier.socket()));
+    if (m_notifier) {
+        replaceHandlers(noteSignal, SIG_DFL);
+        m_notifier->setEnabled(false);
+        ::close(static_cast<int>(m_notifier->socket()));
+    }
 }
 
 } // namespace tallyvane::platform

@@ -44,16 +44,25 @@ std::optional<Credentials> parseSignInRecord(const QByteArray& json) {
         .subscriptionType = textMember(signIn, QLatin1StringView("subscriptionType"))};
 }
 
-QCoro::Task<std::optional<Credentials>> readStoredCredentials(platform::SecretStore* store,
-                                                              QString keychainService,
-                                                              std::filesystem::path file) {
-    const std::optional<QByteArray> secret = co_await store->lookup(keychainService);
-    std::optional<Credentials> credentials = parseSignInRecord(secret.value_or(QByteArray()));
+QCoro::Task<std::expected<Credentials, ClaudeQuotaError>>
+readStoredCredentials(platform::SecretStore* store, QString keychainService,
+                      std::filesystem::path file) {
+    ClaudeQuotaError none{.kind = ClaudeQuotaError::Kind::noCredentials};
+    const auto secret = co_await store->lookup(keychainService);
+    std::optional<Credentials> credentials;
+    if (secret) {
+        credentials = parseSignInRecord(secret->bytes);
+    } else {
+        none.keyringError = secret.error().reason;
+    }
     if (!credentials) {
         const auto bytes = model::readFile(file, maximumRecordSize);
         credentials = parseSignInRecord(bytes.value_or(QByteArray()));
     }
-    co_return credentials;
+    if (!credentials) {
+        co_return std::unexpected(none);
+    }
+    co_return *std::move(credentials);
 }
 
 std::optional<Credentials> TokenCache::usableAt(model::Timestamp now) const {

@@ -2,9 +2,11 @@
 
 #include "model/timestamp.h"
 #include "platform/secret_store.h"
+#include "providers/claude/claude_quota_error.h"
 
 #include <QtCore/QByteArray>
 
+#include <expected>
 #include <filesystem>
 #include <optional>
 
@@ -30,8 +32,9 @@ struct Credentials {
 [[nodiscard]] std::optional<Credentials> parseSignInRecord(const QByteArray& json);
 
 /// Reads the stored record: the keyring's item of service `keychainService`, or, when there is none
-/// or it is unusable, `file`. `store` must outlive the task.
-[[nodiscard]] QCoro::Task<std::optional<Credentials>>
+/// or it is unusable, or the keyring cannot be asked, `file`. Without either the error is
+/// `noCredentials`. `store` must outlive the task.
+[[nodiscard]] QCoro::Task<std::expected<Credentials, ClaudeQuotaError>>
 readStoredCredentials(platform::SecretStore* store, QString keychainService,
                       std::filesystem::path file);
 

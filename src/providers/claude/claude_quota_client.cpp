@@ -44,19 +44,19 @@ ClaudeQuotaClient::attempt() {
 
 QCoro::Task<std::expected<Credentials, ClaudeQuotaError>>
 ClaudeQuotaClient::loadCredentials(model::Timestamp now) {
-    std::optional<Credentials> credentials = m_cache.usableAt(now);
-    if (!credentials) {
-        credentials = co_await readStoredCredentials(&m_secrets, m_source.keychainService,
-                                                     m_source.credentialsFile);
-        if (!credentials) {
-            co_return std::unexpected(ClaudeQuotaError{Kind::noCredentials});
-        }
-        if (credentials->expiresAt && *credentials->expiresAt <= now) {
-            co_return std::unexpected(ClaudeQuotaError{Kind::tokenExpired});
-        }
-        m_cache.replace(*credentials);
+    std::optional<Credentials> cached = m_cache.usableAt(now);
+    if (cached) {
+        co_return *std::move(cached);
     }
-    co_return *std::move(credentials);
+    auto stored = co_await readStoredCredentials(&m_secrets, m_source.keychainService,
+                                                 m_source.credentialsFile);
+    if (stored && stored->expiresAt && *stored->expiresAt <= now) {
+        co_return std::unexpected(ClaudeQuotaError{Kind::tokenExpired});
+    }
+    if (stored) {
+        m_cache.replace(*stored);
+    }
+    co_return stored;
 }
 
 QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>

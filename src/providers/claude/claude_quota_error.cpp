@@ -12,7 +12,11 @@ QString sentence(const ClaudeQuotaError& error) {
                    : QStringLiteral("The Claude service answered with status %1.")
                          .arg(error.httpStatus);
     case ClaudeQuotaError::Kind::noCredentials:
-        return QStringLiteral("No sign-in of Claude Code was found.");
+        return error.keyringError.isEmpty()
+                   ? QStringLiteral("No sign-in of Claude Code was found.")
+                   : QStringLiteral("No file with a sign-in of Claude Code was found, and the "
+                                    "keyring could not be asked: %1.")
+                         .arg(error.keyringError);
     case ClaudeQuotaError::Kind::tokenExpired:
         return QStringLiteral("The sign-in of Claude Code has expired.");
     case ClaudeQuotaError::Kind::rateLimited:

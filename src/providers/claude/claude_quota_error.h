@@ -18,6 +18,8 @@ struct ClaudeQuotaError {
 
     Kind kind = Kind::malformedResponse;
     int httpStatus = 0; ///< of `Kind::httpStatus` alone
+    /// Of `Kind::noCredentials` alone: why the keyring could not be asked; empty when it was.
+    QString keyringError;
 
     bool operator==(const ClaudeQuotaError&) const = default;
 };

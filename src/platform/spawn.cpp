@@ -1,8 +1,8 @@
-#include "core/spawn.h"
+#include "platform/spawn.h"
 
 #include <exception>
 
-namespace tallyvane::core {
+namespace tallyvane::platform {
 
 namespace {
 
@@ -23,4 +23,4 @@ void spawn(QCoro::Task<> task) {
     guarded(std::move(task));
 }
 
-} // namespace tallyvane::core
+} // namespace tallyvane::platform
