@@ -64,8 +64,8 @@ icu::Locale icuLocale(const std::string& name) {
         return icu::Locale::getEnglish();
     }
     // Without the extensions of BCP 47, which may ask for what ICU does not have.
-    const icu::Locale locale(parsed.getBaseName());
-    if (at != name.npos) {
+    icu::Locale locale(parsed.getBaseName());
+    if (at != std::string::npos) {
         icu::Locale modified = withModifier(locale, std::string_view(name).substr(at + 1));
         if (hasTexts(modified)) {
             return modified;

@@ -107,15 +107,16 @@ private Q_SLOTS:
         const model::WeekdayTimeFormat weekdayTime("C", zone);
         const std::vector<Timestamp> all = moments();
         const QList<QByteArray> expected = printed(all);
-        QCOMPARE(static_cast<std::size_t>(expected.size()), all.size());
+        QCOMPARE(expected.size(), std::ssize(all));
         std::set<QDate> days;
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            const Timestamp shown{zone.localTime(all[i] + 999999us).time_since_epoch()};
+        for (qsizetype i = 0; i < expected.size(); ++i) {
+            const Timestamp moment = all[static_cast<std::size_t>(i)];
+            const Timestamp shown{zone.localTime(moment + 999999us).time_since_epoch()};
             QByteArray text = model::formatTimestamp(shown).toLatin1() + ' ';
             // Many times more work than the rest
-            text += i % 120 < 4 ? weekdayTime.format(all[i]).toLatin1() : expected[i].last(9);
+            text += i % 120 < 4 ? weekdayTime.format(moment).toLatin1() : expected[i].last(9);
             QCOMPARE(text, expected[i]);
-            days.insert(history::localDay(all[i], zone));
+            days.insert(history::localDay(moment, zone));
         }
 
         std::vector<Timestamp> starts;
