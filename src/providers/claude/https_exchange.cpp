@@ -84,7 +84,7 @@ void HttpsExchange::connected(ConnectionRace::Result socket) {
 
 void HttpsExchange::send(HttpResponseParser::Answer answer, const QByteArray& request) {
     if (m_alarm) { // else it was given up meanwhile
-        m_parser.emplace(answer);
+        m_parser = std::make_unique<HttpResponseParser>(answer);
         m_socket->write(request);
     }
 }
