@@ -3,6 +3,7 @@
 #include <QtNetwork/QHostInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace tallyvane::providers {
 

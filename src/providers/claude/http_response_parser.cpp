@@ -2,7 +2,6 @@
 
 #include <boost/beast/http/parser.hpp>
 #include <boost/beast/http/string_body.hpp>
-#include <optional>
 
 namespace tallyvane::providers {
 
@@ -24,17 +23,17 @@ struct HttpResponseParser::State {
     explicit State(Answer kind) : answer(kind) { begin(); }
 
     void begin() {
-        parser.emplace();
+        parser = std::make_unique<Parser>();
         parser->eager(true);
         parser->header_limit(maximumHeaderSize);
         parser->body_limit(maximumSize);
         parser->skip(answer == Answer::header);
     }
 
-    int status() const { return parser->get().result_int(); }
+    int status() const { return static_cast<int>(parser->get().result_int()); }
 
     Answer answer;
-    std::optional<Parser> parser;
+    std::unique_ptr<Parser> parser; // anew for each answer
     QByteArray unread;
     std::uint64_t received = 0;
 };

@@ -63,8 +63,8 @@ void HttpsExchange::connectBy(const NetworkSetup& setup) {
 }
 
 void HttpsExchange::connected(ConnectionRace::Result socket) {
-    if (!m_alarm || !socket) {
-        fail(socket ? QString() : socket.error());
+    if (!socket) {
+        fail(socket.error());
         return;
     }
     m_socket = *std::move(socket);
@@ -83,8 +83,10 @@ void HttpsExchange::connected(ConnectionRace::Result socket) {
 }
 
 void HttpsExchange::send(HttpResponseParser::Answer answer, const QByteArray& request) {
-    m_parser.emplace(answer);
-    m_socket->write(request);
+    if (m_alarm) { // else it was given up meanwhile
+        m_parser = std::make_unique<HttpResponseParser>(answer);
+        m_socket->write(request);
+    }
 }
 
 void HttpsExchange::read() {

@@ -56,7 +56,7 @@ private:
     QFutureWatcher<NetworkSetupFinder::Result> m_setup;
     std::optional<ConnectionRace> m_race;
     std::unique_ptr<QSslSocket> m_socket;
-    std::optional<HttpResponseParser> m_parser; ///< of the answer that is awaited
+    std::unique_ptr<HttpResponseParser> m_parser; ///< of the answer that is awaited
     QPromise<Result> m_promise;
 };
 

@@ -40,8 +40,8 @@ std::expected<QNetworkProxy, QString> proxyTo(const QUrl& url, const ProxyVariab
     if (!chosen) {
         return std::unexpected(chosen.error());
     }
-    if (*chosen) {
-        return **chosen;
+    if (const std::optional<QNetworkProxy>& proxy = *chosen; proxy) {
+        return *proxy;
     }
     const auto proxies = QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url));
     if (proxies.isEmpty()) {

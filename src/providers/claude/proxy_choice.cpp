@@ -70,8 +70,11 @@ bool isListed(const QString& entry, const QString& host, quint16 port) {
 std::optional<QNetworkProxy> readProxy(QNetworkProxy::ProxyType type, const QString& text) {
     const auto endOfUser = text.lastIndexOf(u'@');
     const auto place = readPlace(text.sliced(endOfUser + 1));
+    if (!place) {
+        return std::nullopt;
+    }
     QUrl url;
-    url.setHost(place ? place->host : QString());
+    url.setHost(place->host);
     if (url.host().isEmpty()) {
         return std::nullopt;
     }
