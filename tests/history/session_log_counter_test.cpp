@@ -1,4 +1,5 @@
 #include "history/session_log_counter.h"
+#include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 #include "support/test_main.h"
 
@@ -185,7 +186,11 @@ private Q_SLOTS:
     }
 
     /// Lines made of parts that matter, many of them broken.
-    void agreesWithThePlainWay() {
+    void agreesWithOtherWays() {
+        const auto libraryTokens = [](AIProvider provider, std::string_view line) {
+            const auto tokens = tests::LibraryLineTokens::of(provider, line);
+            return tokens ? *tokens : history::plainLineTokens(provider, line);
+        };
         const QByteArrayList parts{"\n",
                                    "\r\n",
                                    "\r",
@@ -197,6 +202,8 @@ private Q_SLOTS:
                                    "\\",
                                    "\\u0061",
                                    "\\ud800",
+                                   "\t",
+                                   "null",
                                    "1e3",
                                    "\xC3\xA9",
                                    "[[1]]",
@@ -228,6 +235,7 @@ private Q_SLOTS:
             }
             for (const AIProvider provider : model::allCases<AIProvider>) {
                 const auto plain = tests::plainLogTokens(provider, log);
+                QVERIFY2(plain == tests::plainLogTokens(provider, log, libraryTokens), log.c_str());
                 QVERIFY2(tokensOf(provider, log, random.bounded(1U, 200U), counter) == plain,
                          log.c_str());
                 counted += plain && plain->value > 0 ? 1 : 0;
