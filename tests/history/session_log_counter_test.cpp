@@ -202,8 +202,7 @@ private Q_SLOTS:
                                    "\\",
                                    "\\u0061",
                                    "\\ud800",
-                                   "\t",
-                                   "null",
+                                   "\"\t",
                                    "1e3",
                                    "\xC3\xA9",
                                    "[[1]]",
@@ -217,7 +216,7 @@ private Q_SLOTS:
             total("1.5"),
             total("1e999"),
             claude("99999999999999999999"),
-            R"({"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
+            R"({"x":[1,null],"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
             R"({"x":"\ud800","m\u0065ssage":{"usage":{"input_tokens":2}},"t\u0079pe":"\u0061ssistant"})"};
         QRandomGenerator random(7);
         history::SessionLogCounter counter;
@@ -228,6 +227,10 @@ private Q_SLOTS:
                 const bool isWhole = random.bounded(2) == 0;
                 log += isWhole ? lines[random.bounded(lines.size())].toStdString() + '\n'
                                : parts[random.bounded(parts.size())].toStdString();
+            }
+            if (random.bounded(2) == 0) {
+                log.insert(random.bounded(static_cast<quint32>(log.size())),
+                           parts[random.bounded(parts.size())].toStdString());
             }
             if (random.bounded(8) == 0) {
                 char& byte = log[random.bounded(static_cast<quint32>(log.size()))];
