@@ -10,7 +10,8 @@
 
 namespace tallyvane::history {
 
-/// Tokens per provider; always holds every provider.
+/// Tokens per provider; always holds every provider. Negative, to the whole of the range, where the
+/// Claude logs hold negative counts; never for Codex.
 using TokenTotals = std::map<model::AIProvider, std::int64_t>;
 
 /// Where the assistants' command-line programs keep their session logs.

@@ -1,9 +1,12 @@
 #include "model/foreign_text.h"
 
+#include "model/icu_text.h"
+
 #include <QtCore/QRegularExpression>
-#include <QtCore/QTextBoundaryFinder>
+#include <unicode/brkiter.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace tallyvane::model {
 
@@ -85,6 +88,21 @@ bool isWanted(char32_t c) {
            QChar::category(c) != QChar::Other_Format && !QChar::isSurrogate(c);
 }
 
+/// Cuts `text` to `length` or, where that lies within a user-perceived character, to less. Qt 6.4
+/// would cut within surrogate pairs after letters of some scripts.
+void cutAtCharacter(QString& text, qsizetype length) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    requireSuccess(status);
+    const icu::UnicodeString copy(reinterpret_cast<const char16_t*>(text.utf16()),
+                                  static_cast<std::int32_t>(text.size())); // referred to below
+    characters->setText(copy);
+    const bool isWithinPair = length < text.size() && text[length].isLowSurrogate();
+    const auto end = static_cast<std::int32_t>(isWithinPair ? length - 1 : length);
+    text.truncate(characters->isBoundary(end) != 0 ? end : characters->preceding(end));
+}
+
 } // namespace
 
 QString readableText(QStringView foreign, qsizetype maximumLength) {
@@ -112,12 +130,7 @@ QString readableText(QStringView foreign, qsizetype maximumLength) {
         at += length;
     }
     if (text.size() > maximumLength || at < foreign.size()) {
-        QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-        finder.setPosition(std::min(text.size(), maximumLength - cutMark.size()));
-        if (!finder.isAtBoundary()) {
-            finder.toPreviousBoundary();
-        }
-        text.truncate(finder.position());
+        cutAtCharacter(text, std::min(text.size(), maximumLength - cutMark.size()));
         text += cutMark;
     }
     return text;
@@ -133,10 +146,10 @@ QString maskedAddresses(const QString& text) {
     static const QRegularExpression address = [] {
         const QString around = QStringLiteral(R"(\s@%:;,/=?&"`<>()[\]{}|)");
         return QRegularExpression(
-            QStringLiteral(R"((?<![^%1'])[^%1'][^%1]*+(?:@|%40)(?=[\w.-]*\pL)[\w-]+(?:\.[\w-]+)*)")
+            QStringLiteral(
+                R"((?:\G|(?<![^%1']))[^%1'][^%1]*+(?:@|%40)(?=[\w.-]*\pL)[\w-]+(?:\.[\w-]+)*)")
                 .replace(QStringLiteral("%1"), around),
-            QRegularExpression::CaseInsensitiveOption |
-                QRegularExpression::UseUnicodePropertiesOption);
+            QRegularExpression::UseUnicodePropertiesOption);
     }();
     return QString(text).replace(address, QStringLiteral("(e-mail address)"));
 }

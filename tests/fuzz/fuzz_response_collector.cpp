@@ -1,6 +1,8 @@
-// How a child's output is cut into chunks must not change what is read from it.
+// How a child's output is cut into chunks must not change what is read from it, and an error has a
+// readable text.
 
 #include "providers/response_collector.h"
+#include "support/readable.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,7 +34,9 @@ extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
     if (input.size() > sizesLength) {
         const QByteArrayView stream = input.sliced(sizesLength);
         const QByteArrayView singly("\0", 1);
-        if (collect(stream, input.first(sizesLength)) != collect(stream, singly)) {
+        const CommandReply reply = collect(stream, input.first(sizesLength));
+        if (reply != collect(stream, singly) ||
+            (!reply && !tallyvane::tests::isReadable(reply.error().text))) {
             std::abort();
         }
     }

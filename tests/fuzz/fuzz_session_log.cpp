@@ -1,12 +1,26 @@
-// A session log counts the same by the fast way, cut into any blocks, as by the plain one.
+// A session log counts the same by the fast way, cut into any blocks, as by the plain one, and
+// that as by a JSON library of others.
 
 #include "history/session_log_counter.h"
+#include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 
 #include <algorithm>
 #include <cstdlib>
 
 using namespace tallyvane;
+
+namespace {
+
+history::TokenSum checkedLineTokens(model::AIProvider provider, std::string_view line) {
+    const history::TokenSum tokens = history::plainLineTokens(provider, line);
+    if (tests::LibraryLineTokens::of(provider, line).value_or(tokens) != tokens) {
+        std::abort();
+    }
+    return tokens;
+}
+
+} // namespace
 
 /// The first byte tells the provider, the second the size of the blocks.
 extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
@@ -26,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
             sum.reset();
         }
     }
-    if ((sum ? counter.finish() : sum) != tests::plainLogTokens(provider, log)) {
+    if ((sum ? counter.finish() : sum) != tests::plainLogTokens(provider, log, checkedLineTokens)) {
         std::abort();
     }
     return 0;

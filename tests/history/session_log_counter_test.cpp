@@ -1,4 +1,5 @@
 #include "history/session_log_counter.h"
+#include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 #include "support/test_main.h"
 
@@ -185,7 +186,11 @@ private Q_SLOTS:
     }
 
     /// Lines made of parts that matter, many of them broken.
-    void agreesWithThePlainWay() {
+    void agreesWithOtherWays() {
+        const auto libraryTokens = [](AIProvider provider, std::string_view line) {
+            const auto tokens = tests::LibraryLineTokens::of(provider, line);
+            return tokens ? *tokens : history::plainLineTokens(provider, line);
+        };
         const QByteArrayList parts{"\n",
                                    "\r\n",
                                    "\r",
@@ -197,6 +202,7 @@ private Q_SLOTS:
                                    "\\",
                                    "\\u0061",
                                    "\\ud800",
+                                   "\"\t",
                                    "1e3",
                                    "\xC3\xA9",
                                    "[[1]]",
@@ -210,7 +216,7 @@ private Q_SLOTS:
             total("1.5"),
             total("1e999"),
             claude("99999999999999999999"),
-            R"({"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
+            R"({"x":[1,null],"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
             R"({"x":"\ud800","m\u0065ssage":{"usage":{"input_tokens":2}},"t\u0079pe":"\u0061ssistant"})"};
         QRandomGenerator random(7);
         history::SessionLogCounter counter;
@@ -222,12 +228,17 @@ private Q_SLOTS:
                 log += isWhole ? lines[random.bounded(lines.size())].toStdString() + '\n'
                                : parts[random.bounded(parts.size())].toStdString();
             }
+            if (random.bounded(2) == 0) {
+                log.insert(random.bounded(static_cast<quint32>(log.size())),
+                           parts[random.bounded(parts.size())].toStdString());
+            }
             if (random.bounded(8) == 0) {
                 char& byte = log[random.bounded(static_cast<quint32>(log.size()))];
                 byte = static_cast<char>(byte ^ (1 << random.bounded(8)));
             }
             for (const AIProvider provider : model::allCases<AIProvider>) {
                 const auto plain = tests::plainLogTokens(provider, log);
+                QVERIFY2(plain == tests::plainLogTokens(provider, log, libraryTokens), log.c_str());
                 QVERIFY2(tokensOf(provider, log, random.bounded(1U, 200U), counter) == plain,
                          log.c_str());
                 counted += plain && plain->value > 0 ? 1 : 0;

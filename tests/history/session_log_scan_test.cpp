@@ -23,7 +23,7 @@ const model::Timestamp now =
     std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
 constexpr std::chrono::seconds ageLimit = std::chrono::days(35);
 
-std::string codexLine(int tokens) {
+std::string codexLine(qint64 tokens) {
     return R"({"payload":{"type":"token_count","info":{"total_token_usage":{"total_tokens":)" +
            std::to_string(tokens) + "}}}}\n";
 }
@@ -215,10 +215,9 @@ private Q_SLOTS:
 
     void endsTheProgramOnOverflow() {
         const Home home;
-        const std::string most =
-            R"({"payload":{"type":"token_count","info":{"total_token_usage":{"total_tokens":1e30}}}})";
-        home.write(home.codex / "a.jsonl", most);
-        QVERIFY(home.scan().totals == totals(std::numeric_limits<qint64>::max(), 0));
+        constexpr qint64 most = std::numeric_limits<qint64>::max();
+        home.write(home.codex / "a.jsonl", codexLine(most));
+        QVERIFY(home.scan().totals == totals(most, 0));
         home.write(home.codex / "b.jsonl", codexLine(1));
         const pid_t child = ::fork();
         if (child == 0) {

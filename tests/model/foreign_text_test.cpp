@@ -72,6 +72,8 @@ private Q_SLOTS:
         row("as long as may be", QStringLiteral("exactly sixteen!"), u"exactly sixteen!");
         row("too long", QStringLiteral("seventeen letters"), u"seventee … (cut)");
         row("within a pair", QStringLiteral("1234567😀90123456"), u"1234567 … (cut)");
+        row("within a pair after Malayalam", QStringLiteral("123456\u0D1C😀90123456"),
+            u"123456\u0D1C … (cut)");
         row("within an accent", QStringLiteral("1234567e\u0301\u0301 0123456"), u"1234567 … (cut)");
         row("within a family", QStringLiteral("1234👩\u200D👩\u200D👧6789012"), u"1234 … (cut)");
         row("one endless character", QStringLiteral("e") + QString(20, QChar(0x301)), u" … (cut)");
@@ -108,6 +110,7 @@ private Q_SLOTS:
         row("for john.doe+x@mail.example.com.", "for (e-mail address).");
         row("a@b.c,d@e.f;<g@h.i>\n\"j@k\"",
             "(e-mail address),(e-mail address);<(e-mail address)>\n\"(e-mail address)\"");
+        row("a@b\u2026c@d", "(e-mail address)(e-mail address)");
         row("mailto:O'Brien@example.org?x", "mailto:(e-mail address)?x");
         row("'jürgen@müller.example'", "'(e-mail address)'");
         row("?user=a_b%40example.com&x", "?user=(e-mail address)&x");

@@ -4,14 +4,18 @@
 
 #include <QtCore/QByteArrayView>
 
+#include <functional>
 #include <optional>
 #include <string_view>
 
 namespace tallyvane::tests {
 
+using LineTokens = std::function<history::TokenSum(model::AIProvider, std::string_view line)>;
+
 /// What one session log counts, the slow and plain way that SessionLogCounter must agree with.
-inline std::optional<history::TokenSum> plainLogTokens(model::AIProvider provider,
-                                                       std::string_view log) {
+inline std::optional<history::TokenSum>
+plainLogTokens(model::AIProvider provider, std::string_view log,
+               const LineTokens& lineTokens = history::plainLineTokens) {
     if (!QByteArrayView(log.data(), static_cast<qsizetype>(log.size())).isValidUtf8()) {
         return std::nullopt;
     }
@@ -22,7 +26,7 @@ inline std::optional<history::TokenSum> plainLogTokens(model::AIProvider provide
             end = log.find('\n', end + 1);
         }
         end = std::min(end, log.size());
-        const auto line = history::plainLineTokens(provider, log.substr(start, end - start));
+        const auto line = lineTokens(provider, log.substr(start, end - start));
         if (provider == model::AIProvider::claude) {
             sum.add(line);
         } else {

@@ -26,6 +26,8 @@ RowLayout {
         Accessible.ignored: true
     }
     Rectangle {
+        Layout.fillWidth: true
+        Layout.maximumWidth: implicitWidth
         visible: root.card.plan !== ""
         implicitWidth: plan.implicitWidth + 2 * 6
         implicitHeight: plan.implicitHeight + 2 * 2
@@ -36,7 +38,9 @@ RowLayout {
             id: plan
 
             anchors.centerIn: parent
+            width: Math.min(implicitWidth, parent.width - 2 * 6)
             text: root.card.plan
+            elide: Text.ElideRight
             color: root.card.accent
             font.family: Theme.body.family
             font.pixelSize: 9 * root.point

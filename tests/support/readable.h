@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+#include <unicode/uchar.h>
+
+#include <algorithm>
+
+namespace tallyvane::tests {
+
+/// Whether a text can do no harm where it is shown: valid UTF-16 in bounds, without anything that
+/// steers a terminal or hides from the reader, as ICU classes characters.
+inline bool isReadable(QStringView text, qsizetype maximumLength = 4096) {
+    return text.size() <= maximumLength && text.isValidUtf16() &&
+           std::ranges::all_of(text.toUcs4(), [](char32_t character) {
+               const auto c = static_cast<UChar32>(character);
+               const bool isDirection =
+                   (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+               const bool isTag = c >= 0xE0000 && c <= 0xE007F;
+               return c == '\n' ||
+                      (!u_isISOControl(c) && !isDirection && !isTag && !U_IS_UNICODE_NONCHAR(c));
+           });
+}
+
+/// isReadable() in one line.
+inline bool isReadableLine(QStringView text, qsizetype maximumLength) {
+    return isReadable(text, maximumLength) && !text.contains(u'\n');
+}
+
+} // namespace tallyvane::tests
