@@ -1,6 +1,7 @@
 #include "app/composition.h"
 
 #include "core/fixtures.h"
+#include "platform/linux/session_bus.h"
 
 #include <QtNetwork/QNetworkProxyFactory>
 
@@ -48,6 +49,10 @@ Composition::Composition(const Environment& environment)
                 : std::nullopt) {
     forbidCoreFiles();
     QNetworkProxyFactory::setUseSystemConfiguration(true);
+}
+
+Composition::~Composition() {
+    platform::flushSessionBus();
 }
 
 } // namespace tallyvane::app
