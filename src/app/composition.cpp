@@ -1,6 +1,7 @@
 #include "app/composition.h"
 
 #include "core/fixtures.h"
+#include "platform/linux/session_bus.h"
 
 #include <algorithm>
 #include <sys/resource.h>
@@ -50,6 +51,10 @@ Composition::Composition(const Environment& environment)
                 ? std::optional(core::fixtureHistory(clock.now(), zone))
                 : std::nullopt) {
     forbidCoreFiles();
+}
+
+Composition::~Composition() {
+    platform::flushSessionBus();
 }
 
 } // namespace tallyvane::app

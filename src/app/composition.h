@@ -13,6 +13,10 @@ namespace tallyvane::app {
 /// loop. In fixture mode the model starts from the made-up figures.
 struct Composition {
     explicit Composition(const Environment& environment);
+    /// Sees to it that what was sent to the session bus arrives there, for the program ends next.
+    ~Composition();
+    Composition(const Composition&) = delete;
+    Composition& operator=(const Composition&) = delete;
 
     platform::BootClock clock;
     model::LocalZone zone = model::LocalZone::ofSystem();

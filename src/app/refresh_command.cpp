@@ -6,6 +6,7 @@
 #include "app/status_command.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
+#include "platform/linux/session_bus.h"
 
 namespace tallyvane::app {
 
@@ -68,6 +69,7 @@ ExitCode runRefresh(const Environment& environment) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
+    platform::leaveSilentSessionBus();
     std::expected<bool, platform::CallError> stored = false;
     {
         const ProgressLine progress(progressText);

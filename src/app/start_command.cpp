@@ -2,6 +2,7 @@
 
 #include "app/resource_check.h"
 #include "platform/linux/dbus_application.h"
+#include "platform/linux/session_bus.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -40,6 +41,7 @@ ExitCode runStart(const Environment& environment, StartMode mode) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
+    platform::leaveSilentSessionBus();
     if (mode == StartMode::background) {
         if (platform::isApplicationRunning()) {
             return ExitCode::success;

@@ -9,8 +9,12 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
+#include <QtDBus/QDBusConnection>
 #include <QtTest/QSignalSpy>
 
+#include <algorithm>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 using namespace tallyvane;
@@ -104,6 +108,37 @@ private Q_SLOTS:
         QCOMPARE(run({}).exitCode, 0);
         qunsetenv("XDG_ACTIVATION_TOKEN");
         QCOMPARE(activated.value(0), QVariantList{QStringLiteral("token")});
+    }
+
+    /// Each run ends right after it has told them.
+    void tellsTheWidgets() {
+        const tests::PrivateBus bus;
+        QDBusConnection widget = QDBusConnection::connectToBus(bus.address(), bus.address());
+        m_signals = 0;
+        QVERIFY(widget.connect(QString(), QStringLiteral("/org/corvelle/Tallyvane"),
+                               QStringLiteral("org.corvelle.Tallyvane.Widgets"),
+                               QStringLiteral("AllTimelinesReloaded"), this, SLOT(countSignal())));
+        constexpr int rounds = 60;
+        for (int round = 0; round < rounds; ++round) {
+            QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
+        }
+        QTRY_COMPARE(m_signals, rounds);
+    }
+
+    void refreshesDespiteASilentBus() {
+        const QTemporaryDir directory;
+        const QByteArray path = directory.filePath(QStringLiteral("bus")).toUtf8();
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        std::ranges::copy(path, address.sun_path);
+        const int bus = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        QCOMPARE(::bind(bus, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        QCOMPARE(::listen(bus, 10), 0);
+        const QByteArray before = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
+        const Run refresh = run({QStringLiteral("refresh")});
+        qputenv("DBUS_SESSION_BUS_ADDRESS", before);
+        ::close(bus);
+        QCOMPARE(refresh.exitCode, 3);
     }
 
     void refreshesWhenTheRunningProgramCrashes() {
@@ -311,6 +346,9 @@ private Q_SLOTS:
         QVERIFY(libraries.contains("libQt6Core") && !libraries.contains("libQt6Gui"));
     }
 
+public Q_SLOTS:
+    void countSignal() { ++m_signals; }
+
 private:
     static QCoro::Task<bool> stored(bool isStored) { co_return isStored; }
 
@@ -340,6 +378,7 @@ private:
                 .error = QString::fromUtf8(program.readAllStandardError())};
     }
 
+    int m_signals = 0;
     std::unique_ptr<QTemporaryDir> m_home;
     QString m_program;
 };
