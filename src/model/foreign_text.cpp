@@ -91,16 +91,18 @@ bool isWanted(char32_t c) {
 /// Cuts `text` to `length` or, where that lies within a user-perceived character, to less. Qt 6.4
 /// would cut within surrogate pairs after letters of some scripts.
 void cutAtCharacter(QString& text, qsizetype length) {
+    const bool isWithinPair = length < text.size() && text[length].isLowSurrogate();
+    auto end = static_cast<std::int32_t>(isWithinPair ? length - 1 : length);
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::BreakIterator> characters(
         icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    requireSuccess(status);
-    const icu::UnicodeString copy(reinterpret_cast<const char16_t*>(text.utf16()),
-                                  static_cast<std::int32_t>(text.size())); // referred to below
-    characters->setText(copy);
-    const bool isWithinPair = length < text.size() && text[length].isLowSurrogate();
-    const auto end = static_cast<std::int32_t>(isWithinPair ? length - 1 : length);
-    text.truncate(characters->isBoundary(end) != 0 ? end : characters->preceding(end));
+    if (U_SUCCESS(status) != 0) {
+        const icu::UnicodeString copy(reinterpret_cast<const char16_t*>(text.utf16()),
+                                      static_cast<std::int32_t>(text.size())); // referred to below
+        characters->setText(copy);
+        end = characters->isBoundary(end) != 0 ? end : characters->preceding(end);
+    }
+    text.truncate(end);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "providers/claude/https_exchange.h"
 
+#include "model/foreign_text.h"
+
 namespace tallyvane::providers {
 
 namespace {
@@ -129,8 +131,8 @@ void HttpsExchange::socketFailed() {
 }
 
 void HttpsExchange::fail(const QString& reason) {
-    finish(std::unexpected(
-        TransportError{(m_isAtProxy ? QStringLiteral("proxy: ") : QString()) + reason}));
+    const QString place = m_isAtProxy ? QStringLiteral("proxy: ") : QString();
+    finish(std::unexpected(TransportError{model::readableText(place + reason)}));
 }
 
 void HttpsExchange::finish(Result result) {
