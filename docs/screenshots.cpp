@@ -62,7 +62,8 @@ private:
 };
 
 void takeAll(const Camera& camera, model::AppAppearance choice, const QString& suffix) {
-    tests::IdleModel idle(core::fixtureSnapshot(now, QTimeZone::utc()), now, quarter());
+    const model::LocalZone utc(QTimeZone::utc());
+    tests::IdleModel idle(core::fixtureSnapshot(now, utc), now, quarter());
     ui::Appearance appearance(choice);
     appearance.setMotionReduced(true);
     const auto engine = ui::makeEngine(appearance);
@@ -75,7 +76,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
                                             .loginItem = loginItem,
                                             .notificationCentre = idle.notificationCentre,
                                             .locale = "en_US",
-                                            .zone = [] { return QTimeZone::utc(); },
+                                            .zone = utc,
                                             .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                             .openNotificationSettings = [] {},
                                             .takeLaunchQuestion = [&] { return isToAsk; }});
