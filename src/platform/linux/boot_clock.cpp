@@ -45,9 +45,7 @@ public:
     BootAlarm(clockid_t clock, std::chrono::milliseconds delay, std::function<void()> action)
         : m_timer(clock, delay), m_action(std::move(action)) {
         if (m_timer.get() < 0) {
-            m_substitute.setSingleShot(true);
-            m_substitute.callOnTimeout([this] { ring(); });
-            m_substitute.start(delay);
+            QTimer::singleShot(delay, &m_scope, [this] { ring(); });
             return;
         }
         m_notifier.emplace(m_timer.get(), QSocketNotifier::Read);
@@ -65,8 +63,8 @@ private:
 
     TimerDescriptor m_timer;
     std::optional<QSocketNotifier> m_notifier;
-    QTimer m_substitute; ///< when there is no descriptor to be had
     std::function<void()> m_action;
+    QObject m_scope; ///< of the timer that serves where there is no descriptor to be had
 };
 
 } // namespace
