@@ -72,6 +72,11 @@ ExitCode runTokens(const Environment& environment, OutputFormat format) {
     timer.start();
     const history::ScanReport report = history::scanSessionLogs(history::logRoots(environment.home),
                                                                 platform::BootClock().now(), {});
+    if (report.error) {
+        printError(QStringLiteral("The session logs could not be counted: %1.")
+                       .arg(qt_error_string(report.error.value())));
+        return ExitCode::failure;
+    }
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     const bool isPrinted = print(format == OutputFormat::json ? tokensJson(report, seconds)
                                                               : tokensText(report, seconds));

@@ -22,6 +22,12 @@ void giveWay() {
     ::syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, 0, IOPRIO_PRIO_VALUE(IOPRIO_CLASS_IDLE, 0));
 }
 
+std::unexpected<EstimateError> failure(const std::error_code& error) {
+    return std::unexpected(
+        EstimateError{QStringLiteral("The session logs could not be counted: %1.")
+                          .arg(qt_error_string(error.value()))});
+}
+
 } // namespace
 
 LocalTokenEstimator::LocalTokenEstimator(std::filesystem::path home) : m_roots(logRoots(home)) {}
@@ -32,7 +38,8 @@ LocalTokenEstimator::~LocalTokenEstimator() {
 
 QCoro::Task<std::expected<TokenTotals, EstimateError>>
 LocalTokenEstimator::estimate(std::stop_token stop) {
-    const auto promise = std::make_shared<QPromise<TokenTotals>>();
+    using Result = std::expected<TokenTotals, EstimateError>;
+    const auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
     const auto count = [promise, roots = m_roots, stop, end = m_end.get_token()] {
         giveWay();
@@ -42,7 +49,8 @@ LocalTokenEstimator::estimate(std::stop_token stop) {
         const std::stop_callback onEnd(end, requestStop);
         const auto now =
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
-        promise->addResult(scanSessionLogs(roots, now, either.get_token()).totals);
+        const ScanReport report = scanSessionLogs(roots, now, either.get_token());
+        promise->addResult(report.error ? Result(failure(report.error)) : Result(report.totals));
         promise->finish();
     };
     // Shared, so that it is still there if no thread can be made.
@@ -54,11 +62,9 @@ LocalTokenEstimator::estimate(std::stop_token stop) {
         });
     } catch (const std::system_error& error) {
         m_thread = std::move(*before);
-        co_return std::unexpected(
-            EstimateError{QStringLiteral("The session logs could not be counted: %1.")
-                              .arg(qt_error_string(error.code().value()))});
+        co_return failure(error.code());
     }
-    const QFuture<TokenTotals> totals = promise->future();
+    const QFuture<Result> totals = promise->future();
     co_return co_await totals;
 }
 

@@ -34,6 +34,9 @@ private:
     std::int64_t total(AIProvider provider) {
         const RecentLogFiles recent =
             recentLogFiles(m_roots.at(provider), fileLimit, m_now - ageLimit, m_stop);
+        if (recent.error) {
+            m_report.error = recent.error;
+        }
         skip(SkipReason::tooOld, recent.tooOld);
         skip(SkipReason::overLimit, recent.overLimit);
         TokenSum sum;
@@ -66,6 +69,9 @@ private:
         const model::FileDescriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
         struct stat status = {};
         if (file.get() < 0) {
+            if (const std::error_code error(errno, std::system_category()); isExhaustion(error)) {
+                m_report.error = error;
+            }
             return std::unexpected(errno == ENOENT ? SkipReason::vanished : SkipReason::unreadable);
         }
         if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {

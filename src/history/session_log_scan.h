@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <map>
 #include <stop_token>
+#include <system_error>
 
 namespace tallyvane::history {
 
@@ -36,6 +37,8 @@ struct ScanReport {
     int countedFiles = 0;
     std::map<SkipReason, int> skippedFiles; ///< only reasons that occurred
     std::int64_t readBytes = 0;
+    /// Why the system could not read all that is there, if so; the figures mean nothing then.
+    std::error_code error;
 };
 
 /// Counts the tokens in the session logs of the 35 days before `now`, Codex first. Reads each of

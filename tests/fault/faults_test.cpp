@@ -68,6 +68,7 @@ struct Run {
 
     /// Lets codex tell of a hundredth more of the weekly quota and of ten tokens more each time.
     void installRisingCodex() const {
+        QFile::remove(home + QStringLiteral("/.local/bin/codex")); // a link
         tests::writeFile(home + QStringLiteral("/.local/bin/codex"), R"(#!/bin/sh
 n=$(($(cat "$HOME/served") + 1))
 echo $n >"$HOME/served-$$" && mv "$HOME/served-$$" "$HOME/served"

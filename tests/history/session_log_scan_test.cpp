@@ -180,6 +180,30 @@ private Q_SLOTS:
         QCOMPARE(status, 0);
     }
 
+    /// Fewer tokens than there are would be counted again later.
+    void tellsWhenItCannotReadAll() {
+        const Home home;
+        fs::path deep = home.codex;
+        for (int level = 0; level < 50; ++level) {
+            deep /= "d";
+        }
+        home.write(deep / "a.jsonl", codexLine(5));
+        rlimit before{};
+        ::getrlimit(RLIMIT_NOFILE, &before);
+        const int next = ::dup(0); // the lowest that is free
+        ::close(next);
+        const auto scanWith = [&](int descriptors) {
+            const rlimit few{static_cast<rlim_t>(next + descriptors), before.rlim_max};
+            ::setrlimit(RLIMIT_NOFILE, &few);
+            history::ScanReport report = home.scan();
+            ::setrlimit(RLIMIT_NOFILE, &before);
+            return report;
+        };
+        QCOMPARE(scanWith(0).error, std::errc::too_many_files_open);
+        const history::ScanReport enough = scanWith(1);
+        QVERIFY(!enough.error && enough.totals == totals(5, 0));
+    }
+
     void countsWhatChangesMeanwhile() {
         const Home home;
         const std::string line = codexLine(5);
