@@ -6,6 +6,8 @@
 #include "platform/linux/dbus_notification_centre.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/secret_service_store.h"
+#include "providers/claude/claude_quota_client.h"
+#include "providers/codex/codex_quota_client.h"
 
 namespace tallyvane::app {
 

@@ -44,7 +44,7 @@ ExitCode refreshHere(const Environment& environment) {
     core::RefreshReport report;
     {
         const ProgressLine progress(progressText);
-        report = QCoro::waitFor(model.refresh());
+        report = QCoro::waitFor(model.refresh(providers::AskedBy::user));
     }
     for (const auto& [provider, reason] : report.failures) {
         printError(QStringLiteral("%1: %2").arg(model::displayName(provider), reason));

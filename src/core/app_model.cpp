@@ -15,6 +15,8 @@ using model::AIProvider;
 using model::ProviderQuotaSnapshot;
 using model::QuotaSnapshot;
 using model::QuotaSyncState;
+using providers::AskedBy;
+using Place = providers::QuotaFailure::Place;
 
 namespace {
 
@@ -35,35 +37,17 @@ QCoro::Task<> pause(platform::Clock* clock, std::chrono::milliseconds length) {
 }
 
 /// The provider's figures, marked as those of an earlier fetch.
-ProviderQuotaSnapshot staleEntry(const QuotaSnapshot& previous, AIProvider provider) {
+ProviderQuotaSnapshot staleEntry(const QuotaSnapshot& previous, AIProvider provider,
+                                 const providers::QuotaFailure& failure) {
     ProviderQuotaSnapshot entry = model::entryFor(previous, provider);
     entry.syncState = entry.syncedAt ? QuotaSyncState::pending : QuotaSyncState::unavailable;
+    if (failure.shownAt == Place::besideFigures) {
+        entry.statusMessage = failure.shortText;
+    }
     return entry;
 }
 
 } // namespace
-
-std::optional<QString> shortText(const providers::ClaudeFetchError& error) {
-    if (std::holds_alternative<providers::TransportError>(error)) {
-        return QStringLiteral("Network error");
-    }
-    using Kind = providers::ClaudeQuotaError::Kind;
-    const auto& quotaError = std::get<providers::ClaudeQuotaError>(error);
-    switch (quotaError.kind) {
-    case Kind::noCredentials:
-        return QStringLiteral("Keychain auth");
-    case Kind::tokenExpired:
-        return QStringLiteral("Sign-in expired");
-    case Kind::rateLimited:
-        return QStringLiteral("Rate limited");
-    case Kind::httpStatus:
-        return quotaError.httpStatus == 401 ? std::optional(QStringLiteral("Sign-in expired"))
-                                            : std::nullopt;
-    case Kind::malformedResponse:
-        break;
-    }
-    return std::nullopt;
-}
 
 AppModel::AppModel(const Collaborators& with, std::optional<QuotaSnapshot> snapshot,
                    std::optional<history::UsageHistory> history)
@@ -109,10 +93,10 @@ void AppModel::startRefresh() {
 }
 
 QCoro::Task<> AppModel::refreshAlone() {
-    co_await refresh();
+    co_await refresh(AskedBy::user);
 }
 
-QCoro::Task<RefreshReport> AppModel::refresh() {
+QCoro::Task<RefreshReport> AppModel::refresh(AskedBy askedBy) {
     if (m_isRefreshing) {
         co_return RefreshReport{.outcome = RefreshReport::Outcome::alreadyRunning};
     }
@@ -120,7 +104,7 @@ QCoro::Task<RefreshReport> AppModel::refresh() {
     end.start();
     m_end = end.future();
     m_isRefreshing = true;
-    RefreshReport report = co_await runCycle();
+    RefreshReport report = co_await runCycle(askedBy);
     m_isRefreshing = false;
     end.addResult(report);
     end.finish();
@@ -163,7 +147,7 @@ QuotaSnapshot AppModel::takeStoredSnapshot() {
     return m_recordedSnapshot.value_or(model::placeholderSnapshot(m_with.clock.now()));
 }
 
-QCoro::Task<RefreshReport> AppModel::runCycle() {
+QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
     const auto locked = co_await lockStore();
     if (!locked) {
         m_lastError = locked.error();
@@ -172,22 +156,14 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     const QuotaSnapshot previous = takeStoredSnapshot();
     std::stop_source stopTokens;
     // Tasks start at once and run side by side until each is awaited.
-    QCoro::Task<FetchedEntry> codexTask = fetchCodex(previous);
-    QCoro::Task<FetchedEntry> claudeTask = fetchClaude(previous);
+    QCoro::Task<Answers> answersTask = askProviders(previous, askedBy);
     auto tokenTask = m_with.tokenEstimator.estimate(stopTokens.get_token());
 
-    const FetchedEntry codex = co_await codexTask;
-    const FetchedEntry claude = co_await claudeTask;
+    const Answers answers = co_await answersTask;
     QuotaSnapshot current;
-    current.providers = {codex.entry, claude.entry};
+    current.providers = answers.entries;
     current.updatedAt = m_with.clock.now();
-
-    RefreshReport report;
-    for (const FetchedEntry& fetched : {codex, claude}) {
-        if (fetched.failure) {
-            report.failures[fetched.entry.provider] = *fetched.failure;
-        }
-    }
+    RefreshReport report{.failures = answers.failures};
 
     if (const auto saved = m_with.store.saveSnapshot(current); !saved) {
         m_lastError = saved.error().message;
@@ -214,30 +190,33 @@ QCoro::Task<RefreshReport> AppModel::runCycle() {
     m_history = recorded->history;
     m_snapshot = current;
     m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(), m_with.zone);
-    m_lastError = codex.failure ? codex.failure : report.uncounted;
+    m_lastError = answers.errorLine ? answers.errorLine : report.uncounted;
     m_with.widgetCentre.reloadTimelines(widgetKind);
     m_with.widgetCentre.reloadAllTimelines();
     co_return report;
 }
 
-QCoro::Task<AppModel::FetchedEntry> AppModel::fetchCodex(QuotaSnapshot previous) {
-    const auto fetched = co_await m_with.codexClient.fetch();
-    if (fetched) {
-        co_return FetchedEntry{.entry = *fetched};
+QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, AskedBy askedBy) {
+    std::vector<QCoro::Task<providers::QuotaResult>> fetches;
+    for (providers::QuotaClient& client : m_with.quotaClients) {
+        fetches.push_back(client.fetch(askedBy)); // starts at once
     }
-    co_return FetchedEntry{.entry = staleEntry(previous, AIProvider::codex),
-                           .failure = providers::description(fetched.error())};
-}
-
-QCoro::Task<AppModel::FetchedEntry> AppModel::fetchClaude(QuotaSnapshot previous) {
-    const auto fetched = co_await m_with.claudeClient.fetch(providers::AskedBy::user);
-    if (fetched) {
-        co_return FetchedEntry{.entry = *fetched};
+    Answers answers;
+    for (std::size_t i = 0; i < fetches.size(); ++i) {
+        const providers::QuotaResult fetched = co_await fetches[i];
+        if (fetched) {
+            answers.entries.push_back(*fetched);
+            continue;
+        }
+        const AIProvider provider = m_with.quotaClients[i].get().provider();
+        const providers::QuotaFailure& failure = fetched.error();
+        answers.entries.push_back(staleEntry(previous, provider, failure));
+        answers.failures[provider] = failure.text;
+        if (failure.shownAt == Place::errorLine && !answers.errorLine) {
+            answers.errorLine = failure.text;
+        }
     }
-    FetchedEntry stale{.entry = staleEntry(previous, AIProvider::claude),
-                       .failure = providers::description(fetched.error())};
-    stale.entry.statusMessage = shortText(fetched.error());
-    co_return stale;
+    co_return answers;
 }
 
 } // namespace tallyvane::core

@@ -11,16 +11,17 @@
 #include "notify/quota_notifier.h"
 #include "platform/clock.h"
 #include "platform/widget_centre.h"
-#include "providers/claude/claude_quota_client.h"
-#include "providers/codex/codex_quota_client.h"
+#include "providers/quota_client.h"
 
 #include <QCoro/QCoroTask>
 #include <QtCore/QFuture>
 #include <QtCore/QObject>
 #include <QtCore/QProperty>
 
+#include <functional>
 #include <map>
 #include <optional>
+#include <vector>
 
 namespace tallyvane::core {
 
@@ -28,8 +29,8 @@ namespace tallyvane::core {
 struct Collaborators {
     const model::SharedStore& store;
     model::DefaultsStore& defaults; ///< preferences and token baselines
-    providers::CodexQuotaClient& codexClient;
-    providers::ClaudeQuotaClient& claudeClient;
+    /// One per provider, in the order of the snapshot's entries.
+    std::vector<std::reference_wrapper<providers::QuotaClient>> quotaClients;
     history::LocalTokenEstimator& tokenEstimator;
     notify::QuotaNotifier& notifier;
     platform::WidgetCentre& widgetCentre;
@@ -50,10 +51,6 @@ struct RefreshReport {
     std::optional<QString> uncounted; ///< for the user: why new tokens are not counted yet
 };
 
-/// The short text that a Claude failure leaves on the Claude entry; nothing for those that have
-/// none.
-[[nodiscard]] std::optional<QString> shortText(const providers::ClaudeFetchError& error);
-
 /// The program's whole state and its refresh cycle. Main thread only. Its coroutines outlive no
 /// event loop, so it outlives the event loop.
 class AppModel : public QObject {
@@ -69,7 +66,8 @@ public:
     [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
     [[nodiscard]] history::UsageHistory history() const { return m_history; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
-    /// For the user: why the Codex figures, the tokens or the files are not up to date.
+    /// For the user: why figures, the tokens or the files are not up to date. Of the failures of
+    /// providers only those that are shown nowhere else.
     [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {
@@ -86,15 +84,16 @@ public:
     /// refresh counts only new tokens. What cannot be written is no error here.
     void clearHistory();
 
-    /// Asks both providers, counts local tokens, saves and publishes the result. A provider's
+    /// Asks all providers, counts local tokens, saves and publishes the result. A provider's
     /// failure is part of the result. While one call runs, others return at once. Waits up to a
     /// minute for another program that refreshes the same files, and builds upon what that stored.
-    QCoro::Task<RefreshReport> refresh();
+    QCoro::Task<RefreshReport> refresh(providers::AskedBy askedBy);
 
-    /// Calls refresh() and waits for nothing.
+    /// Calls refresh() for the user and waits for nothing.
     void startRefresh();
 
-    /// Refreshes, or waits for the refresh that runs; whether new figures were published.
+    /// Refreshes for the user, or waits for the refresh that runs; whether new figures were
+    /// published.
     QCoro::Task<bool> refreshOrJoin();
 
 Q_SIGNALS:
@@ -107,15 +106,15 @@ Q_SIGNALS:
     void notificationSettingsChanged();
 
 private:
-    struct FetchedEntry {
-        model::ProviderQuotaSnapshot entry;
-        std::optional<QString> failure;
+    struct Answers {
+        std::vector<model::ProviderQuotaSnapshot> entries;
+        std::map<model::AIProvider, QString> failures;
+        std::optional<QString> errorLine;
     };
 
-    QCoro::Task<FetchedEntry> fetchCodex(model::QuotaSnapshot previous);
-    QCoro::Task<FetchedEntry> fetchClaude(model::QuotaSnapshot previous);
+    QCoro::Task<Answers> askProviders(model::QuotaSnapshot previous, providers::AskedBy askedBy);
     QCoro::Task<> refreshAlone();
-    QCoro::Task<RefreshReport> runCycle();
+    QCoro::Task<RefreshReport> runCycle(providers::AskedBy askedBy);
     QCoro::Task<std::expected<model::FileLock, QString>> lockStore();
     /// What a refresh builds upon.
     [[nodiscard]] model::QuotaSnapshot takeStoredSnapshot();

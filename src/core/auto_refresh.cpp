@@ -16,7 +16,7 @@ void AutoRefresh::stop() {
 }
 
 QCoro::Task<> AutoRefresh::refreshAndWait() {
-    co_await m_model.refresh();
+    co_await m_model.refresh(providers::AskedBy::timer);
     if (!m_isStopped) {
         m_next = m_clock.after(refreshInterval, [this] { platform::spawn(refreshAndWait()); });
     }

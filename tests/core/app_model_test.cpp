@@ -1,5 +1,7 @@
 #include "core/app_model.h"
 #include "core/auto_refresh.h"
+#include "providers/claude/claude_quota_client.h"
+#include "providers/codex/codex_quota_client.h"
 #include "support/fake_notification_centre.h"
 #include "support/fake_secret_store.h"
 #include "support/home_files.h"
@@ -16,6 +18,7 @@ using namespace tallyvane;
 using namespace std::chrono_literals;
 using model::AIProvider;
 using model::QuotaSyncState;
+using providers::AskedBy;
 using tests::httpReply;
 
 namespace {
@@ -78,8 +81,7 @@ struct Running {
         : claudeClient(desk.source, desk.secrets, desk.clock),
           model({.store = desk.store,
                  .defaults = desk.defaults,
-                 .codexClient = desk.codexClient,
-                 .claudeClient = claudeClient,
+                 .quotaClients = {desk.codexClient, claudeClient},
                  .tokenEstimator = desk.tokenEstimator,
                  .notifier = desk.notifier,
                  .widgetCentre = desk.widgetCentre,
@@ -127,9 +129,9 @@ private Q_SLOTS:
         const QSignalSpy published(&model, &core::AppModel::snapshotChanged);
         const QSignalSpy refreshing(&model, &core::AppModel::isRefreshingChanged);
 
-        auto first = model.refresh();
+        auto first = model.refresh(AskedBy::user);
         QVERIFY(model.isRefreshing());
-        QCOMPARE(QCoro::waitFor(model.refresh()).outcome,
+        QCOMPARE(QCoro::waitFor(model.refresh(AskedBy::user)).outcome,
                  core::RefreshReport::Outcome::alreadyRunning);
         auto joined = model.refreshOrJoin();
         const core::RefreshReport report = QCoro::waitFor(first);
@@ -155,7 +157,7 @@ private Q_SLOTS:
         desk.installCodex(42);
         Running running(desk);
         core::AppModel& model = running.model;
-        const auto first = model.refresh();
+        const auto first = model.refresh(AskedBy::user);
         std::list<QCoro::Task<bool>> joined;
         for (int i = 0; i < 3; ++i) {
             joined.push_back(model.refreshOrJoin());
@@ -197,7 +199,7 @@ private Q_SLOTS:
         QVERIFY(desk.store.saveSnapshot(before));
         Running running(desk);
 
-        const core::RefreshReport report = QCoro::waitFor(running.model.refresh());
+        const core::RefreshReport report = QCoro::waitFor(running.model.refresh(AskedBy::user));
         const model::QuotaSnapshot after = running.model.snapshot();
         QCOMPARE(report.failures.size(), 2U);
         QCOMPARE(running.model.lastError(), QStringLiteral("Could not find Codex CLI."));
@@ -212,22 +214,6 @@ private Q_SLOTS:
         QVERIFY(desk.store.loadSnapshot() == after);
     }
 
-    void shortTexts() {
-        using Error = providers::ClaudeQuotaError;
-        const std::pair<providers::ClaudeFetchError, const char*> rows[] = {
-            {Error{Error::Kind::noCredentials}, "Keychain auth"},
-            {Error{Error::Kind::tokenExpired}, "Sign-in expired"},
-            {Error{Error::Kind::httpStatus, 401}, "Sign-in expired"},
-            {Error{Error::Kind::rateLimited}, "Rate limited"},
-            {providers::TransportError{}, "Network error"},
-            {Error{Error::Kind::httpStatus, 500}, ""},
-            {Error{Error::Kind::malformedResponse}, ""},
-        };
-        for (const auto& [error, text] : rows) {
-            QCOMPARE(core::shortText(error).value_or(QString()), QString::fromLatin1(text));
-        }
-    }
-
     /// As two commands at once, or a command and the program without a bus: each gain counts once.
     void buildsUponWhatOthersStored() {
         Desk desk(m_identity);
@@ -235,7 +221,7 @@ private Q_SLOTS:
         Running second(desk);
         const auto refresh = [&](Running& running, int weekly) {
             desk.installCodex(weekly);
-            return QCoro::waitFor(running.model.refresh()).outcome;
+            return QCoro::waitFor(running.model.refresh(AskedBy::user)).outcome;
         };
         using Outcome = core::RefreshReport::Outcome;
         QCOMPARE(refresh(first, 20), Outcome::published);
@@ -259,7 +245,7 @@ private Q_SLOTS:
             }
         };
         auto lock = desk.store.tryLock();
-        auto refresh = running.model.refresh();
+        auto refresh = running.model.refresh(AskedBy::user);
         pass(59s);
         QVERIFY(!refresh.isReady());
         lock->reset();
@@ -267,7 +253,7 @@ private Q_SLOTS:
         QCOMPARE(QCoro::waitFor(refresh).outcome, core::RefreshReport::Outcome::published);
 
         lock = desk.store.tryLock();
-        refresh = running.model.refresh();
+        refresh = running.model.refresh(AskedBy::user);
         pass(61s);
         QVERIFY(refresh.isReady());
         QCOMPARE(QCoro::waitFor(refresh).outcome, core::RefreshReport::Outcome::notSaved);
@@ -286,7 +272,7 @@ private Q_SLOTS:
         for (const bool isAnythingStored : {false, true}) {
             QVERIFY(!isAnythingStored || desk.store.saveSnapshot(stored));
             Running running(desk, madeUp);
-            QCoro::waitFor(running.model.refresh()); // both fail
+            QCoro::waitFor(running.model.refresh(AskedBy::user)); // both fail
             const auto after = desk.store.loadSnapshot();
             QVERIFY(running.model.snapshot() == after);
             for (std::size_t i = 0; i < 2; ++i) {
@@ -306,7 +292,7 @@ private Q_SLOTS:
         desk.write("data", "in the folder's place");
         const model::QuotaSnapshot before = running.model.snapshot();
         desk.installCodex(42);
-        auto refresh = running.model.refresh();
+        auto refresh = running.model.refresh(AskedBy::user);
         QVERIFY(!QCoro::waitFor(running.model.refreshOrJoin()));
         const core::RefreshReport report = QCoro::waitFor(refresh);
         QCOMPARE(report.outcome, core::RefreshReport::Outcome::notSaved);
@@ -335,7 +321,7 @@ private Q_SLOTS:
         for (const int used : {42, 3}) {
             QVERIFY(desk.notificationCentre.posts.isEmpty());
             desk.installCodex(used);
-            QCoro::waitFor(running.model.refresh());
+            QCoro::waitFor(running.model.refresh(AskedBy::user));
         }
         QCOMPARE(desk.notificationCentre.posts.size(), 1);
         QCOMPARE(desk.notificationCentre.posts[0].identifier,
@@ -362,6 +348,29 @@ private Q_SLOTS:
         autoRefresh.stop();
         desk.clock.advance(1h);
         QVERIFY(!running.model.isRefreshing());
+    }
+
+    /// The service wants a pause: the timer keeps it, the user need not.
+    void asksTheUnwillingForTheUserOnly() {
+        Desk desk(m_identity, {httpReply(429, {}, "Retry-After: 3000\r\n"),
+                               httpReply(200, R"({"five_hour":{"utilization":3}})")});
+        desk.signIn();
+        Running running(desk);
+        core::AutoRefresh autoRefresh(running.model, desk.clock);
+        const auto claude = [&] { return running.model.snapshot().providers[1]; };
+        autoRefresh.start({});
+        for (int automatic = 0; automatic < 3; ++automatic) {
+            QTRY_COMPARE(desk.clock.pendingAlarms(), 2U); // the service's and the next refresh
+            QCOMPARE(claude().statusMessage, QStringLiteral("Rate limited"));
+            QCOMPARE(running.model.snapshot().updatedAt, desk.clock.now());
+            QCOMPARE(desk.server.requests().size(), 1);
+            desk.clock.advance(core::refreshInterval);
+        }
+        QTRY_VERIFY(!running.model.isRefreshing());
+        QCoro::waitFor(running.model.refresh(AskedBy::user));
+        QCOMPARE(desk.server.requests().size(), 2);
+        QCOMPARE(claude().fiveHour->usedPercent, 3.0);
+        QVERIFY(!claude().statusMessage);
     }
 };
 

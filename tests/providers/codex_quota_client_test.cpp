@@ -40,23 +40,21 @@ bool hasNoChild() {
     return ::waitid(P_ALL, 0, &ignored, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
 }
 
-using Result = std::expected<model::ProviderQuotaSnapshot, providers::CodexError>;
-
-QString outcome(const Result& result) {
-    return result ? result->planName.value_or(QString{}) : description(result.error());
+QString outcome(const providers::QuotaResult& result) {
+    return result ? result->planName.value_or(QString{}) : result.error().text;
 }
 
 /// A client on a clock of its own and its one fetch.
 struct Fetch {
     explicit Fetch(const QStringList& candidates) : client(candidates, runner, clock) {
-        QCoro::connect(client.fetch(), &context,
-                       [this](const Result& value) { result.emplace(value); });
+        QCoro::connect(client.fetch(providers::AskedBy::user), &context,
+                       [this](const providers::QuotaResult& value) { result.emplace(value); });
     }
 
     tests::ManualClock clock{model::Timestamp{}};
     providers::ProcessRunner runner{clock, 1min}; // long enough for what a test looks at
     providers::CodexQuotaClient client;
-    std::optional<Result> result;
+    std::optional<providers::QuotaResult> result;
     QObject context;
 };
 

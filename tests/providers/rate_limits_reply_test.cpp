@@ -117,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(object);
         const auto snapshot = providers::parseRateLimitsReply(*object, now);
         QVERIFY(!snapshot);
-        QTEST(providers::description(snapshot.error()), "expected");
+        QTEST(providers::quotaFailure(snapshot.error()).text, "expected");
     }
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "providers/claude/claude_quota_client.h"
+#include "providers/codex/codex_quota_client.h"
 #include "support/fake_notification_centre.h"
 #include "support/fake_secret_store.h"
 #include "support/manual_clock.h"
@@ -27,8 +29,7 @@ public:
         : clock(now),
           model({.store = m_store,
                  .defaults = m_defaults,
-                 .codexClient = m_codexClient,
-                 .claudeClient = m_claudeClient,
+                 .quotaClients = {m_codexClient, m_claudeClient},
                  .tokenEstimator = m_tokenEstimator,
                  .notifier = m_notifier,
                  .widgetCentre = m_widgetCentre,

@@ -117,7 +117,7 @@ private Q_SLOTS:
         QList<bool> isEnabled; // Where nothing is installed a refresh may end before it is awaited.
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.item("refresh"),
                 [&] { isEnabled << open.item("refresh")->isEnabled(); });
-        QCoro::waitFor(open.idle.model.refresh());
+        QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
         QCOMPARE(isEnabled, QList({false, true}));
         QCOMPARE(open.text("updated"), QStringLiteral("Updated just now"));
         QCOMPARE(open.text("lastError"), *open.idle.model.lastError());

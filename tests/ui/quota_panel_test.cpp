@@ -81,7 +81,7 @@ private Q_SLOTS:
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.item("refresh"), [&] {
             wasIdle << (open.item("refresh")->isEnabled() && !open.item("spinner")->isVisible());
         });
-        QCoro::waitFor(open.idle.model.refresh());
+        QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
         QCOMPARE(wasIdle, QList({false, true}));
         QVERIFY(open.item("refresh")->isEnabled());
         QVERIFY(!open.item("spinner")->isVisible());

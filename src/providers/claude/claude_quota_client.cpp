@@ -19,22 +19,23 @@ ClaudeQuotaClient::ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretS
                                      platform::Clock& clock)
     : m_source(std::move(source)), m_secrets(secrets), m_clock(clock) {}
 
-QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
-ClaudeQuotaClient::fetch(AskedBy askedBy) {
+QCoro::Task<QuotaResult> ClaudeQuotaClient::fetch(AskedBy askedBy) {
     if (m_pause && askedBy == AskedBy::timer) {
-        co_return std::unexpected(ClaudeQuotaError{Kind::rateLimited});
+        co_return std::unexpected(quotaFailure(ClaudeQuotaError{Kind::rateLimited}));
     }
     const ClaudeFetchError notAccepted = ClaudeQuotaError{Kind::httpStatus, 401};
-    auto result = co_await attempt();
+    Attempt result = co_await attempt();
     if (!result && result.error() == notAccepted) {
         m_cache.clear();
         result = co_await attempt();
     }
-    co_return result;
+    if (!result) {
+        co_return std::unexpected(quotaFailure(result.error()));
+    }
+    co_return *std::move(result);
 }
 
-QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
-ClaudeQuotaClient::attempt() {
+QCoro::Task<ClaudeQuotaClient::Attempt> ClaudeQuotaClient::attempt() {
     const auto credentials = co_await loadCredentials(m_clock.now());
     if (!credentials) {
         co_return std::unexpected(credentials.error());
@@ -59,8 +60,7 @@ ClaudeQuotaClient::loadCredentials(model::Timestamp now) {
     co_return stored;
 }
 
-QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
-ClaudeQuotaClient::request(Credentials credentials) {
+QCoro::Task<ClaudeQuotaClient::Attempt> ClaudeQuotaClient::request(Credentials credentials) {
     HttpsExchange exchange({.url = m_source.usageURL,
                             .headers = {{"Authorization", "Bearer " + credentials.accessToken},
                                         {"anthropic-beta", "oauth-2025-04-20"}}},

@@ -20,30 +20,26 @@ struct ClaudeQuotaSource {
     std::optional<QSslConfiguration> tls; ///< else the roots of the system and of `network`
 };
 
-/// Who wants the figures.
-enum class AskedBy {
-    user,
-    timer, ///< held back while the service wants it so
-};
-
 /// Asks for the Claude quotas with the token of the user's own Claude Code, which goes nowhere but
 /// into the request. Main thread only; must outlive its tasks, as `secrets` and `clock` must it.
-class ClaudeQuotaClient {
+class ClaudeQuotaClient final : public QuotaClient {
 public:
     ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretStore& secrets,
                       platform::Clock& clock);
 
+    [[nodiscard]] model::AIProvider provider() const override { return model::AIProvider::claude; }
+
     /// Asks once, and once more with a newly read token if the first is not accepted. Never follows
-    /// a redirect and keeps no cookie. After an answer of status 429 the timer gets `rateLimited`
-    /// without a request until the answer's Retry-After has passed, an hour at the most.
-    [[nodiscard]] QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
-    fetch(AskedBy askedBy);
+    /// a redirect and keeps no cookie. After an answer of status 429 the timer gets the same
+    /// failure without a request until the answer's Retry-After has passed, an hour at the most.
+    [[nodiscard]] QCoro::Task<QuotaResult> fetch(AskedBy askedBy) override;
 
 private:
-    QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>> attempt();
+    using Attempt = std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>;
+
+    QCoro::Task<Attempt> attempt();
     QCoro::Task<std::expected<Credentials, ClaudeQuotaError>> loadCredentials(model::Timestamp now);
-    QCoro::Task<std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>>
-    request(Credentials credentials);
+    QCoro::Task<Attempt> request(Credentials credentials);
     void pause(std::chrono::seconds duration);
 
     ClaudeQuotaSource m_source;

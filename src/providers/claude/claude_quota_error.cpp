@@ -31,10 +31,36 @@ QString sentence(const TransportError& error) {
     return QStringLiteral("The Claude service could not be reached: %1.").arg(error.reason);
 }
 
+std::optional<QString> shortText(const ClaudeQuotaError& error) {
+    switch (error.kind) {
+    case ClaudeQuotaError::Kind::noCredentials:
+        return QStringLiteral("Keychain auth");
+    case ClaudeQuotaError::Kind::tokenExpired:
+        return QStringLiteral("Sign-in expired");
+    case ClaudeQuotaError::Kind::rateLimited:
+        return QStringLiteral("Rate limited");
+    case ClaudeQuotaError::Kind::httpStatus:
+        return error.httpStatus == 401 ? std::optional(QStringLiteral("Sign-in expired"))
+                                       : std::nullopt;
+    case ClaudeQuotaError::Kind::malformedResponse:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> shortText(const TransportError& /*error*/) {
+    return QStringLiteral("Network error");
+}
+
 } // namespace
 
-QString description(const ClaudeFetchError& error) {
-    return std::visit([](const auto& kind) { return sentence(kind); }, error);
+QuotaFailure quotaFailure(const ClaudeFetchError& error) {
+    const auto failure = [](const auto& kind) {
+        return QuotaFailure{.text = sentence(kind),
+                            .shownAt = QuotaFailure::Place::besideFigures,
+                            .shortText = shortText(kind)};
+    };
+    return std::visit(failure, error);
 }
 
 } // namespace tallyvane::providers

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include "providers/quota_client.h"
 
 #include <variant>
 
@@ -33,7 +33,7 @@ struct TransportError {
 
 using ClaudeFetchError = std::variant<ClaudeQuotaError, TransportError>;
 
-/// One sentence for the command line.
-[[nodiscard]] QString description(const ClaudeFetchError& error);
+/// As the user gets to know it: beside the Claude figures, and never in the program's error line.
+[[nodiscard]] QuotaFailure quotaFailure(const ClaudeFetchError& error);
 
 } // namespace tallyvane::providers

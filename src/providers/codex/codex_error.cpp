@@ -2,11 +2,11 @@
 
 namespace tallyvane::providers {
 
-QString description(const CodexError& error) {
-    if (const auto* runnerError = std::get_if<ProcessRunnerError>(&error)) {
-        return description(*runnerError);
-    }
-    return QStringLiteral("The reply of the Codex CLI could not be read.");
+QuotaFailure quotaFailure(const CodexError& error) {
+    const auto* runnerError = std::get_if<ProcessRunnerError>(&error);
+    return {.text = runnerError ? description(*runnerError)
+                                : QStringLiteral("The reply of the Codex CLI could not be read."),
+            .shownAt = QuotaFailure::Place::errorLine};
 }
 
 } // namespace tallyvane::providers

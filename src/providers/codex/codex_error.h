@@ -1,6 +1,7 @@
 #pragma once
 
 #include "providers/process_runner_error.h"
+#include "providers/quota_client.h"
 
 #include <variant>
 
@@ -15,7 +16,7 @@ struct CorruptReply {
 /// account: for the screen, never to be stored.
 using CodexError = std::variant<ProcessRunnerError, CorruptReply>;
 
-/// The sentence for the user.
-[[nodiscard]] QString description(const CodexError& error);
+/// As the user gets to know it: in the program's error line.
+[[nodiscard]] QuotaFailure quotaFailure(const CodexError& error);
 
 } // namespace tallyvane::providers

@@ -1,5 +1,6 @@
 #include "providers/codex/codex_quota_client.h"
 
+#include "providers/codex/codex_error.h"
 #include "providers/codex/rate_limits_reply.h"
 
 namespace tallyvane::providers {
@@ -23,20 +24,25 @@ QStringList codexCandidates(const QString& homeDirectory) {
             homeDirectory + QStringLiteral("/.local/bin/codex")};
 }
 
-QCoro::Task<std::expected<model::ProviderQuotaSnapshot, CodexError>> CodexQuotaClient::fetch() {
+QCoro::Task<QuotaResult> CodexQuotaClient::fetch(AskedBy /*askedBy*/) {
     const std::optional<QString> executable = findExecutable(m_candidates);
     if (!executable) {
-        co_return std::unexpected(ProcessRunnerError{ProcessRunnerError::Kind::executableNotFound,
-                                                     QStringLiteral("Codex CLI")});
+        const ProcessRunnerError notFound{ProcessRunnerError::Kind::executableNotFound,
+                                          QStringLiteral("Codex CLI")};
+        co_return std::unexpected(quotaFailure(notFound));
     }
     const QStringList arguments{QStringLiteral("app-server")};
     const QByteArray input(requests);
     const CommandReply reply =
         co_await m_runner.requestRateLimits(*executable, arguments, input, timeout);
     if (!reply) {
-        co_return std::unexpected(reply.error());
+        co_return std::unexpected(quotaFailure(reply.error()));
     }
-    co_return parseRateLimitsReply(*reply, m_clock.now());
+    auto entry = parseRateLimitsReply(*reply, m_clock.now());
+    if (!entry) {
+        co_return std::unexpected(quotaFailure(entry.error()));
+    }
+    co_return *std::move(entry);
 }
 
 } // namespace tallyvane::providers

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "model/quota_snapshot.h"
-#include "providers/codex/codex_error.h"
 #include "providers/process_runner.h"
+#include "providers/quota_client.h"
 
 namespace tallyvane::providers {
 
@@ -12,13 +11,15 @@ namespace tallyvane::providers {
 
 /// Asks the user's own Codex CLI for the quota, by its application server ("codex app-server":
 /// JSON-RPC messages without a version member, one a line). The CLI uses its own sign-in.
-class CodexQuotaClient {
+class CodexQuotaClient final : public QuotaClient {
 public:
     CodexQuotaClient(QStringList candidates, ProcessRunner& runner, const platform::Clock& clock)
         : m_candidates(std::move(candidates)), m_runner(runner), m_clock(clock) {}
 
-    /// Takes up to 20 seconds. Main thread only; this object must outlive the task.
-    [[nodiscard]] QCoro::Task<std::expected<model::ProviderQuotaSnapshot, CodexError>> fetch();
+    [[nodiscard]] model::AIProvider provider() const override { return model::AIProvider::codex; }
+
+    /// Takes up to 20 seconds. The CLI has no rule for who asks.
+    [[nodiscard]] QCoro::Task<QuotaResult> fetch(AskedBy askedBy) override;
 
 private:
     QStringList m_candidates;

@@ -24,9 +24,9 @@ QByteArray record(const QByteArray& token, std::chrono::seconds validFor = 24h) 
            QByteArray::number(qint64{expiry.count()}) + R"(,"subscriptionType":"claude_max"}})";
 }
 
-QString outcome(const std::expected<model::ProviderQuotaSnapshot, providers::ClaudeFetchError>& r) {
+QString outcome(const providers::QuotaResult& r) {
     return r ? QStringLiteral("%1: %2").arg(*r->planName).arg(r->fiveHour->usedPercent)
-             : providers::description(r.error());
+             : r.error().text;
 }
 
 const QString figures = QStringLiteral("Claude Max: 37.5");

@@ -1,4 +1,5 @@
 #include "providers/claude/claude_credentials.h"
+#include "providers/claude/claude_quota_error.h"
 #include "providers/claude/usage_reply.h"
 #include "support/test_main.h"
 
@@ -23,6 +24,24 @@ class ClaudeRecordsTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
+    void leavesAShortText() {
+        using Error = providers::ClaudeQuotaError;
+        const std::pair<providers::ClaudeFetchError, const char*> rows[] = {
+            {Error{Error::Kind::noCredentials}, "Keychain auth"},
+            {Error{Error::Kind::tokenExpired}, "Sign-in expired"},
+            {Error{Error::Kind::httpStatus, 401}, "Sign-in expired"},
+            {Error{Error::Kind::rateLimited}, "Rate limited"},
+            {providers::TransportError{}, "Network error"},
+            {Error{Error::Kind::httpStatus, 500}, ""},
+            {Error{Error::Kind::malformedResponse}, ""},
+        };
+        for (const auto& [error, text] : rows) {
+            const providers::QuotaFailure failure = providers::quotaFailure(error);
+            QCOMPARE(failure.shownAt, providers::QuotaFailure::Place::besideFigures);
+            QCOMPARE(failure.shortText.value_or(QString()), QString::fromLatin1(text));
+        }
+    }
+
     void readsSignInRecords_data() {
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<QString>("expected"); // token, expiry, plan; empty: unusable
