@@ -33,9 +33,11 @@ std::expected<void, model::FileError> TokenBaselines::move(const TokenTotals& to
 }
 
 std::int64_t TokenBaselines::baseline(AIProvider provider) const {
-    const std::int64_t stored = m_defaults.integer(key(provider));
     const auto remembered = m_remembered.find(provider);
-    return stored < 1 && remembered != m_remembered.end() ? remembered->second : stored;
+    // Not where a total below 1 is stored: another program knows better then.
+    const bool isStored = !m_defaults.text(key(provider)).isEmpty();
+    return isStored || remembered == m_remembered.end() ? m_defaults.integer(key(provider))
+                                                        : remembered->second;
 }
 
 } // namespace tallyvane::history

@@ -120,6 +120,21 @@ private Q_SLOTS:
         QCOMPARE(tokens(std::numeric_limits<std::int64_t>::max()), 500);
     }
 
+    /// The logs went away while another program counted, and came back.
+    void forgetsWhatOthersKnowBetter() {
+        Desk desk;
+        history::TokenBaselines others(desk.defaults);
+        const auto tokens = [&](std::int64_t total) {
+            return desk.record(1, 1, total)->points[0].estimatedLocalTokens;
+        };
+        QCOMPARE(tokens(100), 0);
+        for (const std::int64_t total : {1000, 0}) {
+            QVERIFY(others.move({{AIProvider::codex, total}}));
+        }
+        QCOMPARE(tokens(1000), 0);
+        QCOMPARE(tokens(1001), 1);
+    }
+
     void startsAPointPerDay() {
         Desk desk;
         desk.now = at(u"2026-03-10T23:59:59Z");
