@@ -128,8 +128,9 @@ QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
         if (!tried) {
             co_return std::unexpected(tried.error().message);
         }
-        if (*tried) {
-            co_return *std::move(*tried);
+        std::optional<model::FileLock> lock = *std::move(tried);
+        if (lock) {
+            co_return *std::move(lock);
         }
         co_await pause(&m_with.clock, lockInterval);
     }
@@ -198,6 +199,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
 
 QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, AskedBy askedBy) {
     std::vector<QCoro::Task<providers::QuotaResult>> fetches;
+    fetches.reserve(m_with.quotaClients.size());
     for (providers::QuotaClient& client : m_with.quotaClients) {
         fetches.push_back(client.fetch(askedBy)); // starts at once
     }

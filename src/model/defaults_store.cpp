@@ -29,8 +29,8 @@ std::expected<FileLock, std::error_code> lock(const std::filesystem::path& path)
         if (!tried) {
             return std::unexpected(tried.error());
         }
-        if (*tried) {
-            return *std::move(*tried);
+        if (std::optional<FileLock> lock = *std::move(tried)) {
+            return *std::move(lock);
         }
         if (deadline.hasExpired()) {
             return std::unexpected(std::error_code(EBUSY, std::system_category()));

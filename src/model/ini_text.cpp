@@ -210,7 +210,7 @@ QByteArray IniText::file() const {
 }
 
 std::optional<QString> decodedIniText(const QByteArray& encoded) {
-    const auto text = unquoted(encoded);
+    auto text = unquoted(encoded);
     if (!text || !text->startsWith(u'@')) {
         return text;
     }

@@ -43,7 +43,7 @@ struct Fault {
     Service service = Service::trusted;
     const char* codex = "reply-amid-noise"; ///< of the scripted programs
     std::chrono::seconds tokenLife = 1h;
-    QString httpProxy{}; ///< $http_proxy, which counts as the desktop's setting
+    QString httpProxy; ///< $http_proxy, which counts as the desktop's setting
 };
 
 /// The program on its way through one fault, in a home of its own.

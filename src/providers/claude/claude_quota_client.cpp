@@ -51,12 +51,14 @@ ClaudeQuotaClient::loadCredentials(model::Timestamp now) {
     }
     auto stored = co_await readStoredCredentials(&m_secrets, m_source.keychainService,
                                                  m_source.credentialsFile);
-    if (stored && stored->expiresAt && *stored->expiresAt <= now) {
+    if (!stored) {
+        co_return stored;
+    }
+    const std::optional<model::Timestamp> expiry = stored->expiresAt;
+    if (expiry && *expiry <= now) {
         co_return std::unexpected(ClaudeQuotaError{Kind::tokenExpired});
     }
-    if (stored) {
-        m_cache.replace(*stored);
-    }
+    m_cache.replace(*stored);
     co_return stored;
 }
 
