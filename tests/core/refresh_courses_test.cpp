@@ -42,6 +42,7 @@ Disk disk;
 } // namespace
 
 /// Instead of the C library's, which would only cost time here: no course loses power.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): that one is reserved
 int fsync(int descriptor) {
     if (disk.fate == Disk::Fate::killsProgram && --disk.callsLeft <= 0) {
         ::raise(SIGKILL);

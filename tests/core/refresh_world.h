@@ -106,8 +106,8 @@ struct SilentWidgetCentre final : platform::WidgetCentre {
 
 /// A program that refreshes, with a zone of its own; several share the world's files.
 struct Writer {
-    Writer(World& world, QByteArray zoneName)
-        : zone(std::move(zoneName)),
+    Writer(World& world, const QByteArray& zoneName)
+        : zone(zoneName),
           locations{.dataHome = world.root / "data", .configHome = world.root / "config"},
           codexClient(world, world.assistants[0]),
           claudeClient(world, world.assistants[1]),
