@@ -1,11 +1,6 @@
-#include "core/app_model.h"
-#include "support/fake_notification_centre.h"
-#include "support/home_files.h"
-#include "support/manual_clock.h"
+#include "core/refresh_world.h"
 #include "support/test_main.h"
 
-#include <QCoro/QCoroFuture>
-#include <QtCore/QPromise>
 #include <QtCore/QRandomGenerator>
 
 #include <csignal>
@@ -17,29 +12,42 @@
 using namespace tallyvane;
 using namespace std::chrono_literals;
 using model::AIProvider;
+using tests::Assistant;
+using tests::Figure;
+using tests::World;
+using tests::Writer;
 
 namespace {
 
 /// What the disk does at each fsync(2). The program calls it before and after it puts a file in
 /// another's place, so that its calls part a refresh into all the states that a kill can leave.
 struct Disk {
-    enum class Fate { works, failsAtTimes, killsProgram };
+    enum class Fate { works, failsAtTimes, failsForSettings, killsProgram };
 
     Fate fate = Fate::works;
     int callsLeft = 0; ///< until the kill
     QRandomGenerator random;
     bool hasFailed = false;
+
+    [[nodiscard]] bool fails(int descriptor) {
+        if (fate == Fate::failsForSettings) {
+            const auto link = "/proc/self/fd/" + std::to_string(descriptor);
+            return std::filesystem::read_symlink(link).parent_path().filename() == "config";
+        }
+        return fate == Fate::failsAtTimes && random.bounded(3) == 0;
+    }
 };
 Disk disk;
 
 } // namespace
 
 /// Instead of the C library's, which would only cost time here: no course loses power.
-int fsync(int /*descriptor*/) {
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): that one is reserved
+int fsync(int descriptor) {
     if (disk.fate == Disk::Fate::killsProgram && --disk.callsLeft <= 0) {
         ::raise(SIGKILL);
     }
-    if (disk.fate == Disk::Fate::failsAtTimes && disk.random.bounded(3) == 0) {
+    if (disk.fails(descriptor)) {
         disk.hasFailed = true;
         errno = ENOSPC;
         return -1;
@@ -57,8 +65,6 @@ constexpr std::array zones{"UTC",
                            "Asia/Kathmandu"};
 constexpr double tolerance = 1e-6;
 
-using Figure = std::optional<double>;
-
 enum class Gaps { breakRises, areNone };
 
 /// How much a figure rose from one to the next, all in all.
@@ -73,127 +79,6 @@ double rises(const QList<Figure>& figures, Gaps gaps) {
     }
     return sum;
 }
-
-/// One assistant: what its service says now, and all that was told of it so far.
-struct Assistant {
-    AIProvider provider;
-    Figure used;
-    std::int64_t tokens = 0;
-    bool isFailing = false;
-    QList<Figure> toldUsed;
-    QList<Figure> toldTokens; ///< 0 is none
-    Figure stored;
-};
-
-struct World {
-    /// Writes a log that holds the assistant's tokens.
-    void setTokens(Assistant& assistant, std::int64_t tokens) const {
-        const bool isCodex = assistant.provider == AIProvider::codex;
-        const QString path = home.filePath(isCodex ? QStringLiteral(".codex/sessions/log.jsonl")
-                                                   : QStringLiteral(".claude/projects/log.jsonl"));
-        const std::int64_t more = tokens - assistant.tokens;
-        const QByteArray line =
-            isCodex ? R"({"payload":{"type":"token_count","info":{"total_token_usage":)"
-                      R"({"total_tokens":)" +
-                          QByteArray::number(qint64{tokens}) + "}}}}\n"
-                    : R"({"type":"assistant","message":{"usage":{"input_tokens":)" +
-                          QByteArray::number(qint64{more < 0 ? tokens : more}) + "}}}\n";
-        if (tokens == 0) {
-            QFile::remove(path);
-        } else {
-            tests::writeFile(path, (more < 0 ? QByteArray() : tests::readFile(path)) + line);
-        }
-        assistant.tokens = tokens;
-    }
-
-    void letAnswer() {
-        isHoldingAnswers = false;
-        for (const auto& answer : std::exchange(heldAnswers, {})) {
-            answer->finish();
-        }
-    }
-
-    /// In memory, where there is such a folder: a course has hundreds of files.
-    QTemporaryDir home{QFileInfo(QStringLiteral("/dev/shm")).isWritable()
-                           ? QStringLiteral("/dev/shm/tallyvane-XXXXXX")
-                           : QDir::tempPath() + QStringLiteral("/tallyvane-XXXXXX")};
-    std::filesystem::path root{home.path().toStdString()};
-    tests::ManualClock clock{std::chrono::sys_days{std::chrono::year{2026} / 3 / 1}};
-    std::array<Assistant, 2> assistants{Assistant{AIProvider::codex},
-                                        Assistant{AIProvider::claude}};
-    bool isHoldingAnswers = false;
-    std::vector<std::shared_ptr<QPromise<void>>> heldAnswers;
-};
-
-/// Tells what the world says of one assistant.
-class ScriptedClient final : public providers::QuotaClient {
-public:
-    ScriptedClient(World& world, Assistant& assistant) : m_world(world), m_assistant(assistant) {}
-
-    [[nodiscard]] AIProvider provider() const override { return m_assistant.provider; }
-
-    [[nodiscard]] QCoro::Task<providers::QuotaResult>
-    fetch(providers::AskedBy /*askedBy*/) override {
-        if (m_world.isHoldingAnswers) {
-            const auto answer = std::make_shared<QPromise<void>>();
-            answer->start();
-            m_world.heldAnswers.push_back(answer);
-            const QFuture<void> answered = answer->future();
-            co_await answered;
-        }
-        if (m_assistant.isFailing) {
-            co_return std::unexpected(providers::QuotaFailure{QStringLiteral("failed")});
-        }
-        m_assistant.toldUsed << m_assistant.used;
-        model::ProviderQuotaSnapshot entry{.provider = provider(),
-                                           .syncedAt = m_world.clock.now(),
-                                           .syncState = model::QuotaSyncState::current};
-        if (m_assistant.used) {
-            entry.week = model::QuotaWindowSnapshot{.usedPercent = *m_assistant.used};
-        }
-        co_return entry;
-    }
-
-private:
-    World& m_world;
-    Assistant& m_assistant;
-};
-
-struct SilentWidgetCentre final : platform::WidgetCentre {
-    void reloadTimelines(const QString& /*kind*/) override {}
-    void reloadAllTimelines() override {}
-};
-
-/// A program that refreshes, with a zone of its own; several share the world's files.
-struct Writer {
-    Writer(World& world, const QByteArray& zoneName)
-        : zone(zoneName),
-          locations{.dataHome = world.root / "data", .configHome = world.root / "config"},
-          codexClient(world, world.assistants[0]),
-          claudeClient(world, world.assistants[1]),
-          tokenEstimator(world.root),
-          model({.store = store,
-                 .defaults = defaults,
-                 .quotaClients = {codexClient, claudeClient},
-                 .tokenEstimator = tokenEstimator,
-                 .notifier = notifier,
-                 .widgetCentre = widgetCentre,
-                 .clock = world.clock,
-                 .zone = model::LocalZone(zone)}) {}
-
-    QTimeZone zone;
-    model::StoreLocations locations;
-    model::SharedStore store{locations};
-    model::DefaultsStore defaults =
-        model::DefaultsStore::openFirst(locations.defaultsSuite(), locations.standardDefaults());
-    ScriptedClient codexClient;
-    ScriptedClient claudeClient;
-    history::LocalTokenEstimator tokenEstimator;
-    tests::FakeNotificationCentre notificationCentre;
-    notify::QuotaNotifier notifier{notificationCentre};
-    SilentWidgetCentre widgetCentre;
-    core::AppModel model;
-};
 
 /// What all courses saw.
 struct Tally {
@@ -251,8 +136,7 @@ public:
             refreshUntilKilled();
             break;
         case 15:
-            disk.fate =
-                disk.fate == Disk::Fate::works ? Disk::Fate::failsAtTimes : Disk::Fate::works;
+            changeDisk();
             break;
         default:
             refresh(*writer);
@@ -298,6 +182,12 @@ private:
         default:
             m_world.setTokens(assistant, assistant.tokens + tokens);
         }
+    }
+
+    void changeDisk() {
+        using Fate = Disk::Fate;
+        const Fate fault = m_random.bounded(2) == 0 ? Fate::failsAtTimes : Fate::failsForSettings;
+        disk.fate = disk.fate == Fate::works ? fault : Fate::works;
     }
 
     void tellTokens() {
@@ -478,7 +368,7 @@ private Q_SLOTS:
         bool isOne = false;
         const quint32 given = qEnvironmentVariable("TALLYVANE_COURSE_SEED").toUInt(&isOne);
         const int courses =
-            isOne ? 1 : qEnvironmentVariable("TALLYVANE_COURSES", QStringLiteral("200")).toInt();
+            isOne ? 1 : qEnvironmentVariable("TALLYVANE_COURSES", QString::number(COURSES)).toInt();
         Tally tally;
         for (int i = 0; i < courses; ++i) {
             const quint32 seed = isOne ? given : QRandomGenerator::global()->generate();
