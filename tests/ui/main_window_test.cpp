@@ -123,6 +123,18 @@ private Q_SLOTS:
         QCOMPARE(open.text("lastError"), *open.idle.model.lastError());
     }
 
+    void showsPlansWhole() {
+        for (int size = 9; size < 20; ++size) {
+            QGuiApplication::setFont(QFont(QGuiApplication::font().family(), size));
+            const OpenWindow open;
+            QCOMPARE(open.items("plan").size(), 2);
+            for (const QQuickItem* plan : open.items("plan")) {
+                QTRY_VERIFY2(!plan->property("truncated").toBool(),
+                             qPrintable(QString::number(size)));
+            }
+        }
+    }
+
     void nothingTicksWhenClosed() {
         OpenWindow open;
         open.press(Qt::Key_2, Qt::ControlModifier);

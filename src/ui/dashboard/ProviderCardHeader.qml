@@ -29,7 +29,7 @@ RowLayout {
         Layout.fillWidth: true
         Layout.maximumWidth: implicitWidth
         visible: root.card.plan !== ""
-        implicitWidth: plan.implicitWidth + 2 * 6
+        implicitWidth: Math.ceil(plan.implicitWidth) + 2 * 6 // the layout rounds
         implicitHeight: plan.implicitHeight + 2 * 2
         radius: Theme.smallRadius - 1
         color: Qt.alpha(root.card.accent, 0.14)
@@ -37,6 +37,7 @@ RowLayout {
         TextLabel {
             id: plan
 
+            objectName: "plan"
             anchors.centerIn: parent
             width: Math.min(implicitWidth, parent.width - 2 * 6)
             text: root.card.plan
