@@ -73,8 +73,7 @@ ExitCode runTokens(const Environment& environment, OutputFormat format) {
     const history::ScanReport report = history::scanSessionLogs(history::logRoots(environment.home),
                                                                 platform::BootClock().now(), {});
     if (report.error) {
-        printError(QStringLiteral("The session logs could not be counted: %1.")
-                       .arg(qt_error_string(report.error.value())));
+        printError(history::scanFailureText(report.error));
         return ExitCode::failure;
     }
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;

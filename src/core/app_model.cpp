@@ -158,7 +158,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
     std::stop_source stopTokens;
     // Tasks start at once and run side by side until each is awaited.
     QCoro::Task<Answers> answersTask = askProviders(previous, askedBy);
-    auto tokenTask = m_with.tokenEstimator.estimate(stopTokens.get_token());
+    auto tokenTask = m_with.tokenEstimator.estimate(m_with.clock.now(), stopTokens.get_token());
 
     const Answers answers = co_await answersTask;
     QuotaSnapshot current;

@@ -23,9 +23,7 @@ void giveWay() {
 }
 
 std::unexpected<EstimateError> failure(const std::error_code& error) {
-    return std::unexpected(
-        EstimateError{QStringLiteral("The session logs could not be counted: %1.")
-                          .arg(qt_error_string(error.value()))});
+    return std::unexpected(EstimateError{scanFailureText(error)});
 }
 
 } // namespace
@@ -37,18 +35,16 @@ LocalTokenEstimator::~LocalTokenEstimator() {
 }
 
 QCoro::Task<std::expected<TokenTotals, EstimateError>>
-LocalTokenEstimator::estimate(std::stop_token stop) {
+LocalTokenEstimator::estimate(model::Timestamp now, std::stop_token stop) {
     using Result = std::expected<TokenTotals, EstimateError>;
     const auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
-    const auto count = [promise, roots = m_roots, stop, end = m_end.get_token()] {
+    const auto count = [promise, roots = m_roots, now, stop, end = m_end.get_token()] {
         giveWay();
         std::stop_source either;
         const auto requestStop = [&either] { either.request_stop(); };
         const std::stop_callback onStop(stop, requestStop);
         const std::stop_callback onEnd(end, requestStop);
-        const auto now =
-            std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
         const ScanReport report = scanSessionLogs(roots, now, either.get_token());
         promise->addResult(report.error ? Result(failure(report.error)) : Result(report.totals));
         promise->finish();

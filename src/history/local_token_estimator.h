@@ -28,10 +28,10 @@ public:
     LocalTokenEstimator(const LocalTokenEstimator&) = delete;
     LocalTokenEstimator& operator=(const LocalTokenEstimator&) = delete;
 
-    /// What scanSessionLogs counts from now on; an error when the system gives no thread or too few
+    /// What scanSessionLogs counts as of `now`; an error when the system gives no thread or too few
     /// open files for it. Once `stop` is requested it ends soon, with totals that mean nothing.
     [[nodiscard]] QCoro::Task<std::expected<TokenTotals, EstimateError>>
-    estimate(std::stop_token stop);
+    estimate(model::Timestamp now, std::stop_token stop);
 
 private:
     LogRoots m_roots;

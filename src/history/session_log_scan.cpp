@@ -120,6 +120,11 @@ private:
 
 } // namespace
 
+QString scanFailureText(const std::error_code& error) {
+    return QStringLiteral("The session logs could not be counted: %1.")
+        .arg(qt_error_string(error.value()));
+}
+
 LogRoots logRoots(const std::filesystem::path& home) {
     return {{AIProvider::codex, home / ".codex" / "sessions"},
             {AIProvider::claude, home / ".claude" / "projects"}};

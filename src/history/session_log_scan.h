@@ -41,6 +41,9 @@ struct ScanReport {
     std::error_code error;
 };
 
+/// For the user: that the session logs could not be counted, and why.
+[[nodiscard]] QString scanFailureText(const std::error_code& error);
+
 /// Counts the tokens in the session logs of the 35 days before `now`, Codex first. Reads each of
 /// them whole, every time, and remembers nothing; no log is so odd that it fails. Blocks. Ends
 /// between two files when `stop` is requested, with figures that mean nothing. Ends the program

@@ -275,8 +275,8 @@ private Q_SLOTS:
         connect(&timer, &QTimer::timeout, &timer, [&ticks] { ++ticks; });
         timer.start(0);
         history::LocalTokenEstimator estimator(home.root);
-        auto first = estimator.estimate({});
-        auto second = estimator.estimate({});
+        auto first = estimator.estimate(now, {});
+        auto second = estimator.estimate(now, {});
         QVERIFY(!first.isReady());
         QVERIFY(QCoro::waitFor(first) == totals(5, 0));
         QVERIFY(QCoro::waitFor(second) == totals(5, 0));
@@ -284,15 +284,15 @@ private Q_SLOTS:
 
         std::stop_source stop;
         stop.request_stop();
-        QVERIFY(QCoro::waitFor(estimator.estimate(stop.get_token())) == totals(0, 0));
+        QVERIFY(QCoro::waitFor(estimator.estimate(now, stop.get_token())) == totals(0, 0));
     }
 
     void endsWhileItCounts() {
         const Home home;
         home.write(home.codex / "a.jsonl", codexLine(5));
         auto estimator = std::make_unique<history::LocalTokenEstimator>(home.root);
-        auto running = estimator->estimate({});
-        auto waiting = estimator->estimate({});
+        auto running = estimator->estimate(now, {});
+        auto waiting = estimator->estimate(now, {});
         estimator.reset();
         QCOMPARE(QCoro::waitFor(running)->size(), 2U);
         QCOMPARE(QCoro::waitFor(waiting)->size(), 2U);

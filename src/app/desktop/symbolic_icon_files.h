@@ -11,8 +11,8 @@ namespace tallyvane::app {
 /// desktops keep what they have read under a name.
 class SymbolicIconFiles {
 public:
-    /// Files lie in `folder`, which is made; files of an earlier run in it go.
-    /// Without a folder there are no files.
+    /// Files lie in `folder`, which is made; files of an earlier run in it go. Without
+    /// a folder there are no files.
     explicit SymbolicIconFiles(std::filesystem::path folder);
     ~SymbolicIconFiles();
     SymbolicIconFiles(const SymbolicIconFiles&) = delete;
