@@ -57,7 +57,7 @@ ColumnLayout {
 
             objectName: "filter"
             title: qsTr("Source")
-            choices: root.viewModel.filters
+            choices: [qsTr("Total"), qsTr("Codex"), qsTr("Claude")]
             currentIndex: root.viewModel.filter
             onActivated: index => root.viewModel.filter = index
         }

@@ -46,14 +46,14 @@ ColumnLayout {
             SegmentedPicker {
                 objectName: "metric"
                 title: qsTr("Metric")
-                choices: root.viewModel.metrics
+                choices: [qsTr("%"), qsTr("Tokens")]
                 currentIndex: root.viewModel.metric
                 onActivated: index => root.viewModel.metric = index
             }
             SegmentedPicker {
                 objectName: "period"
                 title: qsTr("Period")
-                choices: root.viewModel.granularities
+                choices: [qsTr("Daily"), qsTr("Monthly")]
                 currentIndex: root.viewModel.granularity
                 onActivated: index => root.viewModel.granularity = index
             }

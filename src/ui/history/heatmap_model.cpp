@@ -26,10 +26,6 @@ HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& c
     connect(&appearance, &Appearance::changed, this, &HeatmapModel::update);
 }
 
-QStringList HeatmapModel::filters() const {
-    return model::rawTexts<history::HeatmapFilter>();
-}
-
 void HeatmapModel::setFilter(int filter) {
     m_filter = static_cast<history::HeatmapFilter>(filter);
     update();

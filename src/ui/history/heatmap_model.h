@@ -25,7 +25,6 @@ class HeatmapModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QList<QString> filters READ filters CONSTANT)
     Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
@@ -41,7 +40,7 @@ public:
                  const Appearance& appearance, const history::Calendar& calendar,
                  const model::LocaleLabels& labels, QObject* parent = nullptr);
 
-    [[nodiscard]] QStringList filters() const;
+    /// A history::HeatmapFilter, as the picker counts its choices.
     [[nodiscard]] int filter() const { return static_cast<int>(m_filter); }
     void setFilter(int filter);
     [[nodiscard]] int weeks() const { return m_weeks; }

@@ -35,14 +35,6 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
     update();
 }
 
-QStringList HistoryModel::metrics() const {
-    return model::rawTexts<HistoryMetric>();
-}
-
-QStringList HistoryModel::granularities() const {
-    return model::rawTexts<HistoryGranularity>();
-}
-
 void HistoryModel::setMetric(int metric) {
     m_metric = static_cast<HistoryMetric>(metric);
     update();

@@ -63,9 +63,7 @@ class HistoryModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QList<QString> metrics READ metrics CONSTANT)
     Q_PROPERTY(int metric READ metric WRITE setMetric NOTIFY changed)
-    Q_PROPERTY(QList<QString> granularities READ granularities CONSTANT)
     Q_PROPERTY(int granularity READ granularity WRITE setGranularity NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
@@ -84,10 +82,10 @@ public:
                  const history::Calendar& calendar, const model::LocaleLabels& labels,
                  QObject* parent = nullptr);
 
-    [[nodiscard]] QStringList metrics() const;
+    /// A history::HistoryMetric, as the picker counts its choices.
     [[nodiscard]] int metric() const { return static_cast<int>(m_metric); }
     void setMetric(int metric);
-    [[nodiscard]] QStringList granularities() const;
+    /// A history::HistoryGranularity, as the picker counts its choices.
     [[nodiscard]] int granularity() const { return static_cast<int>(m_granularity); }
     void setGranularity(int granularity);
     [[nodiscard]] QString subtitle() const;

@@ -45,7 +45,7 @@ ColumnLayout {
 
                 objectName: "appearance"
                 title: schemeLabel.text
-                choices: root.viewModel.appearances
+                choices: [qsTr("System"), qsTr("Light"), qsTr("Dark")]
                 currentIndex: root.viewModel.appearance
                 onActivated: index => root.viewModel.appearance = index
             }

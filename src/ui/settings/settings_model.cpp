@@ -40,14 +40,6 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
     showWindows();
 }
 
-QStringList SettingsModel::appearances() const {
-    QStringList labels = model::rawTexts<model::AppAppearance>();
-    for (QString& label : labels) {
-        label[0] = label[0].toUpper();
-    }
-    return labels;
-}
-
 void SettingsModel::setAppearance(int appearance) {
     m_model.setAppearance(static_cast<model::AppAppearance>(appearance));
 }

@@ -34,7 +34,6 @@ class SettingsModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QList<QString> appearances READ appearances CONSTANT)
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
     Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY launchesAtLoginChanged)
     Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
@@ -51,7 +50,7 @@ public:
                   const model::LocaleLabels& labels, std::function<void()> openNotificationSettings,
                   QObject* parent = nullptr);
 
-    [[nodiscard]] QStringList appearances() const; ///< as the cases of model::AppAppearance
+    /// A model::AppAppearance, as the picker counts its choices.
     [[nodiscard]] int appearance() const { return static_cast<int>(m_model.appearance()); }
     void setAppearance(int appearance);
 
