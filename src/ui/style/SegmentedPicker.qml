@@ -4,13 +4,13 @@ import QtQuick
 import QtQuick.Templates as T
 import Tallyvane.Style
 
-/// One of a few choices, side by side. Tab reaches the chosen one, the arrow keys choose.
+/// A few choices side by side, of which one is chosen by the pointer or the arrow keys.
 T.Control {
     id: root
 
     required property list<string> choices
     property int currentIndex: 0
-    /// What the choice is about, for screen readers.
+    /// The picker's name for screen readers.
     property string title
 
     /// The user chose.
