@@ -50,7 +50,7 @@ struct OpenPanel {
     void press(Qt::Key key) const { QTest::keyClick(window(), key); }
 
     tests::IdleModel idle{someFigures()};
-    ui::Appearance appearance{model::AppAppearance::light};
+    ui::Appearance appearance{idle.model};
     std::unique_ptr<QQmlEngine> engine = ui::makeEngine(appearance);
     ui::MenuBarQuotaViewModel viewModel{idle.model};
     ui::QuotaPanel panel{[this]() -> QQmlEngine& { return *engine; }, viewModel};
