@@ -1,4 +1,5 @@
 #include "support/gui_test_main.h"
+#include "support/idle_model.h"
 #include "ui/style/appearance.h"
 #include "ui/style/colour.h"
 #include "ui/style/engine.h"
@@ -6,7 +7,6 @@
 #include <QtGui/QFont>
 #include <QtGui/QPalette>
 #include <QtQml/QQmlComponent>
-#include <QtQml/QQmlEngine>
 #include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
@@ -15,7 +15,7 @@ using platform::ColourScheme;
 
 namespace {
 
-/// `colour`, which may be translucent, as it shows on `ground`.
+/// `colour`, which may be translucent, drawn over `ground`.
 QColor onto(const QColor& ground, const QColor& colour) {
     const auto mix = [alpha = colour.alphaF()](float below, float above) {
         return below + (above - below) * alpha;
@@ -30,120 +30,97 @@ QColor onto(const QColor& ground, const QColor& colour) {
 class AppearanceTest : public tests::HermeticTest {
     Q_OBJECT
 
+    tests::IdleModel m_idle{{}};
+    ui::Appearance m_appearance{m_idle.model};
+
 private Q_SLOTS:
-    void choosesTheScheme_data() {
-        QTest::addColumn<AppAppearance>("choice");
-        QTest::addColumn<ColourScheme>("system");
-        QTest::addColumn<QColor>("window");
-        QTest::addColumn<bool>("isDark");
-        const QColor light(Qt::white);
-        const QColor dark(Qt::black);
-        QTest::newRow("light wins") << AppAppearance::light << ColourScheme::dark << dark << false;
-        QTest::newRow("dark wins") << AppAppearance::dark << ColourScheme::light << light << true;
-        QTest::newRow("asked dark") << AppAppearance::system << ColourScheme::dark << light << true;
-        QTest::newRow("asked light")
-            << AppAppearance::system << ColourScheme::light << dark << false;
-        QTest::newRow("dark palette")
-            << AppAppearance::system << ColourScheme::noPreference << dark << true;
-        QTest::newRow("light palette")
-            << AppAppearance::system << ColourScheme::noPreference << light << false;
-    }
     void choosesTheScheme() {
-        QFETCH(const AppAppearance, choice);
-        QFETCH(const ColourScheme, system);
-        QFETCH(const QColor, window);
-        ui::Appearance appearance(AppAppearance::system);
-        QGuiApplication::setPalette(QPalette(window));
-        appearance.setChoice(choice);
-        appearance.setSystemColourScheme(system);
-        QTEST(appearance.isDark(), "isDark");
-    }
-
-    void keepsTheAccentReadable_data() {
-        QTest::addColumn<QColor>("accent");
-        for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
-            QTest::newRow(accent) << QColor(accent);
+        const struct {
+            AppAppearance choice;
+            ColourScheme system;
+            Qt::GlobalColor window;
+            bool isDark;
+        } rows[] = {{AppAppearance::light, ColourScheme::dark, Qt::black, false},
+                    {AppAppearance::dark, ColourScheme::light, Qt::white, true},
+                    {AppAppearance::system, ColourScheme::dark, Qt::white, true},
+                    {AppAppearance::system, ColourScheme::light, Qt::black, false},
+                    {AppAppearance::system, ColourScheme::noPreference, Qt::black, true},
+                    {AppAppearance::system, ColourScheme::noPreference, Qt::white, false}};
+        for (const auto& row : rows) {
+            m_idle.model.setAppearance(row.choice);
+            m_appearance.setSystemColourScheme(row.system);
+            QGuiApplication::setPalette(QPalette(row.window));
+            QCOMPARE(m_appearance.isDark(), row.isDark);
         }
     }
+
     void keepsTheAccentReadable() {
-        QFETCH(const QColor, accent);
-        QPalette palette;
-        palette.setColor(QPalette::Highlight, accent);
-        QGuiApplication::setPalette(palette);
-        const ui::Appearance light(AppAppearance::light);
-        const ui::Appearance dark(AppAppearance::dark);
-        QVERIFY(ui::contrast(light.accentFill(), Qt::white) >= 4.5);
-        QVERIFY(ui::contrast(light.accentInk(), Qt::white) >= 4.5);
-        QVERIFY(ui::contrast(dark.accentInk(), Qt::black) >= 4.5);
+        for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
+            QPalette palette;
+            palette.setColor(QPalette::Highlight, accent);
+            QGuiApplication::setPalette(palette);
+            m_idle.model.setAppearance(AppAppearance::light);
+            QVERIFY2(ui::contrast(m_appearance.accentFill(), Qt::white) >= 4.5, accent);
+            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::white) >= 4.5, accent);
+            m_idle.model.setAppearance(AppAppearance::dark);
+            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::black) >= 4.5, accent);
+        }
     }
 
-    void canBeRead_data() {
-        QTest::addColumn<QByteArray>("ink");
-        QTest::addColumn<QByteArrayList>("grounds"); ///< from the back to the front
-        QTest::addColumn<double>("least");
-        const double text = 4.5;
-        const double symbol = 3;
-        const auto add = [](const QByteArray& ink, const QByteArray& grounds, double least) {
-            QTest::newRow((ink + " on " + grounds).constData())
-                << ink << grounds.split(' ') << least;
-        };
-        for (const char* ground :
-             {"window", "panel", "card", "segment", "window notice", "window controlPressed",
-              "card controlPressed", "panel rowHovered"}) {
-            add("text", ground, text);
-        }
-        for (const char* ground : {"window", "panel", "card", "panel rowHovered"}) {
-            add("secondaryText", ground, text);
-        }
-        for (const char* ground : {"window", "panel", "card"}) {
-            add("accent", ground, text);
-            add("tertiaryText", ground, symbol);
-        }
-        add("destructive", "card", text);
-        add("destructive", "card controlPressed", text);
-        add("whiteText", "accentFill", text);
-        add("warning", "window notice", symbol);
-        add("warning", "card", symbol);
-        add("success", "segment", symbol);
-        add("indigo", "card", symbol);
-    }
     void canBeRead() {
-        QFETCH(const QByteArray, ink);
-        QFETCH(const QByteArrayList, grounds);
-        QFETCH(const double, least);
+        const struct {
+            const char* ink;
+            double least;
+            const char* grounds; ///< each from back to front
+        } rows[] = {
+            {"text", 4.5, "window,panel,card,segment,window notice,panel rowHovered"},
+            {"text", 4.5, "window controlPressed,card controlPressed"},
+            {"secondaryText", 4.5, "window,panel,card,panel rowHovered"},
+            {"accent", 4.5, "window,panel,card"},
+            {"destructive", 4.5, "card,card controlPressed"},
+            {"whiteText", 4.5, "accentFill"},
+            {"tertiaryText", 3, "window,panel,card"},
+            {"warning", 3, "window notice,card"},
+            {"success", 3, "segment"},
+            {"indigo", 3, "card"},
+        };
+        const auto engine = ui::makeEngine(m_appearance);
+        QQmlComponent component(engine.get());
+        component.setData("import QtQml\nimport Tallyvane.Style\n"
+                          "QtObject { readonly property QtObject theme: Theme }",
+                          {});
+        const std::unique_ptr<QObject> holder(component.create());
+        QVERIFY2(holder, qPrintable(component.errorString()));
+        const auto* theme = holder->property("theme").value<QObject*>();
         for (const auto choice : {AppAppearance::light, AppAppearance::dark}) {
-            ui::Appearance appearance(choice);
-            const auto engine = ui::makeEngine(appearance);
-            QQmlComponent component(engine.get());
-            component.setData("import QtQml\nimport Tallyvane.Style\n"
-                              "QtObject { readonly property QtObject theme: Theme }",
-                              {});
-            const std::unique_ptr<QObject> holder(component.create());
-            QVERIFY2(holder, qPrintable(component.errorString()));
-            auto* theme = holder->property("theme").value<QObject*>();
-            QColor ground;
-            for (const QByteArray& layer : grounds) {
-                ground = onto(ground, theme->property(layer.constData()).value<QColor>());
+            m_idle.model.setAppearance(choice);
+            for (const auto& row : rows) {
+                for (const QByteArray& layers : QByteArray(row.grounds).split(',')) {
+                    QColor ground;
+                    for (const QByteArray& layer : layers.split(' ')) {
+                        ground = onto(ground, theme->property(layer.constData()).value<QColor>());
+                    }
+                    const auto ink = theme->property(row.ink).value<QColor>();
+                    QVERIFY2(ui::contrast(ink, ground) >= row.least,
+                             (row.ink + (" on " + layers)).constData());
+                }
             }
-            const double contrast =
-                ui::contrast(theme->property(ink.constData()).value<QColor>(), ground);
-            QVERIFY2(contrast >= least, QByteArray::number(contrast).constData());
         }
     }
 
-    void tellsOfEachChange() {
-        ui::Appearance appearance(AppAppearance::light);
-        const QSignalSpy changed(&appearance, &ui::Appearance::changed);
-        appearance.setChoice(AppAppearance::light);
+    void announcesEachChange() {
+        m_idle.model.setAppearance(AppAppearance::light);
+        m_appearance.setSystemColourScheme(ColourScheme::noPreference);
+        const QSignalSpy changed(&m_appearance, &ui::Appearance::changed);
+        m_idle.model.setAppearance(AppAppearance::light);
         QCOMPARE(changed.count(), 0);
-        appearance.setChoice(AppAppearance::system);
-        appearance.setSystemColourScheme(ColourScheme::dark);
-        QCOMPARE(changed.count(), 2);
-        QFont font;
-        font.setPointSize(20);
-        QGuiApplication::setFont(font);
-        QCOMPARE(qRound(appearance.textScale() * 10), 20);
-        QTRY_COMPARE(changed.count(), 3);
+        m_idle.model.setAppearance(AppAppearance::system);
+        m_appearance.setSystemColourScheme(ColourScheme::dark);
+        m_appearance.setMotionReduced(true);
+        QCOMPARE(changed.count(), 3);
+        QGuiApplication::setFont(QFont(QGuiApplication::font().family(), 20));
+        QCOMPARE(qRound(m_appearance.textScale() * 10), 20);
+        QTRY_COMPARE(changed.count(), 4);
     }
 };
 
