@@ -35,23 +35,19 @@ class AppearanceTest : public tests::HermeticTest {
 
 private Q_SLOTS:
     void choosesTheScheme() {
-        const struct {
-            AppAppearance choice;
-            ColourScheme system;
-            Qt::GlobalColor window;
-            bool isDark;
-        } rows[] = {{AppAppearance::light, ColourScheme::dark, Qt::black, false},
-                    {AppAppearance::dark, ColourScheme::light, Qt::white, true},
-                    {AppAppearance::system, ColourScheme::dark, Qt::white, true},
-                    {AppAppearance::system, ColourScheme::light, Qt::black, false},
-                    {AppAppearance::system, ColourScheme::noPreference, Qt::black, true},
-                    {AppAppearance::system, ColourScheme::noPreference, Qt::white, false}};
-        for (const auto& row : rows) {
-            m_idle.model.setAppearance(row.choice);
-            m_appearance.setSystemColourScheme(row.system);
-            QGuiApplication::setPalette(QPalette(row.window));
-            QCOMPARE(m_appearance.isDark(), row.isDark);
-        }
+        const auto isDark = [this](AppAppearance choice, ColourScheme system,
+                                   Qt::GlobalColor window) {
+            m_idle.model.setAppearance(choice);
+            m_appearance.setSystemColourScheme(system);
+            QGuiApplication::setPalette(QPalette(window));
+            return m_appearance.isDark();
+        };
+        QVERIFY(!isDark(AppAppearance::light, ColourScheme::dark, Qt::black));
+        QVERIFY(isDark(AppAppearance::dark, ColourScheme::light, Qt::white));
+        QVERIFY(isDark(AppAppearance::system, ColourScheme::dark, Qt::white));
+        QVERIFY(!isDark(AppAppearance::system, ColourScheme::light, Qt::black));
+        QVERIFY(isDark(AppAppearance::system, ColourScheme::noPreference, Qt::black));
+        QVERIFY(!isDark(AppAppearance::system, ColourScheme::noPreference, Qt::white));
     }
 
     void keepsTheAccentReadable() {
@@ -68,22 +64,6 @@ private Q_SLOTS:
     }
 
     void canBeRead() {
-        const struct {
-            const char* ink;
-            double least;
-            const char* grounds; ///< each from back to front
-        } rows[] = {
-            {"text", 4.5, "window,panel,card,segment,window notice,panel rowHovered"},
-            {"text", 4.5, "window controlPressed,card controlPressed"},
-            {"secondaryText", 4.5, "window,panel,card,panel rowHovered"},
-            {"accent", 4.5, "window,panel,card"},
-            {"destructive", 4.5, "card,card controlPressed"},
-            {"whiteText", 4.5, "accentFill"},
-            {"tertiaryText", 3, "window,panel,card"},
-            {"warning", 3, "window notice,card"},
-            {"success", 3, "segment"},
-            {"indigo", 3, "card"},
-        };
         const auto engine = ui::makeEngine(m_appearance);
         QQmlComponent component(engine.get());
         component.setData("import QtQml\nimport Tallyvane.Style\n"
@@ -91,20 +71,33 @@ private Q_SLOTS:
                           {});
         const std::unique_ptr<QObject> holder(component.create());
         QVERIFY2(holder, qPrintable(component.errorString()));
-        const auto* theme = holder->property("theme").value<QObject*>();
+        const auto colour =
+            [theme = holder->property("theme").value<QObject*>()](const QByteArray& name) {
+                return theme->property(name.constData()).value<QColor>();
+            };
+        // A ground may be several layers, from back to front.
+        const auto check = [&](const QByteArray& ink, double least, const QByteArray& grounds) {
+            for (const QByteArray& layers : grounds.split(',')) {
+                QColor ground;
+                for (const QByteArray& layer : layers.split(' ')) {
+                    ground = onto(ground, colour(layer));
+                }
+                QVERIFY2(ui::contrast(colour(ink), ground) >= least,
+                         (ink + " on " + layers).constData());
+            }
+        };
         for (const auto choice : {AppAppearance::light, AppAppearance::dark}) {
             m_idle.model.setAppearance(choice);
-            for (const auto& row : rows) {
-                for (const QByteArray& layers : QByteArray(row.grounds).split(',')) {
-                    QColor ground;
-                    for (const QByteArray& layer : layers.split(' ')) {
-                        ground = onto(ground, theme->property(layer.constData()).value<QColor>());
-                    }
-                    const auto ink = theme->property(row.ink).value<QColor>();
-                    QVERIFY2(ui::contrast(ink, ground) >= row.least,
-                             (row.ink + (" on " + layers)).constData());
-                }
-            }
+            check("text", 4.5, "window,panel,card,segment,window notice,panel rowHovered");
+            check("text", 4.5, "window controlPressed,card controlPressed");
+            check("secondaryText", 4.5, "window,panel,card,panel rowHovered");
+            check("accent", 4.5, "window,panel,card");
+            check("destructive", 4.5, "card,card controlPressed");
+            check("whiteText", 4.5, "accentFill");
+            check("tertiaryText", 3, "window,panel,card");
+            check("warning", 3, "window notice,card");
+            check("success", 3, "segment");
+            check("indigo", 3, "card");
         }
     }
 

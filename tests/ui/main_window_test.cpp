@@ -28,7 +28,7 @@ struct OpenWindow final : tests::ShownWindow {
         window.open();
         QVERIFY(QTest::qWaitForWindowActive(view()));
     }
-    /// Opens page 1, 2 or 3.
+    /// Opens the page with this number.
     void open(int page) const {
         press(static_cast<Qt::Key>(Qt::Key_0 + page), Qt::ControlModifier);
     }
@@ -114,17 +114,6 @@ private Q_SLOTS:
         }
     }
 
-    void nothingTicksWhenClosed() {
-        OpenWindow open;
-        open.open(2);
-        QVERIFY(open.item("chart"));
-        open.press(Qt::Key_W, Qt::ControlModifier);
-        QVERIFY(!open.window.isOpen());
-        QTRY_COMPARE(open.idle.clock.pendingAlarms(), 0U);
-        open.show();
-        QVERIFY(open.item("updated"));
-    }
-
     /// At a minute past midnight the clocks went back to 23:01, so that "midnight" has passed.
     void waitsWhileMidnightIsPast() {
         OpenWindow open(model::LocalZone(QTimeZone("America/St_Johns")),
@@ -154,11 +143,7 @@ private Q_SLOTS:
         chart->hover(1);
         QCOMPARE(chart->hoveredText(), QStringLiteral("November 2026, Codex 13\u00A0Mio. tokens, "
                                                       "Claude 8,8\u00A0Mio. tokens"));
-    }
 
-    void heatmap() {
-        OpenWindow open;
-        open.open(2);
         open.press("heatmap", Qt::Key_Down);
         QCOMPARE(open.text("told"), QStringLiteral("Sa., 21. Nov. 2026: 204.000 tokens"));
         open.press("filter", Qt::Key_Right);
@@ -169,11 +154,10 @@ private Q_SLOTS:
         QVERIFY(open.text("told").startsWith(QLatin1StringView("Sa., 14. Nov.")));
         open.idle.model.clearHistory();
         QVERIFY(open.text("told").endsWith(QLatin1StringView(": 0 tokens")));
-        auto* chart = open.viewModel()->history();
         QVERIFY(chart->isEmpty() && !chart->isHovered());
     }
 
-    void beginsEachDay() {
+    void beginsEachDayUntilClosed() {
         OpenWindow open;
         open.open(2);
         auto* chart = open.viewModel()->history();
@@ -190,9 +174,14 @@ private Q_SLOTS:
             QVERIFY(open.text("told").startsWith(QLatin1StringView(today)));
             open.press(Qt::Key_Escape);
         }
+        open.press(Qt::Key_W, Qt::ControlModifier);
+        QVERIFY(!open.window.isOpen());
+        QTRY_COMPARE(open.idle.clock.pendingAlarms(), 0U);
+        open.show();
+        QVERIFY(open.item("updated"));
     }
 
-    void notificationSettings() {
+    void settings() {
         OpenWindow open;
         open.idle.notificationCentre.isOn = false;
         open.open(3);
@@ -225,11 +214,7 @@ private Q_SLOTS:
         open.press(Qt::Key_Space);
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
         QTRY_COMPARE(open.items("remove").size(), 1);
-    }
 
-    void otherSettings() {
-        OpenWindow open;
-        open.open(3);
         open.loginItem.isRefusing = true;
         open.press("launchAtLogin", Qt::Key_Space);
         QVERIFY(!open.item("launchAtLogin")->property("checked").toBool());

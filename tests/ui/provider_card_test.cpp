@@ -24,38 +24,29 @@ private Q_SLOTS:
     void rows() {
         using enum QuotaSyncState;
         using enum ui::QuotaLevel::Level;
-        const struct {
-            const char* name;
-            std::optional<double> used;
-            QuotaSyncState state;
-            const char* figure;
-            double fraction;
-            double opacity;
-            ui::QuotaLevel::Level level;
-            const char* resetText;
-        } rows[] = {{"at the threshold", 75, current, "25%", 0.25, 1, Ample, "in 30m"},
-                    {"below it", 75.1, current, "25%", 0.249, 1, Low, "in 30m"},
-                    {"half rounds up", 99.5, current, "1%", 0.005, 1, Low, "in 30m"},
-                    {"more than all", 130, current, "0%", 0, 1, Low, "in 30m"},
-                    {"absent", {}, current, "--", 0, 1, Unknown, "Reset unknown"},
-                    {"pending", 10, pending, "90%", 0.9, 0.55, Unknown, "Sync pending"},
-                    {"unavailable", {}, unavailable, "--", 0, 0.55, Unknown, "Not available"}};
-        for (const auto& row : rows) {
-            ProviderQuotaSnapshot entry{.provider = model::AIProvider::claude,
-                                        .syncState = row.state};
-            if (row.used) {
-                entry.week = {.usedPercent = *row.used, .resetsAt = m_now + 30min};
+        const auto check = [this](std::optional<double> used, QuotaSyncState state,
+                                  const char* figure, double fraction, double opacity,
+                                  ui::QuotaLevel::Level level, const char* resetText) {
+            ProviderQuotaSnapshot entry{.provider = model::AIProvider::claude, .syncState = state};
+            if (used) {
+                entry.week = {.usedPercent = *used, .resetsAt = m_now + 30min};
             }
             const ui::ProviderCard card = ui::providerCard(entry, m_now, m_weekdayTime);
-            QCOMPARE(card.week.figure, QLatin1StringView(row.figure));
-            QVERIFY2(std::abs(card.week.fraction - row.fraction) < 1e-9, row.name);
-            QCOMPARE(card.week.opacity, row.opacity);
-            QVERIFY2(card.week.level == row.level, row.name);
-            QCOMPARE(card.week.resetText, QLatin1StringView(row.resetText));
+            QCOMPARE(card.week.figure, QLatin1StringView(figure));
+            QVERIFY2(std::abs(card.week.fraction - fraction) < 1e-9, figure);
+            QCOMPARE(card.week.opacity, opacity);
+            QVERIFY2(card.week.level == level, figure);
+            QCOMPARE(card.week.resetText, QLatin1StringView(resetText));
             QCOMPARE(card.fiveHour.figure, QStringLiteral("--"));
-            QCOMPARE(card.isPending, row.state == pending);
-            QVERIFY(card.plan.isEmpty());
-        }
+            QVERIFY(card.isPending == (state == pending) && card.plan.isEmpty());
+        };
+        check(75, current, "25%", 0.25, 1, Ample, "in 30m");
+        check(75.1, current, "25%", 0.249, 1, Low, "in 30m");
+        check(99.5, current, "1%", 0.005, 1, Low, "in 30m");
+        check(130, current, "0%", 0, 1, Low, "in 30m");
+        check({}, current, "--", 0, 1, Unknown, "Reset unknown");
+        check(10, pending, "90%", 0.9, 0.55, Unknown, "Sync pending");
+        check({}, unavailable, "--", 0, 0.55, Unknown, "Not available");
         const auto card =
             ui::providerCard({.planName = QStringLiteral("Max 5x")}, m_now, m_weekdayTime);
         QCOMPARE(card.name, QStringLiteral("Codex"));
