@@ -1,3 +1,4 @@
+#include "core/fixtures.h"
 #include "model/quota_display.h"
 #include "support/gui_test_main.h"
 #include "support/shown_window.h"
@@ -12,15 +13,11 @@ using namespace tallyvane;
 
 namespace {
 
-model::QuotaSnapshot someFigures() {
-    model::QuotaSnapshot snapshot = model::placeholderSnapshot({});
-    snapshot.providers[1].syncState = model::QuotaSyncState::current;
-    snapshot.providers[1].fiveHour = model::QuotaWindowSnapshot{.usedPercent = 80.4};
-    return snapshot;
-}
-
 struct OpenPanel final : tests::ShownWindow {
-    OpenPanel() : ShownWindow(someFigures(), {}, {}) { panel.open({}); }
+    OpenPanel()
+        : ShownWindow(core::fixtureSnapshot({}, model::LocalZone(QTimeZone::utc())), {}, {}) {
+        panel.open({});
+    }
 
     [[nodiscard]] QQuickView* view() const override {
         return static_cast<QQuickView*>(panel.window());
@@ -48,7 +45,8 @@ private Q_SLOTS:
     void followsTheModel() {
         OpenPanel open;
         const QString empty = QStringLiteral("5H 0%  \u00B7  WK 0%");
-        QCOMPARE(open.summaries(), QStringList({empty, QStringLiteral("5H 19%  \u00B7  WK 0%")}));
+        QCOMPARE(open.summaries(), QStringList({QStringLiteral("5H 58%  \u00B7  WK 32%"),
+                                                QStringLiteral("5H 19%  \u00B7  WK 63%")}));
         const auto isIdle = [&] {
             return open.item("refresh")->isEnabled() && !open.item("spinner");
         };

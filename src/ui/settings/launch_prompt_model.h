@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/launch_at_login.h"
 #include "platform/login_item.h"
 
 #include <QtCore/QObject>
@@ -28,7 +29,11 @@ public:
     /// Closes the question and changes nothing.
     Q_INVOKABLE void decline() { m_isShown = false; }
     /// Applies the answer and, if that succeeds, closes the question.
-    Q_INVOKABLE void accept(bool wanted);
+    Q_INVOKABLE void accept(bool wanted) {
+        const auto done = core::setLaunchAtLogin(m_loginItem, wanted);
+        m_error = done ? QString() : done.error();
+        m_isShown = !done;
+    }
 
 Q_SIGNALS:
     void isShownChanged();

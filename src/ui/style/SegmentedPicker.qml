@@ -43,13 +43,7 @@ T.Control {
         x: root.leftPadding
         y: root.topPadding
 
-        readonly property double segmentWidth: {
-            let widest = 0;
-            for (let i = 0; i < children.length; ++i) {
-                widest = Math.max(widest, children[i].implicitWidth);
-            }
-            return widest;
-        }
+        readonly property double segmentWidth: Math.max(...Array.from(children, child => child.implicitWidth))
 
         Repeater {
             model: root.choices
