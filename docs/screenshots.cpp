@@ -64,7 +64,8 @@ private:
 void takeAll(const Camera& camera, model::AppAppearance choice, const QString& suffix) {
     const model::LocalZone utc(QTimeZone::utc());
     tests::IdleModel idle(core::fixtureSnapshot(now, utc), now, quarter());
-    ui::Appearance appearance(choice);
+    idle.model.setAppearance(choice);
+    ui::Appearance appearance(idle.model);
     appearance.setMotionReduced(true);
     const auto engine = ui::makeEngine(appearance);
     const auto givenEngine = [&]() -> QQmlEngine& { return *engine; };

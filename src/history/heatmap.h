@@ -11,18 +11,6 @@ namespace tallyvane::history {
 
 enum class HeatmapFilter { total, codex, claude };
 
-} // namespace tallyvane::history
-
-namespace tallyvane::model {
-
-template <>
-inline constexpr std::array rawValues<history::HeatmapFilter>{
-    QLatin1StringView{"Total"}, QLatin1StringView{"Codex"}, QLatin1StringView{"Claude"}};
-
-} // namespace tallyvane::model
-
-namespace tallyvane::history {
-
 struct DayCell {
     QDate day;
     bool isFuture = false; ///< after today: drawn transparent

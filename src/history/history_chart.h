@@ -11,21 +11,6 @@ namespace tallyvane::history {
 enum class HistoryMetric { percent, tokens };
 enum class HistoryGranularity { daily, monthly };
 
-} // namespace tallyvane::history
-
-namespace tallyvane::model {
-
-template <>
-inline constexpr std::array rawValues<history::HistoryMetric>{QLatin1StringView{"%"},
-                                                              QLatin1StringView{"Tokens"}};
-template <>
-inline constexpr std::array rawValues<history::HistoryGranularity>{QLatin1StringView{"Daily"},
-                                                                   QLatin1StringView{"Monthly"}};
-
-} // namespace tallyvane::model
-
-namespace tallyvane::history {
-
 /// The user's calendar: Gregorian, in a time zone, with weeks that start on the locale's day.
 struct Calendar {
     model::LocalZone zone;

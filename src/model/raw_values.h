@@ -33,12 +33,6 @@ std::optional<E> fromRawValue(QStringView text) {
     return static_cast<E>(found - rawValues<E>.begin());
 }
 
-/// The stored texts of all cases.
-template <typename E>
-QStringList rawTexts() {
-    return {rawValues<E>.begin(), rawValues<E>.end()};
-}
-
 /// Every case, in declaration order.
 template <typename E>
 inline constexpr auto allCases = [] {

@@ -5,7 +5,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickWindow>
 
-/// TALLYVANE_TEST_MAIN for views: windows in memory, drawn as the program draws them.
+/// TALLYVANE_TEST_MAIN for views: windows exist in memory only, rendered as in the program.
 #define TALLYVANE_GUI_TEST_MAIN(TestClass)                                                         \
     int main(int argc, char** argv) {                                                              \
         const QTemporaryDir home;                                                                  \

@@ -11,7 +11,8 @@
 
 namespace tallyvane::tests {
 
-/// An AppModel for views to watch, in a home of its own, where neither assistant is installed.
+/// An AppModel for views, in a home of its own. Neither assistant is signed in; the Codex CLI is
+/// installed once a test puts a program named "codex" there.
 class IdleModel {
     struct SilentWidgetCentre final : platform::WidgetCentre {
         void reloadTimelines(const QString& /*kind*/) override {}
@@ -23,7 +24,7 @@ class IdleModel {
     model::StoreLocations m_locations{.dataHome = m_root / "data", .configHome = m_root / "config"};
 
 public:
-    /// `now` is the time on the clock.
+    /// `now` is the clock's time.
     explicit IdleModel(const model::QuotaSnapshot& snapshot, model::Timestamp now = {},
                        const history::UsageHistory& history = {})
         : clock(now),
@@ -49,7 +50,8 @@ private:
     model::DefaultsStore m_defaults = model::DefaultsStore::openFirst(
         m_locations.defaultsSuite(), m_locations.standardDefaults());
     providers::ProcessRunner m_runner{clock};
-    providers::CodexQuotaClient m_codexClient{{}, m_runner, clock};
+    providers::CodexQuotaClient m_codexClient{
+        {m_home.filePath(QStringLiteral("codex"))}, m_runner, clock};
     providers::ClaudeQuotaClient m_claudeClient{
         {.credentialsFile = m_root / "credentials.json"}, m_secrets, clock};
     history::LocalTokenEstimator m_tokenEstimator{m_root};

@@ -8,8 +8,8 @@
 
 namespace tallyvane::tests {
 
-/// Whether a text can do no harm where it is shown: valid UTF-16 in bounds, without anything that
-/// steers a terminal or hides from the reader, as ICU classes characters.
+/// Whether a text is safe to show: valid UTF-16 of limited length, without characters that control
+/// a terminal or are invisible, according to ICU's classes.
 inline bool isReadable(QStringView text, qsizetype maximumLength = 4096) {
     return text.size() <= maximumLength && text.isValidUtf16() &&
            std::ranges::all_of(text.toUcs4(), [](char32_t character) {
@@ -22,7 +22,7 @@ inline bool isReadable(QStringView text, qsizetype maximumLength = 4096) {
            });
 }
 
-/// isReadable() in one line.
+/// Whether a text isReadable() and is one line.
 inline bool isReadableLine(QStringView text, qsizetype maximumLength) {
     return isReadable(text, maximumLength) && !text.contains(u'\n');
 }

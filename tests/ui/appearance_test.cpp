@@ -1,4 +1,5 @@
 #include "support/gui_test_main.h"
+#include "support/idle_model.h"
 #include "ui/style/appearance.h"
 #include "ui/style/colour.h"
 #include "ui/style/engine.h"
@@ -6,7 +7,6 @@
 #include <QtGui/QFont>
 #include <QtGui/QPalette>
 #include <QtQml/QQmlComponent>
-#include <QtQml/QQmlEngine>
 #include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
@@ -15,7 +15,7 @@ using platform::ColourScheme;
 
 namespace {
 
-/// `colour`, which may be translucent, as it shows on `ground`.
+/// `colour`, which may be translucent, drawn over `ground`.
 QColor onto(const QColor& ground, const QColor& colour) {
     const auto mix = [alpha = colour.alphaF()](float below, float above) {
         return below + (above - below) * alpha;
@@ -30,120 +30,90 @@ QColor onto(const QColor& ground, const QColor& colour) {
 class AppearanceTest : public tests::HermeticTest {
     Q_OBJECT
 
+    tests::IdleModel m_idle{{}};
+    ui::Appearance m_appearance{m_idle.model};
+
 private Q_SLOTS:
-    void choosesTheScheme_data() {
-        QTest::addColumn<AppAppearance>("choice");
-        QTest::addColumn<ColourScheme>("system");
-        QTest::addColumn<QColor>("window");
-        QTest::addColumn<bool>("isDark");
-        const QColor light(Qt::white);
-        const QColor dark(Qt::black);
-        QTest::newRow("light wins") << AppAppearance::light << ColourScheme::dark << dark << false;
-        QTest::newRow("dark wins") << AppAppearance::dark << ColourScheme::light << light << true;
-        QTest::newRow("asked dark") << AppAppearance::system << ColourScheme::dark << light << true;
-        QTest::newRow("asked light")
-            << AppAppearance::system << ColourScheme::light << dark << false;
-        QTest::newRow("dark palette")
-            << AppAppearance::system << ColourScheme::noPreference << dark << true;
-        QTest::newRow("light palette")
-            << AppAppearance::system << ColourScheme::noPreference << light << false;
-    }
     void choosesTheScheme() {
-        QFETCH(const AppAppearance, choice);
-        QFETCH(const ColourScheme, system);
-        QFETCH(const QColor, window);
-        ui::Appearance appearance(AppAppearance::system);
-        QGuiApplication::setPalette(QPalette(window));
-        appearance.setChoice(choice);
-        appearance.setSystemColourScheme(system);
-        QTEST(appearance.isDark(), "isDark");
-    }
-
-    void keepsTheAccentReadable_data() {
-        QTest::addColumn<QColor>("accent");
-        for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
-            QTest::newRow(accent) << QColor(accent);
-        }
-    }
-    void keepsTheAccentReadable() {
-        QFETCH(const QColor, accent);
-        QPalette palette;
-        palette.setColor(QPalette::Highlight, accent);
-        QGuiApplication::setPalette(palette);
-        const ui::Appearance light(AppAppearance::light);
-        const ui::Appearance dark(AppAppearance::dark);
-        QVERIFY(ui::contrast(light.accentFill(), Qt::white) >= 4.5);
-        QVERIFY(ui::contrast(light.accentInk(), Qt::white) >= 4.5);
-        QVERIFY(ui::contrast(dark.accentInk(), Qt::black) >= 4.5);
-    }
-
-    void canBeRead_data() {
-        QTest::addColumn<QByteArray>("ink");
-        QTest::addColumn<QByteArrayList>("grounds"); ///< from the back to the front
-        QTest::addColumn<double>("least");
-        const double text = 4.5;
-        const double symbol = 3;
-        const auto add = [](const QByteArray& ink, const QByteArray& grounds, double least) {
-            QTest::newRow((ink + " on " + grounds).constData())
-                << ink << grounds.split(' ') << least;
+        const auto isDark = [this](AppAppearance choice, ColourScheme system,
+                                   Qt::GlobalColor window) {
+            m_idle.model.setAppearance(choice);
+            m_appearance.setSystemColourScheme(system);
+            QGuiApplication::setPalette(QPalette(window));
+            return m_appearance.isDark();
         };
-        for (const char* ground :
-             {"window", "panel", "card", "segment", "window notice", "window controlPressed",
-              "card controlPressed", "panel rowHovered"}) {
-            add("text", ground, text);
-        }
-        for (const char* ground : {"window", "panel", "card", "panel rowHovered"}) {
-            add("secondaryText", ground, text);
-        }
-        for (const char* ground : {"window", "panel", "card"}) {
-            add("accent", ground, text);
-            add("tertiaryText", ground, symbol);
-        }
-        add("destructive", "card", text);
-        add("destructive", "card controlPressed", text);
-        add("whiteText", "accentFill", text);
-        add("warning", "window notice", symbol);
-        add("warning", "card", symbol);
-        add("success", "segment", symbol);
-        add("indigo", "card", symbol);
+        QVERIFY(!isDark(AppAppearance::light, ColourScheme::dark, Qt::black));
+        QVERIFY(isDark(AppAppearance::dark, ColourScheme::light, Qt::white));
+        QVERIFY(isDark(AppAppearance::system, ColourScheme::dark, Qt::white));
+        QVERIFY(!isDark(AppAppearance::system, ColourScheme::light, Qt::black));
+        QVERIFY(isDark(AppAppearance::system, ColourScheme::noPreference, Qt::black));
+        QVERIFY(!isDark(AppAppearance::system, ColourScheme::noPreference, Qt::white));
     }
-    void canBeRead() {
-        QFETCH(const QByteArray, ink);
-        QFETCH(const QByteArrayList, grounds);
-        QFETCH(const double, least);
-        for (const auto choice : {AppAppearance::light, AppAppearance::dark}) {
-            ui::Appearance appearance(choice);
-            const auto engine = ui::makeEngine(appearance);
-            QQmlComponent component(engine.get());
-            component.setData("import QtQml\nimport Tallyvane.Style\n"
-                              "QtObject { readonly property QtObject theme: Theme }",
-                              {});
-            const std::unique_ptr<QObject> holder(component.create());
-            QVERIFY2(holder, qPrintable(component.errorString()));
-            auto* theme = holder->property("theme").value<QObject*>();
-            QColor ground;
-            for (const QByteArray& layer : grounds) {
-                ground = onto(ground, theme->property(layer.constData()).value<QColor>());
-            }
-            const double contrast =
-                ui::contrast(theme->property(ink.constData()).value<QColor>(), ground);
-            QVERIFY2(contrast >= least, QByteArray::number(contrast).constData());
+
+    void keepsTheAccentReadable() {
+        for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
+            QPalette palette;
+            palette.setColor(QPalette::Highlight, accent);
+            QGuiApplication::setPalette(palette);
+            m_idle.model.setAppearance(AppAppearance::light);
+            QVERIFY2(ui::contrast(m_appearance.accentFill(), Qt::white) >= 4.5, accent);
+            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::white) >= 4.5, accent);
+            m_idle.model.setAppearance(AppAppearance::dark);
+            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::black) >= 4.5, accent);
         }
     }
 
-    void tellsOfEachChange() {
-        ui::Appearance appearance(AppAppearance::light);
-        const QSignalSpy changed(&appearance, &ui::Appearance::changed);
-        appearance.setChoice(AppAppearance::light);
+    void canBeRead() {
+        const auto engine = ui::makeEngine(m_appearance);
+        QQmlComponent component(engine.get());
+        component.setData("import QtQml\nimport Tallyvane.Style\n"
+                          "QtObject { readonly property QtObject theme: Theme }",
+                          {});
+        const std::unique_ptr<QObject> holder(component.create());
+        QVERIFY2(holder, qPrintable(component.errorString()));
+        const auto colour =
+            [theme = holder->property("theme").value<QObject*>()](const QByteArray& name) {
+                return theme->property(name.constData()).value<QColor>();
+            };
+        // A ground may be several layers, from back to front.
+        const auto check = [&](const QByteArray& ink, double least, const QByteArray& grounds) {
+            for (const QByteArray& layers : grounds.split(',')) {
+                QColor ground;
+                for (const QByteArray& layer : layers.split(' ')) {
+                    ground = onto(ground, colour(layer));
+                }
+                QVERIFY2(ui::contrast(colour(ink), ground) >= least,
+                         (ink + " on " + layers).constData());
+            }
+        };
+        for (const auto choice : {AppAppearance::light, AppAppearance::dark}) {
+            m_idle.model.setAppearance(choice);
+            check("text", 4.5, "window,panel,card,segment,window notice,panel rowHovered");
+            check("text", 4.5, "window controlPressed,card controlPressed");
+            check("secondaryText", 4.5, "window,panel,card,panel rowHovered");
+            check("accent", 4.5, "window,panel,card");
+            check("destructive", 4.5, "card,card controlPressed");
+            check("whiteText", 4.5, "accentFill");
+            check("tertiaryText", 3, "window,panel,card");
+            check("warning", 3, "window notice,card");
+            check("success", 3, "segment");
+            check("indigo", 3, "card");
+        }
+    }
+
+    void announcesEachChange() {
+        m_idle.model.setAppearance(AppAppearance::light);
+        m_appearance.setSystemColourScheme(ColourScheme::noPreference);
+        const QSignalSpy changed(&m_appearance, &ui::Appearance::changed);
+        m_idle.model.setAppearance(AppAppearance::light);
         QCOMPARE(changed.count(), 0);
-        appearance.setChoice(AppAppearance::system);
-        appearance.setSystemColourScheme(ColourScheme::dark);
-        QCOMPARE(changed.count(), 2);
-        QFont font;
-        font.setPointSize(20);
-        QGuiApplication::setFont(font);
-        QCOMPARE(qRound(appearance.textScale() * 10), 20);
-        QTRY_COMPARE(changed.count(), 3);
+        m_idle.model.setAppearance(AppAppearance::system);
+        m_appearance.setSystemColourScheme(ColourScheme::dark);
+        m_appearance.setMotionReduced(true);
+        QCOMPARE(changed.count(), 3);
+        QGuiApplication::setFont(QFont(QGuiApplication::font().family(), 20));
+        QCOMPARE(qRound(m_appearance.textScale() * 10), 20);
+        QTRY_COMPARE(changed.count(), 4);
     }
 };
 

@@ -1,3 +1,4 @@
+#include "model/quota_display.h"
 #include "support/test_main.h"
 #include "ui/item/gauge_image.h"
 
@@ -5,40 +6,45 @@
 #include <QtSvg/QSvgRenderer>
 
 using namespace tallyvane;
+using model::AIProvider;
+using model::ProviderQuotaSnapshot;
+using model::QuotaSyncState;
 using ui::GaugeValues;
 
 namespace {
 
-constexpr QPointF codex(6.6, 6.6);
-constexpr QPointF claude(15.4, 15.4);
-constexpr std::array panelSizes{16, 22, 24, 32, 48};
+constexpr QPointF codexCentre(6.6, 6.6);
+constexpr QPointF claudeCentre(15.4, 15.4);
 
-/// How many runs of inked columns there are in the upper half.
-int inkedRuns(const QImage& image) {
-    int runs = 0;
-    bool wasInked = false;
-    for (int x = 0; x < image.width(); ++x) {
-        bool isInked = false;
-        for (int y = 0; y < image.height() / 2; ++y) {
-            isInked = isInked || image.pixelColor(x, y).alpha() > 0;
-        }
-        runs += isInked && !wasInked;
-        wasInked = isInked;
+/// The alpha values of a part of a column, from the top down.
+QList<int> alphas(const QImage& image, int x, int top, int end) {
+    QList<int> values;
+    for (int y = top; y < end; ++y) {
+        values << image.pixelColor(x, y).alpha();
     }
-    return runs;
+    return values;
 }
 
-/// How many pixels of a column are fully inked, below the figure.
-int fullPixels(const QImage& image, int x) {
-    int count = 0;
-    for (int y = image.height() * 2 / 3; y < image.height(); ++y) {
-        count += image.pixelColor(x, y).alpha() == 255;
+/// The number of runs of inked columns in the upper half.
+int inkedRuns(const QImage& image) {
+    QString columns;
+    for (int x = 0; x < image.width(); ++x) {
+        const auto column = alphas(image, x, 0, image.height() / 2);
+        columns += column.count(0) == column.size() ? u' ' : u'x';
     }
-    return count;
+    return static_cast<int>(columns.split(u' ', Qt::SkipEmptyParts).size());
+}
+
+QImage gaugeImage(double codexLeft) {
+    return ui::paint(ui::gaugeDrawing({.codex = codexLeft}), 880, Qt::black);
 }
 
 QImage figureImage(int figure, const GaugeValues& values, int size) {
     return ui::paint(ui::figureDrawing(figure, values, size), size, Qt::black);
+}
+
+std::optional<model::QuotaWindowSnapshot> used(double percent) {
+    return model::QuotaWindowSnapshot{.usedPercent = percent};
 }
 
 } // namespace
@@ -47,94 +53,90 @@ class GaugeImageTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void drawsTheGauges_data() {
-        QTest::addColumn<GaugeValues>("values");
-        QTest::addColumn<QPointF>("point"); // on the drawing's grid of 22
-        QTest::addColumn<bool>("isInked");
-        const auto row = [](const char* name, GaugeValues values, QPointF point, bool isInked) {
-            QTest::newRow(name) << values << point << isInked;
-        };
-        row("stroke", {}, {11, 11}, true);
-        row("stroke's lower end", {}, {5, 17}, true);
-        row("stroke's round cap", {}, {17.6, 4.4}, true);
-        row("beyond the cap", {}, {18, 4}, false);
-        row("beside the stroke", {}, {12, 12}, false);
-        row("ring", {}, codex + QPointF(0, -3.7), true);
-        row("other ring", {}, claude + QPointF(3.7, 0), true);
-        row("outside the ring", {}, codex + QPointF(0, -4.2), false);
-        row("empty", {}, codex + QPointF(0.5, -0.5), false);
-        row("nothing left", {.codex = 0}, codex + QPointF(0.1, -2.5), false);
-        row("quarter: upper right", {.codex = 25}, codex + QPointF(1.5, -1.5), true);
-        row("quarter: lower right", {.codex = 25}, codex + QPointF(1.5, 1.5), false);
-        row("quarter: upper left", {.codex = 25}, codex + QPointF(-1.5, -1.5), false);
-        row("three quarters: lower left", {.claude = 75}, claude + QPointF(-1.5, 1.5), true);
-        row("three quarters: upper left", {.claude = 75}, claude + QPointF(-1.5, -1.5), false);
-        row("each its own", {.claude = 75}, codex + QPointF(1.5, -1.5), false);
-        row("full", {.codex = 100}, codex + QPointF(-0.3, -2.5), true);
-        row("full: gap to the ring", {.codex = 100}, codex + QPointF(0, 3.17), false);
-    }
     void drawsTheGauges() {
-        QFETCH(const GaugeValues, values);
-        QFETCH(const QPointF, point);
-        const QImage image = ui::paint(ui::gaugeDrawing(values), 880, Qt::red);
-        const QColor pixel = image.pixelColor((point * 40).toPoint());
-        QFETCH(const bool, isInked);
-        QCOMPARE(pixel, isInked ? QColor(Qt::red) : QColor(Qt::transparent));
+        const auto check = [](const GaugeValues& values, QPointF point, Qt::GlobalColor expected) {
+            const QImage image = ui::paint(ui::gaugeDrawing(values), 880, Qt::red);
+            QCOMPARE(image.pixelColor((point * 40).toPoint()), QColor(expected));
+        };
+        check({}, {11, 11}, Qt::red); // the stroke, its lower end and its round cap
+        check({}, {5, 17}, Qt::red);
+        check({}, {17.6, 4.4}, Qt::red);
+        check({}, {18, 4}, Qt::transparent);
+        check({}, {12, 12}, Qt::transparent);
+        check({}, codexCentre + QPointF(0, -3.7), Qt::red); // the rings
+        check({}, claudeCentre + QPointF(3.7, 0), Qt::red);
+        check({}, codexCentre + QPointF(0, -4.2), Qt::transparent);
+        check({}, codexCentre + QPointF(0.5, -0.5), Qt::transparent); // the sectors
+        check({.codex = 0}, codexCentre + QPointF(0.1, -2.5), Qt::transparent);
+        check({.codex = 25}, codexCentre + QPointF(1.5, -1.5), Qt::red);
+        check({.codex = 25}, codexCentre + QPointF(1.5, 1.5), Qt::transparent);
+        check({.claude = 75}, claudeCentre + QPointF(-1.5, 1.5), Qt::red);
+        check({.claude = 75}, claudeCentre + QPointF(-1.5, -1.5), Qt::transparent);
+        check({.claude = 75}, codexCentre + QPointF(1.5, -1.5), Qt::transparent);
+        check({.codex = 100}, codexCentre + QPointF(-0.3, -2.5), Qt::red);
+        check({.codex = 100}, codexCentre + QPointF(0, 3.17), Qt::transparent);
+        QCOMPARE(gaugeImage(0.1), gaugeImage(0)); // a sliver is left out
+        QVERIFY(gaugeImage(0.2) != gaugeImage(0));
     }
 
-    void leavesSliversOut() {
-        const QImage empty = ui::paint(ui::gaugeDrawing({}), 880, Qt::black);
-        QCOMPARE(ui::paint(ui::gaugeDrawing({.codex = 0.1}), 880, Qt::black), empty);
-        QVERIFY(ui::paint(ui::gaugeDrawing({.codex = 0.2}), 880, Qt::black) != empty);
-    }
-
-    void writesTheSameDrawingAsFills_data() {
-        QTest::addColumn<ui::Drawing>("drawing");
-        const GaugeValues values{.codex = 37, .claude = 80};
-        QTest::newRow("gauges") << ui::gaugeDrawing(values);
-        QTest::newRow("figure") << ui::figureDrawing(38, values, 22);
-    }
     void writesTheSameDrawingAsFills() {
-        QFETCH(const ui::Drawing, drawing);
-        const QByteArray svg = ui::symbolicSvg(drawing);
-        QVERIFY(!svg.contains("stroke"));
-        QSvgRenderer renderer(svg);
-        QVERIFY(renderer.isValid());
-        QImage drawn(220, 220, QImage::Format_ARGB32_Premultiplied);
-        drawn.fill(Qt::transparent);
-        QPainter painter(&drawn);
-        renderer.render(&painter);
-        const QImage expected = ui::paint(drawing, 220, Qt::black);
-        int differing = 0;
-        for (int y = 0; y < drawn.height(); ++y) {
-            for (int x = 0; x < drawn.width(); ++x) {
-                differing += std::abs(qAlpha(drawn.pixel(x, y)) - qAlpha(expected.pixel(x, y))) > 8;
+        const GaugeValues values{.codex = 37, .claude = 80};
+        for (const auto& drawing : {ui::gaugeDrawing(values), ui::figureDrawing(38, values, 22)}) {
+            const QByteArray svg = ui::symbolicSvg(drawing);
+            QVERIFY(!svg.contains("stroke"));
+            QImage drawn(220, 220, QImage::Format_ARGB32_Premultiplied);
+            drawn.fill(Qt::transparent);
+            QPainter painter(&drawn);
+            QSvgRenderer(svg).render(&painter);
+            const QImage expected = ui::paint(drawing, 220, Qt::black);
+            for (int i = 0; i < 220 * 220; ++i) {
+                const QPoint place(i % 220, i / 220);
+                QVERIFY(std::abs(qAlpha(drawn.pixel(place)) - qAlpha(expected.pixel(place))) <= 8);
             }
         }
-        QCOMPARE(differing, 0);
     }
 
-    void showsTheFigure_data() {
-        QTest::addColumn<int>("size");
-        for (const int size : panelSizes) {
-            QTest::addRow("%d pixels", size) << size;
+    void showsTheFigure() {
+        for (const int size : {16, 22, 24, 32, 48}) {
+            QList<QImage> seen;
+            for (int figure = 0; figure <= 100; ++figure) {
+                const QImage image = figureImage(figure, {}, size);
+                QCOMPARE(image.size(), QSize(size, size));
+                QVERIFY2(!seen.contains(image), "two figures look the same");
+                QCOMPARE(inkedRuns(image), QString::number(figure).size());
+                seen.append(image);
+            }
+            const QImage image = figureImage(1, {.codex = 25, .claude = 100}, size);
+            // Left of a quarter both bars are full, right of it only Claude's.
+            const auto oneBar = alphas(image, size * 7 / 8, size * 2 / 3, size).count(255);
+            QVERIFY(oneBar > 0);
+            QCOMPARE(alphas(image, size / 8, size * 2 / 3, size).count(255), 2 * oneBar);
         }
     }
-    void showsTheFigure() {
-        QFETCH(const int, size);
-        QList<QImage> seen;
-        for (int figure = 0; figure <= 100; ++figure) {
-            const QImage image = figureImage(figure, {}, size);
-            QCOMPARE(image.size(), QSize(size, size));
-            QVERIFY2(!seen.contains(image), "two figures look the same");
-            QCOMPARE(inkedRuns(image), QString::number(figure).size());
-            seen.append(image);
-        }
-        const QImage image = figureImage(1, {.codex = 25, .claude = 100}, size);
-        // Left of a quarter both bars are full, right of it Claude's alone.
-        const int oneBar = fullPixels(image, size * 7 / 8);
-        QVERIFY(oneBar > 0);
-        QCOMPARE(fullPixels(image, size / 8), 2 * oneBar);
+
+    void summarises() {
+        const auto check = [](const std::vector<ProviderQuotaSnapshot>& entries,
+                              const GaugeValues& gauges, const char* tooltip) {
+            const model::QuotaSnapshot snapshot{.providers = entries};
+            QVERIFY2(ui::gaugeValues(snapshot) == gauges, tooltip);
+            QCOMPARE(ui::tooltipLines(snapshot).join(u'|'), QString::fromUtf8(tooltip));
+        };
+        const auto codex = AIProvider::codex;
+        const auto claude = AIProvider::claude;
+        check({{.provider = codex, .fiveHour = used(99.5)}}, {.codex = 0.5},
+              "Tallyvane: 1%|Codex: 5H 0%  ·  WK 0%|Claude: 5H 0%  ·  WK 0%");
+        check({{.provider = codex, .week = used(25), .syncState = QuotaSyncState::current}},
+              {.codex = 75}, "Tallyvane|Codex: 5H 0%  ·  WK 75%|Claude: 5H 0%  ·  WK 0%");
+        check({{.provider = codex, .fiveHour = used(-5)},
+               {.provider = claude, .fiveHour = used(130)}},
+              {.codex = 100, .claude = 0},
+              "Tallyvane: 0%|Codex: 5H 100%  ·  WK 0%|Claude: 5H 0%  ·  WK 0%");
+        check({{.provider = claude, .fiveHour = used(80.4), .week = used(0)},
+               {.provider = codex, .fiveHour = used(12.5), .week = used(36.5)}},
+              {.codex = 87.5, .claude = 100 - 80.4},
+              "Tallyvane: 20%|Codex: 5H 87%  ·  WK 63%|Claude: 5H 19%  ·  WK 100%");
+        check({{.provider = claude, .fiveHour = used(60), .syncState = QuotaSyncState::pending}},
+              {.claude = 40}, "Tallyvane: 40%|Codex: 5H 0%  ·  WK 0%|Claude: Sync pending");
     }
 
     void ordersTheBytes() {

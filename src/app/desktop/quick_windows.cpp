@@ -18,7 +18,7 @@ namespace {
 class QuickWindows final : public Windows {
 public:
     explicit QuickWindows(const WindowsContext& context)
-        : m_appearance(context.model.appearance()),
+        : m_appearance(context.model),
           m_engine(ui::makeEngine(m_appearance)),
           m_panelModel(context.model),
           m_panel(engine(), m_panelModel),
@@ -36,8 +36,6 @@ public:
                                       return core::takeLaunchQuestion(defaults, launch);
                                   }}) {
         core::AppModel& model = context.model;
-        QObject::connect(&model, &core::AppModel::appearanceChanged, &m_appearance,
-                         [this, &model] { m_appearance.setChoice(model.appearance()); });
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::openRequested, &m_mainWindow,
                          &ui::MainWindow::open);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested, &model,

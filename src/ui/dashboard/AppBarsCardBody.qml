@@ -7,8 +7,8 @@ Item {
     id: root
 
     required property providerCard card
-    /// So that two of them fill the lowest card.
-    readonly property double lowestRow: 29
+    /// Two of these fill a card of the minimum height.
+    readonly property double minimumRowHeight: 29
 
     implicitWidth: bars.implicitWidth + 2 * 16
     implicitHeight: Math.max(98, bars.implicitHeight + 2 * 14)
@@ -23,15 +23,15 @@ Item {
 
         QuotaBarRow {
             Layout.fillWidth: true
-            Layout.minimumHeight: root.lowestRow
-            //: A window of five hours, as short as can be
+            Layout.minimumHeight: root.minimumRowHeight
+            //: The five-hour quota window, as short as possible
             label: qsTr("5h")
             row: root.card.fiveHour
         }
         QuotaBarRow {
             Layout.fillWidth: true
-            Layout.minimumHeight: root.lowestRow
-            //: The weekly window, as short as can be
+            Layout.minimumHeight: root.minimumRowHeight
+            //: The weekly quota window, as short as possible
             label: qsTr("Week")
             row: root.card.week
         }

@@ -6,8 +6,8 @@ import Tallyvane.History
 import Tallyvane.Settings
 import Tallyvane.Style
 
-/// The main window: one page at a time, below the ways to all of them. Its implicit size is the
-/// smallest that it can be used at.
+/// The main window's content: a row of tabs and, below it, the current page. The implicit size is
+/// the smallest usable one.
 FocusScope {
     id: root
 
@@ -25,7 +25,7 @@ FocusScope {
         scroller.contentY = 0;
         viewModel.dashboard.toast.dismiss();
     }
-    // Whatever is not shown is not even read.
+    // By name, so that pages never shown are never loaded.
     function load(): void {
         switch (page) {
         case ContentView.Dashboard:
@@ -55,7 +55,7 @@ FocusScope {
             prompt.source = "";
         }
     }
-    /// Scrolls to what the keyboard is on.
+    /// Scrolls until `item` is visible.
     function reveal(item: Item): void {
         let ancestor = item;
         while (ancestor && ancestor !== pages) {
@@ -76,7 +76,7 @@ FocusScope {
         loadPrompt();
     }
 
-    implicitWidth: Math.max(560, dashboardTab.implicitWidth + historyTab.implicitWidth + settingsTab.implicitWidth + 2 * (tabs.spacing + Theme.largeSpacing))
+    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.largeSpacing)
     implicitHeight: Math.max(480, Theme.scaled(300))
     focus: true
     LayoutMirroring.enabled: Theme.isRightToLeft
@@ -93,21 +93,6 @@ FocusScope {
                 root.reveal(root.Window.activeFocusItem);
             }
         }
-    }
-    Shortcut {
-        sequence: "Ctrl+1"
-        enabled: content.enabled
-        onActivated: root.open(ContentView.Dashboard)
-    }
-    Shortcut {
-        sequence: "Ctrl+2"
-        enabled: content.enabled
-        onActivated: root.open(ContentView.UsageHistory)
-    }
-    Shortcut {
-        sequence: "Ctrl+3"
-        enabled: content.enabled
-        onActivated: root.open(ContentView.Settings)
     }
     Shortcut {
         sequences: ["Ctrl+R", "F5"]
@@ -127,8 +112,6 @@ FocusScope {
         anchors.fill: parent
     }
     ColumnLayout {
-        id: content
-
         anchors.fill: parent
         enabled: !root.viewModel.launchPrompt.isShown
         spacing: 0
@@ -143,26 +126,23 @@ FocusScope {
             Accessible.role: Accessible.PageTabList
 
             PageTab {
-                id: dashboardTab
-
                 text: qsTr("Dashboard")
                 symbol: "gauge"
+                shortcut: "Ctrl+1"
                 isCurrent: root.page === ContentView.Dashboard
                 onClicked: root.open(ContentView.Dashboard)
             }
             PageTab {
-                id: historyTab
-
                 text: qsTr("Usage History")
                 symbol: "chart.bar"
+                shortcut: "Ctrl+2"
                 isCurrent: root.page === ContentView.UsageHistory
                 onClicked: root.open(ContentView.UsageHistory)
             }
             PageTab {
-                id: settingsTab
-
                 text: qsTr("Settings")
                 symbol: "slider.horizontal.3"
+                shortcut: "Ctrl+3"
                 isCurrent: root.page === ContentView.Settings
                 onClicked: root.open(ContentView.Settings)
             }

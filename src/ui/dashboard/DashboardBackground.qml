@@ -1,7 +1,7 @@
 import QtQuick
 import Tallyvane.Style
 
-/// The ground of the main window: plain, with a breath of colour at the top.
+/// The main window's background: plain, with a hint of colour at the top.
 Rectangle {
     color: Theme.window
 

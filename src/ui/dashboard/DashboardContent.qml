@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// The first page: a card per provider, and how old the figures are.
+/// The first page: a card per provider and the age of the figures.
 ColumnLayout {
     id: root
 
@@ -35,7 +35,7 @@ ColumnLayout {
                     color: Theme.secondaryText
                 }
                 TextLabel {
-                    //: Follows "Updated 5 min ago" after a space
+                    //: Follows "Updated 5 min ago" and a space
                     text: qsTr("· Auto-refreshes every 5 min")
                     color: Theme.secondaryText
                 }

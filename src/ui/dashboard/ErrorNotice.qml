@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Style
 
-/// Why figures are not up to date: the first lines, and the rest when asked for.
+/// Why figures are not up to date: the first lines, and the rest on demand.
 Rectangle {
     id: root
 

@@ -1,14 +1,15 @@
 import QtQuick
 import Tallyvane.Style
 
-/// The way to one page.
+/// The tab of one page. Its keyboard shortcut works like a click.
 BaseButton {
     id: root
 
     required property string symbol
     required property bool isCurrent
+    required property string shortcut
 
-    // As wide as when it is the current one, so that no tab moves when another is opened.
+    // As wide as when it is current, so that tabs stay in place when another page opens.
     implicitWidth: Theme.symbolSize + Theme.spacing + Math.ceil(widest.advanceWidth) + leftPadding + rightPadding
     horizontalPadding: Theme.padding
     verticalPadding: Theme.spacing
@@ -20,6 +21,11 @@ BaseButton {
     Keys.onRightPressed: nextItemInFocusChain(!mirrored).forceActiveFocus(Qt.TabFocusReason)
     Keys.onLeftPressed: nextItemInFocusChain(mirrored).forceActiveFocus(Qt.TabFocusReason)
 
+    Shortcut {
+        sequence: root.shortcut
+        enabled: root.enabled
+        onActivated: root.clicked()
+    }
     TextMetrics {
         id: widest
 

@@ -3,12 +3,11 @@ import QtQuick.Layouts
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// The provider's name and plan, and a sign while its figures are old.
+/// The provider's name and plan, and a symbol while its figures are out of date.
 RowLayout {
     id: root
 
     required property providerCard card
-    readonly property double point: Theme.scaled(12) / 10
 
     spacing: Theme.spacing
 
@@ -44,7 +43,7 @@ RowLayout {
             elide: Text.ElideRight
             color: root.card.accent
             font.family: Theme.body.family
-            font.pixelSize: 9 * root.point
+            font.pixelSize: 9 * Theme.point
             font.weight: Font.Bold
             Accessible.ignored: true
         }
@@ -52,10 +51,10 @@ RowLayout {
     SymbolImage {
         visible: root.card.isPending
         name: "arrow.trianglehead.2.clockwise.rotate.90"
-        size: 10 * root.point
+        size: 10 * Theme.point
         color: Theme.secondaryText
         Accessible.role: Accessible.Graphic
-        //: What a screen reader says for the sign that figures are old
+        //: Read aloud for the symbol that marks outdated figures
         Accessible.name: qsTr("Sync pending")
     }
     Item {

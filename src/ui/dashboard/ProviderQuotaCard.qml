@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// One provider's quotas; a press anywhere opens the provider's own page about them.
+/// One provider's quotas. A click anywhere opens the provider's usage page.
 LinkRow {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tallyvane.Style
 
-/// What is left of one quota window.
+/// A bar that shows what is left of one quota window.
 Capsule {
     id: root
 
@@ -9,7 +9,7 @@ Capsule {
     required property color fill
 
     implicitHeight: 7
-    color: Theme.isDark ? "#2cffffff" : "#16000000"
+    color: Theme.quotaTrack
 
     Capsule {
         anchors.left: parent.left

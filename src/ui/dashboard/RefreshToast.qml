@@ -4,13 +4,13 @@ import QtQuick
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// Tells in passing that a refresh runs or has ended.
+/// A transient note that a refresh is running or has ended.
 Rectangle {
     id: root
 
     required property RefreshToastModel toast
     readonly property bool isShown: toast.state !== RefreshToastModel.Hidden
-    /// What was last shown stays while the notice fades.
+    /// Keeps its value while the toast fades out.
     property bool hasEnded: false
     property double rise: isShown ? 0 : height
 
@@ -34,7 +34,7 @@ Rectangle {
     Accessible.role: Accessible.StatusBar
     Accessible.name: label.text
 
-    // A spring that answers in 0.35 s with a damping of 0.8, in this animation's own terms.
+    // Response 0.35 s and damping fraction 0.8, in the units of SpringAnimation.
     component Spring: SpringAnimation {
         spring: 5.16
         damping: 0.46
@@ -101,9 +101,8 @@ Rectangle {
 
                 Behavior on scale {
                     enabled: root.hasEnded && Theme.isAnimated
-                    SpringAnimation {
-                        spring: 5.16
-                        damping: 0.46
+                    Spring {
+                        epsilon: 0.01
                     }
                 }
             }

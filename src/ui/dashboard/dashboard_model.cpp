@@ -5,10 +5,8 @@
 namespace tallyvane::ui {
 
 DashboardModel::DashboardModel(const core::AppModel& model, platform::Clock& clock,
-                               model::WeekdayTimeFormat weekdayTime, const QUrl& website,
-                               QObject* parent)
-    : QObject(parent),
-      m_model(model),
+                               model::WeekdayTimeFormat weekdayTime, const QUrl& website)
+    : m_model(model),
       m_clock(clock),
       m_weekdayTime(std::move(weekdayTime)),
       m_website(website),

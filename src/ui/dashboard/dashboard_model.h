@@ -7,8 +7,7 @@
 
 namespace tallyvane::ui {
 
-/// What the dashboard shows. Its texts stay true while it lives: they are written anew when the
-/// state changes and when time changes their wording.
+/// What the dashboard shows. Texts that depend on the time are kept up to date as it passes.
 class DashboardModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -23,16 +22,14 @@ class DashboardModel : public QObject {
     Q_PROPERTY(QString websiteName READ websiteName CONSTANT)
 
 public:
-    /// The figures come from `model` and the time from `clock`, which outlive it; times are written
-    /// by `weekdayTime`. `website` is the maker's.
+    /// `model` and `clock` must outlive it. `website` is the maker's.
     DashboardModel(const core::AppModel& model, platform::Clock& clock,
-                   model::WeekdayTimeFormat weekdayTime, const QUrl& website,
-                   QObject* parent = nullptr);
+                   model::WeekdayTimeFormat weekdayTime, const QUrl& website);
 
     [[nodiscard]] ProviderCard codex() const { return m_shown.codex; }
     [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
     [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
-    /// Empty when there is none.
+    /// Empty if there is none.
     [[nodiscard]] QString lastError() const { return m_shown.lastError; }
     [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
     [[nodiscard]] RefreshToastModel* toast() { return &m_toast; }

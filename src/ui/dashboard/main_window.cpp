@@ -23,15 +23,15 @@ public:
         setInitialProperties({{QStringLiteral("viewModel"), QVariant::fromValue(&m_model)}});
         setSource(QUrl(QStringLiteral("qrc:/Tallyvane/Dashboard/ContentView.qml")));
         checkLoaded(*this);
-        // What the content needs grows with the desktop's text.
-        connect(rootObject(), &QQuickItem::implicitWidthChanged, this, &Window::holdContent);
-        connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &Window::holdContent);
-        holdContent();
+        // The content's implicit size grows with the desktop's text.
+        connect(rootObject(), &QQuickItem::implicitWidthChanged, this, &Window::fitContent);
+        connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &Window::fitContent);
+        fitContent();
         constexpr QSize usual(820, 700);
         resize(usual.expandedTo(minimumSize()));
     }
     ~Window() override {
-        // The view's items use the model, which goes first.
+        // The items use m_model, which is destroyed before the base class would delete them.
         delete rootObject();
     }
 
@@ -44,7 +44,7 @@ protected:
     }
 
 private:
-    void holdContent() {
+    void fitContent() {
         setMinimumSize(
             QSizeF(rootObject()->implicitWidth(), rootObject()->implicitHeight()).toSize());
     }
@@ -76,7 +76,6 @@ void MainWindow::close() {
     m_closed = std::move(m_window);
     m_closed->hide();
     QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);
-    Q_EMIT closed();
 }
 
 QWindow* MainWindow::window() const {

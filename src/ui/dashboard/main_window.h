@@ -7,27 +7,26 @@ class QWindow;
 
 namespace tallyvane::ui {
 
-/// The scene "dashboard": the main window, which exists while it is open. Main thread.
+/// The scene "dashboard", the main window. It takes memory only while it is open. Main thread.
 class MainWindow : public QObject {
     Q_OBJECT
 
 public:
-    /// `engine` is asked when the window first opens, and outlives this.
+    /// `engine` is first called when the window opens; the engine must outlive this.
     MainWindow(std::function<QQmlEngine&()> engine, MainWindowContext context);
     ~MainWindow() override;
 
-    /// Opens it, or brings the open one to the front.
+    /// Opens the window or brings it to the front.
     void open();
     void close();
     [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
-    /// The open window; else null.
+    /// Null while the window is closed.
     [[nodiscard]] QWindow* window() const;
 
-    /// Whether the desktop shows status items; without them the window says so.
+    /// Whether the desktop shows status items; if not, the window says so.
     void setHasStatusHost(bool hasStatusHost);
 
 Q_SIGNALS:
-    void closed();
     // The user's commands.
     void refreshRequested();
     void quitRequested();
@@ -39,7 +38,7 @@ private:
     MainWindowContext m_with;
     bool m_hasStatusHost = true;
     std::unique_ptr<Window> m_window;
-    std::unique_ptr<Window> m_closed; ///< until the event that closed it is over
+    std::unique_ptr<Window> m_closed; ///< until the event that closed it has been handled
 };
 
 } // namespace tallyvane::ui

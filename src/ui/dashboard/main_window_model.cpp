@@ -3,8 +3,6 @@
 #include "history/calendar_days.h"
 #include "ui/dashboard/relative_times.h"
 
-#include <utility>
-
 namespace tallyvane::ui {
 
 MainWindowModel::MainWindowModel(MainWindowContext context)
@@ -18,8 +16,6 @@ MainWindowModel::MainWindowModel(MainWindowContext context)
         m_launchPrompt.ask();
     }
 }
-
-MainWindowModel::~MainWindowModel() = default;
 
 HistoryModel* MainWindowModel::history() {
     if (!m_history) {
@@ -47,12 +43,6 @@ SettingsModel* MainWindowModel::settings() {
     return m_settings.get();
 }
 
-void MainWindowModel::setHasStatusHost(bool hasStatusHost) {
-    if (std::exchange(m_hasStatusHost, hasStatusHost) != hasStatusHost) {
-        Q_EMIT hasStatusHostChanged();
-    }
-}
-
 const model::LocaleLabels& MainWindowModel::labels() {
     if (!m_labels) {
         m_labels = std::make_unique<model::LocaleLabels>(m_with.locale);
@@ -60,11 +50,8 @@ const model::LocaleLabels& MainWindowModel::labels() {
     return *m_labels;
 }
 
-const history::Calendar& MainWindowModel::calendar() {
-    if (!m_calendar) {
-        m_calendar = {.zone = m_with.zone, .firstWeekday = labels().firstWeekday()};
-    }
-    return *m_calendar;
+history::Calendar MainWindowModel::calendar() {
+    return {.zone = m_with.zone, .firstWeekday = labels().firstWeekday()};
 }
 
 void MainWindowModel::waitForMidnight() {

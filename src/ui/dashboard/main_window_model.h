@@ -8,23 +8,23 @@
 
 namespace tallyvane::ui {
 
-/// What the main window works with; all that is a reference outlives the window.
+/// What the main window works with. The references must outlive it.
 struct MainWindowContext {
     core::AppModel& model;
     const Appearance& appearance;
     platform::Clock& clock;
     platform::LoginItem& loginItem;
     platform::NotificationCentre& notificationCentre;
-    std::string locale; ///< POSIX or BCP 47; of times, days and numbers
+    std::string locale; ///< of times, days and numbers; a POSIX or BCP 47 name
     model::LocalZone zone;
     QUrl website; ///< the maker's
-    /// Opens the desktop's own settings of notifications; empty where there are none.
+    /// Opens the desktop's notification settings; empty on a desktop without any.
     std::function<void()> openNotificationSettings;
-    /// Whether the window, now shown, is to ask if the program shall start at login.
+    /// Called when the window opens: whether it should ask if the program may start at login.
     std::function<bool()> takeLaunchQuestion;
 };
 
-/// What one main window shows; made and destroyed with it.
+/// What the main window shows. Lives as long as the window is open.
 class MainWindowModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -38,18 +38,17 @@ class MainWindowModel : public QObject {
 
 public:
     explicit MainWindowModel(MainWindowContext context);
-    ~MainWindowModel() override;
 
     [[nodiscard]] DashboardModel* dashboard() { return &m_dashboard; }
-    // Made when their page is first shown.
+    // Created when their page is first shown.
     [[nodiscard]] HistoryModel* history();
     [[nodiscard]] HeatmapModel* heatmap();
     [[nodiscard]] SettingsModel* settings();
     [[nodiscard]] LaunchPromptModel* launchPrompt() { return &m_launchPrompt; }
 
-    /// Whether the desktop shows status items, so that a closed window can be opened again there.
+    /// Whether the desktop shows status items, from which a closed window can be reopened.
     [[nodiscard]] bool hasStatusHost() const { return m_hasStatusHost; }
-    void setHasStatusHost(bool hasStatusHost);
+    void setHasStatusHost(bool hasStatusHost) { m_hasStatusHost = hasStatusHost; }
 
 Q_SIGNALS:
     void hasStatusHostChanged();
@@ -60,13 +59,13 @@ Q_SIGNALS:
 
 private:
     const model::LocaleLabels& labels();
-    const history::Calendar& calendar();
+    history::Calendar calendar();
     void waitForMidnight();
 
     MainWindowContext m_with;
-    bool m_hasStatusHost = true;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(MainWindowModel, bool, m_hasStatusHost, true,
+                                         &MainWindowModel::hasStatusHostChanged)
     std::unique_ptr<model::LocaleLabels> m_labels;
-    std::optional<history::Calendar> m_calendar;
     DashboardModel m_dashboard;
     LaunchPromptModel m_launchPrompt;
     std::unique_ptr<HistoryModel> m_history;

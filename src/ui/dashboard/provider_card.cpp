@@ -29,13 +29,18 @@ QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod 
     return row;
 }
 
+/// A name in style/symbols.
+QString icon(model::AIProvider provider) {
+    return provider == model::AIProvider::claude ? QStringLiteral("ClaudeIcon")
+                                                 : QStringLiteral("CodexIcon");
+}
+
 } // namespace
 
 ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
                           const model::WeekdayTimeFormat& weekdayTime) {
-    const QString name = model::displayName(entry.provider);
-    return {.name = name,
-            .icon = name + QStringLiteral("Icon"),
+    return {.name = model::displayName(entry.provider),
+            .icon = icon(entry.provider),
             .plan = entry.planName.value_or(QString()).toUpper(),
             .accent = toColour(model::accentColour(entry.provider)),
             .isPending = entry.syncState == model::QuotaSyncState::pending,

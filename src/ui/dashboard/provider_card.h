@@ -8,21 +8,21 @@
 
 namespace tallyvane::ui {
 
-/// What a bar and its figure say by their colour.
+/// What the colour of a bar and its figure means.
 // NOLINTBEGIN(readability-identifier-naming): names in QML begin with a capital
 namespace QuotaLevel {
 Q_NAMESPACE
 QML_ELEMENT
 enum Level {
-    Unknown, ///< no figure, or one that is not current
-    Low,     ///< below a quarter
+    Unknown, ///< there is no figure, or it is not current
+    Low,     ///< less than a quarter is left
     Ample,
 };
 Q_ENUM_NS(Level)
 } // namespace QuotaLevel
 // NOLINTEND(readability-identifier-naming)
 
-/// One bar of a card, ready to be shown.
+/// One bar of a card, ready to display.
 class QuotaRow {
     Q_GADGET
     QML_VALUE_TYPE(quotaRow)
@@ -33,16 +33,16 @@ class QuotaRow {
     Q_PROPERTY(tallyvane::ui::QuotaLevel::Level level MEMBER level)
 
 public:
-    QString figure; ///< percent left, "25%"; "--" when unknown
+    QString figure; ///< the percentage left, such as "25%", or "--" if unknown
     QString resetText;
-    double fraction = 0; ///< of the bar that is filled, 0 to 1
+    double fraction = 0; ///< the filled part of the bar, 0 to 1
     double opacity = 1;
     QuotaLevel::Level level = QuotaLevel::Unknown;
 
     bool operator==(const QuotaRow&) const = default;
 };
 
-/// One provider's card, ready to be shown.
+/// One provider's card, ready to display.
 class ProviderCard {
     Q_GADGET
     QML_VALUE_TYPE(providerCard)
@@ -58,7 +58,7 @@ class ProviderCard {
 public:
     QString name; ///< "Codex"
     QString icon; ///< a symbol's name
-    QString plan; ///< upper-case; empty when there is none
+    QString plan; ///< in upper case; empty if there is none
     QColor accent;
     bool isPending = false;
     QUrl usagePage;

@@ -23,7 +23,7 @@ std::optional<milliseconds> untilResetTextChanges(std::optional<model::Timestamp
         return std::nullopt;
     }
     const auto left = *resetsAt - now;
-    // The first two minutes of every hour read as one; a longer text changes just below its minute.
+    // 0 and 1 minutes read alike; other texts change just after a whole minute.
     if (left < minutes{2}) {
         return ceil<milliseconds>(left);
     }

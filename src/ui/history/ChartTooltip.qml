@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Style
 
-/// What the bar that is pointed at stands for.
+/// The title and figures of the bar pointed at.
 Rectangle {
     id: root
 

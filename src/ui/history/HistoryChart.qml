@@ -4,7 +4,8 @@ import QtQuick
 import Tallyvane.History
 import Tallyvane.Style
 
-/// Stacked bars over the days or months. The pointer or the arrow keys choose a bar to tell about.
+/// Stacked bars per day or month. The pointer or the arrow keys select a bar, which a tooltip
+/// describes.
 FocusScope {
     id: root
 
@@ -17,7 +18,7 @@ FocusScope {
         return widest;
     }
 
-    /// The left edge of something `size` wide whose middle is at `part` of the plot's width.
+    /// The left edge of an item of width `size` centred at the fraction `part` of the plot's width.
     function across(part: double, size: double): double {
         return (Theme.isRightToLeft ? 1 - part : part) * plot.width - size / 2;
     }
@@ -57,7 +58,7 @@ FocusScope {
 
             model: root.viewModel.valueMarks
 
-            TextLabel {
+            Caption {
                 id: valueLabel
 
                 required property double position
@@ -66,8 +67,6 @@ FocusScope {
                 x: Theme.isRightToLeft ? plot.width + Theme.spacing : -width - Theme.spacing
                 y: (1 - position) * plot.height - height / 2
                 text: label
-                font: Theme.caption
-                color: Theme.secondaryText
                 Accessible.ignored: true
 
                 Rectangle {
@@ -82,15 +81,13 @@ FocusScope {
         Repeater {
             model: root.viewModel.dateMarks
 
-            TextLabel {
+            Caption {
                 required property double position
                 required property string label
 
                 x: Math.max(0, Math.min(root.across(position, width), plot.width - width))
                 y: plot.height + Theme.smallSpacing
                 text: label
-                font: Theme.caption
-                color: Theme.secondaryText
                 Accessible.ignored: true
             }
         }
@@ -108,7 +105,7 @@ FocusScope {
                 x: root.across(centre, width)
                 y: (1 - base - extent) * plot.height
                 width: Math.min(thickness * plot.width, Theme.scaled(56))
-                // A hairline stays free between the segments of a bar.
+                // Leaves a hairline between the segments of a bar.
                 height: Math.max(extent * plot.height - (base > 0 ? 0 : 1), 0)
                 radius: Math.min(3, width / 4, height / 2)
                 color: colour
@@ -130,7 +127,7 @@ FocusScope {
             text: qsTr("Nothing recorded yet")
             color: Theme.secondaryText
             background: Rectangle {
-                color: Theme.card // no line of the chart strikes the text out
+                color: Theme.card // covers the grid lines behind the text
             }
         }
         HoverHandler {
@@ -153,7 +150,7 @@ FocusScope {
             readonly property double beside: root.across(root.viewModel.hoveredCentre, 0)
 
             visible: root.viewModel.isHovered
-            // On the side of the bar where the room is.
+            // On the side of the bar that has more room.
             x: beside + (beside > plot.width / 2 ? -width - Theme.padding : Theme.padding)
             y: 0
             title: root.viewModel.hoveredTitle

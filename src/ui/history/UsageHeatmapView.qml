@@ -5,21 +5,15 @@ import QtQuick.Layouts
 import Tallyvane.History
 import Tallyvane.Style
 
-/// A calendar of days, the brighter the more tokens. The pointer or the arrow keys choose a day to
-/// tell about.
+/// A calendar in which a day's colour shows its number of tokens. The pointer or the arrow keys
+/// select a day, which the text below describes.
 ColumnLayout {
     id: root
 
     required property HeatmapModel viewModel
     readonly property double gap: 4
     readonly property int fewestWeeks: 26
-    readonly property double labelWidth: {
-        let widest = 0;
-        for (let i = 0; i < weekdays.count; ++i) {
-            widest = Math.max(widest, weekdays.itemAt(i)?.implicitWidth ?? 0);
-        }
-        return Math.ceil(widest) + Theme.spacing;
-    }
+    readonly property double labelWidth: weekdays.implicitWidth + Theme.spacing
     readonly property double room: width - labelWidth
     readonly property double pitch: Math.max(8, Math.min(Math.floor(room / fewestWeeks), Theme.scaled(22)))
     readonly property double cell: pitch - (pitch > 14 ? gap : 2)
@@ -28,14 +22,8 @@ ColumnLayout {
     spacing: Theme.largeSpacing
     onWeeksChanged: viewModel.weeks = weeks
 
-    GridLayout {
-        columns: heading.implicitWidth + picker.implicitWidth + columnSpacing > root.width ? 1 : 2
-        columnSpacing: Theme.largeSpacing
-        rowSpacing: Theme.spacing
-
+    AdaptiveRow {
         ColumnLayout {
-            id: heading
-
             Layout.fillWidth: true
             spacing: 2
 
@@ -45,19 +33,15 @@ ColumnLayout {
                 font: Theme.headline
                 Accessible.role: Accessible.Heading
             }
-            TextLabel {
+            Caption {
                 Layout.fillWidth: true
                 text: qsTr("Estimated tokens per day")
-                font: Theme.caption
-                color: Theme.secondaryText
             }
         }
         SegmentedPicker {
-            id: picker
-
             objectName: "filter"
             title: qsTr("Source")
-            choices: root.viewModel.filters
+            choices: [qsTr("Total"), qsTr("Codex"), qsTr("Claude")]
             currentIndex: root.viewModel.filter
             onActivated: index => root.viewModel.filter = index
         }
@@ -91,23 +75,28 @@ ColumnLayout {
             gap: Theme.smallSpacing
             shown: grid.activeFocus
         }
-        Repeater {
+        ColumnLayout {
             id: weekdays
 
-            model: root.viewModel.weekdays
+            anchors.left: parent.left
+            y: months.height - (root.pitch - root.cell) / 2
+            spacing: 0
 
-            TextLabel {
-                required property int index
-                required property string modelData
+            Repeater {
+                model: root.viewModel.weekdays
 
-                anchors.left: parent.left
-                y: months.height + index * root.pitch + (root.cell - height) / 2
-                text: modelData
-                font: Theme.caption
-                // Every other one where rows are too low for all.
-                opacity: root.pitch >= height - 2 || index % 2 === 1 ? 1 : 0
-                color: Theme.secondaryText
-                Accessible.ignored: true
+                Caption {
+                    required property int index
+                    required property string modelData
+
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: root.pitch
+                    verticalAlignment: Text.AlignVCenter
+                    text: modelData
+                    // Every other one if rows are too low for all.
+                    opacity: root.pitch >= implicitHeight - 2 || index % 2 === 1 ? 1 : 0
+                    Accessible.ignored: true
+                }
             }
         }
         Item {
@@ -121,15 +110,13 @@ ColumnLayout {
             Repeater {
                 model: root.viewModel.months
 
-                TextLabel {
+                Caption {
                     required property int index
                     required property string modelData
 
                     x: Theme.isRightToLeft ? months.width - index * root.pitch - (root.pitch - root.cell) - width : index * root.pitch
                     visible: modelData !== "" && x >= 0 && x + width <= months.width + Theme.pageMargin
                     text: modelData
-                    font: Theme.caption
-                    color: Theme.secondaryText
                     Accessible.ignored: true
                 }
             }
@@ -188,30 +175,22 @@ ColumnLayout {
             border.color: Theme.text
         }
     }
-    GridLayout {
-        columns: told.implicitWidth + legend.implicitWidth + columnSpacing > root.width ? 1 : 2
-        columnSpacing: Theme.largeSpacing
+    AdaptiveRow {
         rowSpacing: Theme.smallSpacing
 
         TextLabel {
-            id: told
-
             objectName: "told"
             Layout.fillWidth: true
             text: root.viewModel.currentText
             font: Theme.caption
         }
         Row {
-            id: legend
-
             Layout.alignment: Qt.AlignRight
             spacing: root.gap
 
-            TextLabel {
+            Caption {
                 rightPadding: Theme.isRightToLeft ? 0 : Theme.smallSpacing
                 text: qsTr("Less")
-                font: Theme.caption
-                color: Theme.secondaryText
             }
             Repeater {
                 model: root.viewModel.legend
@@ -226,11 +205,9 @@ ColumnLayout {
                     color: modelData
                 }
             }
-            TextLabel {
+            Caption {
                 leftPadding: Theme.isRightToLeft ? 0 : Theme.smallSpacing
                 text: qsTr("More")
-                font: Theme.caption
-                color: Theme.secondaryText
             }
         }
     }

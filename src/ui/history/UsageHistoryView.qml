@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tallyvane.History
 import Tallyvane.Style
 
-/// The second page: what was used, as bars and as a calendar.
+/// The second page: the usage history as a bar chart and a heatmap.
 ColumnLayout {
     id: root
 
@@ -12,14 +12,10 @@ ColumnLayout {
 
     spacing: Theme.padding + 2
 
-    GridLayout {
-        columns: heading.implicitWidth + pickers.implicitWidth + columnSpacing > root.width ? 1 : 2
-        columnSpacing: Theme.largeSpacing
+    AdaptiveRow {
         rowSpacing: Theme.largeSpacing
 
         ColumnLayout {
-            id: heading
-
             Layout.fillWidth: true
             spacing: 2
 
@@ -37,8 +33,6 @@ ColumnLayout {
             }
         }
         RowLayout {
-            id: pickers
-
             Layout.alignment: Qt.AlignBottom
             Layout.fillWidth: false
             spacing: Theme.spacing
@@ -46,14 +40,14 @@ ColumnLayout {
             SegmentedPicker {
                 objectName: "metric"
                 title: qsTr("Metric")
-                choices: root.viewModel.metrics
+                choices: [qsTr("%"), qsTr("Tokens")]
                 currentIndex: root.viewModel.metric
                 onActivated: index => root.viewModel.metric = index
             }
             SegmentedPicker {
                 objectName: "period"
                 title: qsTr("Period")
-                choices: root.viewModel.granularities
+                choices: [qsTr("Daily"), qsTr("Monthly")]
                 currentIndex: root.viewModel.granularity
                 onActivated: index => root.viewModel.granularity = index
             }
@@ -84,11 +78,8 @@ ColumnLayout {
             viewModel: root.heatmap
         }
     }
-    TextLabel {
+    Caption {
         Layout.fillWidth: true
-        wrapMode: Text.Wrap
-        font: Theme.caption
-        color: Theme.secondaryText
         text: qsTr("Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.")
     }
     Item {

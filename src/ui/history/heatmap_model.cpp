@@ -15,19 +15,14 @@ constexpr int widthOfMonthLabel = 3; // columns
 
 HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& clock,
                            const Appearance& appearance, const history::Calendar& calendar,
-                           const model::LocaleLabels& labels, QObject* parent)
-    : QObject(parent),
-      m_model(model),
+                           const model::LocaleLabels& labels)
+    : m_model(model),
       m_clock(clock),
       m_appearance(appearance),
       m_calendar(calendar),
       m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HeatmapModel::update);
     connect(&appearance, &Appearance::changed, this, &HeatmapModel::update);
-}
-
-QStringList HeatmapModel::filters() const {
-    return model::rawTexts<history::HeatmapFilter>();
 }
 
 void HeatmapModel::setFilter(int filter) {
@@ -76,7 +71,7 @@ QStringList HeatmapModel::weekdays() const {
 
 QStringList HeatmapModel::months() const {
     QStringList names;
-    qsizetype free = 0; // the next column whose label would not touch the one before
+    qsizetype free = 0; // the first column whose label would not touch the previous one
     for (const history::WeekColumn& column : m_columns) {
         const auto first =
             std::ranges::find(column, 1, [](const DayCell& cell) { return cell.day.day(); });
@@ -126,14 +121,14 @@ void HeatmapModel::point(int index) {
 }
 
 void HeatmapModel::step(int by) {
-    if (cell(m_current + by) != nullptr && m_current >= 0) {
-        point(m_current + by);
-    } else if (m_current < 0) {
+    if (m_current < 0) {
         int today = static_cast<int>(m_columns.size()) * daysPerWeek - 1;
         while (today > 0 && cell(today) == nullptr) {
             --today;
         }
         point(today);
+    } else if (cell(m_current + by) != nullptr) {
+        point(m_current + by);
     }
 }
 

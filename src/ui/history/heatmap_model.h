@@ -14,18 +14,17 @@ class HeatmapCell {
     Q_PROPERTY(QColor colour MEMBER colour)
 
 public:
-    QColor colour; ///< transparent when the day lies in the future
+    QColor colour; ///< transparent if the day is in the future
 
     bool operator==(const HeatmapCell&) const = default;
 };
 
-/// What the calendar heatmap of the usage history shows: columns of seven days, which the list of
-/// cells has one after the other.
+/// What the heatmap shows: a column of seven cells per week, one column after the other, and the
+/// cell pointed at.
 class HeatmapModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QList<QString> filters READ filters CONSTANT)
     Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
@@ -36,30 +35,30 @@ class HeatmapModel : public QObject {
     Q_PROPERTY(QString currentText READ currentText NOTIFY currentChanged)
 
 public:
-    /// All outlive it.
+    /// The references other than `calendar` must outlive it.
     HeatmapModel(const core::AppModel& model, const platform::Clock& clock,
                  const Appearance& appearance, const history::Calendar& calendar,
-                 const model::LocaleLabels& labels, QObject* parent = nullptr);
+                 const model::LocaleLabels& labels);
 
-    [[nodiscard]] QStringList filters() const;
+    /// A history::HeatmapFilter, as a picker's index.
     [[nodiscard]] int filter() const { return static_cast<int>(m_filter); }
     void setFilter(int filter);
+    /// The number of columns, 0 at first. The view sets it to as many as it has room for.
     [[nodiscard]] int weeks() const { return m_weeks; }
-    /// As many columns as there is room for; none until told.
     void setWeeks(int weeks);
     [[nodiscard]] QAbstractItemModel* cells() { return &m_cells; }
     [[nodiscard]] QStringList weekdays() const;             ///< from top to bottom
-    [[nodiscard]] QStringList months() const;               ///< one a column, most of them empty
+    [[nodiscard]] QStringList months() const;               ///< one per column, mostly empty
     [[nodiscard]] QList<QColor> legend() const;             ///< from "Less" to "More"
     [[nodiscard]] int current() const { return m_current; } ///< a cell's index; -1 for none
-    [[nodiscard]] QString currentText() const;              ///< its day and tokens
+    [[nodiscard]] QString currentText() const;              ///< that cell's day and tokens
 
-    /// Points at a cell; at none when there is no such cell or its day lies in the future.
+    /// Points at a cell, or at none if there is no such cell or its day is in the future.
     Q_INVOKABLE void point(int index);
-    /// Points at the cell `by` after the present one, from today on when there is none.
+    /// Points at the cell `by` cells on, if it can be pointed at; at today's if none is pointed at.
     Q_INVOKABLE void step(int by);
 
-    /// Shows the state of the moment; to be called when a new day begins.
+    /// Recomputes everything. Call when a new day begins.
     void update();
 
 Q_SIGNALS:
@@ -73,7 +72,7 @@ private:
     const core::AppModel& m_model;
     const platform::Clock& m_clock;
     const Appearance& m_appearance;
-    const history::Calendar& m_calendar;
+    const history::Calendar m_calendar;
     const model::LocaleLabels& m_labels;
     history::HeatmapFilter m_filter = history::HeatmapFilter::total;
     int m_weeks = 0;

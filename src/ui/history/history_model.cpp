@@ -5,7 +5,6 @@
 #include "ui/style/colour.h"
 
 #include <map>
-#include <set>
 
 namespace tallyvane::ui {
 
@@ -17,9 +16,9 @@ using std::chrono::duration;
 namespace {
 
 constexpr double dimmedOpacity = 0.28;
-constexpr double barShare = 0.62; // of a bucket's width
+constexpr double barShare = 0.62; // a bar's share of its bucket's width
 
-/// The usual length of a bucket.
+/// The nominal length of a bucket.
 model::Timestamp::duration bucketLength(HistoryGranularity granularity) {
     using std::chrono::days;
     return granularity == HistoryGranularity::daily ? days{1} : days{30};
@@ -28,19 +27,10 @@ model::Timestamp::duration bucketLength(HistoryGranularity granularity) {
 } // namespace
 
 HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& clock,
-                           const history::Calendar& calendar, const model::LocaleLabels& labels,
-                           QObject* parent)
-    : QObject(parent), m_model(model), m_clock(clock), m_calendar(calendar), m_labels(labels) {
+                           const history::Calendar& calendar, const model::LocaleLabels& labels)
+    : m_model(model), m_clock(clock), m_calendar(calendar), m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HistoryModel::update);
     update();
-}
-
-QStringList HistoryModel::metrics() const {
-    return model::rawTexts<HistoryMetric>();
-}
-
-QStringList HistoryModel::granularities() const {
-    return model::rawTexts<HistoryGranularity>();
 }
 
 void HistoryModel::setMetric(int metric) {
@@ -58,27 +48,27 @@ QString HistoryModel::subtitle() const {
     return m_metric == HistoryMetric::percent ? tr("% of quota used") : tr("Estimated tokens used");
 }
 
-/// The plot begins half a bucket before the first mark, so that a bar centred there is whole.
-double HistoryModel::position(model::Timestamp moment) const {
-    const auto start =
-        history::startOfDay(m_domain.start, m_calendar.zone) - bucketLength(m_granularity) / 2;
-    const auto end = history::startOfDay(m_domain.end, m_calendar.zone);
-    return duration<double>(moment - start) / duration<double>(end - start);
-}
-
 double HistoryModel::centre(QDate date) const {
-    return position(history::startOfDay(date, m_calendar.zone));
+    return duration<double>(history::startOfDay(date, m_calendar.zone) - m_start) /
+           duration<double>(m_end - m_start);
 }
 
 void HistoryModel::update() {
     const model::Timestamp now = m_clock.now();
-    m_domain = history::xDomain(m_granularity, m_calendar, now);
+    const auto domain = history::xDomain(m_granularity, m_calendar, now);
+    // Starts half a bucket early so that the first bar, centred on its date, is whole.
+    m_start = history::startOfDay(domain.start, m_calendar.zone) - bucketLength(m_granularity) / 2;
+    m_end = history::startOfDay(domain.end, m_calendar.zone);
     m_points = history::chartPoints(m_model.history(), m_granularity, m_calendar, now);
-    std::erase_if(m_points, [this](const ChartPoint& point) {
-        return point.date < m_domain.start || point.date >= m_domain.end;
+    std::erase_if(m_points, [&](const ChartPoint& point) {
+        return point.date < domain.start || point.date >= domain.end;
     });
-    showMarks();
-    showSegments();
+    std::vector<AxisMark> dateMarks;
+    for (const QDate date : history::axisDates(m_granularity, domain)) {
+        dateMarks.push_back({.position = centre(date), .label = m_labels.dayAndMonth(date)});
+    }
+    m_dateMarks.setRecords(std::move(dateMarks));
+    showValueMarks();
     Q_EMIT changed();
     const bool isStillThere =
         m_hoveredDate &&
@@ -86,7 +76,7 @@ void HistoryModel::update() {
     setHoveredDate(isStillThere ? m_hoveredDate : std::nullopt);
 }
 
-void HistoryModel::showMarks() {
+void HistoryModel::showValueMarks() {
     std::map<QDate, double> heights;
     double tallest = 0;
     for (const ChartPoint& point : m_points) {
@@ -96,26 +86,19 @@ void HistoryModel::showMarks() {
     }
     const auto values = history::axisValues(tallest);
     m_top = values.back();
-    std::vector<AxisMark> valueMarks;
+    std::vector<AxisMark> marks;
     for (const double value : values) {
         const QString label = m_metric == HistoryMetric::tokens
                                   ? m_labels.compactNumber(std::llround(value))
                                   : m_labels.number(value);
-        valueMarks.push_back({.position = value / m_top, .label = label});
+        marks.push_back({.position = value / m_top, .label = label});
     }
-    m_valueMarks.setRecords(std::move(valueMarks));
-
-    std::vector<AxisMark> dateMarks;
-    for (const QDate date : history::axisDates(m_granularity, m_domain)) {
-        dateMarks.push_back({.position = centre(date), .label = m_labels.dayAndMonth(date)});
-    }
-    m_dateMarks.setRecords(std::move(dateMarks));
+    m_valueMarks.setRecords(std::move(marks));
 }
 
 void HistoryModel::showSegments() {
-    const auto first = history::startOfDay(m_domain.start, m_calendar.zone);
-    const double thickness =
-        barShare * (position(first + bucketLength(m_granularity)) - position(first));
+    const double thickness = barShare * duration<double>(bucketLength(m_granularity)) /
+                             duration<double>(m_end - m_start);
     std::vector<ChartSegment> segments;
     double base = 0;
     for (std::size_t i = 0; i < m_points.size(); ++i) {
@@ -163,12 +146,9 @@ QString HistoryModel::valueText(const ChartPoint& point) const {
 }
 
 void HistoryModel::hover(double position) {
-    const auto start = history::startOfDay(m_domain.start, m_calendar.zone);
-    const auto end = history::startOfDay(m_domain.end, m_calendar.zone);
-    const double from = centre(m_domain.start);
-    const auto reach = duration<double>(end - start) * ((position - from) / (1 - from));
-    setHoveredDate(history::nearestBucket(
-        m_points, m_calendar, start + std::chrono::round<model::Timestamp::duration>(reach)));
+    const auto along = std::chrono::round<model::Timestamp::duration>(
+        position * duration<double>(m_end - m_start));
+    setHoveredDate(history::nearestBucket(m_points, m_calendar, m_start + along));
 }
 
 void HistoryModel::leave() {
@@ -176,25 +156,19 @@ void HistoryModel::leave() {
 }
 
 void HistoryModel::step(int by) {
-    std::set<QDate> dates;
-    for (const ChartPoint& point : m_points) {
-        dates.insert(point.date);
-    }
-    if (dates.empty()) {
+    if (m_points.empty()) {
         return;
     }
-    auto at = m_hoveredDate ? dates.find(*m_hoveredDate) : dates.end();
-    if (at == dates.end()) {
-        setHoveredDate(*dates.rbegin());
+    if (!m_hoveredDate) {
+        setHoveredDate(m_points.back().date);
         return;
     }
-    for (; by > 0 && std::next(at) != dates.end(); --by) {
-        ++at;
+    const auto hovered = std::ranges::equal_range(m_points, *m_hoveredDate, {}, &ChartPoint::date);
+    if (by > 0 && hovered.end() != m_points.end()) {
+        setHoveredDate(hovered.end()->date);
+    } else if (by < 0 && hovered.begin() != m_points.begin()) {
+        setHoveredDate(std::prev(hovered.begin())->date);
     }
-    for (; by < 0 && at != dates.begin(); ++by) {
-        --at;
-    }
-    setHoveredDate(*at);
 }
 
 void HistoryModel::setHoveredDate(std::optional<QDate> date) {

@@ -10,7 +10,7 @@
 
 namespace tallyvane::ui {
 
-/// One segment of a bar. Lengths are parts of the plot's width and height.
+/// One segment of a bar. Lengths are fractions of the plot's width or height.
 class ChartSegment {
     Q_GADGET
     Q_PROPERTY(double centre MEMBER centre)
@@ -23,7 +23,7 @@ class ChartSegment {
 public:
     double centre = 0;
     double thickness = 0;
-    double base = 0; ///< of its lower end above the axis
+    double base = 0; ///< the height of its lower end
     double extent = 0;
     QColor colour;
     double strength = 1; ///< opacity
@@ -37,7 +37,7 @@ class AxisMark {
     Q_PROPERTY(QString label MEMBER label)
 
 public:
-    double position = 0; ///< part of the plot's width or height, from the leading or lower end
+    double position = 0; ///< fraction of the plot's width or height, from the leading or lower end
     QString label;
 
     bool operator==(const AxisMark&) const = default;
@@ -58,14 +58,12 @@ public:
     bool operator==(const TooltipLine&) const = default;
 };
 
-/// What the bar chart of the usage history shows.
+/// What the bar chart shows: the usage history, and the bar pointed at.
 class HistoryModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QList<QString> metrics READ metrics CONSTANT)
     Q_PROPERTY(int metric READ metric WRITE setMetric NOTIFY changed)
-    Q_PROPERTY(QList<QString> granularities READ granularities CONSTANT)
     Q_PROPERTY(int granularity READ granularity WRITE setGranularity NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
@@ -79,15 +77,14 @@ class HistoryModel : public QObject {
     Q_PROPERTY(QAbstractItemModel* hoveredLines READ hoveredLines CONSTANT)
 
 public:
-    /// All outlive it.
+    /// `model`, `clock` and `labels` must outlive it.
     HistoryModel(const core::AppModel& model, const platform::Clock& clock,
-                 const history::Calendar& calendar, const model::LocaleLabels& labels,
-                 QObject* parent = nullptr);
+                 const history::Calendar& calendar, const model::LocaleLabels& labels);
 
-    [[nodiscard]] QStringList metrics() const;
+    /// A history::HistoryMetric, as a picker's index.
     [[nodiscard]] int metric() const { return static_cast<int>(m_metric); }
     void setMetric(int metric);
-    [[nodiscard]] QStringList granularities() const;
+    /// A history::HistoryGranularity, as a picker's index.
     [[nodiscard]] int granularity() const { return static_cast<int>(m_granularity); }
     void setGranularity(int granularity);
     [[nodiscard]] QString subtitle() const;
@@ -97,18 +94,19 @@ public:
     [[nodiscard]] QAbstractItemModel* valueMarks() { return &m_valueMarks; }
 
     [[nodiscard]] bool isHovered() const { return m_hoveredDate.has_value(); }
-    [[nodiscard]] double hoveredCentre() const; ///< as ChartSegment::centre
-    [[nodiscard]] QString hoveredTitle() const; ///< the day or the month
-    [[nodiscard]] QString hoveredText() const;  ///< all of the tooltip as one sentence
+    [[nodiscard]] double hoveredCentre() const; ///< like ChartSegment::centre
+    [[nodiscard]] QString hoveredTitle() const; ///< the day or month
+    [[nodiscard]] QString hoveredText() const;  ///< the whole tooltip in one line
     [[nodiscard]] QAbstractItemModel* hoveredLines() { return &m_hoveredLines; }
 
-    /// Points at the bucket nearest to `position`, a part of the plot's width.
+    /// Points at the bucket nearest to `position`, a fraction of the plot's width.
     Q_INVOKABLE void hover(double position);
     Q_INVOKABLE void leave();
-    /// Points at the bucket `by` after the present one, from the latest one on when there is none.
+    /// Points at the next bucket if `by` is positive, else at the previous one; at the latest one
+    /// if none is pointed at.
     Q_INVOKABLE void step(int by);
 
-    /// Shows the state of the moment; to be called when a new day begins.
+    /// Recomputes everything. Call when a new day begins.
     void update();
 
 Q_SIGNALS:
@@ -116,23 +114,23 @@ Q_SIGNALS:
     void hoverChanged();
 
 private:
-    [[nodiscard]] double position(model::Timestamp moment) const;
     [[nodiscard]] double centre(QDate date) const;
     [[nodiscard]] QString valueText(const history::ChartPoint& point) const;
     void setHoveredDate(std::optional<QDate> date);
     void showSegments();
-    void showMarks();
+    void showValueMarks();
 
     const core::AppModel& m_model;
     const platform::Clock& m_clock;
-    const history::Calendar& m_calendar;
+    const history::Calendar m_calendar;
     const model::LocaleLabels& m_labels;
     history::HistoryMetric m_metric = history::HistoryMetric::percent;
     history::HistoryGranularity m_granularity = history::HistoryGranularity::daily;
     std::optional<QDate> m_hoveredDate;
-    std::vector<history::ChartPoint> m_points; ///< those on the axis
-    history::DateDomain m_domain;
-    double m_top = 1; ///< the value at the plot's upper end
+    std::vector<history::ChartPoint> m_points; ///< those on the axis, by date
+    model::Timestamp m_start;                  ///< the plot's leading end
+    model::Timestamp m_end;                    ///< the plot's trailing end
+    double m_top = 1;                          ///< the value at the plot's upper end
     RecordList<ChartSegment> m_segments;
     RecordList<AxisMark> m_dateMarks;
     RecordList<AxisMark> m_valueMarks;

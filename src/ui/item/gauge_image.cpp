@@ -14,9 +14,9 @@ namespace tallyvane::ui {
 
 namespace {
 
-constexpr double grid = 22; // the side of the square that all coordinates below refer to
+constexpr double grid = 22; // the side of the square that the gauges are drawn on
 
-/// The point at `turn` full turns clockwise from the top; y points down.
+/// The point of a circle at `turn` full turns clockwise from the top.
 QPointF onCircle(QPointF centre, double radius, double turn) {
     const double angle = (turn * 360 - 90) * std::numbers::pi / 180;
     return centre + radius * QPointF(std::cos(angle), std::sin(angle));
@@ -63,13 +63,13 @@ QPainterPath sector(QPointF centre, double value) {
     return path;
 }
 
-/// A digit's strokes: top, top right, bottom right, bottom, bottom left, top left, middle.
+/// Which strokes each digit has: top, top right, bottom right, bottom, bottom left, top left,
+/// middle.
 constexpr std::array<const char*, 10> digitStrokes{"1111110", "0110000", "1101101", "1111001",
                                                    "0110011", "1011011", "1011111", "1110000",
                                                    "1111111", "1111011"};
 
-/// Digits of straight strokes that keep to whole pixels, and so are sharp at the smallest size
-/// and need no font.
+/// A digit of straight strokes on whole pixels: sharp at the smallest size, and needs no font.
 QPainterPath digit(int number, const QRectF& box, double stroke) {
     const double half = stroke / 2;
     const QRectF line = box.adjusted(half, half, -half, -half);

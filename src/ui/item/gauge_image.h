@@ -9,10 +9,10 @@
 
 #include <vector>
 
-/// The status item's pictures, all in one ink on a transparent ground.
+/// The status item's pictures: one ink on a transparent ground.
 namespace tallyvane::ui {
 
-/// Areas to fill with the non-zero rule, on a square whose sides are `side` long; y points down.
+/// Areas to fill by the non-zero rule on a square of side `side`; y points down.
 struct Drawing {
     struct Area {
         QPainterPath path;
@@ -23,22 +23,23 @@ struct Drawing {
     std::vector<Area> areas;
 };
 
-/// Two gauges either side of a slanted stroke, Codex top left and Claude bottom right. A gauge
-/// fills clockwise from the top as quota is left.
+/// Two gauges, Codex top left and Claude bottom right, on either side of a diagonal stroke. The
+/// sector that is filled, clockwise from the top, is the quota left.
 [[nodiscard]] Drawing gaugeDrawing(const GaugeValues& values);
 
-/// For panels that show no text beside a picture: `figure` in large digits above two bars, Codex's
-/// above Claude's. `figure` is 0 to 100. Sharpest when painted `size` pixels large, 16 or more.
+/// `figure`, 0 to 100, in large digits above Codex's bar and Claude's, for panels that show no
+/// text beside an icon. Laid out on the pixel grid of a picture `size` pixels large, at least 16.
 [[nodiscard]] Drawing figureDrawing(int figure, const GaugeValues& values, int size);
 
-/// `size` pixels wide and high.
+/// Paints the drawing `size` pixels wide and high.
 [[nodiscard]] QImage paint(const Drawing& drawing, int size, const QColor& ink);
 
-/// A symbolic SVG icon: fills alone, in a colour that GTK panels and Plasma replace by their own.
+/// Writes the drawing as a symbolic SVG icon: fills only, in a colour that GTK panels and Plasma
+/// replace by their own.
 [[nodiscard]] QByteArray symbolicSvg(const Drawing& drawing);
 
-/// The pixels row by row as the StatusNotifierItem protocol wants them: ARGB, one byte each in this
-/// order, not premultiplied.
+/// The pixels row by row in the form of the StatusNotifierItem protocol: ARGB, one byte each in
+/// that order, not premultiplied.
 [[nodiscard]] QByteArray networkPixels(const QImage& image);
 
 } // namespace tallyvane::ui

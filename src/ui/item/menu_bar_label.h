@@ -4,10 +4,10 @@
 
 #include <QtCore/QStringList>
 
-/// What the status item says, made from a snapshot; pure functions.
+/// What the status item shows of a snapshot; pure functions.
 namespace tallyvane::ui {
 
-/// How full the two gauges are: percent left, 0 to 100; nothing where no window is known.
+/// The figures of the two gauges: percent left, 0 to 100, or nothing where no window is known.
 struct GaugeValues {
     std::optional<double> codex;
     std::optional<double> claude;
@@ -15,11 +15,11 @@ struct GaugeValues {
     bool operator==(const GaugeValues&) const = default;
 };
 
-/// The five-hour windows, or the weekly ones where those are absent.
+/// The percentages of the five-hour windows, or of the weekly ones where those are absent.
 [[nodiscard]] GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot);
 
-/// A title that says the most by itself, since some panels show nothing else, then the menu's
-/// lines; plain text.
+/// Plain text: a title with the smallest figure, as some panels show nothing else, then a line per
+/// provider.
 [[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot);
 
 } // namespace tallyvane::ui

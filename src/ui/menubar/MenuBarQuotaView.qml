@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Tallyvane.MenuBar
 import Tallyvane.Style
 
-/// The panel: a row per provider and the three commands.
+/// The status item's panel: a row per provider and three commands.
 FocusScope {
     id: root
 
@@ -16,7 +16,7 @@ FocusScope {
         next?.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 
-    // The width is the same whatever the figures; only larger text widens it.
+    // Independent of the figures; only larger text makes the panel wider.
     implicitWidth: Math.max(310, footer.implicitWidth + 2 * Theme.padding)
     implicitHeight: content.implicitHeight + 2 * Theme.padding
     focus: true
@@ -64,12 +64,9 @@ FocusScope {
             model: root.viewModel.rows
 
             ProviderQuotaRow {
-                required property ProviderRow modelData
-
-                objectName: modelData.name
-                row: modelData
+                objectName: name
                 Layout.fillWidth: true
-                // The text stands in line with the rest; only the highlight goes beyond.
+                // The text is aligned with the rest; only the highlight extends beyond it.
                 Layout.leftMargin: -leftPadding
                 Layout.rightMargin: -rightPadding
                 Layout.topMargin: -topPadding
@@ -97,7 +94,7 @@ FocusScope {
                 objectName: "refresh"
                 symbol: "arrow.clockwise"
                 enabled: !root.viewModel.isRefreshing
-                //: What a screen reader says for the button that fetches the figures anew
+                //: Read aloud for the button that fetches new figures
                 Accessible.name: qsTr("Refresh")
                 onClicked: root.viewModel.refreshRequested()
             }

@@ -5,17 +5,19 @@ import QtQuick.Layouts
 import Tallyvane.MenuBar
 import Tallyvane.Style
 
-/// One provider's figures, and the way to its own page about them.
+/// One provider's figures. A click opens the provider's usage page.
 LinkRow {
     id: root
 
-    required property ProviderRow row
+    required property string name
+    required property url usagePage
+    required property string summary
 
     horizontalPadding: Theme.spacing
     verticalPadding: Theme.smallSpacing
-    destination: row.usagePage
-    text: row.name
-    Accessible.description: row.summary
+    destination: usagePage
+    text: name
+    Accessible.description: summary
 
     contentItem: RowLayout {
         spacing: Theme.spacing
@@ -26,17 +28,14 @@ LinkRow {
 
             TextLabel {
                 Layout.fillWidth: true
-                text: root.row.name
+                text: root.name
                 font: Theme.bodySemibold
                 Accessible.ignored: true
             }
-            TextLabel {
+            Caption {
                 objectName: "summary"
                 Layout.fillWidth: true
-                text: root.row.summary
-                font: Theme.caption
-                color: Theme.secondaryText
-                wrapMode: Text.Wrap
+                text: root.summary
                 Accessible.ignored: true
             }
         }

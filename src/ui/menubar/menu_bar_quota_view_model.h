@@ -1,57 +1,43 @@
 #pragma once
 
-#include "model/quota_snapshot.h"
+#include "core/app_model.h"
+#include "ui/style/record_list.h"
 
-#include <QtCore/QList>
-#include <QtCore/QObject>
 #include <QtCore/QUrl>
-#include <QtQml/QQmlListProperty>
 #include <QtQml/qqmlregistration.h>
-
-namespace tallyvane::core {
-class AppModel;
-}
 
 namespace tallyvane::ui {
 
-/// One provider's line in the panel.
-class ProviderRow : public QObject {
-    Q_OBJECT
-    QML_ELEMENT
-    QML_UNCREATABLE("the panel's view model has them")
-    Q_PROPERTY(QString name READ name CONSTANT)
-    Q_PROPERTY(QUrl usagePage READ usagePage CONSTANT)
-    Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
+/// One provider's row in the panel.
+class ProviderRow {
+    Q_GADGET
+    Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QUrl usagePage MEMBER usagePage)
+    Q_PROPERTY(QString summary MEMBER summary)
 
 public:
-    ProviderRow(const core::AppModel& model, model::AIProvider provider, QObject* parent);
+    QString name;
+    QUrl usagePage;
+    QString summary;
 
-    [[nodiscard]] QString name() const;
-    [[nodiscard]] QUrl usagePage() const;
-    [[nodiscard]] QString summary() const;
-
-Q_SIGNALS:
-    void summaryChanged();
-
-private:
-    const core::AppModel& m_model;
-    model::AIProvider m_provider;
+    bool operator==(const ProviderRow&) const = default;
 };
 
-/// What the panel shows and what it asks for. Follows the model, which outlives it. Main thread.
+/// What MenuBarQuotaView shows, and the commands it sends. Main thread.
 class MenuBarQuotaViewModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("the program has one")
-    Q_PROPERTY(QQmlListProperty<tallyvane::ui::ProviderRow> rows READ rows CONSTANT)
+    QML_UNCREATABLE("Made with the program's windows")
+    Q_PROPERTY(QAbstractItemModel* rows READ rows CONSTANT)
     Q_PROPERTY(bool isRefreshing READ isRefreshing NOTIFY isRefreshingChanged)
 
 public:
+    /// Follows `model`, which must outlive it.
     explicit MenuBarQuotaViewModel(const core::AppModel& model);
 
     /// Codex, then Claude.
-    [[nodiscard]] QQmlListProperty<ProviderRow> rows() { return {this, &m_rows}; }
-    [[nodiscard]] bool isRefreshing() const;
+    [[nodiscard]] QAbstractItemModel* rows() { return &m_rows; }
+    [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
 
 Q_SIGNALS:
     void isRefreshingChanged();
@@ -61,8 +47,10 @@ Q_SIGNALS:
     void quitRequested();
 
 private:
+    void updateRows();
+
     const core::AppModel& m_model;
-    QList<ProviderRow*> m_rows; ///< children of this
+    RecordList<ProviderRow> m_rows;
 };
 
 } // namespace tallyvane::ui

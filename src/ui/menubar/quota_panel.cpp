@@ -19,7 +19,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-bool tellsThePointer() {
+/// Whether a program can read the pointer's position and grab presses outside its windows.
+bool hasGlobalPointer() {
     return QGuiApplication::platformName() == QLatin1StringView("xcb");
 }
 
@@ -36,7 +37,7 @@ QPoint panelPosition(QSize size, QPoint point, QRect available) {
     const bool isBelow = point.y() < available.center().y();
     const QPoint wished(point.x() - size.width() / 2,
                         isBelow ? point.y() + gap : point.y() - gap - size.height());
-    // A panel too large for the screen shows its start.
+    // If the panel is larger than the screen, its top left corner is visible.
     return {std::max(std::min(wished.x(), room.right() + 1 - size.width()), room.left()),
             std::max(std::min(wished.y(), room.bottom() + 1 - size.height()), room.top())};
 }
@@ -44,7 +45,7 @@ QPoint panelPosition(QSize size, QPoint point, QRect available) {
 class QuotaPanel::Window : public QQuickView {
 public:
     Window(QuotaPanel& panel, QQmlEngine& engine) : QQuickView(&engine, nullptr), m_panel(panel) {
-        // Not Qt::Popup, which gets no keys.
+        // Qt::Popup would get no keys.
         setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
         setTitle(QGuiApplication::applicationDisplayName());
         setInitialProperties(
@@ -56,8 +57,8 @@ public:
 protected:
     void exposeEvent(QExposeEvent* event) override {
         QQuickView::exposeEvent(event);
-        // Only a window on show can have the presses elsewhere.
-        if (isExposed() && tellsThePointer()) {
+        // Only an exposed window can grab presses elsewhere.
+        if (isExposed() && hasGlobalPointer()) {
             setMouseGrabEnabled(true);
         }
     }
@@ -106,7 +107,7 @@ void QuotaPanel::open(QPoint itemPosition) {
     if (!isOpen()) {
         m_window = std::make_unique<Window>(*this, m_engine());
     }
-    const QPoint point = tellsThePointer() ? QCursor::pos() : itemPosition;
+    const QPoint point = hasGlobalPointer() ? QCursor::pos() : itemPosition;
     m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
     m_window->show();
     m_window->requestActivate();

@@ -15,29 +15,29 @@ namespace tallyvane::ui {
 
 class MenuBarQuotaViewModel;
 
-/// Where a panel of `size` goes: at `point`, on the side of it that has the room, and wholly within
-/// `available`. All in device-independent pixels of one desktop.
+/// Where a panel of `size` belongs: next to `point`, above or below it, and within `available`. All
+/// in device-independent pixels.
 [[nodiscard]] QPoint panelPosition(QSize size, QPoint point, QRect available);
 
-/// The panel's window, which exists while it is open. Escape, the loss of the focus and, under X11,
-/// a press elsewhere close it. Main thread.
+/// The window that shows MenuBarQuotaView, the status item's panel. It takes memory only while it
+/// is open. Escape, loss of focus and, under X11, a press elsewhere close it. Main thread.
 class QuotaPanel : public QObject {
     Q_OBJECT
 
 public:
-    /// `engine` is asked when the panel first opens. Both outlive the panel.
+    /// `engine` is first called when the panel opens. The engine and `viewModel` must outlive this.
     QuotaPanel(std::function<QQmlEngine&()> engine, MenuBarQuotaViewModel& viewModel);
     ~QuotaPanel() override;
 
-    /// For a press on the status item: opens the panel, or closes it. The press that has just
-    /// closed the panel as one elsewhere does not open it again.
+    /// Opens or closes the panel after a press on the status item. The press that has just closed
+    /// the panel, as a press elsewhere, does not reopen it.
     void toggle(QPoint itemPosition);
-    /// Opens it at the pointer where the desktop tells its place, else at `itemPosition` if the
-    /// desktop lets a window choose its place.
+    /// Opens the panel at the pointer under X11, elsewhere at `itemPosition` if the desktop lets
+    /// windows choose their position.
     void open(QPoint itemPosition);
     void close();
     [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
-    /// The open panel's; else null.
+    /// Null while the panel is closed.
     [[nodiscard]] QWindow* window() const;
 
 private:
@@ -46,8 +46,8 @@ private:
     std::function<QQmlEngine&()> m_engine;
     MenuBarQuotaViewModel& m_viewModel;
     std::unique_ptr<Window> m_window;
-    std::unique_ptr<Window> m_closed; ///< until the event that closed it is over
-    QDeadlineTimer m_samePress;       ///< until then a press is the one that closed the panel
+    std::unique_ptr<Window> m_closed; ///< until the event that closed it has been handled
+    QDeadlineTimer m_samePress; ///< until it expires, a press is the one that closed the panel
 };
 
 } // namespace tallyvane::ui

@@ -5,7 +5,7 @@ import QtQuick.Layouts
 import Tallyvane.Settings
 import Tallyvane.Style
 
-/// Asks, once, whether the program shall start at login. Covers the window.
+/// Asks whether the program may start at login. Covers the window.
 FocusScope {
     id: root
 
@@ -23,7 +23,7 @@ FocusScope {
     Component.onCompleted: proceed.forceActiveFocus()
 
     Shortcut {
-        // The switch would take the key for itself.
+        // Otherwise the switch would take the key.
         sequences: ["Return", "Enter"]
         enabled: wanted.activeFocus
         onActivated: root.accept()

@@ -11,13 +11,6 @@ ColumnLayout {
 
     required property SettingsModel viewModel
 
-    component Caption: TextLabel {
-        Layout.fillWidth: true
-        font: Theme.caption
-        color: Theme.secondaryText
-        wrapMode: Text.Wrap
-    }
-
     spacing: Theme.pageMargin
     Component.onCompleted: viewModel.show()
 
@@ -29,10 +22,8 @@ ColumnLayout {
     SettingsSection {
         title: qsTr("Appearance")
 
-        GridLayout {
-            columns: schemeLabel.implicitWidth + scheme.implicitWidth + columnSpacing > width ? 1 : 2
+        AdaptiveRow {
             columnSpacing: Theme.spacing
-            rowSpacing: Theme.spacing
 
             TextLabel {
                 id: schemeLabel
@@ -41,11 +32,9 @@ ColumnLayout {
                 text: qsTr("Color scheme")
             }
             SegmentedPicker {
-                id: scheme
-
                 objectName: "appearance"
                 title: schemeLabel.text
-                choices: root.viewModel.appearances
+                choices: [qsTr("System"), qsTr("Light"), qsTr("Dark")]
                 currentIndex: root.viewModel.appearance
                 onActivated: index => root.viewModel.appearance = index
             }
@@ -62,6 +51,7 @@ ColumnLayout {
             onToggled: root.viewModel.setLaunchesAtLogin(checked)
         }
         Caption {
+            Layout.fillWidth: true
             text: qsTr("The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.")
         }
     }
@@ -76,17 +66,14 @@ ColumnLayout {
             onToggled: root.viewModel.notifies = checked
         }
         Caption {
+            Layout.fillWidth: true
             text: qsTr("Sends a desktop alert when Codex or Claude's quota resets during an enabled window. Requires the menu bar app to be running.")
         }
-        GridLayout {
+        AdaptiveRow {
             visible: !root.viewModel.isAuthorized
-            columns: warning.implicitWidth + openSettings.implicitWidth + columnSpacing > width ? 1 : 2
             columnSpacing: Theme.spacing
-            rowSpacing: Theme.spacing
 
             RowLayout {
-                id: warning
-
                 spacing: Theme.spacing
 
                 SymbolImage {
@@ -102,8 +89,6 @@ ColumnLayout {
                 }
             }
             PushButton {
-                id: openSettings
-
                 objectName: "openSettings"
                 Layout.alignment: Qt.AlignRight
                 visible: root.viewModel.hasNotificationSettings
@@ -148,6 +133,7 @@ ColumnLayout {
             }
         }
         Caption {
+            Layout.fillWidth: true
             text: qsTr("No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.")
         }
         PushButton {

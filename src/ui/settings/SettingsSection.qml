@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Style
 
-/// A heading and, below it, the card with what belongs to it.
+/// A heading with a card below it.
 ColumnLayout {
     id: root
 

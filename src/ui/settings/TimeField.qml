@@ -5,14 +5,14 @@ import QtQuick.Templates as T
 import Tallyvane.Settings
 import Tallyvane.Style
 
-/// A time of day to be typed, or moved by the arrow keys and the wheel.
+/// A time of day that can be typed or changed by the arrow keys and the wheel.
 T.TextField {
     id: root
 
     required property SettingsModel viewModel
-    /// After midnight.
+    /// Minutes after midnight.
     required property int minutes
-    /// What the time is for, for screen readers.
+    /// The field's name for screen readers.
     required property string title
 
     /// The user chose another time.

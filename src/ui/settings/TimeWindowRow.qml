@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tallyvane.Settings
 import Tallyvane.Style
 
-/// One range of the day in which notifications may appear.
+/// One time window in which notifications may appear.
 RowLayout {
     id: root
 
@@ -29,7 +29,7 @@ RowLayout {
         visible: !root.allDay
         viewModel: root.viewModel
         minutes: root.startMinutes
-        //: What a screen reader calls the field
+        //: Read aloud for the field
         title: qsTr("Start time")
         onPicked: minutes => root.viewModel.changeWindow(root.windowId, root.allDay, minutes, root.endMinutes)
     }
@@ -44,7 +44,7 @@ RowLayout {
         visible: !root.allDay
         viewModel: root.viewModel
         minutes: root.endMinutes
-        //: What a screen reader calls the field
+        //: Read aloud for the field
         title: qsTr("End time")
         onPicked: minutes => root.viewModel.changeWindow(root.windowId, root.allDay, root.startMinutes, minutes)
     }
@@ -52,7 +52,7 @@ RowLayout {
         objectName: "remove"
         symbol: "trash"
         ink: Theme.destructive
-        //: What a screen reader calls the button
+        //: Read aloud for the button
         text: qsTr("Remove time window")
         onClicked: root.viewModel.removeWindow(root.windowId)
     }

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "core/launch_at_login.h"
 #include "platform/login_item.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QProperty>
 #include <QtQml/qqmlregistration.h>
 
 namespace tallyvane::ui {
 
-/// The question, asked once, whether the program shall start at login.
+/// The question whether the program may start at login.
 class LaunchPromptModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -16,29 +18,33 @@ class LaunchPromptModel : public QObject {
     Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:
-    /// `loginItem` outlives it.
-    explicit LaunchPromptModel(platform::LoginItem& loginItem, QObject* parent = nullptr);
+    /// `loginItem` must outlive it.
+    explicit LaunchPromptModel(platform::LoginItem& loginItem) : m_loginItem(loginItem) {}
 
     [[nodiscard]] bool isShown() const { return m_isShown; }
-    /// Why the last attempt failed; empty when none did.
+    /// Why the last attempt failed; empty if it did not.
     [[nodiscard]] QString error() const { return m_error; }
 
-    void ask();
-    /// Ends the question without a change.
-    Q_INVOKABLE void decline();
-    /// Applies the answer, and ends the question when that succeeds.
-    Q_INVOKABLE void accept(bool wanted);
+    void ask() { m_isShown = true; }
+    /// Closes the question and changes nothing.
+    Q_INVOKABLE void decline() { m_isShown = false; }
+    /// Applies the answer and, if that succeeds, closes the question.
+    Q_INVOKABLE void accept(bool wanted) {
+        const auto done = core::setLaunchAtLogin(m_loginItem, wanted);
+        m_error = done ? QString() : done.error();
+        m_isShown = !done;
+    }
 
 Q_SIGNALS:
     void isShownChanged();
     void errorChanged();
 
 private:
-    void setShown(bool isShown);
-
     platform::LoginItem& m_loginItem;
-    bool m_isShown = false;
-    QString m_error;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(LaunchPromptModel, bool, m_isShown, false,
+                                         &LaunchPromptModel::isShownChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(LaunchPromptModel, QString, m_error,
+                               &LaunchPromptModel::errorChanged)
 };
 
 } // namespace tallyvane::ui

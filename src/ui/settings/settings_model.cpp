@@ -15,7 +15,7 @@ namespace {
 constexpr int minutesPerDay = 24 * 60;
 constexpr int minutesPerStep = 15;
 
-/// The minute of the day that a stored value means; the store holds whatever it was given.
+/// Wraps `minutes` to 0 to 1439: the file of settings may hold any number.
 int minuteOfDay(std::int64_t minutes) {
     return static_cast<int>((minutes % minutesPerDay + minutesPerDay) % minutesPerDay);
 }
@@ -25,9 +25,8 @@ int minuteOfDay(std::int64_t minutes) {
 SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginItem,
                              platform::NotificationCentre& notificationCentre,
                              const model::LocaleLabels& labels,
-                             std::function<void()> openNotificationSettings, QObject* parent)
-    : QObject(parent),
-      m_model(model),
+                             std::function<void()> openNotificationSettings)
+    : m_model(model),
       m_loginItem(loginItem),
       m_notificationCentre(notificationCentre),
       m_labels(labels),
@@ -40,14 +39,6 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
     showWindows();
 }
 
-QStringList SettingsModel::appearances() const {
-    QStringList labels = model::rawTexts<model::AppAppearance>();
-    for (QString& label : labels) {
-        label[0] = label[0].toUpper();
-    }
-    return labels;
-}
-
 void SettingsModel::setAppearance(int appearance) {
     m_model.setAppearance(static_cast<model::AppAppearance>(appearance));
 }
@@ -57,16 +48,16 @@ bool SettingsModel::launchesAtLogin() const {
 }
 
 void SettingsModel::show() {
-    setStatusMessage({});
+    m_statusMessage = QString();
     Q_EMIT launchesAtLoginChanged();
     readAuthorization();
 }
 
 void SettingsModel::setLaunchesAtLogin(bool wanted) {
     if (const auto done = core::setLaunchAtLogin(m_loginItem, wanted); !done) {
-        setStatusMessage(done.error());
+        m_statusMessage = done.error();
     }
-    Q_EMIT launchesAtLoginChanged(); // also when it stays, so that the switch springs back
+    Q_EMIT launchesAtLoginChanged(); // after a failure too, so that the switch springs back
 }
 
 void SettingsModel::setNotifies(bool notifies) {
@@ -79,11 +70,8 @@ void SettingsModel::setNotifies(bool notifies) {
 }
 
 void SettingsModel::readAuthorization() {
-    QCoro::connect(m_notificationCentre.isAuthorized(), this, [this](bool isAuthorized) {
-        if (std::exchange(m_isAuthorized, isAuthorized) != isAuthorized) {
-            Q_EMIT isAuthorizedChanged();
-        }
-    });
+    QCoro::connect(m_notificationCentre.isAuthorized(), this,
+                   [this](bool isAuthorized) { m_isAuthorized = isAuthorized; });
 }
 
 void SettingsModel::openNotificationSettings() {
@@ -119,7 +107,7 @@ void SettingsModel::removeWindow(const QString& windowId) {
 
 void SettingsModel::clearHistory() {
     m_model.clearHistory();
-    setStatusMessage(tr("Usage history cleared."));
+    m_statusMessage = tr("Usage history cleared.");
 }
 
 QString SettingsModel::timeText(int minutes) const {
@@ -143,12 +131,6 @@ void SettingsModel::showWindows() {
                         .endMinutes = minuteOfDay(window.endMinutes)});
     }
     m_windows.setRecords(std::move(rows));
-}
-
-void SettingsModel::setStatusMessage(const QString& message) {
-    if (std::exchange(m_statusMessage, message) != message) {
-        Q_EMIT statusMessageChanged();
-    }
 }
 
 } // namespace tallyvane::ui

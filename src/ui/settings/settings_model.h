@@ -12,7 +12,7 @@
 
 namespace tallyvane::ui {
 
-/// A row of the list of times at which notifications may appear.
+/// One row of the list of times when notifications may appear.
 class TimeWindow {
     Q_GADGET
     Q_PROPERTY(QString windowId MEMBER windowId)
@@ -23,18 +23,17 @@ class TimeWindow {
 public:
     QString windowId;
     bool allDay = false;
-    int startMinutes = 0; ///< after midnight, 0 to 1439
-    int endMinutes = 0;
+    int startMinutes = 0; ///< minutes after midnight, 0 to 1439
+    int endMinutes = 0;   ///< likewise
 
     bool operator==(const TimeWindow&) const = default;
 };
 
-/// What the settings page shows, and what its controls do.
+/// What the settings page shows and what its controls do.
 class SettingsModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(QList<QString> appearances READ appearances CONSTANT)
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
     Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY launchesAtLoginChanged)
     Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
@@ -44,28 +43,28 @@ class SettingsModel : public QObject {
     Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY statusMessageChanged)
 
 public:
-    /// All outlive it. `openNotificationSettings` opens the desktop's own settings of
-    /// notifications; it is empty where there are none.
+    /// The references must outlive it. `openNotificationSettings` opens the desktop's notification
+    /// settings; it is empty on a desktop without any.
     SettingsModel(core::AppModel& model, platform::LoginItem& loginItem,
                   platform::NotificationCentre& notificationCentre,
-                  const model::LocaleLabels& labels, std::function<void()> openNotificationSettings,
-                  QObject* parent = nullptr);
+                  const model::LocaleLabels& labels,
+                  std::function<void()> openNotificationSettings);
 
-    [[nodiscard]] QStringList appearances() const; ///< as the cases of model::AppAppearance
+    /// A model::AppAppearance, as a picker's index.
     [[nodiscard]] int appearance() const { return static_cast<int>(m_model.appearance()); }
     void setAppearance(int appearance);
 
-    [[nodiscard]] bool launchesAtLogin() const; ///< as the desktop has it
+    [[nodiscard]] bool launchesAtLogin() const; ///< according to the desktop
     [[nodiscard]] bool notifies() const { return m_model.notificationSettings().enabled; }
     void setNotifies(bool notifies);
-    /// Whether notifications reach the user; true until that is known.
+    /// Whether the desktop shows this program's notifications; true until that is known.
     [[nodiscard]] bool isAuthorized() const { return m_isAuthorized; }
     [[nodiscard]] bool hasNotificationSettings() const { return !!m_openNotificationSettings; }
     [[nodiscard]] QAbstractItemModel* windows() { return &m_windows; }
     [[nodiscard]] QString statusMessage() const { return m_statusMessage; }
 
-    /// To be called when the page is shown: reads anew what other programs may have changed, and
-    /// forgets the status message.
+    /// Call when the page is shown: rereads what other programs may have changed and clears the
+    /// status message.
     Q_INVOKABLE void show();
     Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
     Q_INVOKABLE void openNotificationSettings();
@@ -75,11 +74,11 @@ public:
     Q_INVOKABLE void removeWindow(const QString& windowId);
     Q_INVOKABLE void clearHistory();
 
-    /// A time of day in the locale's manner.
+    /// A time of day in the locale's format.
     Q_INVOKABLE QString timeText(int minutes) const;
-    /// The minutes after midnight that a text means; `otherwise` when it is no time of day.
+    /// Parses a time of day into minutes after midnight; `otherwise` if `text` is none.
     Q_INVOKABLE int minutesOf(const QString& text, int otherwise) const;
-    /// `minutes` a few minutes later, or earlier when `steps` is negative, around midnight too.
+    /// `minutes` plus `steps` quarters of an hour, which may be negative; wraps at midnight.
     Q_INVOKABLE int stepped(int minutes, int steps) const;
 
 Q_SIGNALS:
@@ -92,15 +91,16 @@ Q_SIGNALS:
 private:
     void readAuthorization();
     void showWindows();
-    void setStatusMessage(const QString& message);
 
     core::AppModel& m_model;
     platform::LoginItem& m_loginItem;
     platform::NotificationCentre& m_notificationCentre;
     const model::LocaleLabels& m_labels;
     std::function<void()> m_openNotificationSettings;
-    bool m_isAuthorized = true;
-    QString m_statusMessage;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(SettingsModel, bool, m_isAuthorized, true,
+                                         &SettingsModel::isAuthorizedChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingsModel, QString, m_statusMessage,
+                               &SettingsModel::statusMessageChanged)
     RecordList<TimeWindow> m_windows;
 };
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
-/// What can be pressed: by the pointer, by the keys and by assistive programs.
+/// The base of buttons: responds to the pointer, the keyboard and assistive technology.
 T.AbstractButton {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding

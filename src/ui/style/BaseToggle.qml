@@ -4,9 +4,9 @@ import QtQuick
 import QtQuick.Templates as T
 import Tallyvane.Style
 
-/// A label and the sign of one of two states, its `indicator`, at either end. `toggled` tells what
-/// the user did, by whatever means. In Qt 6.4 the constructors of T.Switch and T.CheckBox leak while
-/// assistive programs listen.
+/// A label and, before or after it, an `indicator` of an on/off state. Emits `toggled` for changes
+/// by the user only. Not a T.Switch or T.CheckBox: in Qt 6.4 their constructors leak while
+/// assistive technology is active.
 T.AbstractButton {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tallyvane.Style
 
-/// The ground of things that belong together, raised by a faint shadow.
+/// The background of things that belong together, with a faint shadow.
 Rectangle {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tallyvane.Style
 
-/// Drawn around the item that the keyboard is on; the parent's corners are `cornerRadius`.
+/// Surrounds its parent, whose corner radius is `cornerRadius`, to show keyboard focus.
 Rectangle {
     id: root
 

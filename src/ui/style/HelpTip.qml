@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tallyvane.Style
 
-/// What a control does, shown when the pointer rests on it.
+/// A tooltip that says what a control does.
 T.ToolTip {
     id: root
 

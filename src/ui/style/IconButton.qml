@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tallyvane.Style
 
-/// A symbol that can be pressed, without a border; `text` is what it is called aloud.
+/// A borderless button with a symbol; screen readers read its `text`.
 BaseButton {
     id: root
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tallyvane.Style
 
-/// Content that opens `destination` in the desktop's browser; it looks like a plain row until the
-/// pointer or the keyboard is on it.
+/// Content that opens `destination` in the desktop's browser. It looks like a plain row until it
+/// has the pointer or the focus.
 BaseButton {
     id: root
 

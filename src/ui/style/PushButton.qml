@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tallyvane.Style
 
-/// A button with a text, a symbol before it, or both.
+/// A button with a symbol, a text, or both.
 BaseButton {
     id: root
 

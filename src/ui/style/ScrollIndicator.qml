@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tallyvane.Style
 
-/// A slender scroll bar over the content's edge.
+/// A thin scroll bar over the edge of the content.
 T.ScrollBar {
     id: root
 

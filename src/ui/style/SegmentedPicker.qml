@@ -4,13 +4,13 @@ import QtQuick
 import QtQuick.Templates as T
 import Tallyvane.Style
 
-/// One of a few choices, side by side. Tab reaches the chosen one, the arrow keys choose.
+/// A few choices side by side, of which one is chosen by the pointer or the arrow keys.
 T.Control {
     id: root
 
     required property list<string> choices
     property int currentIndex: 0
-    /// What the choice is about, for screen readers.
+    /// The picker's name for screen readers.
     property string title
 
     /// The user chose.
@@ -43,13 +43,7 @@ T.Control {
         x: root.leftPadding
         y: root.topPadding
 
-        readonly property double segmentWidth: {
-            let widest = 0;
-            for (let i = 0; i < children.length; ++i) {
-                widest = Math.max(widest, children[i].implicitWidth);
-            }
-            return widest;
-        }
+        readonly property double segmentWidth: Math.max(...Array.from(children, child => child.implicitWidth))
 
         Repeater {
             model: root.choices

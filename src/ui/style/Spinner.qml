@@ -1,7 +1,7 @@
 import QtQuick
 import Tallyvane.Style
 
-/// Turns in steps, ten a second, and only while someone can see it.
+/// A busy indicator. It turns in ten steps a second, and only while it is visible.
 Item {
     id: root
 
@@ -11,7 +11,7 @@ Item {
     implicitWidth: size
     implicitHeight: size
     Accessible.role: Accessible.ProgressBar
-    //: What a screen reader says for the sign that work goes on
+    //: Read aloud for the busy indicator
     Accessible.name: qsTr("Working")
 
     SymbolImage {

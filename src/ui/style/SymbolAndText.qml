@@ -1,7 +1,7 @@
 import QtQuick
 import Tallyvane.Style
 
-/// A symbol, a text, or the one before the other, in the middle of the item.
+/// A symbol, a text, or the symbol before the text, centred.
 Item {
     id: root
 

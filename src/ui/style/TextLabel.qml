@@ -4,13 +4,13 @@ import QtQuick
 import QtQuick.Templates as T
 import Tallyvane.Style
 
-/// Text on a surface of the theme; body type and primary ink unless told otherwise.
+/// Plain text, by default in body type and primary ink.
 T.Label {
     color: Theme.text
     font: Theme.body
     linkColor: Theme.accent
     textFormat: Text.PlainText
-    horizontalAlignment: Text.AlignLeft // by the layout, not by the script of the text
+    horizontalAlignment: Text.AlignLeft // mirrored with the layout, not by the text's own script
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

@@ -11,13 +11,12 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tallyvane::ui {
 
 namespace {
 
-/// `colour`, moved towards `end` until it can be read against `ground`.
+/// Moves `colour` towards `end` until it is readable against `ground`.
 QColor readable(const QColor& colour, const QColor& ground, const QColor& end) {
     constexpr double enough = 4.5;
     constexpr int steps = 20;
@@ -37,32 +36,14 @@ QColor systemAccent() {
 
 } // namespace
 
-Appearance::Appearance(model::AppAppearance choice, QObject* parent)
-    : QObject(parent), m_choice(choice) {
+Appearance::Appearance(const core::AppModel& model) : m_model(model) {
+    connect(&model, &core::AppModel::appearanceChanged, this, &Appearance::changed);
     qGuiApp->installEventFilter(this);
 }
 
-void Appearance::setChoice(model::AppAppearance choice) {
-    if (std::exchange(m_choice, choice) != choice) {
-        Q_EMIT changed();
-    }
-}
-
-void Appearance::setSystemColourScheme(platform::ColourScheme scheme) {
-    if (std::exchange(m_system, scheme) != scheme) {
-        Q_EMIT changed();
-    }
-}
-
-void Appearance::setMotionReduced(bool isReduced) {
-    if (std::exchange(m_isMotionReduced, isReduced) != isReduced) {
-        Q_EMIT changed();
-    }
-}
-
 bool Appearance::isDark() const {
-    if (m_choice != model::AppAppearance::system) {
-        return m_choice == model::AppAppearance::dark;
+    if (const auto choice = m_model.appearance(); choice != model::AppAppearance::system) {
+        return choice == model::AppAppearance::dark;
     }
     if (m_system != platform::ColourScheme::noPreference) {
         return m_system == platform::ColourScheme::dark;
@@ -90,7 +71,7 @@ QColor Appearance::accentFill() const {
 }
 
 QColor Appearance::accentInk() const {
-    // The raised surfaces of Theme.qml, on which contrast is lowest.
+    // Roughly Theme.qml's raised surfaces, where contrast is lowest.
     return isDark() ? readable(systemAccent(), QColor(0x35, 0x36, 0x3b), Qt::white)
                     : readable(systemAccent(), QColor(0xf0, 0xf0, 0xf3), Qt::black);
 }

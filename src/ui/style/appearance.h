@@ -1,9 +1,8 @@
 #pragma once
 
-#include "model/quota_snapshot.h"
+#include "core/app_model.h"
 #include "platform/colour_scheme.h"
 
-#include <QtCore/QObject>
 #include <QtGui/QColor>
 #include <QtQml/qqmlregistration.h>
 
@@ -12,9 +11,9 @@ class QQmlEngine;
 
 namespace tallyvane::ui {
 
-/// What the user and the desktop ask of every window's looks. Follows the application's font,
-/// palette and layout direction by itself. In QML the singleton of that name, which engine.h hands
-/// over. Main thread.
+/// How every window looks: the user's choice, the desktop's preferences, and the application's
+/// font, palette and layout direction. `changed` announces a change of any of them. A singleton in
+/// QML, where makeEngine() provides it. Main thread.
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -28,29 +27,29 @@ class Appearance : public QObject {
     Q_PROPERTY(QColor accentInk READ accentInk NOTIFY changed)
 
 public:
-    explicit Appearance(model::AppAppearance choice, QObject* parent = nullptr);
+    /// Follows the user's choice in `model`, which must outlive this.
+    explicit Appearance(const core::AppModel& model);
 
-    /// The user's choice; `system` leaves it to the desktop.
-    void setChoice(model::AppAppearance choice);
-    /// What the desktop asks; with no preference the lightness of its palette decides.
-    void setSystemColourScheme(platform::ColourScheme scheme);
-    /// Whether the desktop asks that nothing move which need not.
-    void setMotionReduced(bool isReduced);
+    /// The desktop's preference. Without one, the lightness of its palette decides.
+    void setSystemColourScheme(platform::ColourScheme scheme) { m_system = scheme; }
+    /// Whether the desktop asks for no more motion than necessary.
+    void setMotionReduced(bool isReduced) { m_isMotionReduced = isReduced; }
 
     [[nodiscard]] bool isDark() const;
     [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
     /// Whether the user's language is written from right to left.
     [[nodiscard]] bool isRightToLeft() const;
-    /// The application's font, which controls would replace by the desktop's.
+    /// The application's font; controls use the desktop's unless told otherwise.
     [[nodiscard]] QString fontFamily() const;
-    /// How large the desktop's text is; 1 when it is 10 points at 96 dots per inch, or smaller.
+    /// The size of the desktop's text relative to 10 points at 96 dots per inch; at least 1.
     [[nodiscard]] double textScale() const;
-    /// The desktop's accent colour, dark enough to carry white text (contrast 4.5, WCAG 2.1).
+    /// The desktop's accent colour, darkened until white text on it is readable (contrast 4.5,
+    /// WCAG 2.1).
     [[nodiscard]] QColor accentFill() const;
-    /// The desktop's accent colour, readable as text on a window.
+    /// The desktop's accent colour, adjusted until it is readable as text on a window.
     [[nodiscard]] QColor accentInk() const;
 
-    /// For the QML engine alone.
+    /// Called by the QML engine only.
     static Appearance* create(QQmlEngine* engine, QJSEngine* scriptEngine);
 
 Q_SIGNALS:
@@ -60,9 +59,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    model::AppAppearance m_choice;
-    platform::ColourScheme m_system = platform::ColourScheme::noPreference;
-    bool m_isMotionReduced = false;
+    const core::AppModel& m_model;
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Appearance, platform::ColourScheme, m_system,
+                                         platform::ColourScheme::noPreference, &Appearance::changed)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Appearance, bool, m_isMotionReduced, false,
+                                         &Appearance::changed)
 };
 
 } // namespace tallyvane::ui

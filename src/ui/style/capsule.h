@@ -6,7 +6,7 @@
 
 namespace tallyvane::ui {
 
-/// A bar with round ends. Unlike a Rectangle its ends are round at fractional scales too.
+/// A bar with round ends. Unlike a Rectangle's, they stay round at fractional scale factors.
 class Capsule : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT

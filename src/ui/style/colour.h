@@ -6,17 +6,17 @@
 
 namespace tallyvane::ui {
 
-/// The toolkit's form of one of the model's colours.
+/// Converts one of the model's colours to the toolkit's.
 [[nodiscard]] inline QColor toColour(const model::Colour& colour, double opacity = 1) {
     return QColor::fromRgbF(static_cast<float>(colour.red), static_cast<float>(colour.green),
                             static_cast<float>(colour.blue), static_cast<float>(opacity));
 }
 
-/// How light an opaque colour is, 0 (black) to 1 (white): "relative luminance" of WCAG 2.1.
+/// The relative luminance of an opaque colour, 0 (black) to 1 (white), as WCAG 2.1 defines it.
 [[nodiscard]] double luminance(const QColor& colour);
 
-/// How well one opaque colour is seen on another, 1 (not at all) to 21: "contrast ratio" of WCAG
-/// 2.1, which asks 4.5 of text and 3 of symbols.
+/// The contrast ratio of two opaque colours, 1 to 21, as WCAG 2.1 defines it; it requires 4.5 for
+/// text and 3 for symbols.
 [[nodiscard]] double contrast(const QColor& one, const QColor& other);
 
 } // namespace tallyvane::ui

@@ -10,14 +10,14 @@ namespace tallyvane::ui {
 
 class Appearance;
 
-/// The engine's dynamic property that holds its Appearance.
+/// The dynamic property of the engine that holds its Appearance.
 inline constexpr char appearanceProperty[] = "tallyvaneAppearance";
 
-/// An engine that finds this program's QML modules. `appearance` outlives it.
+/// Returns an engine that finds this program's QML modules. `appearance` must outlive it.
 [[nodiscard]] std::unique_ptr<QQmlEngine> makeEngine(Appearance& appearance);
 
-/// Ends the program when the view's QML could not be loaded, which takes a broken installation:
-/// QML modules are packages of their own, and are missed only here.
+/// Ends the program, naming the errors, if the view's QML failed to load. That means a broken
+/// installation: QML modules are packages of their own, and nothing else notices a missing one.
 void checkLoaded(const QQuickView& view);
 
 } // namespace tallyvane::ui

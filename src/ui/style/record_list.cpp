@@ -4,9 +4,6 @@
 
 namespace tallyvane::ui {
 
-RecordListBase::RecordListBase(const QMetaObject& record, QObject* parent)
-    : QAbstractListModel(parent), m_record(record) {}
-
 QVariant RecordListBase::data(const QModelIndex& index, int role) const {
     return index.isValid()
                ? m_record.property(role - Qt::UserRole).readOnGadget(record(index.row()))

@@ -6,7 +6,7 @@
 
 namespace tallyvane::ui {
 
-/// A list of records for a view. Each property of the record's gadget is a role of its name.
+/// A list model of gadgets. Each property of the gadget is a role of the same name.
 class RecordListBase : public QAbstractListModel {
     Q_OBJECT
 
@@ -15,10 +15,10 @@ public:
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
 
 protected:
-    RecordListBase(const QMetaObject& record, QObject* parent);
+    explicit RecordListBase(const QMetaObject& record) : m_record(record) {}
 
-    /// Tells views that from `row` on, `before` rows make place for `after` others.
-    /// `exchange` is called in between.
+    /// Notifies views that `before` rows starting at `row` are replaced by `after` rows. Calls
+    /// `exchange`, which replaces them, at the right moment.
     template <typename Exchange>
     void replaceRows(int row, int before, int after, const Exchange& exchange) {
         const int kept = std::min(before, after);
@@ -44,19 +44,18 @@ private:
     const QMetaObject& m_record;
 };
 
-/// `Record` is a gadget with ==.
+/// `Record` is a gadget that has ==.
 template <typename Record>
 class RecordList final : public RecordListBase {
 public:
-    explicit RecordList(QObject* parent = nullptr)
-        : RecordListBase(Record::staticMetaObject, parent) {}
+    RecordList() : RecordListBase(Record::staticMetaObject) {}
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : static_cast<int>(m_records.size());
     }
     [[nodiscard]] const std::vector<Record>& records() const { return m_records; }
 
-    /// Shows `records`. What views have made for equal records at the two ends of the list stays.
+    /// Replaces the records. Views keep the delegates of equal records at both ends of the list.
     void setRecords(std::vector<Record> records) {
         const auto [oldFirst, newFirst] = std::ranges::mismatch(m_records, records);
         const auto same = oldFirst - m_records.begin();

@@ -6,8 +6,7 @@
 
 namespace tallyvane::ui {
 
-/// One of the drawings in symbols/, in one colour. Its height and width are `size` unless told
-/// otherwise.
+/// One of the drawings in symbols/, in one colour. Its implicit width and height are `size`.
 class SymbolImage : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
@@ -24,7 +23,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    QString m_name; ///< a file of symbols/ without its suffix; none when empty
+    QString m_name; ///< of a file in symbols/, without its suffix; nothing is drawn when empty
     QColor m_colour = Qt::black;
     double m_size = 0; ///< pixels
 };
