@@ -20,21 +20,14 @@ struct ItemToolTip {
     QString text;
 };
 
-static QDBusArgument& operator<<(QDBusArgument& argument, const ItemPixmap& pixmap) {
-    return writeStructure(argument, pixmap.size, pixmap.size, pixmap.bytes);
-}
+template <>
+inline constexpr std::tuple dbusFields<ItemToolTip>{&ItemToolTip::iconName, &ItemToolTip::pixmaps,
+                                                    &ItemToolTip::title, &ItemToolTip::text};
 
-static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemPixmap& pixmap) {
-    return readStructure(argument, pixmap.size, pixmap.size, pixmap.bytes);
-}
-
-static QDBusArgument& operator<<(QDBusArgument& argument, const ItemToolTip& toolTip) {
-    return writeStructure(argument, toolTip.iconName, toolTip.pixmaps, toolTip.title, toolTip.text);
-}
-
-static const QDBusArgument& operator>>(const QDBusArgument& argument, ItemToolTip& toolTip) {
-    return readStructure(argument, toolTip.iconName, toolTip.pixmaps, toolTip.title, toolTip.text);
-}
+/// (iiay): the width, the height and the pixels.
+template <>
+inline constexpr std::tuple dbusFields<ItemPixmap>{&ItemPixmap::size, &ItemPixmap::size,
+                                                   &ItemPixmap::bytes};
 
 namespace {
 
