@@ -11,7 +11,7 @@
 
 using namespace tallyvane;
 using model::AppAppearance;
-using platform::ColourScheme;
+using platform::ColourPreference;
 
 namespace {
 
@@ -33,24 +33,27 @@ class AppearanceTest : public tests::HermeticTest {
 private Q_SLOTS:
     void choosesTheScheme_data() {
         QTest::addColumn<AppAppearance>("choice");
-        QTest::addColumn<ColourScheme>("system");
+        QTest::addColumn<ColourPreference>("system");
         QTest::addColumn<QColor>("window");
         QTest::addColumn<bool>("isDark");
         const QColor light(Qt::white);
         const QColor dark(Qt::black);
-        QTest::newRow("light wins") << AppAppearance::light << ColourScheme::dark << dark << false;
-        QTest::newRow("dark wins") << AppAppearance::dark << ColourScheme::light << light << true;
-        QTest::newRow("asked dark") << AppAppearance::system << ColourScheme::dark << light << true;
+        QTest::newRow("light wins")
+            << AppAppearance::light << ColourPreference::dark << dark << false;
+        QTest::newRow("dark wins")
+            << AppAppearance::dark << ColourPreference::light << light << true;
+        QTest::newRow("asked dark")
+            << AppAppearance::system << ColourPreference::dark << light << true;
         QTest::newRow("asked light")
-            << AppAppearance::system << ColourScheme::light << dark << false;
+            << AppAppearance::system << ColourPreference::light << dark << false;
         QTest::newRow("dark palette")
-            << AppAppearance::system << ColourScheme::noPreference << dark << true;
+            << AppAppearance::system << ColourPreference::none << dark << true;
         QTest::newRow("light palette")
-            << AppAppearance::system << ColourScheme::noPreference << light << false;
+            << AppAppearance::system << ColourPreference::none << light << false;
     }
     void choosesTheScheme() {
         QFETCH(const AppAppearance, choice);
-        QFETCH(const ColourScheme, system);
+        QFETCH(const ColourPreference, system);
         QFETCH(const QColor, window);
         ui::Appearance appearance(AppAppearance::system);
         QGuiApplication::setPalette(QPalette(window));
@@ -137,7 +140,7 @@ private Q_SLOTS:
         appearance.setChoice(AppAppearance::light);
         QCOMPARE(changed.count(), 0);
         appearance.setChoice(AppAppearance::system);
-        appearance.setSystemColourScheme(ColourScheme::dark);
+        appearance.setSystemColourScheme(ColourPreference::dark);
         QCOMPARE(changed.count(), 2);
         QFont font;
         font.setPointSize(20);

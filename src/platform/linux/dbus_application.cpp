@@ -1,14 +1,11 @@
 #include "platform/linux/dbus_application.h"
 
 #include "platform/application_id.h"
+#include "platform/linux/bus_call.h"
 #include "platform/spawn.h"
 
 #include <QtDBus/QDBusAbstractAdaptor>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
-#include <QtDBus/QDBusMessage>
-
-#include <chrono>
 
 namespace tallyvane::platform {
 
@@ -26,19 +23,17 @@ const QString controlInterface = QStringLiteral("org.corvelle.Tallyvane.Control"
 const QString activationTokenKey = QStringLiteral("activation-token"); // Wayland, and X11 of today
 const QString startupIdKey = QStringLiteral("desktop-startup-id");     // X11
 
-std::expected<QVariantList, CallError> callRunning(const QString& interface, const QString& method,
+std::expected<QDBusMessage, CallError> callRunning(const QString& interface, const QString& method,
                                                    const QVariantList& arguments,
                                                    std::chrono::milliseconds timeout) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(applicationId, applicationPath, interface, method);
     call.setArguments(arguments);
     call.setAutoStartService(false);
-    const QDBusMessage reply =
-        QDBusConnection::sessionBus().call(call, QDBus::Block, static_cast<int>(timeout.count()));
-    if (reply.type() == QDBusMessage::ReplyMessage) {
-        return reply.arguments();
+    if (const BusReply reply = callBusAndBlock(call, timeout)) {
+        return *reply;
     }
-    // The bus answers for an owner that ended meanwhile, and a time-out has the same error name.
+    // The error does not tell: an owner that ended meanwhile and a time-out have the same one.
     return std::unexpected(isApplicationRunning() ? CallError::noAnswer : CallError::notRunning);
 }
 
@@ -160,7 +155,7 @@ std::expected<bool, CallError> refreshRunning() {
     if (!reply) {
         return std::unexpected(reply.error());
     }
-    return reply->value(0).toBool();
+    return reply->arguments().value(0).toBool();
 }
 
 } // namespace tallyvane::platform

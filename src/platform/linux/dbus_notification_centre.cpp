@@ -1,22 +1,16 @@
 #include "platform/linux/dbus_notification_centre.h"
 
 #include "platform/application_id.h"
+#include "platform/linux/bus_call.h"
 #include "platform/linux/notification_daemon.h"
 
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
 #include <QtDBus/QDBusServiceWatcher>
 
 #include <utility>
 
 namespace tallyvane::platform {
 
-namespace {
-
-const QString defaultAction = QStringLiteral("default");
-
-} // namespace
+static const QString defaultAction = QStringLiteral("default");
 
 void DBusNotificationCentre::post(const Notification& notification) {
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -32,18 +26,15 @@ void DBusNotificationCentre::post(const Notification& notification) {
     call.setArguments({QStringLiteral("Tallyvane"), uint{0}, QString(applicationId),
                        notification.title, notification.body,
                        QStringList{defaultAction, QStringLiteral("Open Tallyvane")}, hints, -1});
-    auto* watcher = new QDBusPendingCallWatcher(
-        bus.asyncCall(call, static_cast<int>(m_patience.count())), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        if (const QDBusPendingReply<uint> id = *watcher; id.isValid()) {
-            m_tokens.insert(id.value(), {});
+    QCoro::connect(callBus(bus, call, m_patience), this, [this](const BusReply& id) {
+        if (id && id->signature() == u"u") {
+            m_tokens.insert(id->arguments().constFirst().toUInt(), {});
         }
-        watcher->deleteLater();
     });
 }
 
 QCoro::Task<bool> DBusNotificationCentre::isAuthorized() {
-    return areNotificationsOn(m_patience);
+    return areNotificationsOn(m_searchPath, m_patience);
 }
 
 void DBusNotificationCentre::listen() {
@@ -58,7 +49,7 @@ void DBusNotificationCentre::listen() {
     connectSignal("ActivationToken", SLOT(keepToken(uint, QString)));
     connectSignal("ActionInvoked", SLOT(activate(uint, QString)));
     connectSignal("NotificationClosed", SLOT(forget(uint)));
-    // A new daemon counts its ids from the start again.
+    // A new daemon reuses the ids of the old one.
     const auto* watcher = new QDBusServiceWatcher(
         notificationsName, bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_tokens.clear(); });

@@ -1,12 +1,12 @@
 #include "platform/linux/notification_daemon.h"
 
-#include <QCoro/QCoroProcess>
-#include <QCoro/QCoroSignal>
+#include "platform/linux/bus_call.h"
+
+#include <QCoro/QCoroFuture>
 #include <QtCore/QProcess>
+#include <QtCore/QPromise>
 #include <QtCore/QStandardPaths>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusVariant>
+#include <QtCore/QTimer>
 
 using std::chrono::milliseconds;
 
@@ -14,57 +14,47 @@ namespace tallyvane::platform {
 
 namespace {
 
-QCoro::Task<QDBusMessage> replyTo(QDBusMessage call, milliseconds patience) {
-    QDBusPendingCallWatcher watcher(
-        QDBusConnection::sessionBus().asyncCall(call, static_cast<int>(patience.count())));
-    co_await qCoro(&watcher, &QDBusPendingCallWatcher::finished);
-    co_return watcher.reply();
+QCoro::Task<bool> isTrue(QDBusMessage question, milliseconds patience) {
+    const BusValue value = co_await readBusValue(QDBusConnection::sessionBus(), question, patience);
+    co_return value && value->toBool();
 }
 
-/// Whether the call's answer is a variant that holds true.
-QCoro::Task<bool> answersTrue(QDBusMessage call, milliseconds patience) {
-    const QDBusMessage reply = co_await replyTo(call, patience);
-    co_return reply.arguments().value(0).value<QDBusVariant>().variant().toBool();
+QDBusMessage daemonPropertyRead(const QString& interface, const QString& property) {
+    return propertyRead(notificationsName, notificationsPath, interface, property);
 }
 
-QDBusMessage readProperty(const QString& interface, const QString& name) {
-    return QDBusMessage::createMethodCall(notificationsName, notificationsPath,
-                                          QStringLiteral("org.freedesktop.DBus.Properties"),
-                                          QStringLiteral("Get"))
-           << interface << name;
-}
-
-QDBusMessage readXfconf(const QString& channel, const QString& property) {
-    return QDBusMessage::createMethodCall(
-               QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
-               QStringLiteral("org.xfce.Xfconf"), QStringLiteral("GetProperty"))
-           << channel << property;
-}
-
-/// Whether a GSettings key holds false. A child reads it: in this process the library would abort
-/// on a missing schema and keep threads and a second connection to the bus.
-QCoro::Task<bool> isGSettingFalse(QString schema, QString key, milliseconds patience) {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("gsettings"));
-    if (program.isEmpty()) {
-        co_return false;
-    }
+/// Whether a GSettings key holds false. A child process reads it: GLib would abort this one on a
+/// missing schema, and keep threads and a second connection to the bus.
+QCoro::Task<bool> isGSettingFalse(QString program, QString schema, QString key,
+                                  milliseconds patience) {
+    QPromise<void> end;
+    end.start();
+    const QFuture<void> hasEnded = end.future();
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
+    // Also emitted when the program cannot be started, unlike finished().
+    QObject::connect(&process, &QProcess::stateChanged, [&end](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning) {
+            end.finish();
+        }
+    });
+    QTimer::singleShot(patience, &process, &QProcess::kill);
     process.start(program, {QStringLiteral("get"), schema, key});
-    if (!co_await qCoro(process).waitForFinished(patience)) {
-        process.kill();
-        co_await qCoro(process).waitForFinished(patience);
-    }
+    co_await hasEnded;
     co_return process.readAllStandardOutput().trimmed() == "false";
 }
 
-QCoro::Task<bool> isOffInGnome(milliseconds patience) {
+QCoro::Task<bool> isOffInGnome(QStringList searchPath, milliseconds patience) {
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("gsettings"), searchPath);
+    if (program.isEmpty()) {
+        co_return false;
+    }
     const QString schema = QStringLiteral("org.gnome.desktop.notifications");
     const QString ours = schema + QStringLiteral(".application:/org/gnome/desktop/notifications/"
                                                  "application/org-corvelle-tallyvane/");
     QCoro::Task<bool> withoutBanners =
-        isGSettingFalse(schema, QStringLiteral("show-banners"), patience);
-    QCoro::Task<bool> disabled = isGSettingFalse(ours, QStringLiteral("enable"), patience);
+        isGSettingFalse(program, schema, QStringLiteral("show-banners"), patience);
+    QCoro::Task<bool> disabled = isGSettingFalse(program, ours, QStringLiteral("enable"), patience);
     const bool isOffForAll = co_await withoutBanners;
     const bool isOffForUs = co_await disabled;
     co_return isOffForAll || isOffForUs;
@@ -77,32 +67,32 @@ QDBusMessage notificationDaemonCall(const QString& method) {
                                           method);
 }
 
-QCoro::Task<bool> areNotificationsOn(milliseconds patience) {
-    if (!QDBusConnection::sessionBus().isConnected()) {
-        co_return false;
+QCoro::Task<bool> areNotificationsOn(QStringList searchPath, milliseconds patience) {
+    const BusReply information =
+        co_await callBus(QDBusConnection::sessionBus(),
+                         notificationDaemonCall(QStringLiteral("GetServerInformation")), patience);
+    if (!information) {
+        co_return information.error() == BusError::failed;
     }
-    const QDBusMessage reply =
-        co_await replyTo(notificationDaemonCall(QStringLiteral("GetServerInformation")), patience);
-    const QString error = reply.errorName();
-    if (error == u"org.freedesktop.DBus.Error.ServiceUnknown" ||
-        error.startsWith(u"org.freedesktop.DBus.Error.Spawn.")) {
-        co_return false;
-    }
-    const QString daemon = reply.arguments().value(0).toString();
+    const QString daemon = information->arguments().value(0).toString();
     bool isOff = false;
     if (daemon == u"dunst") {
-        isOff = co_await answersTrue(
-            readProperty(QStringLiteral("org.dunstproject.cmd0"), QStringLiteral("paused")),
+        isOff = co_await isTrue(
+            daemonPropertyRead(QStringLiteral("org.dunstproject.cmd0"), QStringLiteral("paused")),
             patience);
     } else if (daemon == u"Xfce Notify Daemon") {
-        isOff = co_await answersTrue(
-            readXfconf(QStringLiteral("xfce4-notifyd"), QStringLiteral("/do-not-disturb")),
-            patience);
+        const auto question = QDBusMessage::createMethodCall(QStringLiteral("org.xfce.Xfconf"),
+                                                             QStringLiteral("/org/xfce/Xfconf"),
+                                                             QStringLiteral("org.xfce.Xfconf"),
+                                                             QStringLiteral("GetProperty"))
+                              << QStringLiteral("xfce4-notifyd")
+                              << QStringLiteral("/do-not-disturb");
+        isOff = co_await isTrue(question, patience);
     } else if (daemon == u"Plasma") {
-        isOff = co_await answersTrue(readProperty(notificationsName, QStringLiteral("Inhibited")),
-                                     patience);
+        isOff = co_await isTrue(daemonPropertyRead(notificationsName, QStringLiteral("Inhibited")),
+                                patience);
     } else if (daemon == u"gnome-shell") {
-        isOff = co_await isOffInGnome(patience);
+        isOff = co_await isOffInGnome(searchPath, patience);
     }
     co_return !isOff;
 }

@@ -1,23 +1,22 @@
 #pragma once
 
 #include <QCoro/QCoroTask>
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtDBus/QDBusMessage>
 
 #include <chrono>
 
-/// The service that shows notifications, of which every desktop has its own.
+/// The desktop's notification daemon.
 namespace tallyvane::platform {
 
-/// The service's name on the session bus, and its interface's name.
+/// Its name on the session bus and the name of its interface.
 inline const QString notificationsName = QStringLiteral("org.freedesktop.Notifications");
 inline const QString notificationsPath = QStringLiteral("/org/freedesktop/Notifications");
 
-/// A call of a method of the service.
 [[nodiscard]] QDBusMessage notificationDaemonCall(const QString& method);
 
-/// Whether the running daemon, or one that the bus can start, shows our notifications. A daemon
-/// takes them even while the user has them off, so each kind is asked in its own way:
+/// Whether the running daemon, or one that the bus can start, shows our notifications. Daemons
+/// accept notifications even while the user has them off, and each has its own way to tell:
 ///
 /// | daemon | off when | seen in |
 /// |---|---|---|
@@ -26,8 +25,10 @@ inline const QString notificationsPath = QStringLiteral("/org/freedesktop/Notifi
 /// | Plasma | property `Inhibited` of org.freedesktop.Notifications | 5.27 |
 /// | GNOME Shell | GSettings `show-banners`, or `enable` of our application, is false | 43 |
 ///
-/// An unknown daemon, one that does not answer within `patience` and one that does not know the
-/// question count as on. No session bus, or nobody to call: off.
-[[nodiscard]] QCoro::Task<bool> areNotificationsOn(std::chrono::milliseconds patience);
+/// An unknown daemon counts as on, as does one that gives no usable answer within `patience`.
+/// Without a session bus or a daemon: off. `searchPath` is where the program gsettings is looked
+/// for.
+[[nodiscard]] QCoro::Task<bool> areNotificationsOn(QStringList searchPath,
+                                                   std::chrono::milliseconds patience);
 
 } // namespace tallyvane::platform

@@ -48,7 +48,7 @@ void Appearance::setChoice(model::AppAppearance choice) {
     }
 }
 
-void Appearance::setSystemColourScheme(platform::ColourScheme scheme) {
+void Appearance::setSystemColourScheme(platform::ColourPreference scheme) {
     if (std::exchange(m_system, scheme) != scheme) {
         Q_EMIT changed();
     }
@@ -64,8 +64,8 @@ bool Appearance::isDark() const {
     if (m_choice != model::AppAppearance::system) {
         return m_choice == model::AppAppearance::dark;
     }
-    if (m_system != platform::ColourScheme::noPreference) {
-        return m_system == platform::ColourScheme::dark;
+    if (m_system != platform::ColourPreference::none) {
+        return m_system == platform::ColourPreference::dark;
     }
     const QPalette palette = QGuiApplication::palette();
     return luminance(palette.color(QPalette::Window)) <

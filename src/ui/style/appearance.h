@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/quota_snapshot.h"
-#include "platform/colour_scheme.h"
+#include "platform/colour_preference.h"
 
 #include <QtCore/QObject>
 #include <QtGui/QColor>
@@ -33,7 +33,7 @@ public:
     /// The user's choice; `system` leaves it to the desktop.
     void setChoice(model::AppAppearance choice);
     /// What the desktop asks; with no preference the lightness of its palette decides.
-    void setSystemColourScheme(platform::ColourScheme scheme);
+    void setSystemColourScheme(platform::ColourPreference scheme);
     /// Whether the desktop asks that nothing move which need not.
     void setMotionReduced(bool isReduced);
 
@@ -61,7 +61,7 @@ protected:
 
 private:
     model::AppAppearance m_choice;
-    platform::ColourScheme m_system = platform::ColourScheme::noPreference;
+    platform::ColourPreference m_system = platform::ColourPreference::none;
     bool m_isMotionReduced = false;
 };
 

@@ -20,8 +20,6 @@ StatusItem::StatusItem(const QString& id, const QDBusConnection& bus)
             &StatusItem::hostAvailableChanged);
 }
 
-StatusItem::StatusItem(const QString& id) : StatusItem(id, QDBusConnection::sessionBus()) {}
-
 StatusItem::~StatusItem() = default;
 
 void StatusItem::setTitle(const QString& title) {

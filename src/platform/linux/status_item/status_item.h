@@ -6,10 +6,9 @@
 #include <QtCore/QObject>
 #include <QtCore/QPoint>
 #include <QtCore/QStringList>
+#include <QtDBus/QDBusConnection>
 
 #include <memory>
-
-class QDBusConnection;
 
 namespace tallyvane::platform {
 
@@ -18,42 +17,40 @@ class StatusHostWatcher;
 class StatusNotifierItem;
 
 /// The program's item in the desktop's status area, by the StatusNotifierItem and dbusmenu
-/// protocols. It registers itself with each status host that comes, so that nothing is lost while
-/// there is none; without a bus it does nothing. Nothing blocks and nothing ticks. A host is told
-/// of a value only when that changed. Main thread.
+/// protocols. Registers itself with each status host that appears, and sends a host only values
+/// that changed. Without a bus it does nothing. Never blocks or polls. Main thread only.
 class StatusItem final : public QObject {
     Q_OBJECT
 
 public:
-    /// On the given bus. `id` is the application's, such as "org.example.Program". What is set
-    /// before the event loop runs on is there when a host first reads the item.
-    StatusItem(const QString& id, const QDBusConnection& bus);
-    /// On the session bus.
-    explicit StatusItem(const QString& id);
+    /// `id` is the application's, such as "org.example.Program". Hosts first see what has been set
+    /// by the time control returns to the event loop.
+    explicit StatusItem(const QString& id,
+                        const QDBusConnection& bus = QDBusConnection::sessionBus());
     ~StatusItem() override;
 
-    /// The program's name, for lists of items.
+    /// The name for lists of items.
     void setTitle(const QString& title);
     void setIcon(const ItemIcon& icon);
-    /// Text beside the picture, or none, on hosts that show one. `widest` is the widest text that
-    /// is to come: hosts keep that much room.
+    /// Text beside the picture, on hosts that show one; may be empty. Hosts reserve the width of
+    /// `widest`, the widest text to expect.
     void setLabel(const QString& text, const QString& widest);
-    /// Plain text; the first line is the one that every host shows.
+    /// Plain text. Some hosts show only the first line.
     void setToolTip(const QStringList& lines);
     void setMenu(const QList<ItemMenuEntry>& entries);
 
-    /// Of the present host, else of the last one.
+    /// Of the current host, or else the last one.
     [[nodiscard]] HostProfile hostProfile() const;
-    /// Whether something shows items now.
+    /// Whether a host shows items now.
     [[nodiscard]] bool isHostAvailable() const;
 
 Q_SIGNALS:
-    /// The item was clicked at `position` (see HostProfile::hasTrustedCoordinates). The token lets
-    /// a window take the focus; empty where the host gives none.
+    /// The item was clicked at `position` (see HostProfile::hasTrustedCoordinates). The token
+    /// (xdg-activation) lets a window take the focus; empty when the host gives none.
     void activated(QPoint position, const QString& activationToken);
-    /// An enabled entry was chosen. Sent from the event loop, after the host has its answer.
+    /// An enabled entry was chosen. Emitted from the event loop, after the host's call has ended.
     void menuItemTriggered(int id);
-    /// Sent before the new host reads the item: what is set meanwhile is the first that it sees.
+    /// Emitted before the new host reads the item, so that handlers can adapt the values to it.
     void hostProfileChanged();
     void hostAvailableChanged();
 
