@@ -1,8 +1,10 @@
 #include "platform/linux/dbus_application.h"
+#include "platform/linux/dbus_widget_centre.h"
 #include "support/private_bus.h"
 #include "support/test_main.h"
 
-#include <QCoro/QCoroSignal>
+#include <QCoro/QCoroFuture>
+#include <QtCore/QPromise>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
@@ -51,18 +53,14 @@ QDBusMessage applicationCall(const char* method, const QVariantList& arguments) 
     return call("org.freedesktop.Application", method, arguments);
 }
 
-class Gate : public QObject {
-    Q_OBJECT
+QDBusMessage actionCall(const char* action) {
+    return applicationCall("ActivateAction",
+                           {QString::fromLatin1(action), QVariantList(), QVariantMap()});
+}
 
-public:
-    QCoro::Task<bool> passed(bool result) {
-        co_await qCoro(this, &Gate::opened);
-        co_return result;
-    }
-
-Q_SIGNALS:
-    void opened();
-};
+QCoro::Task<bool> resultOf(QFuture<bool> refresh) {
+    co_return co_await refresh;
+}
 
 } // namespace
 
@@ -72,27 +70,20 @@ class DBusApplicationTest : public tests::HermeticTest {
     const tests::PrivateBus m_bus;
     QDBusConnection m_caller =
         QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("caller"));
+    QList<QVariantList> m_widgetSignals; // member and arguments
 
 private Q_SLOTS:
-    void startsOnce_data() {
-        QTest::addColumn<int>("starts");
-        QTest::newRow("two") << 2;
-        QTest::newRow("ten") << 10;
-    }
-
     void startsOnce() {
-        QFETCH(int, starts);
+        constexpr int starts = 5;
         std::list<Start> all;
         for (int i = 0; i < starts; ++i) {
             all.emplace_back(QStringLiteral("token%1").arg(i));
         }
         QTRY_COMPARE_WITH_TIMEOUT(std::ranges::count_if(all, &Start::hasEnded), starts - 1, 30'000);
-        for (Start& start : all) {
-            QCOMPARE(start.hasSaid("owner"), !start.hasEnded());
-            QCOMPARE(start.process.exitCode(), 0);
-        }
         Start& owner = *std::ranges::find(all, false, &Start::hasEnded);
-        for (const Start& start : all) {
+        for (Start& start : all) {
+            QCOMPARE(start.hasSaid("owner"), &start == &owner);
+            QCOMPARE(start.process.exitCode(), 0);
             const QByteArray token = start.process.arguments().value(0).toUtf8();
             QCOMPARE(owner.hasSaid("activated " + token), &start != &owner);
         }
@@ -101,40 +92,30 @@ private Q_SLOTS:
     void answersTheDesktop() {
         Start owner;
         QTRY_VERIFY(owner.hasSaid("owner"));
-        const auto isUnderstood = [this](const char* method, const QVariantList& arguments) {
-            return m_caller.call(applicationCall(method, arguments)).type() ==
-                   QDBusMessage::ReplyMessage;
+        const auto isUnderstood = [this](const QDBusMessage& message) {
+            return m_caller.call(message).type() == QDBusMessage::ReplyMessage;
         };
         const QVariantMap data{{QStringLiteral("desktop-startup-id"), QStringLiteral("X")}};
-        QVERIFY(isUnderstood("Activate", {data}));
-        QVERIFY(isUnderstood("Open", {QStringList(), QVariantMap()}));
-        QVERIFY(isUnderstood("ActivateAction",
-                             {QStringLiteral("refresh"), QVariantList(), QVariantMap()}));
-        QVERIFY(!isUnderstood("ActivateAction",
-                              {QStringLiteral("shout"), QVariantList(), QVariantMap()}));
+        QVERIFY(isUnderstood(applicationCall("Activate", {data})));
+        QVERIFY(isUnderstood(applicationCall("Open", {QStringList(), QVariantMap()})));
+        QVERIFY(isUnderstood(actionCall("refresh")));
+        QVERIFY(!isUnderstood(actionCall("shout")));
         QTRY_VERIFY(owner.hasSaid("refresh"));
         QCOMPARE(owner.output, "owner\nactivated X\nactivated \nrefresh\n");
-        m_caller.send(applicationCall("ActivateAction",
-                                      {QStringLiteral("quit"), QVariantList(), QVariantMap()}));
+        m_caller.send(actionCall("quit"));
         QTRY_VERIFY(owner.hasEnded());
         QCOMPARE(owner.process.exitCode(), 0);
     }
 
-    void endsWhenAskedByASignal_data() {
-        QTest::addColumn<int>("number");
-        QTest::newRow("SIGTERM") << SIGTERM;
-        QTest::newRow("SIGINT") << SIGINT;
-        QTest::newRow("SIGHUP") << SIGHUP;
-    }
-
-    void endsWhenAskedByASignal() {
-        QFETCH(int, number);
-        Start start;
-        QTRY_VERIFY(start.hasSaid("owner"));
-        ::kill(static_cast<pid_t>(start.process.processId()), number);
-        QTRY_VERIFY(start.hasEnded());
-        QVERIFY(start.hasSaid("terminated"));
-        QCOMPARE(start.process.exitStatus(), QProcess::NormalExit);
+    void endsOnASignal() {
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+            Start start;
+            QTRY_VERIFY(start.hasSaid("owner"));
+            ::kill(static_cast<pid_t>(start.process.processId()), number);
+            QTRY_VERIFY(start.hasEnded());
+            QVERIFY(start.hasSaid("terminated"));
+            QCOMPARE(start.process.exitStatus(), QProcess::NormalExit);
+        }
     }
 
     void runsWithoutABus() {
@@ -144,27 +125,46 @@ private Q_SLOTS:
         qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toUtf8());
     }
 
+    void notifiesWidgets() {
+        for (const char* member : {"TimelinesReloaded", "AllTimelinesReloaded"}) {
+            QVERIFY(m_caller.connect(QString(), QStringLiteral("/org/corvelle/Tallyvane"),
+                                     QStringLiteral("org.corvelle.Tallyvane.Widgets"),
+                                     QString::fromLatin1(member), this,
+                                     SLOT(receive(QDBusMessage))));
+        }
+        platform::DBusWidgetCentre centre;
+        centre.reloadTimelines(QStringLiteral("GaugewellWidget"));
+        centre.reloadAllTimelines();
+        const QList<QVariantList> expected{
+            {QStringLiteral("TimelinesReloaded"), QStringLiteral("GaugewellWidget")},
+            {QStringLiteral("AllTimelinesReloaded")}};
+        QTRY_COMPARE(m_widgetSignals, expected);
+    }
+
     /// Last, since this process keeps the name.
     void repliesWhenTheRefreshHasEnded() {
-        Gate gate;
-        bool result = true;
-        platform::DBusApplication application([&] { return gate.passed(result); });
+        QPromise<bool> result;
+        platform::DBusApplication application([&] { return resultOf(result.future()); });
         QCOMPARE(application.registerOnBus(), platform::DBusApplication::Registration::owner);
-        for (const bool expected : {true, false}) {
-            result = expected;
+        for (const bool isStored : {true, false}) {
+            result = QPromise<bool>();
+            result.start();
             const QDBusPendingCall refresh =
                 m_caller.asyncCall(call("org.corvelle.Tallyvane.Control", "Refresh"));
             const QSignalSpy asked(&application, &platform::DBusApplication::activated);
-            m_caller.send(applicationCall("Activate", {QVariantMap()}));
-            QTRY_COMPARE(asked.count(), 1); // calls keep their order
-            m_caller.call(QDBusMessage::createMethodCall(
-                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+            m_caller.call(applicationCall("Activate", {QVariantMap()}), QDBus::BlockWithGui);
+            QCOMPARE(asked.count(), 1); // calls and their replies keep their order
             QVERIFY(!refresh.isFinished());
-            Q_EMIT gate.opened();
+            result.addResult(isStored);
+            result.finish();
             QTRY_VERIFY(refresh.isFinished());
-            QCOMPARE(refresh.reply().arguments(), QVariantList{expected});
+            QCOMPARE(refresh.reply().arguments(), QVariantList{isStored});
         }
+    }
+
+public Q_SLOTS:
+    void receive(const QDBusMessage& signal) {
+        m_widgetSignals.append(QVariantList{signal.member()} + signal.arguments());
     }
 };
 

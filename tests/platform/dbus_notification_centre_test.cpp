@@ -1,11 +1,11 @@
 #include "platform/linux/dbus_notification_centre.h"
+#include "platform/linux/notification_settings_page.h"
+#include "support/home_files.h"
 #include "support/private_bus.h"
 #include "support/running_program.h"
 #include "support/test_main.h"
 #include "support/virtual_display.h"
 
-#include <QtCore/QTimer>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusVariant>
@@ -24,8 +24,8 @@ const platform::Notification reset{.identifier = QStringLiteral("reset-claude-17
                                    .title = QStringLiteral("Tallyvane"),
                                    .body = QStringLiteral("您的 Claude token 已经重置了。")};
 
-/// A daemon of any name, on a connection of its own. It takes notifications with the id 7, and
-/// answers no call when it has no name.
+/// A daemon on its own connection that names itself `name`, or never answers if that is empty. It
+/// gives notifications the id 7.
 class ScriptedDaemon final : public QDBusVirtualObject {
 public:
     explicit ScriptedDaemon(const char* name) : m_name(QString::fromLatin1(name)) {
@@ -69,7 +69,7 @@ class DBusNotificationCentreTest : public tests::HermeticTest {
 
     std::optional<tests::PrivateBus> m_bus{std::in_place};
     tests::VirtualDisplay m_display;
-    DBusNotificationCentre m_centre;
+    DBusNotificationCentre m_centre{{QStringLiteral("/usr/bin")}};
 
     [[nodiscard]] bool isOn() { return QCoro::waitFor(m_centre.isAuthorized()); }
 
@@ -121,17 +121,15 @@ private Q_SLOTS:
     void canBeTurnedOff_data() {
         QTest::addColumn<QByteArray>("daemon"); // a program; empty: a stand-in for GNOME Shell
         QTest::addColumn<QByteArray>("command");
-        const auto row = [](const char* name, const char* daemon, const QByteArray& command) {
-            QTest::newRow(name) << QByteArray(daemon) << command;
-        };
-        row("dunst", "dunst", "dunstctl set-paused true");
-        row("Xfce", "/usr/lib/*/xfce4/notifyd/xfce4-notifyd",
-            "xfconf-query -c xfce4-notifyd -p /do-not-disturb -n -t bool -s true");
         const QByteArray set = "gsettings set org.gnome.desktop.notifications";
-        row("GNOME, for all", "", set + " show-banners false");
-        row("GNOME, for us", "",
-            set + ".application:/org/gnome/desktop/notifications/"
-                  "application/org-corvelle-tallyvane/ enable false");
+        QTest::newRow("dunst") << QByteArray("dunst") << QByteArray("dunstctl set-paused true");
+        QTest::newRow("Xfce")
+            << QByteArray("/usr/lib/*/xfce4/notifyd/xfce4-notifyd")
+            << QByteArray("xfconf-query -c xfce4-notifyd -p /do-not-disturb -n -t bool -s true");
+        QTest::newRow("GNOME, for all") << QByteArray() << set + " show-banners false";
+        QTest::newRow("GNOME, for us") << QByteArray()
+                                       << set + ".application:/org/gnome/desktop/notifications/"
+                                                "application/org-corvelle-tallyvane/ enable false";
     }
 
     void canBeTurnedOff() {
@@ -158,6 +156,22 @@ private Q_SLOTS:
         QVERIFY(!isOn());
     }
 
+    void survivesABadGSettings_data() {
+        QTest::addColumn<QByteArray>("script");
+        QTest::newRow("hangs") << QByteArray("#!/bin/sh\nexec sleep 1000");
+        QTest::newRow("cannot run") << QByteArray("#!/nowhere");
+    }
+    void survivesABadGSettings() {
+        QFETCH(const QByteArray, script);
+        const QTemporaryDir folder;
+        tests::writeFile(folder.filePath(QStringLiteral("gsettings")), script);
+        const ScriptedDaemon daemon("gnome-shell");
+        DBusNotificationCentre centre({folder.path()}, 100ms);
+        auto answer = centre.isAuthorized();
+        QTRY_VERIFY(answer.isReady());
+        QVERIFY(QCoro::waitFor(std::move(answer)));
+    }
+
     void passesTheTokenOn() {
         ScriptedDaemon daemon("another");
         QVERIFY(isOn());
@@ -174,13 +188,32 @@ private Q_SLOTS:
 
     void aSilentDaemonBlocksNobody() {
         const ScriptedDaemon daemon("");
-        DBusNotificationCentre centre(100ms);
+        DBusNotificationCentre centre({}, 100ms);
         centre.post(reset);
         auto answer = centre.isAuthorized();
         QVERIFY(!answer.isReady());
         QTRY_COMPARE(daemon.calls, 2); // the loop runs
         QTRY_VERIFY(answer.isReady());
         QVERIFY(QCoro::waitFor(std::move(answer)));
+    }
+
+    void findsTheSettingsPage() {
+        const QTemporaryDir programs;
+        for (const char* name : {"gnome-control-center", "xfce4-notifyd-config"}) {
+            tests::writeFile(programs.filePath(QString::fromLatin1(name)), {});
+        }
+        const std::pair<const char*, const char*> rows[] = {
+            {"ubuntu:GNOME", "gnome-control-center notifications"},
+            {"X-Cinnamon:XFCE", "xfce4-notifyd-config"}, // the first one's is not installed
+            {"sway", ""},
+        };
+        for (const auto& [desktop, expected] : rows) {
+            const auto page =
+                platform::notificationSettingsPage(QString::fromLatin1(desktop), {programs.path()});
+            const QString call = page ? (QStringList{page->program} + page->arguments).join(u' ')
+                                      : programs.filePath({});
+            QCOMPARE(call, programs.filePath(QString::fromLatin1(expected)));
+        }
     }
 
     void noBus() {
