@@ -16,12 +16,24 @@ class DBusNotificationCentre final : public QObject, public NotificationCentre {
     Q_OBJECT
 
 public:
-    /// `searchPath` is as in areNotificationsOn(); each call waits at most `patience`.
+    /// `searchPath` holds the folders of $PATH; each question waits at most `patience`.
     explicit DBusNotificationCentre(QStringList searchPath,
                                     std::chrono::milliseconds patience = std::chrono::seconds{5})
         : m_searchPath(std::move(searchPath)), m_patience(patience) {}
 
     void post(const Notification& notification) override;
+    /// Daemons accept notifications even while the user has them off, and each has its own way to
+    /// tell:
+    ///
+    /// | daemon | off when | seen in |
+    /// |---|---|---|
+    /// | dunst | property `paused` of org.dunstproject.cmd0 | 1.9 |
+    /// | xfce4-notifyd | `/do-not-disturb` of the Xfconf channel xfce4-notifyd | 0.7 |
+    /// | Plasma | property `Inhibited` of org.freedesktop.Notifications | 5.27 |
+    /// | GNOME Shell | GSettings `show-banners`, or `enable` of our application, is false | 43 |
+    ///
+    /// An unknown daemon counts as on, as does one that gives no usable answer in time. Without a
+    /// session bus or a daemon: off.
     [[nodiscard]] QCoro::Task<bool> isAuthorized() override;
 
 Q_SIGNALS:

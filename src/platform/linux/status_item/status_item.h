@@ -3,10 +3,11 @@
 #include "platform/linux/status_item/host_profile.h"
 #include "platform/linux/status_item/item_content.h"
 
-#include <QtCore/QObject>
 #include <QtCore/QPoint>
 #include <QtCore/QStringList>
+#include <QtCore/QVariantMap>
 #include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVirtualObject>
 
 #include <memory>
 
@@ -14,12 +15,13 @@ namespace tallyvane::platform {
 
 class DBusMenu;
 class StatusHostWatcher;
-class StatusNotifierItem;
 
-/// The program's item in the desktop's status area, by the StatusNotifierItem and dbusmenu
-/// protocols. Registers itself with each status host that appears, and sends a host only values
-/// that changed. Without a bus it does nothing. Never blocks or polls. Main thread only.
-class StatusItem final : public QObject {
+/// The program's item in the desktop's status area: org.kde.StatusNotifierItem at
+/// /StatusNotifierItem, with Ayatana's label properties on hosts that understand them, and a menu
+/// by the dbusmenu protocol. Registers itself with each status host that appears, and sends a host
+/// only values that changed. Without a bus it does nothing. Never blocks or polls. Main thread
+/// only.
+class StatusItem final : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
@@ -44,6 +46,9 @@ public:
     /// Whether a host shows items now.
     [[nodiscard]] bool isHostAvailable() const;
 
+    [[nodiscard]] QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override;
+
 Q_SIGNALS:
     /// The item was clicked at `position` (see HostProfile::hasTrustedCoordinates). The token
     /// (xdg-activation) lets a window take the focus; empty when the host gives none.
@@ -55,9 +60,21 @@ Q_SIGNALS:
     void hostAvailableChanged();
 
 private:
-    std::unique_ptr<StatusNotifierItem> m_item;
+    [[nodiscard]] QVariantMap properties() const;
+    [[nodiscard]] QString iconThemePath() const;
+    [[nodiscard]] QDBusMessage answerAboutProperties(const QDBusMessage& call) const;
+    void send(const QString& signal, const QVariantList& arguments = {});
+
+    QDBusConnection m_bus;
+    QString m_id;
     std::unique_ptr<DBusMenu> m_menu;
     std::unique_ptr<StatusHostWatcher> m_watcher;
+    QString m_title;
+    ItemIcon m_icon;
+    QString m_label;
+    QString m_widestLabel;
+    QString m_toolTip; ///< lines separated by "\n"
+    QString m_activationToken;
 };
 
 } // namespace tallyvane::platform
