@@ -4,11 +4,9 @@
 #include "support/idle_model.h"
 #include "support/private_bus.h"
 #include "support/running_program.h"
+#include "support/scripted_service.h"
 
-#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusMetaType>
-#include <QtDBus/QDBusVariant>
-#include <QtDBus/QDBusVirtualObject>
 #include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
@@ -18,60 +16,41 @@ using Settings = QMap<QString, QVariantMap>;
 
 namespace {
 
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto gnomeGroup = QStringLiteral("org.gnome.desktop.interface");
 const auto colourScheme = QStringLiteral("color-scheme");
 const auto animations = QStringLiteral("enable-animations");
-const auto xfconf = QStringLiteral("org.xfce.Xfconf");
 
 /// The settings of a desktop that prefers dark windows: its portal, and Xfconf if `isPanelDark` has
 /// a value.
-class Desktop final : public QDBusVirtualObject {
-public:
-    explicit Desktop(std::optional<bool> isPanelDark) : m_isPanelDark(isPanelDark) {
-        qDBusRegisterMetaType<Settings>();
-        m_bus.registerVirtualObject(QStringLiteral("/org"), this, QDBusConnection::SubPath);
-        m_bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
-        m_bus.registerService(xfconf);
-    }
-    ~Desktop() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
-    Desktop(const Desktop&) = delete;
-    Desktop& operator=(const Desktop&) = delete;
-
-    QString introspect(const QString& /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
+struct Desktop {
+    [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const {
         if (call.member() == u"ReadAll") {
-            const Settings all{{appearanceGroup, {{colourScheme, uint{1}}}},
-                               {gnomeGroup, {{animations, false}, {colourScheme, uint{2}}}}};
-            Settings asked;
-            for (const QString& group : call.arguments().constFirst().toStringList()) {
-                asked.insert(group, all.value(group));
-            }
-            return bus.send(call.createReply(QVariant::fromValue(asked)));
+            Settings settings{{appearanceGroup, {{colourScheme, uint{1}}}},
+                              {gnomeGroup, {{animations, false}, {colourScheme, uint{2}}}}};
+            const QStringList groups = call.arguments().constFirst().toStringList();
+            settings.removeIf([&](const auto& group) { return !groups.contains(group.key()); });
+            return call.createReply(QVariant::fromValue(settings));
         }
-        return m_isPanelDark &&
-               bus.send(call.createReply(QVariant::fromValue(QDBusVariant(m_isPanelDark.value()))));
+        return isPanelDark ? call.createReply(tests::variant(*isPanelDark))
+                           : call.createErrorReply(QDBusError::InvalidArgs, {});
     }
 
     void change(const QString& group, const QString& key, const QVariant& value) {
-        QDBusMessage signal = QDBusMessage::createSignal(
-            portalPath, QStringLiteral("org.freedesktop.portal.Settings"),
-            QStringLiteral("SettingChanged"));
-        m_bus.send(signal << group << key << QVariant::fromValue(QDBusVariant(value)));
+        service.emitSignal("/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
+                           "SettingChanged", {group, key, tests::variant(value)});
     }
-
     void changePanel(const char* key, bool value) {
-        QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/xfce/Xfconf"), xfconf,
-                                                         QStringLiteral("PropertyChanged"));
-        m_bus.send(signal << QStringLiteral("xfce4-panel") << QString::fromLatin1(key)
-                          << QVariant::fromValue(QDBusVariant(value)));
+        service.emitSignal(
+            "/xfce/Xfconf", "org.xfce.Xfconf", "PropertyChanged",
+            {QStringLiteral("xfce4-panel"), QString::fromLatin1(key), tests::variant(value)});
     }
 
-private:
-    std::optional<bool> m_isPanelDark;
-    QDBusConnection m_bus =
-        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("desktop"));
+    std::optional<bool> isPanelDark;
+    tests::ScriptedService service{
+        {QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("org.xfce.Xfconf")},
+        QStringLiteral("/org"),
+        [this](const QDBusMessage& call) { return reply(call); }};
 };
 
 } // namespace
@@ -83,7 +62,8 @@ class StatusAreaTest : public tests::HermeticTest {
 
 private Q_SLOTS:
     void followsThePortal() {
-        Desktop desktop(std::nullopt);
+        qDBusRegisterMetaType<Settings>();
+        Desktop desktop;
         const platform::SystemAppearance appearance;
         const QSignalSpy changed(&appearance, &platform::SystemAppearance::changed);
         QTRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
@@ -120,7 +100,7 @@ private Q_SLOTS:
         const char* dark = "0x2e, 0x34, 0x36";
         for (const std::optional<bool> isPanelDark :
              {std::optional(false), std::optional<bool>()}) {
-            Desktop desktop(isPanelDark);
+            Desktop desktop{isPanelDark};
             const platform::SystemAppearance appearance;
             const app::StatusArea area(idle.model, appearance, {});
             QTRY_VERIFY(hasInk(isPanelDark ? dark : light));
