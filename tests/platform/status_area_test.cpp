@@ -95,6 +95,7 @@ private Q_SLOTS:
                                  " org.kde.StatusNotifierItem IconPixmap")
                 .contains(pixel);
         };
+        constexpr int patience = 1000; // in milliseconds, without the time that gdbus takes
         const char* grey = "0x8a, 0x8a, 0x8a";
         const char* light = "0xf2, 0xf2, 0xf2";
         const char* dark = "0x2e, 0x34, 0x36";
@@ -103,7 +104,7 @@ private Q_SLOTS:
             Desktop desktop{isPanelDark};
             const platform::SystemAppearance appearance;
             const app::StatusArea area(idle.model, appearance, {});
-            QTRY_VERIFY(hasInk(isPanelDark ? dark : light));
+            QTRY_VERIFY_WITH_TIMEOUT(hasInk(isPanelDark ? dark : light), patience);
             desktop.changePanel("/panels/size", true);
             desktop.change(appearanceGroup, colourScheme, 9U);
             QTRY_COMPARE(appearance.colourPreference(), ColourPreference::none);
@@ -112,7 +113,7 @@ private Q_SLOTS:
             QTRY_COMPARE(appearance.colourPreference(), ColourPreference::light);
             QVERIFY(hasInk(dark));
             desktop.changePanel("/panels/dark-mode", true);
-            QTRY_VERIFY(hasInk(light));
+            QTRY_VERIFY_WITH_TIMEOUT(hasInk(light), patience);
         }
     }
 
