@@ -24,7 +24,8 @@ void forbidCoreFiles() {
 } // namespace
 
 Composition::Composition(const Environment& environment)
-    : store(environment.locations),
+    : notificationCentre(environment.searchPath),
+      store(environment.locations),
       defaults(model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
                                                environment.locations.standardDefaults())),
       processRunner(clock),

@@ -96,6 +96,7 @@ Environment readEnvironment() {
             .systemConfigDirectories = systemConfigDirectories(),
             .searchPath = searchPath(),
             .runtimeDirectory = absolutePath("XDG_RUNTIME_DIR", {}),
+            .sessionBusAddress = qgetenv("DBUS_SESSION_BUS_ADDRESS"),
             .currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
             .activationToken = activationToken(),
             .launchContext =

@@ -18,8 +18,9 @@ struct Environment {
     std::vector<std::filesystem::path> systemConfigDirectories; ///< $XDG_CONFIG_DIRS
     QStringList searchPath;                                     ///< the folders of $PATH
     std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty
-    QString currentDesktop;  ///< $XDG_CURRENT_DESKTOP; may be empty
-    QString activationToken; ///< the window system's, of whoever started it; may be empty
+    QByteArray sessionBusAddress; ///< $DBUS_SESSION_BUS_ADDRESS; may be empty
+    QString currentDesktop;       ///< $XDG_CURRENT_DESKTOP; may be empty
+    QString activationToken;      ///< the window system's, of whoever started it; may be empty
     core::LaunchContext launchContext;
     providers::NetworkVariables network;
     std::string timeLocale;  ///< the POSIX locale in which times are written

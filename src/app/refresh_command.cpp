@@ -69,7 +69,7 @@ ExitCode runRefresh(const Environment& environment) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
-    platform::leaveSilentSessionBus();
+    platform::leaveSilentSessionBus(environment.sessionBusAddress);
     std::expected<bool, platform::CallError> stored = false;
     {
         const ProgressLine progress(progressText);

@@ -41,7 +41,7 @@ ExitCode runStart(const Environment& environment, StartMode mode) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
-    platform::leaveSilentSessionBus();
+    platform::leaveSilentSessionBus(environment.sessionBusAddress);
     if (mode == StartMode::background) {
         if (platform::isApplicationRunning()) {
             return ExitCode::success;

@@ -8,7 +8,7 @@
 
 namespace tallyvane::platform {
 
-/// A pending call; destroying it before its time cancels the call.
+/// A pending call; destroying it cancels the call.
 class Alarm {
 public:
     Alarm() = default;
@@ -17,7 +17,7 @@ public:
     Alarm& operator=(const Alarm&) = delete;
 };
 
-/// Whether time in which the machine is suspended brings an alarm nearer.
+/// Whether the delay of an alarm includes time in which the machine is suspended.
 enum class SuspendedTime { counts, doesNotCount };
 
 /// Tells the time and wakes its caller later. Main thread only.
@@ -27,8 +27,8 @@ public:
 
     [[nodiscard]] virtual model::Timestamp now() const = 0;
 
-    /// Calls `action` once from the event loop when `delay` has passed, whatever happens to the
-    /// wall clock. `action` may destroy the alarm.
+    /// Calls `action` once from the event loop after `delay`, unaffected by changes of the wall
+    /// clock. `action` may destroy the alarm.
     [[nodiscard]] virtual std::unique_ptr<Alarm>
     after(std::chrono::milliseconds delay, std::function<void()> action,
           SuspendedTime suspended = SuspendedTime::counts) = 0;

@@ -8,16 +8,14 @@
 
 namespace tallyvane::platform {
 
-/// The bytes of an item. A type of their own, since GCC 12 compiles no task that gives a
-/// std::expected of a QByteArray.
+/// A type of its own because GCC 12 rejects tasks that return a std::expected of a QByteArray.
 struct Secret {
     QByteArray bytes;
 };
 
-/// Why there is no secret.
 struct SecretStoreError {
-    /// Why the keyring could not be asked, such as "Too many open files"; empty when it was asked
-    /// and has no such item.
+    /// Why the keyring could not be read, such as "Too many open files"; empty if it has no such
+    /// item.
     QString reason;
 };
 
@@ -28,8 +26,8 @@ class SecretStore {
 public:
     virtual ~SecretStore() = default;
 
-    /// The secret of the first readable item whose attribute `service` has this value. Answers
-    /// within a few seconds, whatever the keyring does, and never makes it ask the user.
+    /// Returns the secret of the first readable item whose attribute `service` has this value.
+    /// Takes a few seconds at most, whatever the keyring does, and never makes it prompt the user.
     [[nodiscard]] virtual QCoro::Task<SecretLookup> lookup(QString service) = 0;
 };
 

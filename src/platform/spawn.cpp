@@ -19,7 +19,7 @@ QCoro::Task<> guarded(QCoro::Task<> task) {
 } // namespace
 
 void spawn(QCoro::Task<> task) {
-    // The frame keeps itself, and with it `task`, until the end.
+    // A dropped task is not cancelled: the frame, which owns `task`, lives until it returns.
     guarded(std::move(task));
 }
 

@@ -4,8 +4,8 @@
 
 namespace tallyvane::platform {
 
-/// Lets `task` run to its end with nobody awaiting it. An exception that escapes from it ends the
-/// program. What the task uses must outlive the event loop.
+/// Runs `task` to its end without being awaited. An exception that escapes from it aborts the
+/// program. What the task uses must outlive the event loop: a suspended coroutine resumes on it.
 void spawn(QCoro::Task<> task);
 
 } // namespace tallyvane::platform

@@ -4,7 +4,7 @@
 
 namespace tallyvane::platform {
 
-/// Tells the desktop's widgets that the stored figures changed. Main thread only.
+/// Notifies the desktop's widgets that the stored figures changed. Main thread only.
 class WidgetCentre {
 public:
     virtual ~WidgetCentre() = default;

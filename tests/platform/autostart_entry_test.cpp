@@ -1,8 +1,7 @@
 #include "model/file_io.h"
 #include "platform/linux/autostart_entry.h"
+#include "support/home_files.h"
 #include "support/test_main.h"
-
-#include <QtCore/QFile>
 
 using namespace tallyvane;
 using platform::AutostartEntry;
@@ -10,21 +9,19 @@ using platform::LoginItemStatus;
 
 namespace {
 
-/// A home and a system with a program in a folder of $PATH.
+/// The folders of a user and of the system, with a program in a folder of $PATH.
 struct Desk {
     explicit Desk(const char* programName = "tally vane") {
         places.program = root / "bin" / programName;
-        std::filesystem::create_directory(root / "bin");
-        QVERIFY(model::writeFile(places.program, {}));
-        std::filesystem::permissions(places.program, std::filesystem::perms::owner_all);
+        tests::writeFile(QFile(places.program).fileName(), {});
     }
 
-    /// Writes a file in which BIN stands for the program's folder.
+    /// Writes an entry in which BIN stands for the program's folder.
     void write(const std::filesystem::path& directory, QByteArray text) const {
-        std::filesystem::create_directories(directory);
-        text.replace("BIN", QFile((root / "bin")).fileName().toUtf8());
-        QVERIFY(model::writeFile(directory / "org.corvelle.Tallyvane.desktop", text));
+        text.replace("BIN", bin());
+        tests::writeFile(QFile(directory / "org.corvelle.Tallyvane.desktop").fileName(), text);
     }
+    [[nodiscard]] QByteArray bin() const { return QFile(root / "bin").fileName().toUtf8(); }
 
     [[nodiscard]] AutostartEntry entry() const { return AutostartEntry(places); }
     [[nodiscard]] LoginItemStatus status() const { return entry().status(); }
@@ -37,7 +34,7 @@ struct Desk {
     platform::AutostartPlaces places{
         .userDirectory = root / "config" / "autostart",
         .systemDirectories = {root / "xdg1" / "autostart", root / "xdg2" / "autostart"},
-        .searchPath = {QFile(root / "bin").fileName()}};
+        .searchPath = {QString::fromUtf8(bin())}};
 };
 
 } // namespace
@@ -46,45 +43,49 @@ class AutostartEntryTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_data() {
-        QTest::addColumn<QByteArray>("entry");
-        QTest::addColumn<LoginItemStatus>("expected");
-        using enum LoginItemStatus;
-        const auto row = [](const char* name, LoginItemStatus expected, const char* lines) {
-            QTest::newRow(name) << QByteArray("[Desktop Entry]\n").append(lines) << expected;
-        };
-        row("quoted", enabled, "Exec=\"BIN/tally vane\" --background\n");
-        row("in $PATH", enabled, "Exec=\"tally vane\"");
-        row("spaces and comments", enabled, "# Hidden=true\n\n Exec = \"tally vane\" \r\n");
-        row("escaped", enabled, "Exec=\"BIN/tally\\svane\"\n");
-        row("not hidden", enabled, "Hidden=false\nExec=\"tally vane\"\n");
-        row("hidden", requiresApproval, "Hidden=true\nExec=\"tally vane\"\n");
-        row("hidden by an old program", requiresApproval, "Exec=\"tally vane\"\nHidden=1\n");
-        row("hidden last", requiresApproval, "Hidden=false\nHidden=true\nExec=\"tally vane\"\n");
-        row("switched on", enabled, "X-GNOME-Autostart-enabled=true\nExec=\"tally vane\"\n");
-        row("switched off", requiresApproval,
-            "Exec=\"tally vane\"\nX-GNOME-Autostart-enabled=false\n");
-        row("another group", enabled, "Exec=\"tally vane\"\n[Desktop Action x]\nHidden=true\n");
-        row("no program", notFound, "Exec=BIN/tally\n");
-        row("no Exec", notFound, "");
-        row("program is a folder", notFound, "Exec=BIN\n");
-        row("TryExec", enabled, "TryExec=BIN/tally vane\nExec=\"tally vane\"\n");
-        row("TryExec is not there", notFound, "TryExec=absent\nExec=\"tally vane\"\n");
-        QTest::newRow("empty file") << QByteArray("") << notFound;
-        QTest::newRow("no file") << QByteArray() << notRegistered;
-    }
-
     void reads() {
-        QFETCH(QByteArray, entry);
-        QFETCH(LoginItemStatus, expected);
+        using enum LoginItemStatus;
+        const std::pair<QByteArray, LoginItemStatus> rows[] = {
+            {"Exec=\"BIN/tally vane\" --background\n", enabled},
+            {"# Hidden=true\n\n Exec = \"tally vane\" \r\n", enabled},
+            {"Exec=\"BIN/tally\\svane\"\n", enabled},
+            {"Hidden=false\nExec=\"tally vane\"\n", enabled},
+            {"Hidden=true\nExec=\"tally vane\"\n", requiresApproval},
+            {"Exec=\"tally vane\"\nHidden=1\n", requiresApproval}, // by an old program
+            {"Hidden=false\nHidden=true\nExec=\"tally vane\"\n", requiresApproval},
+            {"X-GNOME-Autostart-enabled=true\nExec=\"tally vane\"\n", enabled},
+            {"Exec=\"tally vane\"\nX-GNOME-Autostart-enabled=false\n", requiresApproval},
+            {"Exec=\"tally vane\"\n[Desktop Action x]\nHidden=true\n", enabled},
+            {"Exec=BIN/tally\n", notFound},
+            {"Exec=BIN\n", notFound}, // a folder
+            {"TryExec=BIN/tally vane\nExec=\"tally vane\"\n", enabled},
+            {"TryExec=absent\nExec=\"tally vane\"\n", notFound},
+            {"", notFound},
+        };
         const Desk desk;
-        if (!entry.isNull()) {
-            desk.write(desk.places.userDirectory, entry);
+        QCOMPARE(desk.status(), notRegistered);
+        for (const auto& [lines, expected] : rows) {
+            desk.write(desk.places.userDirectory, "[Desktop Entry]\n" + lines);
+            QVERIFY2(desk.status() == expected, lines);
         }
-        QCOMPARE(desk.status(), expected);
     }
 
-    void writesAndRemoves() {
+    void quotesEveryName() {
+        const std::pair<const char*, const char*> rows[] = {
+            {"tally vane", "tally vane"}, {"100%d", "100%%d"}, {"a\"b`c$d", "a\\\\\"b\\\\`c\\\\$d"},
+            {"a\\b", "a\\\\\\\\b"},       {"a\nb", "a\\nb"},   {"caf\xc3\xa9", "caf\xc3\xa9"},
+        };
+        for (const auto& [name, quoted] : rows) {
+            const Desk desk(name);
+            QVERIFY(desk.entry().enable());
+            const QByteArray text = *model::readFile(desk.userFile(), 9999);
+            const QByteArray exec = "\nExec=\"" + desk.bin() + '/' + quoted + "\" --background\n";
+            QVERIFY2(text.contains(exec), text.constData());
+            QCOMPARE(desk.status(), LoginItemStatus::enabled);
+        }
+    }
+
+    void changesOnlyTheUsersFile() {
         const Desk desk;
         QVERIFY(desk.entry().enable());
         QCOMPARE(desk.status(), LoginItemStatus::enabled);
@@ -92,33 +93,8 @@ private Q_SLOTS:
         QVERIFY((permissions & ~std::filesystem::perms::owner_all) == std::filesystem::perms::none);
         QVERIFY(desk.entry().disable());
         QVERIFY(!std::filesystem::exists(desk.userFile()));
-        QVERIFY(desk.entry().disable()); // somebody was faster
-    }
+        QVERIFY(desk.entry().disable()); // already gone
 
-    /// Programs of every name start.
-    void quotes_data() {
-        QTest::addColumn<QByteArray>("exec"); // behind the folder
-        QTest::newRow("tally vane") << QByteArray("tally vane\" --background");
-        QTest::newRow("100%d") << QByteArray("100%%d\" --background");
-        QTest::newRow("a\"b`c$d") << QByteArray(R"(a\\"b\\`c\\$d" --background)");
-        QTest::newRow("a\\b") << QByteArray(R"(a\\\\b" --background)");
-        QTest::newRow("a\nb") << QByteArray(R"(a\nb" --background)");
-        QTest::newRow("caf\xc3\xa9") << QByteArray("caf\xc3\xa9\" --background");
-    }
-
-    void quotes() {
-        QFETCH(QByteArray, exec);
-        const Desk desk(QTest::currentDataTag());
-        QVERIFY(desk.entry().enable());
-        const QByteArray text = *model::readFile(desk.userFile(), 9999);
-        QVERIFY2(text.contains("\nExec=\"" + QFile(desk.root / "bin").fileName().toUtf8() + "/" +
-                               exec + "\n"),
-                 text.constData());
-        QCOMPARE(desk.status(), LoginItemStatus::enabled);
-    }
-
-    void goesBeforeTheSystem() {
-        const Desk desk;
         desk.write(desk.places.systemDirectories[1], "[Desktop Entry]\nExec=\"tally vane\"\n");
         QCOMPARE(desk.status(), LoginItemStatus::enabled);
         QVERIFY(desk.entry().disable());
@@ -130,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(desk.status(), LoginItemStatus::requiresApproval);
     }
 
-    void tellsWhatFailed() {
+    void namesTheFileThatFailed() {
         const Desk desk;
         std::filesystem::create_directories(desk.userFile() / "obstacle");
         for (const auto& result : {desk.entry().enable(), desk.entry().disable()}) {

@@ -1,43 +1,22 @@
 #include "platform/linux/dbus_application.h"
+#include "platform/linux/dbus_widget_centre.h"
+#include "platform/linux/termination_signals.h"
 #include "support/private_bus.h"
 #include "support/test_main.h"
 
-#include <QCoro/QCoroSignal>
+#include <QCoro/QCoroFuture>
+#include <QtCore/QPromise>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
 #include <QtTest/QSignalSpy>
 
-#include <algorithm>
-#include <list>
 #include <signal.h>
 
 using namespace tallyvane;
+using platform::DBusApplication;
 
 namespace {
-
-/// One start of the program of one_instance.cpp.
-struct Start {
-    explicit Start(const QString& token = {}) {
-        process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/one_instance"),
-                      {token});
-    }
-    ~Start() {
-        process.kill();
-        process.waitForFinished();
-    }
-    Start(const Start&) = delete;
-    Start& operator=(const Start&) = delete;
-
-    bool hasSaid(const QByteArray& line) {
-        output += process.readAllStandardOutput();
-        return ("\n" + output).contains("\n" + line + "\n");
-    }
-    [[nodiscard]] bool hasEnded() const { return process.state() == QProcess::NotRunning; }
-
-    QProcess process;
-    QByteArray output;
-};
 
 QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments = {}) {
     QDBusMessage message = QDBusMessage::createMethodCall(
@@ -47,124 +26,111 @@ QDBusMessage call(const char* interface, const char* method, const QVariantList&
     return message;
 }
 
-QDBusMessage applicationCall(const char* method, const QVariantList& arguments) {
-    return call("org.freedesktop.Application", method, arguments);
+QCoro::Task<bool> resultOf(QFuture<bool> refresh) {
+    co_return co_await refresh;
 }
-
-class Gate : public QObject {
-    Q_OBJECT
-
-public:
-    QCoro::Task<bool> passed(bool result) {
-        co_await qCoro(this, &Gate::opened);
-        co_return result;
-    }
-
-Q_SIGNALS:
-    void opened();
-};
 
 } // namespace
 
 class DBusApplicationTest : public tests::HermeticTest {
     Q_OBJECT
 
-    const tests::PrivateBus m_bus;
+    std::optional<tests::PrivateBus> m_bus{std::in_place};
     QDBusConnection m_caller =
-        QDBusConnection::connectToBus(m_bus.address(), QStringLiteral("caller"));
+        QDBusConnection::connectToBus(m_bus->address(), QStringLiteral("caller"));
+    QPromise<bool> m_refresh;
+    DBusApplication m_application{[this] { return resultOf(m_refresh.future()); }};
+    QList<QVariantList> m_widgetSignals; // member and arguments
 
-private Q_SLOTS:
-    void startsOnce_data() {
-        QTest::addColumn<int>("starts");
-        QTest::newRow("two") << 2;
-        QTest::newRow("ten") << 10;
+    /// Whether the application answers without an error.
+    bool accepts(const char* method, const QVariantList& arguments) {
+        return m_caller
+                   .call(call("org.freedesktop.Application", method, arguments),
+                         QDBus::BlockWithGui)
+                   .type() == QDBusMessage::ReplyMessage;
+    }
+    bool acceptsAction(const char* action) {
+        return accepts("ActivateAction",
+                       {QString::fromLatin1(action), QVariantList(), QVariantMap()});
     }
 
-    void startsOnce() {
-        QFETCH(int, starts);
-        std::list<Start> all;
-        for (int i = 0; i < starts; ++i) {
-            all.emplace_back(QStringLiteral("token%1").arg(i));
-        }
-        QTRY_COMPARE_WITH_TIMEOUT(std::ranges::count_if(all, &Start::hasEnded), starts - 1, 30'000);
-        for (Start& start : all) {
-            QCOMPARE(start.hasSaid("owner"), !start.hasEnded());
-            QCOMPARE(start.process.exitCode(), 0);
-        }
-        Start& owner = *std::ranges::find(all, false, &Start::hasEnded);
-        for (const Start& start : all) {
-            const QByteArray token = start.process.arguments().value(0).toUtf8();
-            QCOMPARE(owner.hasSaid("activated " + token), &start != &owner);
-        }
+private Q_SLOTS:
+    void initTestCase() {
+        QCOMPARE(m_application.registerOnBus(), DBusApplication::Registration::owner);
     }
 
     void answersTheDesktop() {
-        Start owner;
-        QTRY_VERIFY(owner.hasSaid("owner"));
-        const auto isUnderstood = [this](const char* method, const QVariantList& arguments) {
-            return m_caller.call(applicationCall(method, arguments)).type() ==
-                   QDBusMessage::ReplyMessage;
-        };
+        const QSignalSpy activated(&m_application, &DBusApplication::activated);
+        const QSignalSpy refreshRequested(&m_application, &DBusApplication::refreshRequested);
+        const QSignalSpy quitRequested(&m_application, &DBusApplication::quitRequested);
         const QVariantMap data{{QStringLiteral("desktop-startup-id"), QStringLiteral("X")}};
-        QVERIFY(isUnderstood("Activate", {data}));
-        QVERIFY(isUnderstood("Open", {QStringList(), QVariantMap()}));
-        QVERIFY(isUnderstood("ActivateAction",
-                             {QStringLiteral("refresh"), QVariantList(), QVariantMap()}));
-        QVERIFY(!isUnderstood("ActivateAction",
-                              {QStringLiteral("shout"), QVariantList(), QVariantMap()}));
-        QTRY_VERIFY(owner.hasSaid("refresh"));
-        QCOMPARE(owner.output, "owner\nactivated X\nactivated \nrefresh\n");
-        m_caller.send(applicationCall("ActivateAction",
-                                      {QStringLiteral("quit"), QVariantList(), QVariantMap()}));
-        QTRY_VERIFY(owner.hasEnded());
-        QCOMPARE(owner.process.exitCode(), 0);
+        QVERIFY(accepts("Activate", {data}));
+        QVERIFY(accepts("Open", {QStringList(), QVariantMap()}));
+        QVERIFY(!acceptsAction("shout"));
+        QCOMPARE(activated, (QList<QVariantList>{{QStringLiteral("X")}, {QString()}}));
+        QVERIFY(acceptsAction("refresh"));
+        QVERIFY(refreshRequested.count() == 1 && quitRequested.isEmpty());
+        QVERIFY(acceptsAction("quit"));
+        QVERIFY(refreshRequested.count() == 1 && quitRequested.count() == 1);
     }
 
-    void endsWhenAskedByASignal_data() {
-        QTest::addColumn<int>("number");
-        QTest::newRow("SIGTERM") << SIGTERM;
-        QTest::newRow("SIGINT") << SIGINT;
-        QTest::newRow("SIGHUP") << SIGHUP;
-    }
-
-    void endsWhenAskedByASignal() {
-        QFETCH(int, number);
-        Start start;
-        QTRY_VERIFY(start.hasSaid("owner"));
-        ::kill(static_cast<pid_t>(start.process.processId()), number);
-        QTRY_VERIFY(start.hasEnded());
-        QVERIFY(start.hasSaid("terminated"));
-        QCOMPARE(start.process.exitStatus(), QProcess::NormalExit);
-    }
-
-    void runsWithoutABus() {
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere");
-        Start start;
-        QTRY_VERIFY(start.hasSaid("no bus"));
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toUtf8());
-    }
-
-    /// Last, since this process keeps the name.
     void repliesWhenTheRefreshHasEnded() {
-        Gate gate;
-        bool result = true;
-        platform::DBusApplication application([&] { return gate.passed(result); });
-        QCOMPARE(application.registerOnBus(), platform::DBusApplication::Registration::owner);
-        for (const bool expected : {true, false}) {
-            result = expected;
+        for (const bool isStored : {true, false}) {
+            m_refresh = QPromise<bool>();
+            m_refresh.start();
             const QDBusPendingCall refresh =
                 m_caller.asyncCall(call("org.corvelle.Tallyvane.Control", "Refresh"));
-            const QSignalSpy asked(&application, &platform::DBusApplication::activated);
-            m_caller.send(applicationCall("Activate", {QVariantMap()}));
-            QTRY_COMPARE(asked.count(), 1); // calls keep their order
-            m_caller.call(QDBusMessage::createMethodCall(
-                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetId")));
+            QVERIFY(accepts("Activate", {QVariantMap()})); // replies keep the order of the calls
             QVERIFY(!refresh.isFinished());
-            Q_EMIT gate.opened();
+            m_refresh.addResult(isStored);
+            m_refresh.finish();
             QTRY_VERIFY(refresh.isFinished());
-            QCOMPARE(refresh.reply().arguments(), QVariantList{expected});
+            QCOMPARE(refresh.reply().arguments(), QVariantList{isStored});
         }
+    }
+
+    void notifiesWidgets() {
+        for (const char* member : {"TimelinesReloaded", "AllTimelinesReloaded"}) {
+            QVERIFY(m_caller.connect(QString(), QStringLiteral("/org/corvelle/Tallyvane"),
+                                     QStringLiteral("org.corvelle.Tallyvane.Widgets"),
+                                     QString::fromLatin1(member), this,
+                                     SLOT(receive(QDBusMessage))));
+        }
+        platform::DBusWidgetCentre centre;
+        centre.reloadTimelines(QStringLiteral("GaugewellWidget"));
+        centre.reloadAllTimelines();
+        const QList<QVariantList> expected{
+            {QStringLiteral("TimelinesReloaded"), QStringLiteral("GaugewellWidget")},
+            {QStringLiteral("AllTimelinesReloaded")}};
+        QTRY_COMPARE(m_widgetSignals, expected);
+    }
+
+    void quitsWithTheBus() {
+        const QSignalSpy quitRequested(&m_application, &DBusApplication::quitRequested);
+        m_bus.reset();
+        QTRY_COMPARE(quitRequested.count(), 1);
+        QCOMPARE(m_application.registerOnBus(), DBusApplication::Registration::noBus);
+    }
+
+    void catchesTerminationSignals() {
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+            ::signal(number, SIG_DFL); // the test library has handlers of its own
+            int calls = 0;
+            {
+                const platform::TerminationSignals signals([&calls] { ++calls; });
+                ::raise(number);
+                QCOMPARE(calls, 0);
+                QTRY_COMPARE(calls, 1);
+            }
+            QVERIFY(::signal(number, SIG_IGN) == SIG_DFL);
+            const platform::TerminationSignals ignored([&calls] { ++calls; });
+            QVERIFY(::signal(number, SIG_DFL) == SIG_IGN);
+        }
+    }
+
+public Q_SLOTS:
+    void receive(const QDBusMessage& signal) {
+        m_widgetSignals.append(QVariantList{signal.member()} + signal.arguments());
     }
 };
 

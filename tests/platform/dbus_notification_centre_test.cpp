@@ -1,15 +1,13 @@
 #include "platform/linux/dbus_notification_centre.h"
+#include "platform/linux/notification_settings_page.h"
+#include "support/home_files.h"
 #include "support/private_bus.h"
 #include "support/running_program.h"
+#include "support/scripted_service.h"
 #include "support/test_main.h"
 #include "support/virtual_display.h"
 
-#include <QtCore/QTimer>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
-#include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusVariant>
-#include <QtDBus/QDBusVirtualObject>
 #include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
@@ -19,47 +17,29 @@ using platform::DBusNotificationCentre;
 namespace {
 
 const QString serviceName = QStringLiteral("org.freedesktop.Notifications");
-const QString servicePath = QStringLiteral("/org/freedesktop/Notifications");
-const platform::Notification reset{.identifier = QStringLiteral("reset-claude-1750000000.5"),
-                                   .title = QStringLiteral("Tallyvane"),
-                                   .body = QStringLiteral("您的 Claude token 已经重置了。")};
 
-/// A daemon of any name, on a connection of its own. It takes notifications with the id 7, and
-/// answers no call when it has no name.
-class ScriptedDaemon final : public QDBusVirtualObject {
-public:
-    explicit ScriptedDaemon(const char* name) : m_name(QString::fromLatin1(name)) {
-        bus.registerVirtualObject(servicePath, this);
-        bus.registerService(serviceName);
-    }
-    ~ScriptedDaemon() override { QDBusConnection::disconnectFromBus(bus.name()); }
-    ScriptedDaemon(const ScriptedDaemon&) = delete;
-    ScriptedDaemon& operator=(const ScriptedDaemon&) = delete;
-
-    QString introspect(const QString& /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage& call, const QDBusConnection& /*bus*/) override {
-        ++calls;
-        QVariant answer = m_name; // of GetServerInformation
-        if (call.member() == u"Notify") {
-            answer = uint{7};
-        } else if (call.member() == u"Get") {
-            answer = QVariant::fromValue(QDBusVariant(isInhibited));
+/// A daemon that names itself `name`, or never answers if that is empty. It gives notifications the
+/// id 7.
+struct ScriptedDaemon {
+    [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const {
+        if (name.isEmpty()) {
+            return {};
         }
-        return m_name.isEmpty() || bus.send(call.createReply(answer));
+        return call.member() == u"Notify" ? call.createReply(7U)
+               : call.member() == u"Get"  ? call.createReply(tests::variant(isInhibited))
+                                          : call.createReply(name);
     }
 
-    void emitSignal(const char* name, uint id, const char* text) {
-        bus.send(QDBusMessage::createSignal(servicePath, serviceName, QString::fromLatin1(name))
-                 << id << QString::fromLatin1(text));
+    void emitSignal(const char* signal, uint id, const char* text) {
+        service.emitSignal("", "org.freedesktop.Notifications", signal,
+                           {id, QString::fromLatin1(text)});
     }
 
-    QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                                        QStringLiteral("scripted daemon"));
+    QString name;
     bool isInhibited = false;
-    int calls = 0;
-
-private:
-    QString m_name;
+    tests::ScriptedService service{{serviceName},
+                                   QStringLiteral("/org/freedesktop/Notifications"),
+                                   [this](const QDBusMessage& call) { return reply(call); }};
 };
 
 } // namespace
@@ -69,7 +49,7 @@ class DBusNotificationCentreTest : public tests::HermeticTest {
 
     std::optional<tests::PrivateBus> m_bus{std::in_place};
     tests::VirtualDisplay m_display;
-    DBusNotificationCentre m_centre;
+    DBusNotificationCentre m_centre{{QStringLiteral("/usr/bin")}};
 
     [[nodiscard]] bool isOn() { return QCoro::waitFor(m_centre.isAuthorized()); }
 
@@ -84,54 +64,22 @@ private Q_SLOTS:
     }
 
     void nobodyToCall() {
-        m_centre.post(reset);
+        m_centre.post({});
         QVERIFY(!isOn());
-    }
-
-    void dunstShowsIt() {
-        tests::RunningProgram monitor("dbus-monitor --session member=Notify");
-        QByteArray seen;
-        const auto sees = [&](const char* text) {
-            return (seen += monitor.process.readAllStandardOutput()).contains(text);
-        };
-        QTRY_VERIFY(sees("NameLost")); // it is listening
-        const tests::RunningProgram dunst("dunst");
-        QTRY_VERIFY(isOwned(serviceName));
-        const QSignalSpy activated(&m_centre, &DBusNotificationCentre::activated);
-        m_centre.post(reset);
-        QTRY_VERIFY(sees("int32 -1"));
-        seen.remove(0, seen.indexOf("member=Notify"));
-        QCOMPARE(QString::fromUtf8(seen.simplified()),
-                 QStringLiteral(
-                     "member=Notify string \"Tallyvane\" uint32 0 string \"org.corvelle.Tallyvane\""
-                     " string \"Tallyvane\" string \"您的 Claude token 已经重置了。\""
-                     " array [ string \"default\" string \"Open Tallyvane\" ] array ["
-                     " dict entry( string \"desktop-entry\""
-                     " variant string \"org.corvelle.Tallyvane\" )"
-                     " dict entry( string \"sound-name\" variant string \"message-new-instant\" )"
-                     " dict entry( string \"urgency\" variant byte 1 )"
-                     " dict entry( string \"x-tallyvane-identifier\""
-                     " variant string \"reset-claude-1750000000.5\" ) ] int32 -1"));
-        // Only what dunst has on its display can be acted on.
-        QTRY_VERIFY(std::system("test $(dunstctl count displayed) = 1") == 0);
-        QCOMPARE(std::system("dunstctl action"), 0);
-        QTRY_COMPARE(activated.size(), 1);
     }
 
     void canBeTurnedOff_data() {
         QTest::addColumn<QByteArray>("daemon"); // a program; empty: a stand-in for GNOME Shell
         QTest::addColumn<QByteArray>("command");
-        const auto row = [](const char* name, const char* daemon, const QByteArray& command) {
-            QTest::newRow(name) << QByteArray(daemon) << command;
+        const auto row = [](const char* daemon, const char* command) {
+            QTest::newRow(command) << QByteArray(daemon) << QByteArray(command);
         };
-        row("dunst", "dunst", "dunstctl set-paused true");
-        row("Xfce", "/usr/lib/*/xfce4/notifyd/xfce4-notifyd",
+        row("dunst", "dunstctl set-paused true");
+        row("/usr/lib/*/xfce4/notifyd/xfce4-notifyd",
             "xfconf-query -c xfce4-notifyd -p /do-not-disturb -n -t bool -s true");
-        const QByteArray set = "gsettings set org.gnome.desktop.notifications";
-        row("GNOME, for all", "", set + " show-banners false");
-        row("GNOME, for us", "",
-            set + ".application:/org/gnome/desktop/notifications/"
-                  "application/org-corvelle-tallyvane/ enable false");
+        row("", "gsettings set org.gnome.desktop.notifications show-banners false");
+        row("", "gsettings set org.gnome.desktop.notifications.application:/org/gnome/desktop/"
+                "notifications/application/org-corvelle-tallyvane/ enable false");
     }
 
     void canBeTurnedOff() {
@@ -144,7 +92,8 @@ private Q_SLOTS:
         QTRY_VERIFY(isOwned(QStringLiteral("org.xfce.Xfconf")));
         std::optional<tests::RunningProgram> program;
         std::optional<ScriptedDaemon> gnome;
-        daemon.isEmpty() ? void(gnome.emplace("gnome-shell")) : void(program.emplace(daemon));
+        daemon.isEmpty() ? void(gnome.emplace(QStringLiteral("gnome-shell")))
+                         : void(program.emplace(daemon));
         QTRY_VERIFY(isOwned(serviceName));
         QVERIFY(isOn());
         QCOMPARE(std::system(command.constData()), 0);
@@ -152,41 +101,86 @@ private Q_SLOTS:
     }
 
     void plasmaCanBeInhibited() {
-        ScriptedDaemon daemon("Plasma");
+        ScriptedDaemon daemon{QStringLiteral("Plasma")};
         QVERIFY(isOn());
         daemon.isInhibited = true;
         QVERIFY(!isOn());
     }
 
-    void passesTheTokenOn() {
-        ScriptedDaemon daemon("another");
+    void survivesABadGSettings() {
+        for (const char* script : {"#!/bin/sh\nexec sleep 1000", "#!/nowhere"}) {
+            const QTemporaryDir folder;
+            tests::writeFile(folder.filePath(QStringLiteral("gsettings")), script);
+            const ScriptedDaemon daemon{QStringLiteral("gnome-shell")};
+            DBusNotificationCentre centre({folder.path()}, 100ms);
+            auto answer = centre.isAuthorized();
+            QTRY_VERIFY(answer.isReady());
+            QVERIFY(QCoro::waitFor(std::move(answer)));
+        }
+    }
+
+    void postsAndHearsOfTheClick() {
+        ScriptedDaemon daemon{QStringLiteral("another")};
         QVERIFY(isOn());
-        QSignalSpy activated(&m_centre, &DBusNotificationCentre::activated);
-        m_centre.post(reset);
-        QTRY_COMPARE(daemon.calls, 2);
+        const QSignalSpy activated(&m_centre, &DBusNotificationCentre::activated);
+        m_centre.post({.identifier = QStringLiteral("reset-claude-1750000000.5"),
+                       .title = QStringLiteral("Title"),
+                       .body = QStringLiteral("您的")});
+        QTRY_COMPARE(daemon.service.calls.size(), 2);
+        QVariantList arguments = daemon.service.calls.at(1).arguments();
+        const QVariantMap hints{
+            {QStringLiteral("desktop-entry"), QStringLiteral("org.corvelle.Tallyvane")},
+            {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
+            {QStringLiteral("urgency"), QVariant::fromValue(uchar{1})},
+            {QStringLiteral("x-tallyvane-identifier"),
+             QStringLiteral("reset-claude-1750000000.5")}};
+        QCOMPARE(qdbus_cast<QVariantMap>(arguments.takeAt(6)), hints);
+        const QStringList actions{QStringLiteral("default"), QStringLiteral("Open Tallyvane")};
+        QCOMPARE(
+            arguments,
+            (QVariantList{QStringLiteral("Tallyvane"), 0U, QStringLiteral("org.corvelle.Tallyvane"),
+                          QStringLiteral("Title"), QStringLiteral("您的"), actions, -1}));
         daemon.emitSignal("ActionInvoked", 8, "default"); // not ours
         daemon.emitSignal("ActionInvoked", 7, "other");
         daemon.emitSignal("ActivationToken", 7, "token");
         daemon.emitSignal("ActionInvoked", 7, "default");
-        QTRY_COMPARE(activated.size(), 1);
-        QCOMPARE(activated[0][0], QStringLiteral("token"));
+        QTRY_COMPARE(activated, QList<QVariantList>{{QStringLiteral("token")}});
     }
 
     void aSilentDaemonBlocksNobody() {
-        const ScriptedDaemon daemon("");
-        DBusNotificationCentre centre(100ms);
-        centre.post(reset);
+        const ScriptedDaemon daemon;
+        DBusNotificationCentre centre({}, 100ms);
+        centre.post({});
         auto answer = centre.isAuthorized();
         QVERIFY(!answer.isReady());
-        QTRY_COMPARE(daemon.calls, 2); // the loop runs
+        QTRY_COMPARE(daemon.service.calls.size(), 2); // the event loop runs
         QTRY_VERIFY(answer.isReady());
         QVERIFY(QCoro::waitFor(std::move(answer)));
+    }
+
+    void findsTheSettingsPage() {
+        const QTemporaryDir programs;
+        for (const char* name : {"gnome-control-center", "xfce4-notifyd-config"}) {
+            tests::writeFile(programs.filePath(QString::fromLatin1(name)), {});
+        }
+        const std::pair<const char*, const char*> rows[] = {
+            {"ubuntu:GNOME", "gnome-control-center notifications"},
+            {"X-Cinnamon:XFCE", "xfce4-notifyd-config"}, // the first one's is not installed
+            {"sway", ""},
+        };
+        for (const auto& [desktop, expected] : rows) {
+            const auto page =
+                platform::notificationSettingsPage(QString::fromLatin1(desktop), {programs.path()});
+            const QString call = page ? (QStringList{page->program} + page->arguments).join(u' ')
+                                      : programs.filePath({});
+            QCOMPARE(call, programs.filePath(QString::fromLatin1(expected)));
+        }
     }
 
     void noBus() {
         m_bus.reset();
         QTRY_VERIFY(!QDBusConnection::sessionBus().isConnected());
-        m_centre.post(reset);
+        m_centre.post({});
         QVERIFY(!isOn());
     }
 };

@@ -3,13 +3,11 @@
 #include "support/descriptor_limit.h"
 #include "support/gnome_keyring.h"
 #include "support/private_bus.h"
+#include "support/scripted_service.h"
 #include "support/test_main.h"
 
 #include <QtCore/QTimer>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusObjectPath>
-#include <QtDBus/QDBusVirtualObject>
 #include <QtNetwork/QLocalServer>
 
 #include <list>
@@ -21,48 +19,22 @@ namespace {
 
 const QString service = QStringLiteral("Claude Code-credentials");
 
-QDBusConnection connectTo(const tests::PrivateBus& bus) {
-    return QDBusConnection::connectToBus(bus.address(), bus.address());
-}
-
-bool lockKeyring(QDBusConnection bus) {
+bool lockKeyring(const tests::PrivateBus& bus) {
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
         QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("Lock"));
     call << QVariant::fromValue(
         QList{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login"))});
-    return bus.call(call).type() == QDBusMessage::ReplyMessage;
+    return QDBusConnection::connectToBus(bus.address(), bus.address()).call(call).type() ==
+           QDBusMessage::ReplyMessage;
 }
-
-class SilentObject final : public QDBusVirtualObject {
-public:
-    int calls = 0;
-
-    QString introspect(const QString& /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage& /*message*/, const QDBusConnection& /*bus*/) override {
-        ++calls;
-        return true;
-    }
-};
-
-/// Takes the name of the keyring on `bus` and never answers.
-struct SilentKeyring {
-    explicit SilentKeyring(const tests::PrivateBus& bus) {
-        QDBusConnection connection = connectTo(bus);
-        connection.registerVirtualObject(QStringLiteral("/org/freedesktop/secrets"), &object,
-                                         QDBusConnection::SubPath);
-        connection.registerService(QStringLiteral("org.freedesktop.secrets"));
-    }
-
-    SilentObject object;
-};
 
 } // namespace
 
 class SecretServiceStoreTest : public tests::HermeticTest {
     Q_OBJECT
 
-    /// Why a lookup of little patience gave nothing, unless the event loop stood still meanwhile.
+    /// The reason why a lookup with little patience fails; empty if it blocks the event loop.
     static QString reasonWithoutBlocking() {
         int ticks = 0;
         QTimer ticker;
@@ -74,7 +46,7 @@ class SecretServiceStoreTest : public tests::HermeticTest {
         return isReady && ticks > 0 ? reason(QCoro::waitFor(lookup)) : QString();
     }
 
-    /// Why there is no secret; "found" when there is one.
+    /// Why there is no secret, or "found".
     static QString reason(const platform::SecretLookup& result) {
         return result ? QStringLiteral("found") : result.error().reason;
     }
@@ -95,28 +67,26 @@ private Q_SLOTS:
         QCOMPARE(lookup(service).value().bytes, QByteArray("s\xc3\xa9"
                                                            "cret"));
         QCOMPARE(reason(lookup(QStringLiteral("Other"))), QString());
-        QVERIFY(lockKeyring(connectTo(bus)));
+        QVERIFY(lockKeyring(bus));
         QCOMPARE(reason(lookup(service)), QString());
     }
 
-    void tellsOfASilentService() {
-        const tests::PrivateBus bus;
-        const SilentKeyring keyring(bus);
-        QCOMPARE(reasonWithoutBlocking(), QStringLiteral("it did not answer in time"));
-        QVERIFY(keyring.object.calls > 0);
-    }
-
-    void survivesTheEndOfTheBus() {
+    void reportsASilentService() {
         auto bus = std::make_unique<tests::PrivateBus>();
-        const SilentKeyring keyring(*bus);
+        tests::ScriptedService keyring({QStringLiteral("org.freedesktop.secrets")},
+                                       QStringLiteral("/org/freedesktop/secrets"),
+                                       [](const QDBusMessage&) { return QDBusMessage(); });
+        QCOMPARE(reasonWithoutBlocking(), QStringLiteral("it did not answer in time"));
+        QVERIFY(!keyring.calls.isEmpty());
+        keyring.calls.clear();
         platform::SecretServiceStore store(1h);
         auto lookup = store.lookup(service);
-        QTRY_VERIFY(keyring.object.calls > 0);
-        bus.reset();
+        QTRY_VERIFY(!keyring.calls.isEmpty());
+        bus.reset(); // ends the lookup, but not the program
         QCOMPARE(reason(QCoro::waitFor(std::move(lookup))), QString());
     }
 
-    void tellsOfMissingDescriptors() {
+    void reportsMissingDescriptors() {
         const tests::PrivateBus bus;
         platform::SecretServiceStore store;
         for (int spare = 0; spare < 20; ++spare) {
@@ -135,7 +105,7 @@ private Q_SLOTS:
         }
     }
 
-    void tellsOfASilentBus() {
+    void reportsASilentBus() {
         const QTemporaryDir directory;
         QLocalServer bus;
         QVERIFY(bus.listen(directory.filePath(QStringLiteral("bus"))));

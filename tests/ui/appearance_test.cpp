@@ -11,7 +11,7 @@
 
 using namespace tallyvane;
 using model::AppAppearance;
-using platform::ColourScheme;
+using platform::ColourPreference;
 
 namespace {
 
@@ -35,19 +35,19 @@ class AppearanceTest : public tests::HermeticTest {
 
 private Q_SLOTS:
     void choosesTheScheme() {
-        const auto isDark = [this](AppAppearance choice, ColourScheme system,
+        const auto isDark = [this](AppAppearance choice, ColourPreference system,
                                    Qt::GlobalColor window) {
             m_idle.model.setAppearance(choice);
             m_appearance.setSystemColourScheme(system);
             QGuiApplication::setPalette(QPalette(window));
             return m_appearance.isDark();
         };
-        QVERIFY(!isDark(AppAppearance::light, ColourScheme::dark, Qt::black));
-        QVERIFY(isDark(AppAppearance::dark, ColourScheme::light, Qt::white));
-        QVERIFY(isDark(AppAppearance::system, ColourScheme::dark, Qt::white));
-        QVERIFY(!isDark(AppAppearance::system, ColourScheme::light, Qt::black));
-        QVERIFY(isDark(AppAppearance::system, ColourScheme::noPreference, Qt::black));
-        QVERIFY(!isDark(AppAppearance::system, ColourScheme::noPreference, Qt::white));
+        QVERIFY(!isDark(AppAppearance::light, ColourPreference::dark, Qt::black));
+        QVERIFY(isDark(AppAppearance::dark, ColourPreference::light, Qt::white));
+        QVERIFY(isDark(AppAppearance::system, ColourPreference::dark, Qt::white));
+        QVERIFY(!isDark(AppAppearance::system, ColourPreference::light, Qt::black));
+        QVERIFY(isDark(AppAppearance::system, ColourPreference::none, Qt::black));
+        QVERIFY(!isDark(AppAppearance::system, ColourPreference::none, Qt::white));
     }
 
     void keepsTheAccentReadable() {
@@ -103,12 +103,12 @@ private Q_SLOTS:
 
     void announcesEachChange() {
         m_idle.model.setAppearance(AppAppearance::light);
-        m_appearance.setSystemColourScheme(ColourScheme::noPreference);
+        m_appearance.setSystemColourScheme(ColourPreference::none);
         const QSignalSpy changed(&m_appearance, &ui::Appearance::changed);
         m_idle.model.setAppearance(AppAppearance::light);
         QCOMPARE(changed.count(), 0);
         m_idle.model.setAppearance(AppAppearance::system);
-        m_appearance.setSystemColourScheme(ColourScheme::dark);
+        m_appearance.setSystemColourScheme(ColourPreference::dark);
         m_appearance.setMotionReduced(true);
         QCOMPARE(changed.count(), 3);
         QGuiApplication::setFont(QFont(QGuiApplication::font().family(), 20));

@@ -98,7 +98,8 @@ void DesktopProgram::openMainWindow(const QString& activationToken) {
 }
 
 WindowsContext DesktopProgram::windowsContext() {
-    const auto page = platform::notificationSettingsPage(m_environment.currentDesktop);
+    const auto page =
+        platform::notificationSettingsPage(m_environment.currentDesktop, m_environment.searchPath);
     return {.model = m_composition.model,
             .defaults = m_composition.defaults,
             .clock = m_composition.clock,
@@ -124,7 +125,8 @@ Windows* DesktopProgram::windows() {
         }
         m_windows = std::move(*loaded);
         const auto follow = [this] {
-            m_windows->setSystemLook(m_appearance.colourScheme(), m_appearance.isMotionReduced());
+            m_windows->setSystemLook(m_appearance.colourPreference(),
+                                     m_appearance.isMotionReduced());
             m_windows->setStatusItemShown(m_statusArea.isShown());
         };
         connect(&m_appearance, &platform::SystemAppearance::changed, this, follow);

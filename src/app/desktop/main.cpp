@@ -54,7 +54,7 @@ int main(int argc, char** argv) {
     if (!app::checkResources(app::desktopResources)) {
         return std::to_underlying(app::ExitCode::failure);
     }
-    platform::leaveSilentSessionBus();
+    platform::leaveSilentSessionBus(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
     QGuiApplication::setDesktopFileName(QString(platform::applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);

@@ -50,7 +50,7 @@ public:
 
     void togglePanel(QPoint itemPosition) override { m_panel.toggle(itemPosition); }
     void openMainWindow() override { m_mainWindow.open(); }
-    void setSystemLook(platform::ColourScheme scheme, bool isMotionReduced) override {
+    void setSystemLook(platform::ColourPreference scheme, bool isMotionReduced) override {
         m_appearance.setSystemColourScheme(scheme);
         m_appearance.setMotionReduced(isMotionReduced);
     }

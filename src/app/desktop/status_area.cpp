@@ -9,7 +9,7 @@
 
 namespace tallyvane::app {
 
-using platform::ColourScheme;
+using platform::ColourPreference;
 using platform::HostProfile;
 
 namespace {
@@ -34,7 +34,8 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showMenu);
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
     connect(&appearance, &platform::SystemAppearance::changed, this, &StatusArea::showSnapshot);
-    connect(&m_panelScheme, &platform::PanelColourScheme::changed, this, &StatusArea::showSnapshot);
+    connect(&m_panelColours, &platform::PanelColourPreference::changed, this,
+            &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostProfileChanged, this, &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostAvailableChanged, this,
             &StatusArea::isShownChanged);
@@ -97,13 +98,13 @@ void StatusArea::choose(int entry) {
 }
 
 QColor StatusArea::ink() const {
-    const ColourScheme panel = m_panelScheme.colourScheme();
-    switch (panel != ColourScheme::noPreference ? panel : m_appearance.colourScheme()) {
-    case ColourScheme::dark:
+    const ColourPreference panel = m_panelColours.value();
+    switch (panel != ColourPreference::none ? panel : m_appearance.colourPreference()) {
+    case ColourPreference::dark:
         return {0xf2, 0xf2, 0xf2};
-    case ColourScheme::light:
+    case ColourPreference::light:
         return {0x2e, 0x34, 0x36};
-    case ColourScheme::noPreference:
+    case ColourPreference::none:
         break;
     }
     return {0x8a, 0x8a, 0x8a}; // shows on both

@@ -2,7 +2,7 @@
 
 #include "app/desktop/symbolic_icon_files.h"
 #include "core/app_model.h"
-#include "platform/linux/panel_colour_scheme.h"
+#include "platform/linux/panel_colour_preference.h"
 #include "platform/linux/status_item/status_item.h"
 #include "platform/linux/system_appearance.h"
 
@@ -39,7 +39,7 @@ private:
 
     const core::AppModel& m_model;
     const platform::SystemAppearance& m_appearance;
-    platform::PanelColourScheme m_panelScheme;
+    platform::PanelColourPreference m_panelColours;
     SymbolicIconFiles m_iconFiles;
     platform::StatusItem m_item;
 };

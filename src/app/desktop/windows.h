@@ -2,7 +2,7 @@
 
 #include "core/app_model.h"
 #include "core/launch_context.h"
-#include "platform/colour_scheme.h"
+#include "platform/colour_preference.h"
 #include "platform/login_item.h"
 #include "platform/notification_centre.h"
 
@@ -39,7 +39,7 @@ public:
     /// Opens the main window, or brings the open one to the front.
     virtual void openMainWindow() = 0;
     /// What the desktop asks of all windows.
-    virtual void setSystemLook(platform::ColourScheme scheme, bool isMotionReduced) = 0;
+    virtual void setSystemLook(platform::ColourPreference scheme, bool isMotionReduced) = 0;
     /// Whether the desktop shows a status item; the main window says so when it does not.
     virtual void setStatusItemShown(bool isShown) = 0;
 };

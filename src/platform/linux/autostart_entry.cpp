@@ -20,7 +20,7 @@ std::filesystem::path entryIn(const std::filesystem::path& directory) {
 }
 
 bool isTrue(const QString& value) {
-    return value == u"true" || value == u"1"; // the latter is what old files have
+    return value == u"true" || value == u"1"; // the latter in old files
 }
 
 } // namespace
@@ -39,7 +39,7 @@ LoginItemStatus AutostartEntry::status() const {
         return LoginItemStatus::notRegistered;
     }
     const auto entry = readDesktopEntry(*file);
-    // GNOME's key, by which also the settings of other desktops switch entries off.
+    // The settings of other desktops use GNOME's key too.
     const QString gnomeSwitch = entry.value(QStringLiteral("X-GNOME-Autostart-enabled"));
     if (isTrue(entry.value(QStringLiteral("Hidden"))) ||
         !(gnomeSwitch.isEmpty() || isTrue(gnomeSwitch))) {

@@ -9,24 +9,24 @@
 
 namespace tallyvane::platform {
 
-/// Where the login item lies and what it starts.
+/// Where the login item is stored and what it starts.
 struct AutostartPlaces {
     std::filesystem::path userDirectory; ///< $XDG_CONFIG_HOME/autostart
-    /// The folder autostart of each of $XDG_CONFIG_DIRS, the most important first.
+    /// The folder autostart in each of $XDG_CONFIG_DIRS, in that order.
     std::vector<std::filesystem::path> systemDirectories;
     std::filesystem::path program; ///< absolute
     QStringList searchPath;        ///< the folders of $PATH
 };
 
-/// A file org.corvelle.Tallyvane.desktop after the Desktop Application Autostart Specification.
-/// Of several, the user's own counts, and else the first of the system's.
+/// org.corvelle.Tallyvane.desktop as in the Desktop Application Autostart Specification: the user's
+/// file overrides the system's, and an earlier system directory a later one.
 class AutostartEntry final : public LoginItem {
 public:
     explicit AutostartEntry(AutostartPlaces places);
 
     [[nodiscard]] LoginItemStatus status() const override;
     [[nodiscard]] std::expected<void, QString> enable() override;
-    /// Removes the user's file, or lets it hide the one that the system has.
+    /// Removes the user's file, or makes it hide the system's file if there is one.
     [[nodiscard]] std::expected<void, QString> disable() override;
 
 private:

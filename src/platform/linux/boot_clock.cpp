@@ -1,49 +1,34 @@
 #include "platform/linux/boot_clock.h"
 
+#include "model/file_descriptor.h"
+
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 
 #include <optional>
 #include <sys/timerfd.h>
-#include <unistd.h>
 
 namespace tallyvane::platform {
 
 namespace {
 
-class TimerDescriptor {
-public:
-    TimerDescriptor(clockid_t clock, std::chrono::milliseconds delay)
-        : m_fd(::timerfd_create(clock, TFD_NONBLOCK | TFD_CLOEXEC)) {
-        if (m_fd < 0) {
-            return;
-        }
-        // A timer set to zero would be disarmed.
-        const auto positive = std::max(delay, std::chrono::milliseconds{1});
-        const auto seconds = std::chrono::floor<std::chrono::seconds>(positive);
-        itimerspec setting{};
-        setting.it_value.tv_sec = seconds.count();
-        setting.it_value.tv_nsec = std::chrono::nanoseconds{positive - seconds}.count();
-        ::timerfd_settime(m_fd, 0, &setting, nullptr);
-    }
-    ~TimerDescriptor() {
-        if (m_fd >= 0) {
-            ::close(m_fd);
-        }
-    }
-    TimerDescriptor(const TimerDescriptor&) = delete;
-    TimerDescriptor& operator=(const TimerDescriptor&) = delete;
-
-    int get() const { return m_fd; }
-
-private:
-    int m_fd;
-};
+/// A timer that becomes readable after `delay`, unless the system has no descriptor left.
+model::FileDescriptor startTimer(clockid_t clock, std::chrono::milliseconds delay) {
+    model::FileDescriptor timer(::timerfd_create(clock, TFD_NONBLOCK | TFD_CLOEXEC));
+    // Zero would disarm it.
+    const auto positive = std::max(delay, std::chrono::milliseconds{1});
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(positive);
+    itimerspec setting{};
+    setting.it_value.tv_sec = seconds.count();
+    setting.it_value.tv_nsec = std::chrono::nanoseconds{positive - seconds}.count();
+    ::timerfd_settime(timer.get(), 0, &setting, nullptr);
+    return timer;
+}
 
 class BootAlarm final : public Alarm {
 public:
     BootAlarm(clockid_t clock, std::chrono::milliseconds delay, std::function<void()> action)
-        : m_timer(clock, delay), m_action(std::move(action)) {
+        : m_timer(startTimer(clock, delay)), m_action(std::move(action)) {
         if (m_timer.get() < 0) {
             QTimer::singleShot(delay, &m_scope, [this] { ring(); });
             return;
@@ -57,14 +42,14 @@ public:
 
 private:
     void ring() {
-        const auto call = m_action; // outlives this alarm if the call drops it
-        call();
+        const auto action = m_action; // may destroy this alarm
+        action();
     }
 
-    TimerDescriptor m_timer;
+    model::FileDescriptor m_timer;
     std::optional<QSocketNotifier> m_notifier;
     std::function<void()> m_action;
-    QObject m_scope; ///< of the timer that serves where there is no descriptor to be had
+    QObject m_scope; ///< cancels the QTimer that stands in when there is no descriptor
 };
 
 } // namespace

@@ -4,9 +4,9 @@
 
 namespace tallyvane::platform {
 
-/// The machine's clocks: the wall clock for the time; for alarms CLOCK_BOOTTIME, which counts
-/// suspended time, or CLOCK_MONOTONIC, which does not. When the system has no descriptor left for
-/// an alarm, that one does not count suspended time.
+/// The machine's wall clock, and alarms by CLOCK_BOOTTIME, which counts suspended time, or
+/// CLOCK_MONOTONIC, which does not. An alarm for which the system has no descriptor left does not
+/// count suspended time.
 class BootClock final : public Clock {
 public:
     [[nodiscard]] model::Timestamp now() const override;

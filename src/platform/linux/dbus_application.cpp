@@ -1,14 +1,11 @@
 #include "platform/linux/dbus_application.h"
 
 #include "platform/application_id.h"
+#include "platform/linux/bus_call.h"
 #include "platform/spawn.h"
 
 #include <QtDBus/QDBusAbstractAdaptor>
-#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusConnectionInterface>
-#include <QtDBus/QDBusMessage>
-
-#include <chrono>
 
 namespace tallyvane::platform {
 
@@ -23,28 +20,26 @@ constexpr std::chrono::milliseconds refreshTimeout = 2min;
 const QString applicationPath = QStringLiteral("/org/corvelle/Tallyvane");
 const QString applicationInterface = QStringLiteral("org.freedesktop.Application");
 const QString controlInterface = QStringLiteral("org.corvelle.Tallyvane.Control");
-const QString activationTokenKey = QStringLiteral("activation-token"); // Wayland, and X11 of today
+const QString activationTokenKey = QStringLiteral("activation-token"); // Wayland and newer X11
 const QString startupIdKey = QStringLiteral("desktop-startup-id");     // X11
 
-std::expected<QVariantList, CallError> callRunning(const QString& interface, const QString& method,
+std::expected<QDBusMessage, CallError> callRunning(const QString& interface, const QString& method,
                                                    const QVariantList& arguments,
                                                    std::chrono::milliseconds timeout) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(applicationId, applicationPath, interface, method);
     call.setArguments(arguments);
     call.setAutoStartService(false);
-    const QDBusMessage reply =
-        QDBusConnection::sessionBus().call(call, QDBus::Block, static_cast<int>(timeout.count()));
-    if (reply.type() == QDBusMessage::ReplyMessage) {
-        return reply.arguments();
+    if (const BusReply reply = callBusAndBlock(call, timeout)) {
+        return *reply;
     }
-    // The bus answers for an owner that ended meanwhile, and a time-out has the same error name.
+    // A time-out and an owner that ended meanwhile give the same error.
     return std::unexpected(isApplicationRunning() ? CallError::noAnswer : CallError::notRunning);
 }
 
 } // namespace
 
-// Methods and arguments have the names that they have on the bus.
+// Methods and arguments have their D-Bus names.
 // NOLINTBEGIN(readability-identifier-naming)
 
 class ApplicationAdaptor final : public QDBusAbstractAdaptor {
@@ -62,7 +57,7 @@ public Q_SLOTS:
             token.isEmpty() ? platform_data.value(startupIdKey).toString() : token);
     }
 
-    /// The program opens no files, so all that is left of it is its window.
+    /// The program opens no files, so this only shows its window.
     void Open(const QStringList& /*uris*/, const QVariantMap& platform_data) {
         Activate(platform_data);
     }
@@ -96,7 +91,7 @@ public Q_SLOTS:
     bool Refresh(const QDBusMessage& call) {
         call.setDelayedReply(true);
         spawn(answer(call, m_refresh()));
-        return false; // is not sent
+        return false; // not sent: the reply is delayed
     }
 
 private:
@@ -117,7 +112,7 @@ DBusApplication::DBusApplication(Refresh refresh) {
 
 DBusApplication::Registration DBusApplication::registerOnBus() {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    // The object comes first, for whoever started the program by the name calls it at once.
+    // First the object, then the name: a caller that started the program by its name calls at once.
     if (!bus.registerObject(applicationPath, this, QDBusConnection::ExportAdaptors)) {
         return Registration::noBus;
     }
@@ -130,7 +125,7 @@ DBusApplication::Registration DBusApplication::registerOnBus() {
     if (reply.value() != QDBusConnectionInterface::ServiceRegistered) {
         return Registration::alreadyRunning;
     }
-    // The library sends itself this when the connection ends, which is when the session does.
+    // QtDBus emits this locally when the connection ends, as at the end of the session.
     bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
                 QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
                 SIGNAL(quitRequested()));
@@ -160,7 +155,7 @@ std::expected<bool, CallError> refreshRunning() {
     if (!reply) {
         return std::unexpected(reply.error());
     }
-    return reply->value(0).toBool();
+    return reply->arguments().value(0).toBool();
 }
 
 } // namespace tallyvane::platform

@@ -6,12 +6,12 @@
 #include <expected>
 #include <functional>
 
-/// The program on the session bus, where it is there once per user: the end of the one that runs,
-/// and the end of others that ask it. Main thread only.
+/// One program runs per user; it owns a name on the session bus by which others reach it. Main
+/// thread only.
 namespace tallyvane::platform {
 
-/// The running program. At /org/corvelle/Tallyvane it has org.freedesktop.Application (Desktop
-/// Entry Specification, "D-Bus Activation") with the actions "refresh" and "quit", and
+/// The running program's object /org/corvelle/Tallyvane: org.freedesktop.Application (Desktop Entry
+/// Specification, "D-Bus Activation") with the actions "refresh" and "quit", and
 /// org.corvelle.Tallyvane.Control, whose Refresh() -> b replies when the refresh has ended.
 class DBusApplication : public QObject {
     Q_OBJECT
@@ -20,39 +20,37 @@ public:
     enum class Registration {
         owner,          ///< this process is the one
         alreadyRunning, ///< another process is
-        noBus,          ///< nobody can tell, and nobody will call
+        noBus,          ///< unknown, and there will be no calls
     };
 
-    /// Refreshes, or waits for the refresh that runs; whether new figures were stored. What the
-    /// task uses outlives the event loop.
+    /// Refreshes, or joins the refresh that is running, and returns whether new figures were
+    /// stored. What the task uses must outlive the event loop.
     using Refresh = std::function<QCoro::Task<bool>()>;
 
     explicit DBusApplication(Refresh refresh);
 
-    /// Call it once, when everything that answers is there: calls may come from then on.
+    /// Call this once, when everything is ready: calls may arrive from then on.
     [[nodiscard]] Registration registerOnBus();
 
 Q_SIGNALS:
-    /// The program is to show its window. The token is the caller's for the window system, and may
-    /// be empty.
+    /// A request to show the window. The caller's token (xdg-activation) may be empty.
     void activated(const QString& token);
-    void refreshRequested(); ///< nobody waits for its end
-    void quitRequested();    ///< by a caller, or by the end of the bus
+    void refreshRequested(); ///< without waiting for its end
+    void quitRequested();    ///< by a caller, or because the bus is gone
 };
 
 enum class CallError {
-    notRunning, ///< no bus, nobody has the name, or its owner ended before it answered
-    noAnswer,   ///< the name has an owner, and that is all
+    notRunning, ///< no bus, nobody owns the name, or its owner ended before it replied
+    noAnswer,   ///< the owner of the name does not reply
 };
 
-/// Whether the program runs.
 [[nodiscard]] bool isApplicationRunning();
 
-/// Makes the running program show its window. Blocks until it answers, at most five seconds.
+/// Makes the running program show its window. Blocks for at most five seconds.
 [[nodiscard]] std::expected<void, CallError> activateRunning(const QString& token);
 
-/// Makes the running program refresh; whether new figures are stored. Blocks until the refresh has
-/// ended, at most two minutes.
+/// Makes the running program refresh and returns whether new figures were stored. Blocks until the
+/// refresh has ended, at most two minutes.
 [[nodiscard]] std::expected<bool, CallError> refreshRunning();
 
 } // namespace tallyvane::platform

@@ -1,20 +1,106 @@
 #include "platform/linux/dbus_notification_centre.h"
 
 #include "platform/application_id.h"
-#include "platform/linux/notification_daemon.h"
+#include "platform/linux/bus_call.h"
 
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
+#include <QCoro/QCoroFuture>
+#include <QtCore/QProcess>
+#include <QtCore/QPromise>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QTimer>
 #include <QtDBus/QDBusServiceWatcher>
 
 #include <utility>
+
+using std::chrono::milliseconds;
 
 namespace tallyvane::platform {
 
 namespace {
 
+const QString daemonName = QStringLiteral("org.freedesktop.Notifications"); // and interface
+const QString daemonPath = QStringLiteral("/org/freedesktop/Notifications");
 const QString defaultAction = QStringLiteral("default");
+
+QDBusMessage daemonCall(const QString& method) {
+    return QDBusMessage::createMethodCall(daemonName, daemonPath, daemonName, method);
+}
+
+QCoro::Task<bool> isTrue(QDBusMessage question, milliseconds patience) {
+    const BusValue value = co_await readBusValue(QDBusConnection::sessionBus(), question, patience);
+    co_return value && value->toBool();
+}
+
+QDBusMessage daemonPropertyRead(const QString& interface, const QString& property) {
+    return propertyRead(daemonName, daemonPath, interface, property);
+}
+
+/// Whether a GSettings key holds false. A child process reads it: GLib would abort this one on a
+/// missing schema, and keep threads and a second connection to the bus.
+QCoro::Task<bool> isGSettingFalse(QString program, QString schema, QString key,
+                                  milliseconds patience) {
+    QPromise<void> end;
+    end.start();
+    const QFuture<void> hasEnded = end.future();
+    QProcess process;
+    process.setStandardErrorFile(QProcess::nullDevice());
+    // Also emitted when the program cannot be started, unlike finished().
+    QObject::connect(&process, &QProcess::stateChanged, [&end](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning) {
+            end.finish();
+        }
+    });
+    QTimer::singleShot(patience, &process, &QProcess::kill);
+    process.start(program, {QStringLiteral("get"), schema, key});
+    co_await hasEnded;
+    co_return process.readAllStandardOutput().trimmed() == "false";
+}
+
+QCoro::Task<bool> isOffInGnome(QStringList searchPath, milliseconds patience) {
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("gsettings"), searchPath);
+    if (program.isEmpty()) {
+        co_return false;
+    }
+    const QString schema = QStringLiteral("org.gnome.desktop.notifications");
+    const QString ours = schema + QStringLiteral(".application:/org/gnome/desktop/notifications/"
+                                                 "application/org-corvelle-tallyvane/");
+    QCoro::Task<bool> withoutBanners =
+        isGSettingFalse(program, schema, QStringLiteral("show-banners"), patience);
+    QCoro::Task<bool> disabled = isGSettingFalse(program, ours, QStringLiteral("enable"), patience);
+    const bool isOffForAll = co_await withoutBanners;
+    const bool isOffForUs = co_await disabled;
+    co_return isOffForAll || isOffForUs;
+}
+
+QCoro::Task<bool> areNotificationsOn(QStringList searchPath, milliseconds patience) {
+    const BusReply information =
+        co_await callBus(QDBusConnection::sessionBus(),
+                         daemonCall(QStringLiteral("GetServerInformation")), patience);
+    if (!information) {
+        co_return information.error() == BusError::failed;
+    }
+    const QString daemon = information->arguments().value(0).toString();
+    bool isOff = false;
+    if (daemon == u"dunst") {
+        isOff = co_await isTrue(
+            daemonPropertyRead(QStringLiteral("org.dunstproject.cmd0"), QStringLiteral("paused")),
+            patience);
+    } else if (daemon == u"Xfce Notify Daemon") {
+        const auto question = QDBusMessage::createMethodCall(QStringLiteral("org.xfce.Xfconf"),
+                                                             QStringLiteral("/org/xfce/Xfconf"),
+                                                             QStringLiteral("org.xfce.Xfconf"),
+                                                             QStringLiteral("GetProperty"))
+                              << QStringLiteral("xfce4-notifyd")
+                              << QStringLiteral("/do-not-disturb");
+        isOff = co_await isTrue(question, patience);
+    } else if (daemon == u"Plasma") {
+        isOff =
+            co_await isTrue(daemonPropertyRead(daemonName, QStringLiteral("Inhibited")), patience);
+    } else if (daemon == u"gnome-shell") {
+        isOff = co_await isOffInGnome(searchPath, patience);
+    }
+    co_return !isOff;
+}
 
 } // namespace
 
@@ -28,22 +114,19 @@ void DBusNotificationCentre::post(const Notification& notification) {
                             {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")},
                             {QStringLiteral("urgency"), QVariant::fromValue(uchar{1})}, // normal
                             {QStringLiteral("x-tallyvane-identifier"), notification.identifier}};
-    QDBusMessage call = notificationDaemonCall(QStringLiteral("Notify"));
+    QDBusMessage call = daemonCall(QStringLiteral("Notify"));
     call.setArguments({QStringLiteral("Tallyvane"), uint{0}, QString(applicationId),
                        notification.title, notification.body,
                        QStringList{defaultAction, QStringLiteral("Open Tallyvane")}, hints, -1});
-    auto* watcher = new QDBusPendingCallWatcher(
-        bus.asyncCall(call, static_cast<int>(m_patience.count())), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        if (const QDBusPendingReply<uint> id = *watcher; id.isValid()) {
-            m_tokens.insert(id.value(), {});
+    QCoro::connect(callBus(bus, call, m_patience), this, [this](const BusReply& id) {
+        if (id && id->signature() == u"u") {
+            m_tokens.insert(id->arguments().constFirst().toUInt(), {});
         }
-        watcher->deleteLater();
     });
 }
 
 QCoro::Task<bool> DBusNotificationCentre::isAuthorized() {
-    return areNotificationsOn(m_patience);
+    return areNotificationsOn(m_searchPath, m_patience);
 }
 
 void DBusNotificationCentre::listen() {
@@ -52,15 +135,14 @@ void DBusNotificationCentre::listen() {
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     const auto connectSignal = [&](const char* name, const char* slot) {
-        bus.connect(notificationsName, notificationsPath, notificationsName,
-                    QString::fromLatin1(name), this, slot);
+        bus.connect(daemonName, daemonPath, daemonName, QString::fromLatin1(name), this, slot);
     };
     connectSignal("ActivationToken", SLOT(keepToken(uint, QString)));
     connectSignal("ActionInvoked", SLOT(activate(uint, QString)));
     connectSignal("NotificationClosed", SLOT(forget(uint)));
-    // A new daemon counts its ids from the start again.
-    const auto* watcher = new QDBusServiceWatcher(
-        notificationsName, bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    // A new daemon reuses the ids of the old one.
+    const auto* watcher =
+        new QDBusServiceWatcher(daemonName, bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_tokens.clear(); });
 }
 

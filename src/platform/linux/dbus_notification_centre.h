@@ -4,28 +4,41 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
+#include <QtCore/QStringList>
 
 #include <chrono>
 
 namespace tallyvane::platform {
 
-/// The notification daemon on the session bus, as the Desktop Notifications Specification 1.2 has
-/// it. Calls wait in the event loop, each at most `patience`. Touches the bus only when used.
+/// The notification daemon on the session bus (Desktop Notifications Specification 1.2). Does not
+/// connect to the bus before its first use.
 class DBusNotificationCentre final : public QObject, public NotificationCentre {
     Q_OBJECT
 
 public:
-    explicit DBusNotificationCentre(std::chrono::milliseconds patience = std::chrono::seconds{5})
-        : m_patience(patience) {}
+    /// `searchPath` holds the folders of $PATH; each question waits at most `patience`.
+    explicit DBusNotificationCentre(QStringList searchPath,
+                                    std::chrono::milliseconds patience = std::chrono::seconds{5})
+        : m_searchPath(std::move(searchPath)), m_patience(patience) {}
 
     void post(const Notification& notification) override;
-
-    /// See areNotificationsOn().
+    /// Daemons accept notifications even while the user has them off, and each has its own way to
+    /// tell:
+    ///
+    /// | daemon | off when | seen in |
+    /// |---|---|---|
+    /// | dunst | property `paused` of org.dunstproject.cmd0 | 1.9 |
+    /// | xfce4-notifyd | `/do-not-disturb` of the Xfconf channel xfce4-notifyd | 0.7 |
+    /// | Plasma | property `Inhibited` of org.freedesktop.Notifications | 5.27 |
+    /// | GNOME Shell | GSettings `show-banners`, or `enable` of our application, is false | 43 |
+    ///
+    /// An unknown daemon counts as on, as does one that gives no usable answer in time. Without a
+    /// session bus or a daemon: off.
     [[nodiscard]] QCoro::Task<bool> isAuthorized() override;
 
 Q_SIGNALS:
-    /// The user clicked one of our notifications. The token (xdg-activation) lets a window come to
-    /// the front; empty when the daemon gives none.
+    /// The user clicked one of our notifications. The token (xdg-activation) lets a window take the
+    /// focus; empty when the daemon gives none.
     void activated(const QString& activationToken);
 
 private Q_SLOTS:
@@ -36,9 +49,11 @@ private Q_SLOTS:
 private:
     void listen();
 
+    QStringList m_searchPath;
     std::chrono::milliseconds m_patience;
     bool m_isListening = false;
-    QHash<uint, QString> m_tokens; ///< per notification on show: its activation token, if any yet
+    QHash<uint, QString>
+        m_tokens; ///< by id of a shown notification: its activation token, if known
 };
 
 } // namespace tallyvane::platform

@@ -5,7 +5,7 @@
 namespace tallyvane::platform {
 
 /// Emits TimelinesReloaded(s kind) and AllTimelinesReloaded() of org.corvelle.Tallyvane.Widgets at
-/// /org/corvelle/Tallyvane on the session bus. Without a bus nothing happens.
+/// /org/corvelle/Tallyvane on the session bus, if there is one.
 class DBusWidgetCentre final : public WidgetCentre {
 public:
     void reloadTimelines(const QString& kind) override;

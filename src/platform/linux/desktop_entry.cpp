@@ -23,7 +23,7 @@ QString unescapedValue(QStringView value) {
         const auto* known =
             isEscape ? std::ranges::find(escapes, value[i + 1].unicode(), &Escape::letter)
                      : std::end(escapes);
-        // Others, such as a list's "\;", are not ours to undo.
+        // Others, such as "\;" in lists, stay.
         if (known == std::end(escapes)) {
             text += value[i];
         } else {
@@ -72,7 +72,7 @@ QString quotedArgument(const QString& argument) {
         if (QStringView(u"\"`$\\").contains(character)) {
             quoted += u'\\';
         } else if (character == u'%') {
-            quoted += u'%'; // alone it begins a field code
+            quoted += u'%'; // a single one starts a field code
         }
         quoted += character;
     }

@@ -4,20 +4,20 @@
 #include <QtCore/QMap>
 #include <QtCore/QString>
 
-/// Reading and writing of .desktop files after the Desktop Entry Specification 1.5.
+/// Reads and writes .desktop files (Desktop Entry Specification 1.5).
 namespace tallyvane::platform {
 
-/// The keys of the group "Desktop Entry" and their values, escapes (\s, \n, \t, \r, \\) undone; a
-/// later line of the same key wins. What is no key line is passed over.
+/// Returns the keys and unescaped values of the group "Desktop Entry". The last line of a key wins;
+/// malformed lines are ignored.
 [[nodiscard]] QMap<QString, QString> readDesktopEntry(const QByteArray& file);
 
-/// The text of a string value, escaped as a line of the file needs it.
+/// Escapes a text (\s, \n, \t, \r, \\) for use as a string value.
 [[nodiscard]] QString escapedValue(const QString& text);
 
-/// One argument in quotes, to be a part of the value of Exec; not yet escaped.
+/// Quotes one argument for the value of Exec, which escapedValue() must then escape.
 [[nodiscard]] QString quotedArgument(const QString& argument);
 
-/// The program that a value of Exec names, without its quotes; empty when it names none.
+/// Returns the program in a value of Exec, unquoted; empty if there is none.
 [[nodiscard]] QString programOfExec(const QString& exec);
 
 } // namespace tallyvane::platform

@@ -5,7 +5,8 @@
 
 namespace tallyvane::platform {
 
-std::optional<ProgramCall> notificationSettingsPage(const QString& currentDesktop) {
+std::optional<ProgramCall> notificationSettingsPage(const QString& currentDesktop,
+                                                    const QStringList& searchPath) {
     const QHash<QString, ProgramCall> pages{
         {QStringLiteral("GNOME"),
          {QStringLiteral("gnome-control-center"), {QStringLiteral("notifications")}}},
@@ -19,7 +20,7 @@ std::optional<ProgramCall> notificationSettingsPage(const QString& currentDeskto
     };
     for (const QString& desktop : currentDesktop.split(u':')) {
         ProgramCall page = pages.value(desktop);
-        page.program = QStandardPaths::findExecutable(page.program);
+        page.program = QStandardPaths::findExecutable(page.program, searchPath);
         if (!page.program.isEmpty()) {
             return page;
         }

@@ -15,13 +15,13 @@ namespace tallyvane::platform {
 
 namespace {
 
-/// The most that GLib was seen to take for one lookup, which aborts when it does not get it, with
-/// room to spare for what runs side by side.
+/// GLib aborts if it lacks these. More than one lookup was seen to take, since others run
+/// meanwhile.
 constexpr SpareResources needed{.descriptors = 16, .threads = 3};
 
 const std::unexpected<SecretStoreError> none{SecretStoreError{}};
 
-/// One lookup, shared by the thread that waits and the thread that asks.
+/// One lookup, shared by the waiting thread and the one that reads the keyring.
 struct Lookup {
     Lookup() { promise.start(); }
     ~Lookup() { g_object_unref(cancellable); }
@@ -48,9 +48,9 @@ SecretLookup readSecret(const char* service, GCancellable* cancellable) {
     if (bus == nullptr) {
         return none;
     }
-    // Else the end of the bus would end the program.
+    // By default the program would exit with the bus.
     g_dbus_connection_set_exit_on_close(bus, FALSE);
-    // Not the library's shared instance, which would outlive its bus.
+    // The shared instance of libsecret would outlive its bus.
     g_autoptr(SecretService) keyring = secret_service_open_sync(
         SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_NONE, cancellable, nullptr);
     if (keyring == nullptr) {
@@ -73,13 +73,13 @@ SecretLookup readSecret(const char* service, GCancellable* cancellable) {
     return none;
 }
 
-/// Blocks until the service has answered or `cancellable` is cancelled, and at times longer.
+/// Blocks until the service has answered or `cancellable` is cancelled, sometimes longer.
 SecretLookup findSecret(const QByteArray& service, GCancellable* cancellable) {
-    // Calls back in this thread, not in the main one.
+    // Makes callbacks run in this thread rather than the main one.
     g_autoptr(GMainContext) context = g_main_context_new();
     g_autoptr(GMainContextPusher) pusher = g_main_context_pusher_new(context);
     auto secret = readSecret(service.constData(), cancellable);
-    while (g_main_context_iteration(context, FALSE)) { // frees what the calls left
+    while (g_main_context_iteration(context, FALSE)) { // frees leftovers of the calls
     }
     return secret;
 }
@@ -99,8 +99,8 @@ QCoro::Task<SecretLookup> SecretServiceStore::lookup(QString service) {
     });
     timer.setSingleShot(true);
     timer.start(m_patience);
-    // Detached, since some calls cannot be cancelled (the greeting of the bus) and a thread of a
-    // pool would hold up the end of the program.
+    // Detached: some calls cannot be cancelled (connecting to the bus), and a pool's thread would
+    // delay the end of the program.
     try {
         std::thread([lookup, name = service.toUtf8()] {
             lookup->answer(findSecret(name, lookup->cancellable));

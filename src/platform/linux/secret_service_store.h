@@ -6,11 +6,10 @@
 
 namespace tallyvane::platform {
 
-/// The keyring behind the freedesktop Secret Service (GNOME Keyring, KWallet, KeePassXC). Items
-/// of locked collections are passed over: nothing is ever unlocked. A service that is missing holds
-/// nothing. It is an error when the service has not answered within `patience`, or when there is no
-/// thread or too few descriptors to ask it. The event loop runs meanwhile, and the end of the
-/// program waits for no answer.
+/// The keyring behind the freedesktop Secret Service (GNOME Keyring, KWallet, KeePassXC). Skips
+/// locked items: nothing is ever unlocked. A missing service counts as an empty keyring. Fails if
+/// the service does not answer within `patience`, or if there are too few threads or descriptors
+/// left. Does not block the event loop, nor delay the end of the program.
 class SecretServiceStore final : public SecretStore {
 public:
     explicit SecretServiceStore(std::chrono::milliseconds patience = std::chrono::seconds{3})

@@ -1,8 +1,8 @@
 #include "platform/linux/session_bus.h"
 
+#include "platform/linux/bus_call.h"
+
 #include <QtCore/QByteArrayList>
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusMessage>
 
 #include <algorithm>
 #include <poll.h>
@@ -10,26 +10,27 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-using std::chrono::milliseconds;
-
 namespace tallyvane::platform {
 
 namespace {
 
-constexpr milliseconds flushTimeout{1000};
+using namespace std::chrono_literals;
 
-/// Connects to the bus and begins the dialogue of the D-Bus specification ("Authentication
-/// Protocol"); whether it accepted that and then said nothing.
-bool isSilent(const sockaddr_un& address, socklen_t size, milliseconds patience) {
+constexpr std::chrono::milliseconds greetingTimeout = 3s;
+constexpr std::chrono::milliseconds flushTimeout = 1s;
+
+/// Whether the bus accepts a connection but does not answer the first command (D-Bus specification,
+/// "Authentication Protocol").
+bool isSilent(const sockaddr_un& address, socklen_t size) {
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    constexpr char greeting[] = "\0AUTH\r\n"; // asks which ways of authentication there are
+    constexpr char greeting[] = "\0AUTH\r\n"; // asks for the authentication mechanisms
     bool isSilent = false;
     if (::connect(socket, reinterpret_cast<const sockaddr*>(&address), size) == 0) {
         ::send(socket, greeting, sizeof greeting - 1, MSG_NOSIGNAL);
         pollfd answer{.fd = socket, .events = POLLIN, .revents = 0};
-        isSilent = ::poll(&answer, 1, static_cast<int>(patience.count())) == 0;
+        isSilent = ::poll(&answer, 1, static_cast<int>(greetingTimeout.count())) == 0;
     } else {
-        isSilent = errno == EAGAIN; // so many wait already that it cannot be alive
+        isSilent = errno == EAGAIN; // its queue of connections is full
     }
     ::close(socket);
     return isSilent;
@@ -37,9 +38,9 @@ bool isSilent(const sockaddr_un& address, socklen_t size, milliseconds patience)
 
 } // namespace
 
-void leaveSilentSessionBus(milliseconds patience) {
-    // "unix:path=/run/user/1000/bus,guid=…;…", where the first that can be reached is taken.
-    const QByteArray first = qgetenv("DBUS_SESSION_BUS_ADDRESS").split(';').first();
+void leaveSilentSessionBus(const QByteArray& busAddress) {
+    // "unix:path=/run/user/1000/bus,guid=…;…": libraries use the first address that works.
+    const QByteArray first = busAddress.split(';').first();
     if (!first.startsWith("unix:")) {
         return;
     }
@@ -57,7 +58,7 @@ void leaveSilentSessionBus(milliseconds patience) {
         }
         std::ranges::copy(name, address.sun_path);
         const auto size = offsetof(sockaddr_un, sun_path) + static_cast<std::size_t>(name.size());
-        if (isSilent(address, static_cast<socklen_t>(size), patience)) {
+        if (isSilent(address, static_cast<socklen_t>(size))) {
             qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
         }
         return;
@@ -65,15 +66,8 @@ void leaveSilentSessionBus(milliseconds patience) {
 }
 
 void flushSessionBus() {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.isConnected()) {
-        // The bus answers in order.
-        bus.call(QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                                QStringLiteral("/org/freedesktop/DBus"),
-                                                QStringLiteral("org.freedesktop.DBus"),
-                                                QStringLiteral("GetId")),
-                 QDBus::Block, static_cast<int>(flushTimeout.count()));
-    }
+    // The bus answers in order.
+    std::ignore = callBusAndBlock(busCall(QStringLiteral("GetId")), flushTimeout);
 }
 
 } // namespace tallyvane::platform

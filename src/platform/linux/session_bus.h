@@ -1,16 +1,17 @@
 #pragma once
 
-#include <chrono>
+#include <QtCore/QByteArray>
 
 namespace tallyvane::platform {
 
-/// Lets this program do without the session bus when that accepts connections and then is silent:
-/// QtDBus would wait for its greeting for ever. Call it before anything uses the bus. Waits for the
-/// first word of the bus at most `patience`. Looks at no bus but one behind a Unix socket.
-void leaveSilentSessionBus(std::chrono::milliseconds patience = std::chrono::seconds{3});
+/// Makes this program run without a session bus if the one at `busAddress`, the value of
+/// $DBUS_SESSION_BUS_ADDRESS, accepts connections but says nothing for three seconds: QtDBus would
+/// wait for its greeting for ever. Call it before anything uses the bus. Checks only buses behind a
+/// Unix socket.
+void leaveSilentSessionBus(const QByteArray& busAddress);
 
-/// Waits, at most a second, until the bus has read all that this program has sent. Whoever ends the
-/// program without this loses what was sent last.
+/// Waits, at most a second, until the bus has read all that this program has sent. What was sent
+/// last is lost if the program ends without this.
 void flushSessionBus();
 
 } // namespace tallyvane::platform

@@ -6,14 +6,14 @@
 
 namespace tallyvane::platform {
 
-/// What a library is about to take that ends the program, or hangs, when it does not get it.
+/// Resources without which a library would abort the program or hang.
 struct SpareResources {
     int descriptors = 0;
     int threads = 0;
 };
 
-/// Takes that much and gives it back at once. The error is the system's reason for a refusal, such
-/// as "Too many open files". Takes a fraction of a millisecond.
+/// Checks that the resources are available by acquiring and releasing them, which takes a fraction
+/// of a millisecond. The error is the system's reason, such as "Too many open files".
 [[nodiscard]] std::expected<void, QString> trySpare(SpareResources wanted);
 
 } // namespace tallyvane::platform

@@ -1,8 +1,8 @@
 #include "platform/linux/system_appearance.h"
 
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
+#include "platform/linux/bus_call.h"
+
+#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
 
 namespace tallyvane::platform {
@@ -20,26 +20,16 @@ const auto plasmaGroup = QStringLiteral("org.kde.kdeglobals.KDE");
 
 SystemAppearance::SystemAppearance(QObject* parent) : QObject(parent) {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.isConnected()) {
-        bus.connect(portal, portalPath, settings, QStringLiteral("SettingChanged"), this,
-                    SLOT(onSettingChanged(QDBusMessage)));
-        readAll();
-    }
-}
-
-void SystemAppearance::readAll() {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(portal, portalPath, settings, QStringLiteral("ReadAll"));
-    call.setArguments({QStringList{appearanceGroup, gnomeGroup, plasmaGroup}});
-    auto* watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        const QDBusMessage reply = watcher->reply();
-        if (reply.signature() != QLatin1StringView("a{sa{sv}}")) {
-            return; // an error
+    bus.connect(portal, portalPath, settings, QStringLiteral("SettingChanged"), this,
+                SLOT(onSettingChanged(QDBusMessage)));
+    const auto call =
+        QDBusMessage::createMethodCall(portal, portalPath, settings, QStringLiteral("ReadAll"))
+        << QStringList{appearanceGroup, gnomeGroup, plasmaGroup};
+    QCoro::connect(callBus(bus, call), this, [this](const BusReply& reply) {
+        if (!reply || reply->signature() != u"a{sa{sv}}") {
+            return;
         }
-        const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(reply.arguments().constFirst());
+        const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(reply->arguments().constFirst());
         for (const auto& [group, values] : groups.asKeyValueRange()) {
             for (const auto& [key, value] : values.asKeyValueRange()) {
                 take(group, key, value);
@@ -49,7 +39,7 @@ void SystemAppearance::readAll() {
 }
 
 void SystemAppearance::onSettingChanged(const QDBusMessage& signal) {
-    if (signal.signature() == QLatin1StringView("ssv")) {
+    if (signal.signature() == u"ssv") {
         const QVariantList arguments = signal.arguments();
         take(arguments[0].toString(), arguments[1].toString(),
              arguments[2].value<QDBusVariant>().variant());
@@ -57,28 +47,28 @@ void SystemAppearance::onSettingChanged(const QDBusMessage& signal) {
 }
 
 void SystemAppearance::take(const QString& group, const QString& key, const QVariant& value) {
-    const ColourScheme schemeBefore = m_scheme;
+    const ColourPreference coloursBefore = m_colours;
     const bool wasMotionReduced = isMotionReduced();
-    const auto takeStillness = [&](bool isWished) {
-        if (isWished) {
-            m_stillness.insert(key);
+    const auto setReducing = [&](bool isReducing) {
+        if (isReducing) {
+            m_reducingKeys.insert(key);
         } else {
-            m_stillness.remove(key);
+            m_reducingKeys.remove(key);
         }
     };
-    if (group == appearanceGroup && key == QLatin1StringView("color-scheme")) {
+    if (group == appearanceGroup && key == u"color-scheme") {
         const uint number = value.toUInt();
-        m_scheme = number == 1   ? ColourScheme::dark
-                   : number == 2 ? ColourScheme::light
-                                 : ColourScheme::noPreference;
-    } else if (group == appearanceGroup && key == QLatin1StringView("reduced-motion")) {
-        takeStillness(value.toUInt() == 1);
-    } else if (group == gnomeGroup && key == QLatin1StringView("enable-animations")) {
-        takeStillness(!value.toBool());
-    } else if (group == plasmaGroup && key == QLatin1StringView("AnimationDurationFactor")) {
-        takeStillness(value.toString() == QLatin1StringView("0"));
+        m_colours = number == 1   ? ColourPreference::dark
+                    : number == 2 ? ColourPreference::light
+                                  : ColourPreference::none;
+    } else if (group == appearanceGroup && key == u"reduced-motion") {
+        setReducing(value.toUInt() == 1);
+    } else if (group == gnomeGroup && key == u"enable-animations") {
+        setReducing(!value.toBool());
+    } else if (group == plasmaGroup && key == u"AnimationDurationFactor") {
+        setReducing(value.toString() == u"0");
     }
-    if (m_scheme != schemeBefore || isMotionReduced() != wasMotionReduced) {
+    if (m_colours != coloursBefore || isMotionReduced() != wasMotionReduced) {
         Q_EMIT changed();
     }
 }

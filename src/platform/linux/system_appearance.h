@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/colour_scheme.h"
+#include "platform/colour_preference.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QSet>
@@ -8,9 +8,9 @@
 
 namespace tallyvane::platform {
 
-/// What the desktop asks of every window's looks, as the settings portal tells it (XDG Desktop
-/// Portal, org.freedesktop.portal.Settings). Asks once, without waiting, and follows each change.
-/// Without a bus, a portal or a setting there is no wish. Main thread only.
+/// How the desktop wants windows to look, from its settings portal (XDG Desktop Portal,
+/// org.freedesktop.portal.Settings). Reads it once, asynchronously, and follows changes. Without a
+/// bus, a portal or a setting nothing is preferred. Main thread only.
 class SystemAppearance : public QObject {
     Q_OBJECT
 
@@ -18,10 +18,10 @@ public:
     explicit SystemAppearance(QObject* parent = nullptr);
 
     /// `color-scheme` of `org.freedesktop.appearance`.
-    [[nodiscard]] ColourScheme colourScheme() const { return m_scheme; }
-    /// Whether nothing should move that need not: `reduced-motion` of `org.freedesktop.appearance`,
-    /// or GNOME's or Plasma's own setting.
-    [[nodiscard]] bool isMotionReduced() const { return !m_stillness.isEmpty(); }
+    [[nodiscard]] ColourPreference colourPreference() const { return m_colours; }
+    /// Whether to avoid animation: `reduced-motion` of `org.freedesktop.appearance`, or GNOME's or
+    /// Plasma's own setting.
+    [[nodiscard]] bool isMotionReduced() const { return !m_reducingKeys.isEmpty(); }
 
 Q_SIGNALS:
     void changed();
@@ -30,11 +30,10 @@ private Q_SLOTS:
     void onSettingChanged(const QDBusMessage& signal);
 
 private:
-    void readAll();
     void take(const QString& group, const QString& key, const QVariant& value);
 
-    ColourScheme m_scheme = ColourScheme::noPreference;
-    QSet<QString> m_stillness; ///< the settings that ask for it
+    ColourPreference m_colours = ColourPreference::none;
+    QSet<QString> m_reducingKeys; ///< the settings that ask for reduced motion
 };
 
 } // namespace tallyvane::platform

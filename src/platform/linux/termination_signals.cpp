@@ -12,8 +12,8 @@ namespace {
 
 constexpr int handledSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler has no other way to know it. Blocked signals and a signalfd would need none, but
-// every child would inherit the block and no longer end when it is asked to.
+// Global for the signal handler. A signalfd needs none, but it needs blocked signals, which child
+// processes would inherit and then ignore requests to end.
 std::atomic<int> eventDescriptor = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 

@@ -7,10 +7,10 @@
 
 namespace tallyvane::platform {
 
-/// While it lives, SIGTERM, SIGINT and SIGHUP call `action` from the event loop instead of ending
-/// the program; one that came before the loop runs is not lost, several may make one call. A signal
-/// that the program was started to ignore (nohup) stays ignored. When the system has no descriptor
-/// for it, the signals end the program as ever. One object at a time.
+/// During its lifetime SIGTERM, SIGINT and SIGHUP call `action` from the event loop instead of
+/// ending the program. A signal that arrives before the loop runs is not lost; several may result
+/// in one call. Signals ignored at the start (nohup) stay ignored. If the system has no descriptor
+/// left, the signals keep ending the program. At most one object at a time.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> action);

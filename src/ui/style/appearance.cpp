@@ -45,8 +45,8 @@ bool Appearance::isDark() const {
     if (const auto choice = m_model.appearance(); choice != model::AppAppearance::system) {
         return choice == model::AppAppearance::dark;
     }
-    if (m_system != platform::ColourScheme::noPreference) {
-        return m_system == platform::ColourScheme::dark;
+    if (m_system != platform::ColourPreference::none) {
+        return m_system == platform::ColourPreference::dark;
     }
     const QPalette palette = QGuiApplication::palette();
     return luminance(palette.color(QPalette::Window)) <

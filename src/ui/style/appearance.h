@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
-#include "platform/colour_scheme.h"
+#include "platform/colour_preference.h"
 
 #include <QtGui/QColor>
 #include <QtQml/qqmlregistration.h>
@@ -31,7 +31,7 @@ public:
     explicit Appearance(const core::AppModel& model);
 
     /// The desktop's preference. Without one, the lightness of its palette decides.
-    void setSystemColourScheme(platform::ColourScheme scheme) { m_system = scheme; }
+    void setSystemColourScheme(platform::ColourPreference scheme) { m_system = scheme; }
     /// Whether the desktop asks for no more motion than necessary.
     void setMotionReduced(bool isReduced) { m_isMotionReduced = isReduced; }
 
@@ -60,8 +60,8 @@ protected:
 
 private:
     const core::AppModel& m_model;
-    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Appearance, platform::ColourScheme, m_system,
-                                         platform::ColourScheme::noPreference, &Appearance::changed)
+    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Appearance, platform::ColourPreference, m_system,
+                                         platform::ColourPreference::none, &Appearance::changed)
     Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(Appearance, bool, m_isMotionReduced, false,
                                          &Appearance::changed)
 };

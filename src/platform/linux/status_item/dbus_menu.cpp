@@ -1,6 +1,7 @@
 #include "platform/linux/status_item/dbus_menu.h"
 
 #include <QtCore/QLocale>
+#include <QtDBus/QDBusMetaType>
 
 #include <algorithm>
 
@@ -13,7 +14,7 @@ QVariantMap allValues(const ItemMenuEntry& entry) {
         return {{QStringLiteral("type"), QStringLiteral("separator")}};
     }
     QString label = entry.text;
-    label.replace(u'_', QLatin1StringView("__")); // one alone marks the access key
+    label.replace(u'_', QLatin1StringView("__")); // a single one marks the access key
     return {{QStringLiteral("label"), label}, {QStringLiteral("enabled"), entry.isEnabled}};
 }
 
@@ -22,6 +23,17 @@ bool isSameKind(const ItemMenuEntry& a, const ItemMenuEntry& b) {
 }
 
 } // namespace
+
+void registerDBusMenuRecords() {
+    qDBusRegisterMetaType<DBusMenuProperties>();
+    qDBusRegisterMetaType<QList<DBusMenuProperties>>();
+    qDBusRegisterMetaType<DBusMenuRemovedProperties>();
+    qDBusRegisterMetaType<QList<DBusMenuRemovedProperties>>();
+    qDBusRegisterMetaType<DBusMenuLayout>();
+    qDBusRegisterMetaType<DBusMenuEvent>();
+    qDBusRegisterMetaType<QList<DBusMenuEvent>>();
+    qDBusRegisterMetaType<QList<int>>();
+}
 
 DBusMenu::DBusMenu(const QDBusConnection& bus) {
     registerDBusMenuRecords();
@@ -111,7 +123,7 @@ QList<int> DBusMenu::EventGroup(const QList<DBusMenuEvent>& events) {
 
 bool DBusMenu::AboutToShow(int id) {
     requireEntry(id);
-    return false; // the host has been told of every change
+    return false; // hosts hear of every change as it happens
 }
 
 QList<int> DBusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& unknownIds) {

@@ -25,7 +25,7 @@ class DBusMenu final : public QObject, protected QDBusContext {
 public:
     explicit DBusMenu(const QDBusConnection& bus);
 
-    /// Tells the host only what changed.
+    /// Sends the host only what changed.
     void setEntries(const QList<ItemMenuEntry>& entries);
 
     [[nodiscard]] uint version() const { return 3; }
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] QStringList iconThemePath() const { return {}; }
 
 Q_SIGNALS:
-    /// An enabled entry was chosen; sent from the event loop, not within the host's call.
+    /// An enabled entry was chosen. Emitted from the event loop, after the host's call has ended.
     void triggered(int id);
 
     Q_SCRIPTABLE void LayoutUpdated(uint revision, int parent);
@@ -43,17 +43,18 @@ Q_SIGNALS:
                            const QList<tallyvane::platform::DBusMenuRemovedProperties>& removed);
 
 public Q_SLOTS:
-    /// The revision, and the entry `parentId` with those below it, `depth` levels (-1: all).
+    /// Returns the revision; `layout` is the entry `parentId` with `depth` levels of children (-1:
+    /// all).
     Q_SCRIPTABLE uint GetLayout(int parentId, int depth, const QStringList& names,
                                 tallyvane::platform::DBusMenuLayout& layout);
-    /// No ids or no names mean all of them.
+    /// An empty list of ids or names stands for all of them.
     Q_SCRIPTABLE QList<tallyvane::platform::DBusMenuProperties>
     GetGroupProperties(const QList<int>& ids, const QStringList& names);
     Q_SCRIPTABLE QDBusVariant GetProperty(int id, const QString& name);
     Q_SCRIPTABLE void Event(int id, const QString& name, const QDBusVariant& data, uint timestamp);
-    /// The ids that do not exist.
+    /// Returns the ids that do not exist.
     Q_SCRIPTABLE QList<int> EventGroup(const QList<tallyvane::platform::DBusMenuEvent>& events);
-    /// Whether the menu has to be read anew.
+    /// Whether the host must read the menu again.
     Q_SCRIPTABLE bool AboutToShow(int id);
     Q_SCRIPTABLE QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& unknownIds);
 
@@ -61,7 +62,7 @@ private:
     [[nodiscard]] const ItemMenuEntry* find(int id) const;
     [[nodiscard]] bool exists(int id) const { return id == 0 || find(id) != nullptr; }
     [[nodiscard]] QVariantMap valuesOf(int id, const QStringList& names) const;
-    /// Ends the present call with an error unless the entry exists.
+    /// Answers the current call with an error and returns false if there is no such entry.
     bool requireEntry(int id) const;
     void trigger(int id);
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "platform/linux/status_item/dbus_structure.h"
+
 #include <QtCore/QList>
 #include <QtCore/QStringList>
 #include <QtCore/QVariantMap>
-#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
 
 namespace tallyvane::platform {
@@ -13,19 +14,28 @@ struct DBusMenuProperties {
     int id = 0;
     QVariantMap values;
 };
+template <>
+inline constexpr std::tuple dbusFields<DBusMenuProperties>{&DBusMenuProperties::id,
+                                                           &DBusMenuProperties::values};
 
-/// Names of properties of one entry that are no more, (ias).
+/// Names of properties that one entry no longer has, (ias).
 struct DBusMenuRemovedProperties {
     int id = 0;
     QStringList names;
 };
+template <>
+inline constexpr std::tuple dbusFields<DBusMenuRemovedProperties>{
+    &DBusMenuRemovedProperties::id, &DBusMenuRemovedProperties::names};
 
-/// An entry and those below it, (ia{sv}av), where each of the last is of the same kind.
+/// An entry and its children, (ia{sv}av), where each child is such a record too.
 struct DBusMenuLayout {
     int id = 0;
     QVariantMap values;
     QList<QDBusVariant> children;
 };
+template <>
+inline constexpr std::tuple dbusFields<DBusMenuLayout>{&DBusMenuLayout::id, &DBusMenuLayout::values,
+                                                       &DBusMenuLayout::children};
 
 /// What happened to an entry, (isvu).
 struct DBusMenuEvent {
@@ -34,16 +44,9 @@ struct DBusMenuEvent {
     QDBusVariant data;
     uint timestamp = 0;
 };
-
-/// Lets QtDBus read and write the record.
-QDBusArgument& operator<<(QDBusArgument& argument, const DBusMenuProperties& properties);
-const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuProperties& properties);
-QDBusArgument& operator<<(QDBusArgument& argument, const DBusMenuRemovedProperties& removed);
-const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuRemovedProperties& removed);
-QDBusArgument& operator<<(QDBusArgument& argument, const DBusMenuLayout& layout);
-const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuLayout& layout);
-QDBusArgument& operator<<(QDBusArgument& argument, const DBusMenuEvent& event);
-const QDBusArgument& operator>>(const QDBusArgument& argument, DBusMenuEvent& event);
+template <>
+inline constexpr std::tuple dbusFields<DBusMenuEvent>{
+    &DBusMenuEvent::id, &DBusMenuEvent::name, &DBusMenuEvent::data, &DBusMenuEvent::timestamp};
 
 /// Makes the records and lists of them known to QtDBus. May be called again.
 void registerDBusMenuRecords();

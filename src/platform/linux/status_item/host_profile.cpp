@@ -16,8 +16,8 @@ constexpr HostProfile plasma{.hasTrustedCoordinates = true, .iconForm = IconForm
 constexpr HostProfile xfce{.hasTrustedCoordinates = true};
 constexpr HostProfile mate{.hasLabelProperty = false};
 
-// Plasma's watcher lives in its daemon, not in the shell; MATE's in the applet, when that runs in
-// a process of its own.
+// Plasma's watcher runs in its daemon, not in the shell; MATE's in the applet if that has its own
+// process.
 constexpr std::array knownHosts{
     KnownHost{"gnome-shell",
               {.showsLabel = true, .hasTrustedCoordinates = true, .iconForm = IconForm::name}},
@@ -34,7 +34,7 @@ constexpr std::array knownHosts{
 } // namespace
 
 HostProfile hostProfileOf(QByteArrayView processName) {
-    // A plugin of xfce4-panel in a process of its own, such as "panel-6-systray".
+    // A plugin of xfce4-panel in its own process, such as "panel-6-systray".
     if (processName.startsWith("panel-")) {
         return xfce;
     }

@@ -15,11 +15,11 @@ struct ItemPixmap {
     bool operator==(const ItemPixmap&) const = default;
 };
 
-/// One picture in the forms that hosts ask for; each host is given those that it draws well.
+/// One picture in several forms; hosts get those that they draw well.
 struct ItemIcon {
     QList<ItemPixmap> pixmaps; ///< the same picture in several sizes
-    /// Absolute path of an SVG file of fills alone, "…-symbolic.svg", or empty. Hosts keep what
-    /// they have read: another drawing needs another name.
+    /// Absolute path of an SVG file, "…-symbolic.svg", that has only fills; may be empty. Hosts
+    /// cache files by name, so each drawing needs its own.
     QString symbolicFile;
 
     bool operator==(const ItemIcon&) const = default;
@@ -28,9 +28,9 @@ struct ItemIcon {
 /// One line of an item's menu.
 struct ItemMenuEntry {
     int id = 0;   ///< above 0 and unique in its menu
-    QString text; ///< shown as it stands
+    QString text; ///< shown literally
     bool isEnabled = true;
-    bool isSeparator = false; ///< a line that is only drawn
+    bool isSeparator = false;
 
     bool operator==(const ItemMenuEntry&) const = default;
 };

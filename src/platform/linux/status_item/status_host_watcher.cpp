@@ -1,32 +1,16 @@
 #include "platform/linux/status_item/status_host_watcher.h"
 
+#include "platform/linux/bus_call.h"
+
 #include <QtCore/QFile>
-#include <QtDBus/QDBusMessage>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusVariant>
 
 namespace tallyvane::platform {
 
 namespace {
 
-// Bus name and interface in one.
-constexpr QLatin1StringView watcherName{"org.kde.StatusNotifierWatcher"};
-constexpr QLatin1StringView watcherPath{"/StatusNotifierWatcher"};
-
-QDBusMessage watcherCall(const QString& owner, const QString& interface, const QString& method,
-                         const QVariantList& arguments) {
-    QDBusMessage call = QDBusMessage::createMethodCall(owner, watcherPath, interface, method);
-    call.setArguments(arguments);
-    return call;
-}
-
-QDBusMessage busCall(const QString& method, const QString& name) {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), method);
-    call.setArguments({name});
-    return call;
-}
+// The name on the bus and of the interface.
+const auto watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const auto watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 } // namespace
 
@@ -41,37 +25,45 @@ StatusHostWatcher::StatusHostWatcher(const QDBusConnection& bus)
                                   QStringLiteral("StatusNotifierHostUnregistered")}) {
         m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(askForHost()));
     }
-    ask(busCall(QStringLiteral("GetNameOwner"), watcherName), [this](const QDBusMessage& owner) {
-        if (owner.type() == QDBusMessage::ReplyMessage) {
-            takeOwner(owner.arguments().value(0).toString());
-        }
-    });
+    ask(callBus(m_bus, busCall(QStringLiteral("GetNameOwner")) << watcherName),
+        [this](const BusReply& owner) {
+            if (owner) {
+                takeOwner(owner->arguments().value(0).toString());
+            }
+        });
 }
 
 void StatusHostWatcher::takeOwner(const QString& owner) {
     m_owner = owner;
     setAvailable(false);
     if (!owner.isEmpty()) {
-        ask(busCall(QStringLiteral("GetConnectionUnixProcessID"), owner),
-            [this, owner](const QDBusMessage& processId) { registerItem(owner, processId); });
+        ask(callBus(m_bus, busCall(QStringLiteral("GetConnectionUnixProcessID")) << owner),
+            [this, owner](const BusReply& processId) {
+                takeProfile(processId ? processId->arguments().value(0).toUInt() : 0);
+                registerItem(owner);
+            });
     }
 }
 
-void StatusHostWatcher::registerItem(const QString& owner, const QDBusMessage& processId) {
-    QFile file(QStringLiteral("/proc/%1/comm").arg(processId.arguments().value(0).toUInt()));
+void StatusHostWatcher::takeProfile(uint processId) {
+    QFile file(QStringLiteral("/proc/%1/comm").arg(processId));
     // A process that cannot be seen, such as one in another container, is an unknown host.
-    const QByteArray name = file.open(QIODevice::ReadOnly) ? file.readAll().chopped(1) : "";
-    if (const HostProfile profile = hostProfileOf(name); profile != m_profile) {
-        m_profile = profile;
+    const QByteArray name = file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : "";
+    const HostProfile profile = hostProfileOf(name);
+    if (std::exchange(m_profile, profile) != profile) {
         Q_EMIT profileChanged();
     }
-    ask(watcherCall(owner, watcherName, QStringLiteral("RegisterStatusNotifierItem"),
-                    {m_bus.baseService()}),
-        [this](const QDBusMessage& answer) {
-            if (answer.type() == QDBusMessage::ReplyMessage) {
-                askForHost();
-            }
-        });
+}
+
+void StatusHostWatcher::registerItem(const QString& owner) {
+    const auto call = QDBusMessage::createMethodCall(owner, watcherPath, watcherName,
+                                                     QStringLiteral("RegisterStatusNotifierItem"))
+                      << m_bus.baseService();
+    ask(callBus(m_bus, call), [this](const BusReply& reply) {
+        if (reply) {
+            askForHost();
+        }
+    });
 }
 
 void StatusHostWatcher::askForHost() {
@@ -79,32 +71,28 @@ void StatusHostWatcher::askForHost() {
     if (owner.isEmpty()) {
         return;
     }
-    ask(watcherCall(owner, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                    {QString(watcherName), QStringLiteral("IsStatusNotifierHostRegistered")}),
-        [this](const QDBusMessage& answer) {
-            // A watcher that took the item and has no such property is the host itself.
-            setAvailable(answer.type() == QDBusMessage::ErrorMessage ||
-                         answer.arguments().value(0).value<QDBusVariant>().variant().toBool());
-        });
+    const auto call = propertyRead(owner, watcherPath, watcherName,
+                                   QStringLiteral("IsStatusNotifierHostRegistered"));
+    ask(readBusValue(m_bus, call), [this](const BusValue& hasHost) {
+        // A watcher that accepted the item but lacks the property is the host itself.
+        setAvailable(!hasHost || hasHost->toBool());
+    });
 }
 
 void StatusHostWatcher::setAvailable(bool isAvailable) {
-    if (isAvailable != m_isAvailable) {
-        m_isAvailable = isAvailable;
+    if (std::exchange(m_isAvailable, isAvailable) != isAvailable) {
         Q_EMIT availableChanged();
     }
 }
 
-void StatusHostWatcher::ask(const QDBusMessage& question,
-                            std::function<void(const QDBusMessage&)> take) {
-    auto* pending = new QDBusPendingCallWatcher(m_bus.asyncCall(question), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this,
-            [this, pending, owner = m_owner, take = std::move(take)] {
-                pending->deleteLater();
-                if (owner == m_owner) {
-                    take(pending->reply());
-                }
-            });
+template <typename Reply, typename Take>
+void StatusHostWatcher::ask(QCoro::Task<Reply> call, Take take) {
+    QCoro::connect(std::move(call), this,
+                   [this, owner = m_owner, take = std::move(take)](const Reply& reply) {
+                       if (owner == m_owner) {
+                           take(reply);
+                       }
+                   });
 }
 
 } // namespace tallyvane::platform

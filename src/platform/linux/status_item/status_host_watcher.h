@@ -2,19 +2,16 @@
 
 #include "platform/linux/status_item/host_profile.h"
 
+#include <QCoro/QCoroTask>
 #include <QtCore/QObject>
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusServiceWatcher>
 
-#include <functional>
 #include <optional>
-
-class QDBusMessage;
 
 namespace tallyvane::platform {
 
-/// Follows who owns org.kde.StatusNotifierWatcher, and registers the item of this connection with
-/// each new owner.
+/// Registers this connection's item with each owner of the name org.kde.StatusNotifierWatcher.
 class StatusHostWatcher final : public QObject {
     Q_OBJECT
 
@@ -34,15 +31,16 @@ private Q_SLOTS:
 
 private:
     void takeOwner(const QString& owner);
-    /// `processId` is the bus's answer about the owner, whose profile is taken first.
-    void registerItem(const QString& owner, const QDBusMessage& processId);
+    void takeProfile(uint processId);
+    void registerItem(const QString& owner);
     void setAvailable(bool isAvailable);
-    /// An answer that comes after the owner changed is dropped.
-    void ask(const QDBusMessage& question, std::function<void(const QDBusMessage&)> take);
+    /// Drops a reply that arrives after the owner changed.
+    template <typename Reply, typename Take>
+    void ask(QCoro::Task<Reply> call, Take take);
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_names;
-    std::optional<QString> m_owner; ///< unique name; empty: there is none; nothing: not known yet
+    std::optional<QString> m_owner; ///< unique name; empty: there is none; nullopt: unknown yet
     HostProfile m_profile;
     bool m_isAvailable = false;
 };

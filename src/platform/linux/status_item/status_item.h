@@ -3,64 +3,78 @@
 #include "platform/linux/status_item/host_profile.h"
 #include "platform/linux/status_item/item_content.h"
 
-#include <QtCore/QObject>
 #include <QtCore/QPoint>
 #include <QtCore/QStringList>
+#include <QtCore/QVariantMap>
+#include <QtDBus/QDBusConnection>
+#include <QtDBus/QDBusVirtualObject>
 
 #include <memory>
-
-class QDBusConnection;
 
 namespace tallyvane::platform {
 
 class DBusMenu;
 class StatusHostWatcher;
-class StatusNotifierItem;
 
-/// The program's item in the desktop's status area, by the StatusNotifierItem and dbusmenu
-/// protocols. It registers itself with each status host that comes, so that nothing is lost while
-/// there is none; without a bus it does nothing. Nothing blocks and nothing ticks. A host is told
-/// of a value only when that changed. Main thread.
-class StatusItem final : public QObject {
+/// The program's item in the desktop's status area: org.kde.StatusNotifierItem at
+/// /StatusNotifierItem, with Ayatana's label properties on hosts that understand them, and a menu
+/// by the dbusmenu protocol. Registers itself with each status host that appears, and sends a host
+/// only values that changed. Without a bus it does nothing. Never blocks or polls. Main thread
+/// only.
+class StatusItem final : public QDBusVirtualObject {
     Q_OBJECT
 
 public:
-    /// On the given bus. `id` is the application's, such as "org.example.Program". What is set
-    /// before the event loop runs on is there when a host first reads the item.
-    StatusItem(const QString& id, const QDBusConnection& bus);
-    /// On the session bus.
-    explicit StatusItem(const QString& id);
+    /// `id` is the application's, such as "org.example.Program". Hosts first see what has been set
+    /// by the time control returns to the event loop.
+    explicit StatusItem(const QString& id,
+                        const QDBusConnection& bus = QDBusConnection::sessionBus());
     ~StatusItem() override;
 
-    /// The program's name, for lists of items.
+    /// The name for lists of items.
     void setTitle(const QString& title);
     void setIcon(const ItemIcon& icon);
-    /// Text beside the picture, or none, on hosts that show one. `widest` is the widest text that
-    /// is to come: hosts keep that much room.
+    /// Text beside the picture, on hosts that show one; may be empty. Hosts reserve the width of
+    /// `widest`, the widest text to expect.
     void setLabel(const QString& text, const QString& widest);
-    /// Plain text; the first line is the one that every host shows.
+    /// Plain text. Some hosts show only the first line.
     void setToolTip(const QStringList& lines);
     void setMenu(const QList<ItemMenuEntry>& entries);
 
-    /// Of the present host, else of the last one.
+    /// Of the current host, or else the last one.
     [[nodiscard]] HostProfile hostProfile() const;
-    /// Whether something shows items now.
+    /// Whether a host shows items now.
     [[nodiscard]] bool isHostAvailable() const;
 
+    [[nodiscard]] QString introspect(const QString& path) const override;
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override;
+
 Q_SIGNALS:
-    /// The item was clicked at `position` (see HostProfile::hasTrustedCoordinates). The token lets
-    /// a window take the focus; empty where the host gives none.
+    /// The item was clicked at `position` (see HostProfile::hasTrustedCoordinates). The token
+    /// (xdg-activation) lets a window take the focus; empty when the host gives none.
     void activated(QPoint position, const QString& activationToken);
-    /// An enabled entry was chosen. Sent from the event loop, after the host has its answer.
+    /// An enabled entry was chosen. Emitted from the event loop, after the host's call has ended.
     void menuItemTriggered(int id);
-    /// Sent before the new host reads the item: what is set meanwhile is the first that it sees.
+    /// Emitted before the new host reads the item, so that handlers can adapt the values to it.
     void hostProfileChanged();
     void hostAvailableChanged();
 
 private:
-    std::unique_ptr<StatusNotifierItem> m_item;
+    [[nodiscard]] QVariantMap properties() const;
+    [[nodiscard]] QString iconThemePath() const;
+    [[nodiscard]] QDBusMessage answerAboutProperties(const QDBusMessage& call) const;
+    void send(const QString& signal, const QVariantList& arguments = {});
+
+    QDBusConnection m_bus;
+    QString m_id;
     std::unique_ptr<DBusMenu> m_menu;
     std::unique_ptr<StatusHostWatcher> m_watcher;
+    QString m_title;
+    ItemIcon m_icon;
+    QString m_label;
+    QString m_widestLabel;
+    QString m_toolTip; ///< lines separated by "\n"
+    QString m_activationToken;
 };
 
 } // namespace tallyvane::platform

@@ -1,8 +1,7 @@
-#include "platform/linux/panel_colour_scheme.h"
+#include "platform/linux/panel_colour_preference.h"
 
-#include <QtDBus/QDBusConnection>
-#include <QtDBus/QDBusPendingCallWatcher>
-#include <QtDBus/QDBusPendingReply>
+#include "platform/linux/bus_call.h"
+
 #include <QtDBus/QDBusVariant>
 
 #include <utility>
@@ -16,41 +15,33 @@ const auto xfconfPath = QStringLiteral("/org/xfce/Xfconf");
 const auto panelChannel = QStringLiteral("xfce4-panel");
 const auto darkMode = QStringLiteral("/panels/dark-mode");
 
-ColourScheme schemeOf(const QVariant& isDark) {
-    return isDark.toBool() ? ColourScheme::dark : ColourScheme::light;
-}
-
 } // namespace
 
-PanelColourScheme::PanelColourScheme() {
+PanelColourPreference::PanelColourPreference() {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        return;
-    }
     bus.connect(xfconf, xfconfPath, xfconf, QStringLiteral("PropertyChanged"), this,
                 SLOT(onPropertyChanged(QDBusMessage)));
     QDBusMessage call =
         QDBusMessage::createMethodCall(xfconf, xfconfPath, xfconf, QStringLiteral("GetProperty"));
     call << panelChannel << darkMode;
     call.setAutoStartService(false);
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        if (const QDBusPendingReply<QDBusVariant> reply = *watcher; !reply.isError()) {
-            setScheme(schemeOf(reply.value().variant()));
+    QCoro::connect(readBusValue(bus, call), this, [this](const BusValue& isDark) {
+        if (isDark) {
+            takeDarkMode(*isDark);
         }
     });
 }
 
-void PanelColourScheme::onPropertyChanged(const QDBusMessage& signal) {
+void PanelColourPreference::onPropertyChanged(const QDBusMessage& signal) {
     const QVariantList arguments = signal.arguments();
     if (arguments.size() == 3 && arguments.at(0) == panelChannel && arguments.at(1) == darkMode) {
-        setScheme(schemeOf(arguments.at(2).value<QDBusVariant>().variant()));
+        takeDarkMode(arguments.at(2).value<QDBusVariant>().variant());
     }
 }
 
-void PanelColourScheme::setScheme(ColourScheme scheme) {
-    if (std::exchange(m_scheme, scheme) != scheme) {
+void PanelColourPreference::takeDarkMode(const QVariant& isDark) {
+    const auto value = isDark.toBool() ? ColourPreference::dark : ColourPreference::light;
+    if (std::exchange(m_value, value) != value) {
         Q_EMIT changed();
     }
 }
