@@ -103,7 +103,8 @@ private Q_SLOTS:
             qputenv("TZ", tz);
         }
         ::tzset();
-        const auto zone = model::LocalZone::ofSystem();
+        const auto zone = model::LocalZone::ofSystem(
+            tz.startsWith('-') ? model::ZoneSource::file : model::ZoneSource::variable);
         const model::WeekdayTimeFormat weekdayTime("C", zone);
         const std::vector<Timestamp> all = moments();
         const QList<QByteArray> expected = printed(all);

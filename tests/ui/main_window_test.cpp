@@ -68,7 +68,7 @@ struct OpenWindow {
         return idle.model.notificationSettings().windows.at(0);
     }
 
-    model::LocalZone zone = model::LocalZone::ofSystem();
+    model::LocalZone zone{QTimeZone::utc()};
     tests::IdleModel idle{core::fixtureSnapshot(now, zone), now, core::fixtureHistory(now, zone)};
     tests::FakeLoginItem loginItem;
     int questions = 0; ///< how many times the window may ask
