@@ -5,7 +5,7 @@
 
 #include <QtCore/QDate>
 
-/// The data of the usage history's bar chart; pure functions.
+/// The data of the usage history's bar chart. Pure functions.
 namespace tallyvane::history {
 
 enum class HistoryMetric { percent, tokens };
@@ -26,13 +26,13 @@ inline constexpr std::array rawValues<history::HistoryGranularity>{QLatin1String
 
 namespace tallyvane::history {
 
-/// The user's calendar: Gregorian, in a time zone, with weeks that start on the locale's day.
+/// The user's Gregorian calendar.
 struct Calendar {
     model::LocalZone zone;
     Qt::DayOfWeek firstWeekday = Qt::Monday;
 };
 
-/// One segment of a bar: what one provider used in one bucket.
+/// One segment of a bar: one provider's use in one bucket.
 struct ChartPoint {
     QDate date; ///< the bucket: a day, or the first day of a month
     model::AIProvider provider = model::AIProvider::codex;
@@ -42,13 +42,13 @@ struct ChartPoint {
     bool operator==(const ChartPoint&) const = default;
 };
 
-/// The segments of the last 30 days, or of every month, oldest bucket first and `codex` before
-/// `claude` within one. A provider without a point in a bucket has no segment there.
+/// The segments of the last 30 days or of all months, sorted by bucket and then provider. Omits
+/// providers without a point in a bucket.
 [[nodiscard]] std::vector<ChartPoint> chartPoints(const UsageHistory& history,
                                                   HistoryGranularity granularity,
                                                   const Calendar& calendar, model::Timestamp now);
 
-/// A segment's height in its metric's own unit.
+/// A segment's height in the unit of the metric.
 [[nodiscard]] double height(const ChartPoint& point, HistoryMetric metric);
 
 /// The ends of the chart's horizontal axis.
@@ -59,21 +59,19 @@ struct DateDomain {
     bool operator==(const DateDomain&) const = default;
 };
 
-/// 30 days and room for three more, or six months.
+/// The last 30 days and the next three, or the last six months.
 [[nodiscard]] DateDomain xDomain(HistoryGranularity granularity, const Calendar& calendar,
                                  model::Timestamp now);
 
-/// Where the horizontal axis has marks: every 7 days or every month, from its start, before its
-/// end.
+/// The marks of the horizontal axis: every 7 days or every month from `start`, before `end`.
 [[nodiscard]] std::vector<QDate> axisDates(HistoryGranularity granularity,
                                            const DateDomain& domain);
 
-/// Round values for the vertical axis: 0, the step, and so on up to the first that is not below
-/// `maximum`; about five. Without anything to show, up to 1.
+/// About five round, equidistant values for the vertical axis, from 0 to the first one that is not
+/// below `maximum`, or to 1 if `maximum` is not positive.
 [[nodiscard]] std::vector<double> axisValues(double maximum);
 
-/// The bucket whose start lies nearest to a moment on the axis; the earlier of two that are
-/// equally near, and nothing when there are no points.
+/// The bucket whose start is nearest to `moment`, the earlier one of two. Nothing without points.
 [[nodiscard]] std::optional<QDate> nearestBucket(const std::vector<ChartPoint>& points,
                                                  const Calendar& calendar, model::Timestamp moment);
 
