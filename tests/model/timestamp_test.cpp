@@ -8,60 +8,45 @@ class TimestampTest : public tallyvane::tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void parses_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("whole"); // as written back; empty: refused
-        QTest::addColumn<bool>("alsoWithFraction");
-        const auto row = [](const char* text, const char* whole, bool alsoWithFraction) {
-            QTest::newRow(text) << QString::fromLatin1(text) << QString::fromLatin1(whole)
-                                << alsoWithFraction;
-        };
-        row("2025-01-31T14:05:00Z", "2025-01-31T14:05:00Z", true);
-        row("2025-01-31T00:30:00+01:00", "2025-01-30T23:30:00Z", true);
-        row("2024-02-29T23:59:59-23:59", "2024-03-01T23:58:59Z", true);
-        row("1969-12-31T23:59:59Z", "1969-12-31T23:59:59Z", true);
-        row("0000-01-01T00:00:00Z", "0000-01-01T00:00:00Z", true);
-        row("2026-04-11T07:00:00.528743+00:00", "", true);
-        row("2026-04-11T07:00:00.5287431234567890123456789Z", "", true);
-        for (const char* refused : {"",
-                                    "2025-01-31",
-                                    "2025-01-31T14:05:00",
-                                    "2025-01-31 14:05:00Z",
-                                    "2025-01-31t14:05:00z",
-                                    "2025-1-31T14:05:00Z",
-                                    "2025-13-01T00:00:00Z",
-                                    "2025-00-10T00:00:00Z",
-                                    "2025-02-29T00:00:00Z",
-                                    "2025-04-31T00:00:00Z",
-                                    "2025-01-31T24:00:00Z",
-                                    "2025-01-31T23:60:00Z",
-                                    "2025-01-31T23:59:60Z",
-                                    "2025-01-31T14:05:00+1:00",
-                                    "2025-01-31T14:05:00+01",
-                                    "2025-01-31T14:05:00+24:00",
-                                    "2025-01-31T14:05:00Z ",
-                                    "2025-01-31T14:05:00.Z",
-                                    "-025-01-31T14:05:00Z",
-                                    "+2025-01-31T14:05:00Z",
-                                    "0000-01-01T00:00:00+00:01",
-                                    "9999-12-31T23:59:59-00:01"}) {
-            row(refused, "", false);
+    void parses() {
+        const std::pair<const char*, const char*> rows[] = {
+            {"2025-01-31T14:05:00Z", "2025-01-31T14:05:00Z"},
+            {"2025-01-31T00:30:00+01:00", "2025-01-30T23:30:00Z"},
+            {"2024-02-29T23:59:59-23:59", "2024-03-01T23:58:59Z"},
+            {"1969-12-31T23:59:59Z", "1969-12-31T23:59:59Z"},
+            {"0000-01-01T00:00:00Z", "0000-01-01T00:00:00Z"}};
+        for (const auto& [text, expected] : rows) {
+            const QString given = QString::fromLatin1(text);
+            const auto parsed = parseTimestamp(given, FractionalSeconds::rejected);
+            QVERIFY2(parsed && parsed == parseTimestamp(given, FractionalSeconds::allowed), text);
+            QCOMPARE(formatTimestamp(*parsed), QString::fromLatin1(expected));
+        }
+        for (const QStringView text : {u"2026-04-11T07:00:00.528743+00:00",
+                                       u"2026-04-11T07:00:00.5287431234567890123456789Z"}) {
+            QVERIFY(!parseTimestamp(text, FractionalSeconds::rejected));
+            const auto parsed = parseTimestamp(text, FractionalSeconds::allowed);
+            QCOMPARE(parsed->time_since_epoch() % 1s, 528'743us);
         }
     }
 
-    void parses() {
-        QFETCH(QString, text);
-        QFETCH(QString, whole);
-        QFETCH(bool, alsoWithFraction);
-        const auto parsed = parseTimestamp(text, FractionalSeconds::rejected);
-        QCOMPARE(parsed ? formatTimestamp(*parsed) : QString(), whole);
-        QCOMPARE(parseTimestamp(text, FractionalSeconds::allowed).has_value(), alsoWithFraction);
-    }
-
-    void keepsMicroseconds() {
-        const auto parsed =
-            parseTimestamp(u"2026-04-11T07:00:00.528743+00:00", FractionalSeconds::allowed);
-        QCOMPARE(parsed->time_since_epoch() % 1s, 528'743us);
+    void rejects() {
+        const std::pair<const char*, const char*> changes[] = {
+            {"T14:05:00Z", ""}, {"Z", ""},          {"T", " "},         {"T", "t"},
+            {"Z", "z"},         {"-01-", "-1-"},    {"-01-", "-13-"},   {"-01-", "-00-"},
+            {"01-31", "02-29"}, {"01-31", "04-31"}, {"01-31", "01-00"}, {"14:", "24:"},
+            {":05", ":60"},     {":00Z", ":60Z"},   {"Z", "+1:00"},     {"Z", "+01"},
+            {"Z", "+24:00"},    {"Z", "+00:60"},    {"Z", "Z "},        {"Z", ".Z"},
+            {"2025", "-025"},   {"2025", "+2025"},  {"Z", "01:00"},     {"Z", "+01:00Z"},
+            {"Z", ".5"}};
+        for (const auto& [place, change] : changes) {
+            const QString text = QStringLiteral("2025-01-31T14:05:00Z")
+                                     .replace(QLatin1StringView(place), QLatin1StringView(change));
+            QVERIFY2(!parseTimestamp(text, FractionalSeconds::allowed), qPrintable(text));
+        }
+        for (const QStringView text :
+             {u"", u"0000-01-01T00:00:00+00:01", u"9999-12-31T23:59:59-00:01"}) {
+            QVERIFY(!parseTimestamp(text, FractionalSeconds::allowed));
+        }
     }
 
     void unixSeconds() {

@@ -11,14 +11,13 @@ namespace {
 
 constexpr double absent = -1;
 
-/// The figures that one refresh brings for a provider.
+/// One provider's figures in a refresh.
 struct Step {
     double fiveHour = absent;
     double week = absent;
     QuotaSyncState state = QuotaSyncState::current;
     bool isAllowed = true;
 };
-using Steps = QList<Step>;
 
 model::ProviderQuotaSnapshot entry(AIProvider provider, const Step& step) {
     const auto window = [](double used) {
@@ -39,45 +38,42 @@ class QuotaNotifierTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void seesResets_data() {
-        QTest::addColumn<Steps>("steps");
-        QTest::addColumn<int>("posts");
+    void detectsResets() {
         constexpr auto pending = QuotaSyncState::pending;
-        const auto row = [](const char* name, const Steps& steps, int posts) {
-            QTest::newRow(name) << steps << posts;
+        struct Row {
+            const char* name;
+            std::vector<Step> steps;
+            int posts;
         };
-        row("reset", {{85}, {2}}, 1);
-        row("just above and at the limits", {{10.001}, {5}}, 1);
-        row("not low enough", {{85}, {5.001}}, 0);
-        row("was not high", {{10}, {0}}, 0);
-        row("first", {{0, 0}}, 0);
-        row("weekly", {{50, 85}, {51, 0}}, 1);
-        row("both at once", {{85, 85}, {0, 0}}, 1);
-        row("one after the other", {{85, 85}, {0, 85}, {0, 0}}, 2);
-        row("in two steps", {{85}, {7}, {0}}, 0);
-        row("again", {{85}, {0}, {11}, {0}}, 2);
-        row("not allowed, not told later", {{85}, {.fiveHour = 0, .isAllowed = false}, {0}}, 0);
-        row("pending between", {{85}, {.fiveHour = 0, .state = pending}, {0}}, 1);
-        row("pending is not remembered", {{5}, {.fiveHour = 85, .state = pending}, {0}}, 0);
-        row("absent between", {{85}, {.week = 85}, {0}}, 1);
-    }
-
-    void seesResets() {
-        QFETCH(Steps, steps);
-        QFETCH(int, posts);
-        tests::FakeNotificationCentre centre;
-        notify::QuotaNotifier notifier(centre);
-        for (const Step& step : steps) {
-            // The other provider's figures are never a reset.
-            notifier.process({.providers = {entry(AIProvider::codex, {50, 50}),
-                                            entry(AIProvider::claude, step)}},
-                             step.isAllowed ? anyTime : notify::NotificationSettings{}, {},
-                             model::LocalZone(QTimeZone::utc()));
+        const Row rows[] = {{"reset", {{85}, {2}}, 1},
+                            {"thresholds", {{10.001}, {5}}, 1},
+                            {"not low enough", {{85}, {5.001}}, 0},
+                            {"not high before", {{10}, {0}}, 0},
+                            {"first refresh", {{0, 0}}, 0},
+                            {"weekly", {{50, 85}, {51, 0}}, 1},
+                            {"both at once", {{85, 85}, {0, 0}}, 1},
+                            {"one after the other", {{85, 85}, {0, 85}, {0, 0}}, 2},
+                            {"in two steps", {{85}, {7}, {0}}, 0},
+                            {"again", {{85}, {0}, {11}, {0}}, 2},
+                            {"not allowed", {{85}, {.fiveHour = 0, .isAllowed = false}, {0}}, 0},
+                            {"pending between", {{85}, {.fiveHour = 0, .state = pending}, {0}}, 1},
+                            {"pending ignored", {{5}, {.fiveHour = 85, .state = pending}, {0}}, 0},
+                            {"absent between", {{85}, {.week = 85}, {0}}, 1}};
+        for (const Row& row : rows) {
+            tests::FakeNotificationCentre centre;
+            notify::QuotaNotifier notifier(centre);
+            for (const Step& step : row.steps) {
+                // The other provider is never reset.
+                notifier.process({.providers = {entry(AIProvider::codex, {50, 50}),
+                                                entry(AIProvider::claude, step)}},
+                                 step.isAllowed ? anyTime : notify::NotificationSettings{}, {},
+                                 model::LocalZone(QTimeZone::utc()));
+            }
+            QVERIFY2(centre.posts.size() == row.posts, row.name);
         }
-        QCOMPARE(centre.posts.size(), posts);
     }
 
-    void saysWhose() {
+    void namesTheProvider() {
         tests::FakeNotificationCentre centre;
         notify::QuotaNotifier notifier(centre);
         for (const double used : {85, 0}) {
