@@ -17,7 +17,7 @@ struct FileError {
     QString message; ///< for the user
 };
 
-/// "Could not save <file name>: <reason>."; `error` is an errno value.
+/// "Could not save <path>: <reason>."; `error` is an errno value.
 [[nodiscard]] FileError saveError(const std::filesystem::path& path, int error);
 
 /// The content of a regular file of at most `maximumSize` bytes. Nothing when it is missing,

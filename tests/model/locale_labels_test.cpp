@@ -86,19 +86,15 @@ private Q_SLOTS:
             names << start + QByteArray(10'000, 'x') << start + QByteArray(80, '_')
                   << start + QByteArray("a_").repeated(40) << start + QByteArray("\0y", 2);
         }
-        QStringList misread;
         for (const QByteArray& name : std::as_const(names)) {
             const LocaleLabels labels(name.toStdString());
             QVERIFY2(!texts(labels).contains(QString()), name);
             QVERIFY2(labels.firstWeekday() >= Qt::Monday && labels.firstWeekday() <= Qt::Sunday,
                      name);
             for (const int minutes : {0, 719, 720, 1439}) {
-                if (labels.parseTimeOfDay(labels.timeOfDay(minutes)) != minutes) {
-                    misread << QString::fromUtf8(name) + u' ' + labels.timeOfDay(minutes);
-                }
+                QVERIFY2(labels.parseTimeOfDay(labels.timeOfDay(minutes)) == minutes, name);
             }
         }
-        QVERIFY2(misread.isEmpty(), qPrintable(misread.join(u'\n')));
     }
 
     void readsTimes() {
