@@ -195,11 +195,13 @@ private Q_SLOTS:
              u"2025-12-28T23:00:00Z"},
             {"America/New_York", u"2025-11-02T23:00:00Z", u"2025-11-02T04:00:00Z",
              u"2025-08-04T04:00:00Z"},
-            // Midnight is skipped here, and repeated in the next row.
+            // Midnight is skipped, repeated, and close to a change.
             {"America/Santiago", u"2025-09-07T12:00:00Z", u"2025-09-07T04:00:00Z",
              u"2025-06-09T04:00:00Z"},
             {"America/Havana", u"2026-11-01T12:00:00Z", u"2026-11-01T04:00:00Z",
              u"2026-08-03T04:00:00Z"},
+            {"Australia/Lord_Howe", u"2026-04-05T12:00:00Z", u"2026-04-04T13:00:00Z",
+             u"2026-01-04T13:00:00Z"},
             {"Pacific/Kiritimati", u"2026-01-01T09:59:59Z", u"2025-12-31T10:00:00Z",
              u"2025-10-02T10:00:00Z"}};
         for (const Row& row : rows) {
