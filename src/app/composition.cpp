@@ -43,12 +43,12 @@ Composition::Composition(const Environment& environment)
              .notifier = notifier,
              .widgetCentre = widgetCentre,
              .clock = clock,
-             .zone = zone},
+             .zone = environment.zone},
             environment.launchContext.isFixtureMode
-                ? std::optional(core::fixtureSnapshot(clock.now(), zone))
+                ? std::optional(core::fixtureSnapshot(clock.now(), environment.zone))
                 : std::nullopt,
             environment.launchContext.isFixtureMode
-                ? std::optional(core::fixtureHistory(clock.now(), zone))
+                ? std::optional(core::fixtureHistory(clock.now(), environment.zone))
                 : std::nullopt) {
     forbidCoreFiles();
 }

@@ -21,7 +21,6 @@ struct Composition {
     Composition& operator=(const Composition&) = delete;
 
     platform::BootClock clock;
-    model::LocalZone zone = model::LocalZone::ofSystem();
     platform::SecretServiceStore secrets;
     platform::DBusWidgetCentre widgetCentre;
     platform::DBusNotificationCentre notificationCentre;

@@ -103,6 +103,9 @@ Environment readEnvironment() {
                 core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),
             .network = networkVariables(),
             .timeLocale = timeLocale(),
+            .zone = model::LocalZone::ofSystem(qEnvironmentVariableIsSet("TZ")
+                                                   ? model::ZoneSource::variable
+                                                   : model::ZoneSource::file),
             .wantsColour = qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb"};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/launch_context.h"
+#include "model/local_zone.h"
 #include "model/shared_store.h"
 #include "providers/claude/network_setup.h"
 
@@ -24,6 +25,7 @@ struct Environment {
     core::LaunchContext launchContext;
     providers::NetworkVariables network;
     std::string timeLocale;  ///< the POSIX locale in which times are written
+    model::LocalZone zone;   ///< follows $TZ or /etc/localtime
     bool wantsColour = true; ///< false under NO_COLOR and on a dumb terminal
 };
 

@@ -10,10 +10,9 @@ namespace tallyvane::app {
 
 namespace {
 
-std::optional<history::UsageHistory> shownHistory(const Environment& environment,
-                                                  const model::LocalZone& zone) {
+std::optional<history::UsageHistory> shownHistory(const Environment& environment) {
     if (environment.launchContext.isFixtureMode) {
-        return core::fixtureHistory(platform::BootClock().now(), zone);
+        return core::fixtureHistory(platform::BootClock().now(), environment.zone);
     }
     return history::loadHistory(model::SharedStore(environment.locations));
 }
@@ -33,8 +32,7 @@ QString table(const history::UsageHistory& history, const model::LocalZone& zone
 } // namespace
 
 ExitCode runHistory(const Environment& environment, OutputFormat format) {
-    const auto zone = model::LocalZone::ofSystem();
-    const auto history = shownHistory(environment, zone);
+    const auto history = shownHistory(environment);
     if (!history) {
         printError(QStringLiteral("No history is stored yet; each refresh adds to it."));
         return ExitCode::nothingStored;
@@ -42,7 +40,7 @@ ExitCode runHistory(const Environment& environment, OutputFormat format) {
     // What was decoded can be encoded.
     const bool isPrinted = format == OutputFormat::json
                                ? print(QString::fromUtf8(*history::encodeHistory(*history)) + u'\n')
-                               : print(table(*history, zone));
+                               : print(table(*history, environment.zone));
     return isPrinted ? ExitCode::success : ExitCode::failure;
 }
 

@@ -8,8 +8,7 @@ namespace tallyvane::app {
 
 bool printStatusText(const Environment& environment, const model::QuotaSnapshot& snapshot,
                      model::Timestamp now) {
-    const model::WeekdayTimeFormat weekdayTime(environment.timeLocale,
-                                               model::LocalZone::ofSystem());
+    const model::WeekdayTimeFormat weekdayTime(environment.timeLocale, environment.zone);
     const Palette palette =
         environment.wantsColour && isTerminal(stdout) ? Palette::ansi : Palette::plain;
     return print(statusText(snapshot, now, weekdayTime, palette));
@@ -18,7 +17,7 @@ bool printStatusText(const Environment& environment, const model::QuotaSnapshot&
 ExitCode runStatus(const Environment& environment, OutputFormat format) {
     const model::Timestamp now = platform::BootClock().now();
     const auto snapshot = environment.launchContext.isFixtureMode
-                              ? core::fixtureSnapshot(now, model::LocalZone::ofSystem())
+                              ? core::fixtureSnapshot(now, environment.zone)
                               : model::SharedStore(environment.locations).loadSnapshot();
     if (!snapshot) {
         printError(

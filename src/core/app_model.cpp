@@ -185,7 +185,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
         report.outcome = RefreshReport::Outcome::notSaved;
         co_return report;
     }
-    report.uncounted = totals ? recorded->uncounted : totals.error().message;
+    report.uncounted = totals ? recorded->uncounted : history::scanFailureText(totals.error());
     m_recordedSnapshot = current;
 
     m_history = recorded->history;

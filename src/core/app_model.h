@@ -1,8 +1,7 @@
 #pragma once
 
 #include "history/local_token_estimator.h"
-#include "history/token_baselines.h"
-#include "history/usage_history.h"
+#include "history/usage_history_recorder.h"
 #include "model/defaults_store.h"
 #include "model/local_zone.h"
 #include "model/quota_snapshot.h"

@@ -10,7 +10,7 @@ namespace {
 
 constexpr qint64 julianDayOfEpoch = 2'440'588;
 
-/// More than any clock differs from UTC: tzset(3) allows a day, and one more for summer time.
+/// More than any offset from UTC: tzset(3) allows a day, and another for summer time.
 constexpr hours furthest{49};
 
 } // namespace
@@ -29,7 +29,7 @@ Timestamp startOfDay(QDate day, const model::LocalZone& zone) {
     if (hasBegun(midnightUtc - offset) && !hasBegun(midnightUtc - offset - seconds{1})) {
         return midnightUtc - offset;
     }
-    // The clocks change on that day.
+    // A clock change on that day: search for the first moment.
     Timestamp before = midnightUtc - furthest;
     Timestamp after = midnightUtc + furthest;
     while (after - before > seconds{1}) {

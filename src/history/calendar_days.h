@@ -4,16 +4,16 @@
 
 #include <QtCore/QDate>
 
-/// Days of the Gregorian calendar in a time zone. Where a change of the clocks skips midnight, a
-/// day starts at its first moment.
+/// Days of the Gregorian calendar in a time zone.
 namespace tallyvane::history {
 
 [[nodiscard]] QDate localDay(model::Timestamp moment, const model::LocalZone& zone);
 
+/// The first moment of the day, even if a clock change skips or repeats midnight.
 [[nodiscard]] model::Timestamp startOfDay(QDate day, const model::LocalZone& zone);
 
-/// The same time of day, `days` calendar days later; within an hour of a change of the clocks it
-/// may be an hour off.
+/// The same time of day, `days` calendar days later. May be off by an hour within an hour of a
+/// clock change.
 [[nodiscard]] model::Timestamp addDays(model::Timestamp moment, int days,
                                        const model::LocalZone& zone);
 

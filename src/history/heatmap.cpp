@@ -11,7 +11,7 @@ constexpr std::array levelOpacities{0.0, 0.32, 0.52, 0.74, 1.0};
 constexpr model::Colour totalColour{.red = 0.2, .green = 0.78, .blue = 0.35};
 constexpr model::Colour emptyColour{.red = 120. / 255, .green = 120. / 255, .blue = 128. / 255};
 
-/// The provider that a filter lets through; nothing for both.
+/// The provider selected by a filter; nothing for both.
 std::optional<model::AIProvider> only(HeatmapFilter filter) {
     switch (filter) {
     case HeatmapFilter::codex:

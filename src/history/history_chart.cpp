@@ -70,13 +70,13 @@ std::vector<QDate> axisDates(HistoryGranularity granularity, const DateDomain& d
 }
 
 std::vector<double> axisValues(double maximum) {
-    // Beyond this, doubles have no room for a step above.
+    // Larger values leave no room for a step above them.
     const double top = maximum > 0 ? std::min(maximum, 1e300) : 1;
     const double rough = top / axisSteps;
     const double magnitude = std::pow(10, std::floor(std::log10(rough)));
     double step = 10 * magnitude;
     for (const double factor : {5., 2., 1.}) {
-        // A hair's breadth: 0.3 / 0.1 is a little more than 3.
+        // Tolerates rounding: 0.3 / 0.1 is slightly more than 3.
         if (rough <= factor * magnitude * (1 + 1e-9)) {
             step = factor * magnitude;
         }

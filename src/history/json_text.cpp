@@ -18,8 +18,8 @@ bool isHexDigit(char character) {
            (character >= 'A' && character <= 'F');
 }
 
-/// Walks over the tokens of a text. A skip is false where its token is not, and then may have gone
-/// a part of the way, except the one of a single character: the text is not valid.
+/// Walks over the tokens of a text. A skip function returns false if there is no such token; only
+/// the one for a single character then leaves the position unchanged.
 class Walker {
 public:
     explicit Walker(std::string_view rest) : m_rest(rest) {}
@@ -54,7 +54,7 @@ public:
         return false;
     }
 
-    /// The name of a member and its colon.
+    /// Skips the name of a member and the colon.
     bool skipName() {
         skipSpace();
         if (!skipString()) {
@@ -65,7 +65,7 @@ public:
     }
 
     bool skipValue() {
-        std::string open; // the ends of what is open, which may be nested deeper than a stack is
+        std::string open; // closing brackets; no recursion, as nesting may be deep
         for (;;) {
             skipSpace();
             const bool isObject = m_rest.starts_with('{');
@@ -162,8 +162,8 @@ private:
     std::string_view m_rest;
 };
 
-/// Whether the string `source`, quotes included, spells `text`. Its only escapes that can are
-/// those by number.
+/// Whether the string literal `source` means `text`, whose characters have no escapes but numeric
+/// ones.
 bool spells(std::string_view source, std::string_view text) {
     source = source.substr(1, source.size() - 2);
     for (const char wanted : text) {
@@ -182,12 +182,12 @@ bool spells(std::string_view source, std::string_view text) {
     return source.empty();
 }
 
-/// A number's integer part, exactly.
+/// The exact integer part of a number; nothing if that is out of range.
 std::optional<std::int64_t> truncated(std::string_view number) {
     const bool isNegative = number.starts_with('-');
     number.remove_prefix(isNegative ? 1 : 0);
     const std::size_t end = std::min(number.find_first_of("eE"), number.size());
-    std::int64_t exponent = 0;
+    std::int32_t exponent = 0;
     if (end < number.size()) {
         const char* first = number.data() + end + (number[end + 1] == '+' ? 2 : 1);
         const char* last = number.data() + number.size();
@@ -200,9 +200,6 @@ std::optional<std::int64_t> truncated(std::string_view number) {
     std::string digits(number.substr(0, point));
     digits += number.substr(std::min(point + 1, number.size()));
 
-    // No text is so long that this limit tells.
-    exponent = std::clamp<std::int64_t>(exponent, std::numeric_limits<std::int32_t>::min(),
-                                        std::numeric_limits<std::int32_t>::max());
     const std::int64_t integerDigits = static_cast<std::int64_t>(point) + exponent;
     std::int64_t value = 0;
     for (std::int64_t i = 0; i < integerDigits; ++i) {

@@ -14,16 +14,11 @@ namespace tallyvane::history {
 
 namespace {
 
-/// For the calling thread alone, as Linux has it: setpriority(2) against its standard,
-/// ioprio_set(2). Where the system refuses, the count is no less right.
-void giveWay() {
+/// Lowers the CPU and I/O priority of the calling thread; on Linux both are per thread.
+void lowerPriority() {
     constexpr int niceness = 10;
     ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), niceness);
     ::syscall(SYS_ioprio_set, IOPRIO_WHO_PROCESS, 0, IOPRIO_PRIO_VALUE(IOPRIO_CLASS_IDLE, 0));
-}
-
-std::unexpected<EstimateError> failure(const std::error_code& error) {
-    return std::unexpected(EstimateError{scanFailureText(error)});
 }
 
 } // namespace
@@ -34,22 +29,23 @@ LocalTokenEstimator::~LocalTokenEstimator() {
     m_end.request_stop();
 }
 
-QCoro::Task<std::expected<TokenTotals, EstimateError>>
+QCoro::Task<std::expected<TokenTotals, std::error_code>>
 LocalTokenEstimator::estimate(model::Timestamp now, std::stop_token stop) {
-    using Result = std::expected<TokenTotals, EstimateError>;
+    using Result = std::expected<TokenTotals, std::error_code>;
     const auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
     const auto count = [promise, roots = m_roots, now, stop, end = m_end.get_token()] {
-        giveWay();
+        lowerPriority();
         std::stop_source either;
         const auto requestStop = [&either] { either.request_stop(); };
         const std::stop_callback onStop(stop, requestStop);
         const std::stop_callback onEnd(end, requestStop);
         const ScanReport report = scanSessionLogs(roots, now, either.get_token());
-        promise->addResult(report.error ? Result(failure(report.error)) : Result(report.totals));
+        promise->addResult(report.error ? Result(std::unexpected(report.error))
+                                        : Result(report.totals));
         promise->finish();
     };
-    // Shared, so that it is still there if no thread can be made.
+    // Shared, so that it survives a failure to start a thread.
     const auto before = std::make_shared<std::jthread>(std::move(m_thread));
     try {
         m_thread = std::jthread([count, before] {
@@ -58,7 +54,7 @@ LocalTokenEstimator::estimate(model::Timestamp now, std::stop_token stop) {
         });
     } catch (const std::system_error& error) {
         m_thread = std::move(*before);
-        co_return failure(error.code());
+        co_return std::unexpected(error.code());
     }
     const QFuture<Result> totals = promise->future();
     co_return co_await totals;

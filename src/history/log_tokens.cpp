@@ -11,10 +11,10 @@ using model::AIProvider;
 
 namespace {
 
-/// The parser takes nine bytes for each byte of the longest line; longer ones are rare.
+/// Longer lines are rare, and the parser allocates nine bytes per byte of the longest line.
 constexpr std::size_t maximumParsedSize = 1 << 20;
 
-/// As JsonText, of a parsed document.
+/// The interface of JsonText for a parsed document.
 class ParsedJson {
 public:
     ParsedJson(simdjson::dom::element element, bool& hasFraction)
@@ -56,7 +56,7 @@ public:
 
 private:
     simdjson::dom::element m_element;
-    bool* m_hasFraction; ///< set where a number that was asked for is known only rounded
+    bool* m_hasFraction; ///< set when the value of integer() was rounded in parsing
 };
 
 template <typename Json>
@@ -124,7 +124,7 @@ LineTokenReader::~LineTokenReader() = default;
 TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
     static_assert(padding >= simdjson::SIMDJSON_PADDING);
     if (line.starts_with("\xEF\xBB\xBF")) {
-        return {}; // no JSON (RFC 8259), but newer versions of the parser pass over it
+        return {}; // invalid (RFC 8259), but newer versions of the parser accept it
     }
     simdjson::dom::element element;
     if (line.size() <= maximumParsedSize &&
@@ -135,7 +135,7 @@ TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
             return sum;
         }
     }
-    // The parser refuses some valid lines: integers past 64 bits, lone surrogates, deep nesting.
+    // The parser rejects some valid lines: integers beyond 64 bits, lone surrogates, deep nesting.
     return plainLineTokens(provider, line);
 }
 

@@ -8,7 +8,7 @@
 
 namespace tallyvane::history {
 
-/// A sum of token counts that knows whether it ever left the range.
+/// A sum of token counts that records overflow.
 struct TokenSum {
     std::int64_t value = 0;
     bool isOverflown = false;
@@ -20,16 +20,16 @@ struct TokenSum {
     bool operator==(const TokenSum&) const = default;
 };
 
-/// What one line of a session log says; 0 unless all of it is a JSON object (RFC 8259) of the kind
-/// that counts. The last of several members of one name is meant. A field that is no number, or one
-/// whose integer part is beyond 64 bits, is as if it were not there.
+/// The tokens in one line of a session log; 0 unless the line is a JSON object (RFC 8259) of the
+/// right type. The last of duplicate members counts. Fields that are not numbers, or whose integer
+/// part exceeds 64 bits, are treated as absent.
 ///
-/// Codex (CLI 0.169): the session's tokens so far, payload.info.total_token_usage.total_tokens,
-/// else input_tokens + output_tokens there, where payload.type is "token_count".
-/// Claude (Code 2.1): the four token fields of message.usage, where type is "assistant".
+/// Codex (CLI 0.169): the session's running total, payload.info.total_token_usage.total_tokens or
+/// else input_tokens + output_tokens there, if payload.type is "token_count".
+/// Claude (Code 2.1): the sum of the four token fields of message.usage, if type is "assistant".
 [[nodiscard]] TokenSum plainLineTokens(model::AIProvider provider, std::string_view line);
 
-/// The same sums, faster. Keeps its memory from line to line.
+/// The same, but faster. Reuses its memory from line to line.
 class LineTokenReader {
 public:
     LineTokenReader();
@@ -37,7 +37,7 @@ public:
     LineTokenReader(const LineTokenReader&) = delete;
     LineTokenReader& operator=(const LineTokenReader&) = delete;
 
-    /// The memory of `line` must go on for `padding` more bytes, of any content.
+    /// At least `padding` more bytes, of any content, must be readable after `line`.
     [[nodiscard]] TokenSum tokens(model::AIProvider provider, std::string_view line);
 
     static constexpr std::size_t padding = 64;

@@ -10,13 +10,13 @@ using model::AIProvider;
 
 namespace {
 
-/// Small enough to stay in the processor's cache between the passes over it.
+/// Small enough to stay in the CPU cache between the passes over it.
 constexpr std::size_t blockSize = 128 * 1024;
 
-/// How much is searched at once; a constant, so that compilers make vector code of it.
+/// The number of bytes searched at once; constant, so that the loop is vectorised.
 constexpr std::size_t stride = 64;
 
-/// What a line must hold to count, unless it spells a letter or an underscore by an escape.
+/// What a line that counts must contain, unless it escapes a letter or an underscore.
 constexpr std::string_view neededWord(AIProvider provider) {
     return provider == AIProvider::codex ? R"("token_count")" : R"("assistant")";
 }
@@ -25,8 +25,8 @@ bool isEscapedLetter(const char* text) {
     return std::memcmp(text, "\\u00", 4) == 0 && text[4] >= '4' && text[4] <= '7';
 }
 
-/// Whether one of the stride's places may begin the word or an escaped letter. Looks at a few
-/// bytes of each only: few false alarms, and no branch.
+/// Whether the word or an escaped letter may start in the stride. Branch-free; tests only a few
+/// bytes of each position, so there are some false positives.
 template <std::size_t LastOfWord>
 bool mayBegin(const char* text, char second) {
     unsigned char found = 0;
@@ -39,8 +39,8 @@ bool mayBegin(const char* text, char second) {
     return found != 0;
 }
 
-/// The first place in [begin, end) where the word or an escaped letter stands, else `end`. Reads
-/// up to LineTokenReader::padding + stride bytes more.
+/// The first word or escaped letter in [begin, end), else `end`. Reads up to
+/// LineTokenReader::padding + stride bytes beyond.
 template <AIProvider Provider>
 const char* findCandidate(const char* begin, const char* end) {
     constexpr std::string_view word = neededWord(Provider);
@@ -63,7 +63,7 @@ bool isEscapedByReturn(const char* feed, const char* begin) {
     return feed != begin && feed[-1] == '\r';
 }
 
-/// The last line feed in [from, end) that ends a line of the text from `begin` on, else null.
+/// The last line feed in [from, end) that ends a line of the text at `begin`, else null.
 const char* lastLineEnd(const char* begin, const char* from, const char* end) {
     while (const void* found = ::memrchr(from, '\n', static_cast<std::size_t>(end - from))) {
         end = static_cast<const char*>(found);
@@ -74,7 +74,7 @@ const char* lastLineEnd(const char* begin, const char* from, const char* end) {
     return nullptr;
 }
 
-/// The first line feed in [from, end) that ends a line of the text from `begin` on, else `end`.
+/// The first line feed in [from, end) that ends a line of the text at `begin`, else `end`.
 const char* nextLineEnd(const char* begin, const char* from, const char* end) {
     while (const void* found = std::memchr(from, '\n', static_cast<std::size_t>(end - from))) {
         const auto* feed = static_cast<const char*>(found);
@@ -86,7 +86,7 @@ const char* nextLineEnd(const char* begin, const char* from, const char* end) {
     return end;
 }
 
-/// `text` without a character that begins in its last bytes and ends after them.
+/// `text` without an incomplete character at its end.
 std::string_view wholeCharacters(std::string_view text) {
     for (std::size_t back = 1; back <= std::min<std::size_t>(3, text.size()); ++back) {
         const auto byte = static_cast<unsigned char>(text[text.size() - back]);

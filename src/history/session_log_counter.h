@@ -9,24 +9,24 @@
 
 namespace tallyvane::history {
 
-/// Counts the tokens of one session log after the other from their bytes, block by block, and
-/// remembers no more than the line that a block ends in.
+/// Counts the tokens of session logs, one after the other, from blocks of bytes. Buffers no more
+/// than one line between blocks.
 ///
-/// A log is UTF-8 or counts as a whole for nothing. Its lines end at each line feed but those after
-/// a carriage return; the last one needs no end. Codex: the largest figure of a line, and at least
-/// 0, since each line tells the session's sum so far. Claude: the sum of all lines.
+/// A log that is not valid UTF-8 does not count at all. A line feed ends a line unless it follows a
+/// carriage return; the last line needs none. The result is, for Codex, the largest figure of all
+/// lines, but at least 0, since each line has the session's running total; for Claude, the sum.
 class SessionLogCounter {
 public:
-    /// Begins a new log.
+    /// Starts a new log.
     void begin(model::AIProvider provider);
 
-    /// Where the next bytes of the log go; never empty. Valid until the next call.
+    /// The buffer for the next bytes of the log, never empty. Valid until the next call.
     [[nodiscard]] std::span<char> space();
 
-    /// Takes the first `size` bytes of space(). False: the log is not UTF-8 and at its end.
+    /// Processes the first `size` bytes of space(). False if the log is not valid UTF-8.
     [[nodiscard]] bool take(std::size_t size);
 
-    /// The log's tokens, when all of it was taken; nothing when it is not UTF-8.
+    /// Ends the log and returns its tokens; nothing if it is not valid UTF-8.
     [[nodiscard]] std::optional<TokenSum> finish();
 
 private:
@@ -34,9 +34,9 @@ private:
     void countLines(std::string_view lines);
 
     LineTokenReader m_reader;
-    std::vector<char> m_buffer; ///< from the start of a line on
-    std::size_t m_size = 0;     ///< of m_buffer, what is taken
-    std::size_t m_checked = 0;  ///< of that, what is known as UTF-8
+    std::vector<char> m_buffer; ///< starts at the start of a line
+    std::size_t m_size = 0;     ///< of the processed bytes in m_buffer
+    std::size_t m_checked = 0;  ///< of those known to be UTF-8
     model::AIProvider m_provider{};
     TokenSum m_sum;
 };

@@ -1,11 +1,11 @@
 #include "history/session_log_scan.h"
 
-#include "history/recent_log_files.h"
 #include "history/session_log_counter.h"
 #include "model/file_descriptor.h"
 
 #include <cerrno>
 #include <expected>
+#include <list>
 
 namespace tallyvane::history {
 
@@ -13,15 +13,31 @@ using model::AIProvider;
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::chrono::seconds ageLimit{3'024'000};
 constexpr std::size_t fileLimit = 400;
 constexpr std::int64_t sizeLimit = 24'999'999;
 
-/// One scan's state.
+struct LogFile {
+    fs::path path;
+    fs::file_time_type modified;
+};
+
+/// Whether the process or the system ran out of resources, which is no fault of the file at hand.
+bool isExhaustion(const std::error_code& error) {
+    return error == std::errc::too_many_files_open ||
+           error == std::errc::too_many_files_open_in_system ||
+           error == std::errc::not_enough_memory;
+}
+
+/// The state of one scan.
 class Scan {
 public:
     Scan(const LogRoots& roots, model::Timestamp now, const std::stop_token& stop)
-        : m_roots(roots), m_now(now), m_stop(stop) {}
+        : m_roots(roots),
+          m_oldest(std::chrono::file_clock::from_sys(now - ageLimit)),
+          m_stop(stop) {}
 
     [[nodiscard]] ScanReport run() {
         for (const AIProvider provider : model::allCases<AIProvider>) {
@@ -32,23 +48,16 @@ public:
 
 private:
     std::int64_t total(AIProvider provider) {
-        const RecentLogFiles recent =
-            recentLogFiles(m_roots.at(provider), fileLimit, m_now - ageLimit, m_stop);
-        if (recent.error) {
-            m_report.error = recent.error;
-        }
-        skip(SkipReason::tooOld, recent.tooOld);
-        skip(SkipReason::overLimit, recent.overLimit);
         TokenSum sum;
-        for (const std::filesystem::path& file : recent.files) {
+        for (const LogFile& file : recentLogFiles(m_roots.at(provider), fileLimit)) {
             if (m_stop.stop_requested()) {
                 break;
             }
-            if (const auto tokens = fileTokens(provider, file)) {
+            if (const auto tokens = fileTokens(provider, file.path)) {
                 ++m_report.countedFiles;
                 sum.add(*tokens);
             } else {
-                skip(tokens.error(), 1);
+                ++m_report.skippedFiles[tokens.error()];
             }
         }
         if (sum.isOverflown) {
@@ -57,15 +66,64 @@ private:
         return sum.value;
     }
 
-    void skip(SkipReason reason, int count) {
-        if (count > 0) {
-            m_report.skippedFiles[reason] += count;
+    /// The `limit` newest logs below `root`, the newest first.
+    std::list<LogFile> recentLogFiles(const fs::path& root, std::size_t limit) {
+        std::list<LogFile> logs = allLogFiles(root);
+        logs.sort([](const LogFile& one, const LogFile& other) { // stable
+            return one.modified > other.modified;
+        });
+        while (logs.size() > limit) {
+            logs.pop_back();
+            ++m_report.skippedFiles[SkipReason::overLimit];
+        }
+        return logs;
+    }
+
+    /// Regular files called "*.jsonl" that are recent enough. Skips hidden files and folders, and
+    /// whatever cannot be read. Follows no link but `root` itself.
+    std::list<LogFile> allLogFiles(const fs::path& root) {
+        std::list<LogFile> logs;
+        // One folder at a time, so that deep trees take no more descriptors than flat ones.
+        std::list<fs::path> folders{root};
+        for (; !folders.empty(); folders.pop_front()) {
+            std::error_code error;
+            for (fs::directory_iterator entry(folders.front(), error), end; !error && entry != end;
+                 entry.increment(error)) {
+                if (m_stop.stop_requested()) {
+                    return logs;
+                }
+                std::error_code ignored; // the answer is then no
+                if (entry->path().filename().native().starts_with('.') ||
+                    entry->is_symlink(ignored)) {
+                    continue;
+                }
+                if (entry->is_directory(ignored)) {
+                    folders.push_back(entry->path());
+                } else if (entry->path().extension() == ".jsonl" &&
+                           entry->is_regular_file(ignored)) {
+                    addLog(*entry, logs);
+                }
+            }
+            if (isExhaustion(error)) {
+                m_report.error = error;
+                return logs;
+            }
+        }
+        return logs;
+    }
+
+    void addLog(const fs::directory_entry& entry, std::list<LogFile>& logs) {
+        std::error_code gone;
+        const fs::file_time_type modified = entry.last_write_time(gone);
+        if (!gone && modified >= m_oldest) {
+            logs.push_back({entry.path(), modified});
+        } else if (!gone) {
+            ++m_report.skippedFiles[SkipReason::tooOld];
         }
     }
 
-    std::expected<TokenSum, SkipReason> fileTokens(AIProvider provider,
-                                                   const std::filesystem::path& path) {
-        // Not blocking, should the file have become a pipe.
+    std::expected<TokenSum, SkipReason> fileTokens(AIProvider provider, const fs::path& path) {
+        // O_NONBLOCK in case the file has become a pipe.
         const model::FileDescriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
         struct stat status = {};
         if (file.get() < 0) {
@@ -97,7 +155,7 @@ private:
             }
             size += count;
             m_report.readBytes += count;
-            // Again: its writer may outrun this reader.
+            // Again, because the file may be growing.
             if (size > sizeLimit) {
                 return std::unexpected(SkipReason::tooLarge);
             }
@@ -112,7 +170,7 @@ private:
     }
 
     const LogRoots& m_roots;
-    model::Timestamp m_now;
+    fs::file_time_type m_oldest;
     const std::stop_token& m_stop;
     SessionLogCounter m_counter;
     ScanReport m_report;

@@ -11,49 +11,48 @@
 
 namespace tallyvane::history {
 
-/// Tokens per provider; always holds every provider. Negative, to the whole of the range, where the
-/// Claude logs hold negative counts; never for Codex.
+/// Tokens of every provider. Any 64-bit value for Claude, whose logs may hold negative counts;
+/// never negative for Codex.
 using TokenTotals = std::map<model::AIProvider, std::int64_t>;
 
-/// Where the assistants' command-line programs keep their session logs.
+/// The directories of the session logs.
 using LogRoots = std::map<model::AIProvider, std::filesystem::path>;
 
 /// ".codex/sessions" and ".claude/projects" below the user's home directory.
 [[nodiscard]] LogRoots logRoots(const std::filesystem::path& home);
 
-/// Why a session log does not count.
+/// Why a session log is not counted.
 enum class SkipReason {
     tooOld,     ///< last modified more than 35 days ago
-    overLimit,  ///< not one of the 400 newest below its root
-    tooLarge,   ///< of more than 24,999,999 bytes
-    notUtf8,    ///< not UTF-8 at some place
-    unreadable, ///< for this user, or no regular file any more
-    vanished,   ///< removed since its folder was listed
+    overLimit,  ///< not among the 400 newest below its root
+    tooLarge,   ///< more than 24,999,999 bytes
+    notUtf8,    ///< contains invalid UTF-8
+    unreadable, ///< by this user, or no longer a regular file
+    vanished,   ///< removed after its folder was listed
 };
 
-/// What a scan saw.
+/// The result of a scan.
 struct ScanReport {
     TokenTotals totals;
     int countedFiles = 0;
-    std::map<SkipReason, int> skippedFiles; ///< only reasons that occurred
+    std::map<SkipReason, int> skippedFiles; ///< by reason; only those that occurred
     std::int64_t readBytes = 0;
-    /// Why the system could not read all that is there, if so; the figures mean nothing then.
-    std::error_code error;
+    std::error_code error; ///< if set, the system lacked resources and the figures are invalid
 };
 
-/// For the user: that the session logs could not be counted, and why.
+/// The user's text for ScanReport::error.
 [[nodiscard]] QString scanFailureText(const std::error_code& error);
 
-/// Counts the tokens in the session logs of the 35 days before `now`, Codex first. Reads each of
-/// them whole, every time, and remembers nothing; no log is so odd that it fails. Blocks. Ends
-/// between two files when `stop` is requested, with figures that mean nothing. Ends the program
-/// when a sum leaves the range, which no real log comes near.
+/// Counts the tokens in the session logs modified in the 35 days before `now`, Codex first.
+/// Blocking and stateless: every call reads every log. Malformed logs never make it fail. Stops
+/// between two files when `stop` is requested, with invalid figures. Aborts the program if a sum
+/// overflows.
 [[nodiscard]] ScanReport scanSessionLogs(const LogRoots& roots, model::Timestamp now,
                                          const std::stop_token& stop);
 
 } // namespace tallyvane::history
 
-/// The names that `tallyvane tokens --json` prints.
+/// The keys in the output of `tallyvane tokens --json`.
 template <>
 inline constexpr std::array tallyvane::model::rawValues<tallyvane::history::SkipReason>{
     QLatin1StringView("tooOld"),  QLatin1StringView("overLimit"),  QLatin1StringView("tooLarge"),

@@ -9,7 +9,7 @@ namespace tallyvane::history {
 
 using model::JsonReader;
 
-std::expected<QByteArray, model::EncodeError> encodeHistory(const UsageHistory& history) {
+std::expected<QByteArray, model::FileError> encodeHistory(const UsageHistory& history) {
     QJsonArray points;
     for (const UsageHistoryPoint& point : history.points) {
         points.append(QJsonObject{
@@ -64,7 +64,7 @@ std::expected<void, model::FileError> saveHistory(const model::SharedStore& stor
                                                   const UsageHistory& history) {
     const auto json = encodeHistory(history);
     if (!json) {
-        return std::unexpected(model::FileError{json.error().message});
+        return std::unexpected(json.error());
     }
     return store.saveHistory(*json);
 }

@@ -9,7 +9,7 @@
 
 namespace tallyvane::history {
 
-/// What one provider used on one day.
+/// One provider's use on one day.
 struct UsageHistoryPoint {
     model::Timestamp date; ///< the start of the user's local day
     model::AIProvider provider = model::AIProvider::codex;
@@ -19,26 +19,26 @@ struct UsageHistoryPoint {
     bool operator==(const UsageHistoryPoint&) const = default;
 };
 
-/// The whole of usage-history.json; replaced, never changed in place.
+/// The content of usage-history.json.
 struct UsageHistory {
     std::int64_t schemaVersion = 1;
-    std::vector<UsageHistoryPoint> points; ///< in the order in which they were added
+    std::vector<UsageHistoryPoint> points; ///< in insertion order
 
     bool operator==(const UsageHistory&) const = default;
 };
 
-/// Keys are the field names; every one is required when reading, others are ignored.
-[[nodiscard]] std::expected<QByteArray, model::EncodeError>
+/// The JSON form: keys are the field names. Decoding requires each and ignores others.
+[[nodiscard]] std::expected<QByteArray, model::FileError>
 encodeHistory(const UsageHistory& history);
 [[nodiscard]] std::expected<UsageHistory, model::DecodeError> decodeHistory(const QByteArray& json);
 
-/// The sum of two token counts, or the nearest that 64 bits hold.
+/// The sum of two token counts, saturated to 64 bits.
 [[nodiscard]] std::int64_t addTokens(std::int64_t sum, std::int64_t tokens);
 
-/// Identifies a point in a list: the provider and the seconds since 1970, "codex-1738281600.0".
+/// A point's identity in a list: provider and seconds since 1970, as "codex-1738281600.0".
 [[nodiscard]] QString id(const UsageHistoryPoint& point);
 
-/// The stored history; nothing when there is none or it does not decode.
+/// The stored history; nothing if there is none or it cannot be decoded.
 [[nodiscard]] std::optional<UsageHistory> loadHistory(const model::SharedStore& store);
 
 [[nodiscard]] std::expected<void, model::FileError> saveHistory(const model::SharedStore& store,

@@ -13,6 +13,10 @@ namespace {
 
 constexpr int retentionDays = 90;
 
+QString key(AIProvider provider) {
+    return QStringLiteral("token-baseline.") + model::rawValue(provider);
+}
+
 std::optional<double> weeklyUsedPercent(const std::optional<QuotaSnapshot>& snapshot,
                                         AIProvider provider) {
     if (!snapshot) {
@@ -31,6 +35,34 @@ double quotaIncrement(const std::optional<QuotaSnapshot>& previous, const QuotaS
 
 } // namespace
 
+std::int64_t TokenBaselines::tokenDelta(AIProvider provider, std::int64_t total) const {
+    const std::int64_t from = baseline(provider);
+    return from < 1 || total < from ? 0 : total - from;
+}
+
+std::expected<void, model::FileError> TokenBaselines::move(const TokenTotals& totals) {
+    std::map<QString, std::int64_t> values;
+    for (const auto& [provider, total] : totals) {
+        values[key(provider)] = total;
+    }
+    if (auto stored = m_defaults.setIntegers(values); !stored) {
+        m_remembered.insert(totals.begin(), totals.end()); // keeps the known ones
+        return stored;
+    }
+    for (const auto& [provider, total] : totals) {
+        m_remembered[provider] = total;
+    }
+    return {};
+}
+
+std::int64_t TokenBaselines::baseline(AIProvider provider) const {
+    const auto remembered = m_remembered.find(provider);
+    // A stored total below 1 takes precedence too: another program has seen the logs disappear.
+    const bool isStored = !m_defaults.text(key(provider)).isEmpty();
+    return isStored || remembered == m_remembered.end() ? m_defaults.integer(key(provider))
+                                                        : remembered->second;
+}
+
 std::expected<RecordedHistory, model::FileError>
 UsageHistoryRecorder::record(const std::optional<QuotaSnapshot>& previous,
                              const QuotaSnapshot& current, const TokenTotals& tokenTotals,
@@ -44,7 +76,7 @@ UsageHistoryRecorder::record(const std::optional<QuotaSnapshot>& previous,
         newTokens[provider] = m_baselines.tokenDelta(provider, total);
     }
     if (const auto moved = m_baselines.move(tokenTotals); !moved) {
-        // Added now, they would be added again by the next call.
+        // Otherwise the next call would add them again.
         newTokens.clear();
         recorded.uncounted = moved.error().message;
     }

@@ -1,7 +1,5 @@
 #include "model/defaults_store.h"
 
-#include "model/file_lock.h"
-
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QFile>
 #include <QtCore/QThread>
@@ -16,16 +14,16 @@ using namespace std::chrono_literals;
 
 constexpr qsizetype maximumSize = 16 * 1024 * 1024;
 
-bool isThere(const std::filesystem::path& path) {
+bool isPresent(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
 }
 
-/// Others hold it only while they replace the file.
+/// Waits while another process replaces the file.
 std::expected<FileLock, std::error_code> lock(const std::filesystem::path& path) {
     const QDeadlineTimer deadline(250ms);
     for (;;) {
-        auto tried = FileLock::tryLock(path);
+        auto tried = tryLock(path);
         if (!tried) {
             return std::unexpected(tried.error());
         }
@@ -43,8 +41,8 @@ std::expected<FileLock, std::error_code> lock(const std::filesystem::path& path)
 
 std::optional<DefaultsStore> DefaultsStore::open(const std::filesystem::path& path) {
     makePrivateDirectory(path.parent_path());
-    // A file is replaced by one that is written beside it.
-    const bool isWritable = (!isThere(path) || ::access(path.c_str(), W_OK) == 0) &&
+    // Replacing the file takes write access to its directory too.
+    const bool isWritable = (!isPresent(path) || ::access(path.c_str(), W_OK) == 0) &&
                             ::access(path.parent_path().c_str(), W_OK) == 0;
     DefaultsStore store(path);
     return isWritable && store.read() ? std::optional(std::move(store)) : std::nullopt;
@@ -94,7 +92,7 @@ DefaultsStore::setIntegers(const std::map<QString, std::int64_t>& values) {
 }
 
 std::optional<IniText> DefaultsStore::read() const {
-    if (!isThere(m_path)) {
+    if (!isPresent(m_path)) {
         return IniText();
     }
     const auto file = readFile(m_path, maximumSize);

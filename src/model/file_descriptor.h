@@ -8,13 +8,13 @@
 
 namespace tallyvane::model {
 
-/// An open file, or none: get() is negative then, and errno tells why.
+/// Owns an open file. When opening failed, get() is negative and errno says why.
 class FileDescriptor {
 public:
-    /// Opens `path` by open(2); a file that it makes is for this user alone.
+    /// Calls open(2); a file created by it is private to the user.
     FileDescriptor(const std::filesystem::path& path, int flags)
         : m_descriptor(::open(path.c_str(), flags | O_CLOEXEC, S_IRUSR | S_IWUSR)) {}
-    /// Takes over what a system call returned.
+    /// Adopts the result of a system call.
     explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
     FileDescriptor(FileDescriptor&& other) noexcept
         : m_descriptor(std::exchange(other.m_descriptor, -1)) {}

@@ -1,13 +1,12 @@
 #include "model/file_io.h"
 
-#include "model/file_descriptor.h"
-
 #include <QtCore/QFile>
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <sys/file.h>
 
 namespace tallyvane::model {
 
@@ -15,11 +14,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Of the files that are renamed when they are whole; nobody else gives such names.
+/// Parts of the names of temporary files; no other program uses such names.
 constexpr std::string_view temporaryStart = ".tallyvane-";
 constexpr std::string_view temporaryEnd = "-XXXXXX";
 
-/// Puts the directory's entries on the disk, so that a rename in it survives a loss of power.
+/// Flushes the directory to the disk, so that a rename in it survives a power failure.
 void syncDirectory(const fs::path& directory) {
     const FileDescriptor descriptor(directory, O_RDONLY | O_DIRECTORY);
     if (descriptor.get() >= 0) {
@@ -48,9 +47,9 @@ void removeUnfinishedWrites(const fs::path& directory) {
     }
 }
 
-/// Where the symbolic links at `path` end; the last one, where they go round in a circle.
+/// Resolves the symbolic links at `path`, up to the kernel's limit.
 fs::path withoutLinks(fs::path path) {
-    constexpr int mostLinks = 40; // as the kernel has it
+    constexpr int mostLinks = 40;
     std::error_code error;
     for (int link = 0; link < mostLinks && fs::is_symlink(path, error); ++link) {
         path = path.parent_path() / fs::read_symlink(path, error);
@@ -58,7 +57,7 @@ fs::path withoutLinks(fs::path path) {
     return path;
 }
 
-/// Writes the bytes to the disk; gives the error number, or 0.
+/// Writes the bytes and flushes them to the disk. Returns an errno value, 0 on success.
 int writeAll(int descriptor, QByteArrayView bytes) {
     while (!bytes.isEmpty()) {
         const ssize_t count =
@@ -71,14 +70,14 @@ int writeAll(int descriptor, QByteArrayView bytes) {
     return ::fsync(descriptor) == 0 ? 0 : errno;
 }
 
-/// Gives the error number, or 0.
+/// Returns an errno value, 0 on success.
 int replaceFile(const fs::path& path, const QByteArray& bytes) {
     struct stat status{};
     if (::stat(path.c_str(), &status) == 0) {
         if (!S_ISREG(status.st_mode)) {
             return S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
         }
-        if (::access(path.c_str(), W_OK) != 0) { // else the rename would override that
+        if (::access(path.c_str(), W_OK) != 0) { // rename() would not mind
             return errno;
         }
     }
@@ -149,9 +148,32 @@ std::error_code makePrivateDirectory(const fs::path& directory) {
     if (const std::error_code error = makePrivateDirectory(directory.parent_path())) {
         return error;
     }
-    // Another process may have made it meanwhile; what else is in its place is told by who uses it.
-    const bool isThere = ::mkdir(directory.c_str(), S_IRWXU) == 0 || errno == EEXIST;
-    return isThere ? std::error_code() : std::error_code(errno, std::system_category());
+    // With EEXIST another process was faster, or the caller will fail on what is in its place.
+    const bool exists = ::mkdir(directory.c_str(), S_IRWXU) == 0 || errno == EEXIST;
+    return exists ? std::error_code() : std::error_code(errno, std::system_category());
+}
+
+std::expected<std::optional<FileLock>, std::error_code> tryLock(const fs::path& path) {
+    FileDescriptor file(path, O_RDONLY | O_CREAT | O_NONBLOCK | O_NOCTTY);
+    struct stat locked{};
+    if (file.get() < 0 || ::fstat(file.get(), &locked) != 0) {
+        return std::unexpected(std::error_code(errno, std::system_category()));
+    }
+    if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno == EWOULDBLOCK) {
+            return std::nullopt;
+        }
+        if (errno != ENOLCK && errno != EOPNOTSUPP) {
+            return std::unexpected(std::error_code(errno, std::system_category()));
+        }
+    }
+    // The previous holder may have replaced the file, so that others already lock the new one.
+    struct stat current{};
+    if (::stat(path.c_str(), &current) != 0 || current.st_dev != locked.st_dev ||
+        current.st_ino != locked.st_ino) {
+        return std::nullopt;
+    }
+    return file;
 }
 
 } // namespace tallyvane::model

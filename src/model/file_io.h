@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/file_descriptor.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
@@ -10,34 +12,41 @@
 
 namespace tallyvane::model {
 
+/// Why something could not be saved.
 struct FileError {
-    QString message; ///< for the user: which file, and the system's reason
+    QString message; ///< for the user
 };
 
-/// That the file could not be saved, and why: an error number of the system.
+/// "Could not save <path>: <reason>."; `error` is an errno value.
 [[nodiscard]] FileError saveError(const std::filesystem::path& path, int error);
 
-/// The whole of a regular file of at most `maximumSize` bytes; nothing when there is none, it
-/// cannot be read, is larger, or is anything but a regular file. Never blocks on a pipe.
+/// The content of a regular file of at most `maximumSize` bytes. Nothing when it is missing,
+/// unreadable, larger, or not a regular file. Never blocks on a pipe.
 [[nodiscard]] std::optional<QByteArray> readFile(const std::filesystem::path& path,
                                                  qsizetype maximumSize);
 
-/// Replaces the file at `path`, or the one that a symbolic link there leads to, by one that holds
-/// `bytes` and that only the user can read. At every instant, a crash or a loss of power included,
-/// it is the old or the new file whole; when this returns a value the new one is on the disk. Fails
-/// on what is no regular file or may not be written. A crash can leave a hidden file
+/// Atomically replaces the file at `path`, or the target of a symbolic link there, by one with
+/// `bytes` that only the user can read. After a crash or a power failure the file is either the old
+/// or the new one, never a mix; on success the new one is on the disk. Fails if the file is
+/// read-only or not a regular file. A crash can leave a hidden file
 /// ".tallyvane-<process>-<six characters>" beside it.
 [[nodiscard]] std::expected<void, FileError> writeFile(const std::filesystem::path& path,
                                                        const QByteArray& bytes);
 
-/// writeFile() for a file that is to stay: makes its directory when that is missing, and removes
-/// what earlier calls that never ended left beside it, except files of the last minute, which
-/// another process may be writing.
+/// writeFile() for persistent files: creates the missing directory, and removes temporary files
+/// that crashed calls left in it. Spares those of the last minute, which may be in use.
 [[nodiscard]] std::expected<void, FileError> saveFile(const std::filesystem::path& path,
                                                       const QByteArray& bytes);
 
-/// Makes the directory and its missing parents, those that it makes open to the user alone. The
-/// error is the system's.
+/// Creates the directory and its missing parents, accessible to the user alone.
 std::error_code makePrivateDirectory(const std::filesystem::path& directory);
+
+/// A lock held by tryLock(); released when the object or the process ends.
+using FileLock = FileDescriptor;
+
+/// Locks the file at `path` with flock(2), creating it if missing. Does not wait: nothing while
+/// someone else holds the lock. Always succeeds on file systems without locks.
+[[nodiscard]] std::expected<std::optional<FileLock>, std::error_code>
+tryLock(const std::filesystem::path& path);
 
 } // namespace tallyvane::model

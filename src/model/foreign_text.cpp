@@ -1,9 +1,8 @@
 #include "model/foreign_text.h"
 
-#include "model/icu_text.h"
-
 #include <QtCore/QRegularExpression>
 #include <unicode/brkiter.h>
+#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <memory>
@@ -14,7 +13,7 @@ namespace {
 
 constexpr QStringView cutMark = u" … (cut)";
 
-/// How many code units are looked at for each that may stay.
+/// The number of input code units examined per output code unit.
 constexpr qsizetype walkFactor = 16;
 
 bool isControl(QChar c) {
@@ -32,7 +31,7 @@ qsizetype skipBetween(QStringView text, qsizetype at, char16_t first, char16_t l
     return at;
 }
 
-/// Where the control sequence ends that begins with the control character at `at`.
+/// The end of the control sequence that starts with the control character at `at`.
 qsizetype sequenceEnd(QStringView text, qsizetype at) {
     constexpr QChar escape = u'\x1B';
     constexpr char16_t introducer = 0x9B;
@@ -55,12 +54,12 @@ qsizetype sequenceEnd(QStringView text, qsizetype at) {
         const qsizetype last = skipBetween(text, skipBetween(text, at, u'0', u'?'), u' ', u'/');
         return isBetween(text, last, u'@', u'~') ? last + 1 : last;
     }
-    case 0x90: // strings of devices, systems, applications
+    case 0x90: // DCS, SOS, OSC, PM, APC strings
     case 0x98:
     case 0x9D:
     case 0x9E:
     case 0x9F: {
-        // One without an end is no string but damaged text, of which the words are wanted.
+        // Without a terminator it is damaged text, whose words are kept.
         const qsizetype end = std::find_if(text.begin() + at, text.end(), isControl) - text.begin();
         if (isBetween(text, end, u'\a', u'\a') ||
             isBetween(text, end, stringTerminator, stringTerminator)) {
@@ -73,7 +72,7 @@ qsizetype sequenceEnd(QStringView text, qsizetype at) {
     }
 }
 
-/// Whether the character is there to be seen, or needed by others to look right.
+/// Whether the character is visible or affects how others are displayed.
 bool isWanted(char32_t c) {
     const bool isLanguageMark = (c >= 0x200C && c <= 0x200F) || c == 0x061C || c == 0x180E;
     const bool isNumberSign = (c >= 0x0600 && c <= 0x0605) || c == 0x06DD || c == 0x070F ||
@@ -88,8 +87,8 @@ bool isWanted(char32_t c) {
            QChar::category(c) != QChar::Other_Format && !QChar::isSurrogate(c);
 }
 
-/// Cuts `text` to `length` or, where that lies within a user-perceived character, to less. Qt 6.4
-/// would cut within surrogate pairs after letters of some scripts.
+/// Cuts `text` to at most `length`, at the boundary of a user-perceived character. Qt 6.4's own
+/// boundaries split surrogate pairs after letters of some scripts.
 void cutAtCharacter(QString& text, qsizetype length) {
     const bool isWithinPair = length < text.size() && text[length].isLowSurrogate();
     auto end = static_cast<std::int32_t>(isWithinPair ? length - 1 : length);
@@ -98,8 +97,8 @@ void cutAtCharacter(QString& text, qsizetype length) {
         icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
     if (U_SUCCESS(status) != 0) {
         const icu::UnicodeString copy(reinterpret_cast<const char16_t*>(text.utf16()),
-                                      static_cast<std::int32_t>(text.size())); // referred to below
-        characters->setText(copy);
+                                      static_cast<std::int32_t>(text.size()));
+        characters->setText(copy); // keeps a reference
         end = characters->isBoundary(end) != 0 ? end : characters->preceding(end);
     }
     text.truncate(end);
@@ -143,8 +142,7 @@ QString readableLine(QStringView foreign, qsizetype maximumLength) {
 }
 
 QString maskedAddresses(const QString& text) {
-    // Wider than what mail servers take, except that numbers alone are no domain: they would be
-    // the version of a package.
+    // More than mail servers accept, but a domain needs a letter: "@1.2" is a package version.
     static const QRegularExpression address = [] {
         const QString around = QStringLiteral(R"(\s@%:;,/=?&"`<>()[\]{}|)");
         return QRegularExpression(

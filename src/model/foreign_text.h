@@ -2,26 +2,26 @@
 
 #include <QtCore/QString>
 
-/// Texts that others wrote: servers, child programs, files that anyone may have changed.
+/// Sanitising of text from servers, child processes and files.
 namespace tallyvane::model {
 
-/// `foreign` as it may be stored, printed, shown and announced: valid UTF-16 of at most
-/// `maximumLength` code units, which must be 8 or more. The same text when it is readable already.
+/// Makes `foreign` safe to store, print and display: valid UTF-16 of at most `maximumLength` code
+/// units, which must be 8 or more. Idempotent. The run time is bounded by `maximumLength`.
 ///
-/// Dropped are the control sequences of terminals (ECMA-48, 7-bit and 8-bit), control characters
-/// except line feeds, embeddings, overrides and isolates of the text's direction, characters that
-/// are never seen, and halves of surrogate pairs. Joiners and direction marks stay, because
-/// languages and emoji need them. A tab or a lone carriage return becomes a space. What is too long
-/// ends in " … (cut)" after a whole user-perceived character. Takes no longer for a huge text.
+/// Removes terminal control sequences (ECMA-48, 7-bit and 8-bit), control characters except line
+/// feeds, bidirectional embeddings, overrides and isolates, invisible characters, and lone
+/// surrogates. Keeps joiners and direction marks, which languages and emoji need. Replaces tabs and
+/// lone carriage returns by spaces. Cuts a text that is too long after a whole user-perceived
+/// character and appends " … (cut)".
 [[nodiscard]] QString readableText(QStringView foreign, qsizetype maximumLength = 4096);
 
-/// readableText() in one line: with spaces for line feeds.
+/// readableText() with line feeds replaced by spaces.
 [[nodiscard]] QString readableLine(QStringView foreign, qsizetype maximumLength = 4096);
 
-/// How long the name of a subscription may be.
+/// The maximum length of a plan name.
 inline constexpr qsizetype maximumPlanNameLength = 64;
 
-/// `text` with "(e-mail address)" in place of each e-mail address, for what is kept in a log.
+/// Replaces each e-mail address by "(e-mail address)", for text that ends up in a log.
 [[nodiscard]] QString maskedAddresses(const QString& text);
 
 } // namespace tallyvane::model

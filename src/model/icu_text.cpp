@@ -10,8 +10,7 @@ namespace tallyvane::model {
 
 namespace {
 
-/// What the modifiers of the C library's locales ask for; "euro" and the others nothing that ICU
-/// could do.
+/// The modifiers of C library locales that affect texts, unlike "euro" and others.
 struct Modifier {
     std::string_view name;
     const char* script;
@@ -39,7 +38,7 @@ icu::Locale withModifier(const icu::Locale& locale, std::string_view name) {
     return U_SUCCESS(status) != 0 ? modified : locale;
 }
 
-/// ICU itself would take the texts of the process's own locale for those it does not have.
+/// Otherwise ICU would fall back to the locale of the process.
 bool hasTexts(const icu::Locale& locale) {
     UErrorCode status = U_ZERO_ERROR;
     ures_close(ures_open(nullptr, locale.getName(), &status));
@@ -56,14 +55,14 @@ bool isPartOfName(char c) {
 icu::Locale icuLocale(const std::string& name) {
     const std::size_t at = name.find('@');
     const std::string base = name.substr(0, std::min(name.find('.'), at));
-    // ICU would look for others in files of that name, and cannot tell its own limit.
+    // ICU would look for files of that name, and does not report names beyond its own limit.
     constexpr std::size_t longest = 80;
     const bool isName = base.size() <= longest && std::ranges::all_of(base, isPartOfName);
     const icu::Locale parsed(isName ? base.c_str() : "");
     if (parsed.isBogus() != 0 || *parsed.getLanguage() == 0) {
         return icu::Locale::getEnglish();
     }
-    // Without the extensions of BCP 47, which may ask for what ICU does not have.
+    // Without BCP 47 extensions, which may request things that ICU lacks.
     icu::Locale locale(parsed.getBaseName());
     if (at != std::string::npos) {
         icu::Locale modified = withModifier(locale, std::string_view(name).substr(at + 1));
@@ -74,7 +73,7 @@ icu::Locale icuLocale(const std::string& name) {
     if (hasTexts(locale)) {
         return locale;
     }
-    const char* unknownRegion = "ZZ"; // where clocks have 24 hours
+    const char* unknownRegion = "ZZ"; // which has the 24-hour clock
     const char* region = locale.getCountry();
     return {"en", *region != 0 ? region : unknownRegion};
 }

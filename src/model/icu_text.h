@@ -6,17 +6,15 @@
 
 #include <string>
 
-/// What the texts of this folder need of ICU.
 namespace tallyvane::model {
 
-/// The locale of a BCP 47 name or of a POSIX one, language[_TERRITORY][.codeset][@modifier]. Of the
-/// modifiers those count that choose a script or a variant ICU knows, such as "latin". Instead of a
-/// language that ICU has no texts in it is English, with the region's manners; plain English for
-/// what is no name. Never the locale that the process runs in.
+/// The ICU locale for a BCP 47 name or a POSIX name, language[_TERRITORY][.codeset][@modifier].
+/// Honours modifiers that select a script or variant known to ICU, such as "latin". English with
+/// the conventions of the region if ICU has no texts in the language, and plain English for
+/// malformed names. Never the locale of the process.
 [[nodiscard]] icu::Locale icuLocale(const std::string& name);
 
-/// ICU's text, with a plain space for the narrow one that it puts before "PM": many fonts, and so
-/// many panels and terminals, lack that.
+/// Replaces the narrow space that ICU puts before "PM" by a plain one, as many fonts lack it.
 [[nodiscard]] QString plainText(icu::UnicodeString text);
 
 } // namespace tallyvane::model

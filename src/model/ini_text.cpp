@@ -13,8 +13,8 @@ bool isComment(QByteArrayView line) {
     return line.startsWith(';') || line.startsWith('#');
 }
 
-/// The length of the logical line at the start of `text`, its line feed included. A quotation and a
-/// backslash carry a line on, but not in a comment or a section's name. Nothing when the text ends
+/// The length of the logical line at the start of `text`, with its line feed. A quotation or a
+/// backslash continues a line, but not in a comment or a section name. Nothing when the text ends
 /// before the line does.
 std::optional<qsizetype> lineLength(QByteArrayView text) {
     const qsizetype feed = text.indexOf('\n');
@@ -23,7 +23,7 @@ std::optional<qsizetype> lineLength(QByteArrayView text) {
     if (start.startsWith('[') || isComment(start)) {
         return physicalLength;
     }
-    bool isOpen = false; // goes on behind the end of the text
+    bool isOpen = false; // continued, but at the end of the text
     bool isQuoted = false;
     for (qsizetype at = 0; at < text.size(); ++at) {
         const char character = text[at];
@@ -63,7 +63,7 @@ bool isOctalDigit(QChar character) {
     return character >= u'0' && character <= u'7';
 }
 
-/// Takes the escape behind a backslash off the front of `rest`.
+/// Removes the escape that follows a backslash from the front of `rest` and returns its meaning.
 QString takeEscaped(QStringView& rest) {
     const auto takeNumber = [&rest](bool (*isDigit)(QChar), int base) {
         const auto* end = std::ranges::find_if_not(rest, isDigit);
@@ -89,7 +89,7 @@ QString takeEscaped(QStringView& rest) {
     return letter == u'\n' || letter == u'\r' ? QString() : QString(letter);
 }
 
-/// Undoes quotation and escapes; nothing for a list, whose parts have commas between them.
+/// Undoes quoting and escaping; nothing for a list, which has unquoted commas.
 std::optional<QString> unquoted(const QByteArray& encoded) {
     const QString all = QString::fromUtf8(encoded.trimmed());
     QStringView rest = all;
@@ -113,23 +113,22 @@ std::optional<QString> unquoted(const QByteArray& encoded) {
 
 QByteArray quoted(const QString& text) {
     QString line = QStringLiteral("\"");
-    bool isAfterNumber = false; // which would take a digit behind it for its own
+    bool isAfterNumber = false; // which would absorb a hexadecimal digit
     for (const QChar character : text) {
-        if (character == u'"' || character == u'\\') {
-            line += u'\\';
-            line += character;
-            isAfterNumber = false;
+        const bool isNumber =
+            character != u'\n' && (character.unicode() < 0x20 || character.unicode() == 0x7F ||
+                                   (isAfterNumber && isHexDigit(character)));
+        if (isNumber) {
+            line += QStringLiteral("\\x") + QString::number(character.unicode(), 16);
         } else if (character == u'\n') {
             line += QStringLiteral("\\n");
-            isAfterNumber = false;
-        } else if (character.unicode() < 0x20 || character.unicode() == 0x7F ||
-                   (isAfterNumber && isHexDigit(character))) {
-            line += QStringLiteral("\\x") + QString::number(character.unicode(), 16);
-            isAfterNumber = true;
+        } else if (character == u'"' || character == u'\\') {
+            line += u'\\';
+            line += character;
         } else {
             line += character;
-            isAfterNumber = false;
         }
+        isAfterNumber = isNumber;
     }
     return (line + u'"').toUtf8();
 }

@@ -11,9 +11,9 @@ namespace tallyvane::model {
 
 namespace {
 
-/// The value as a whole number, when it is one that fits.
+/// The value of a whole number in range.
 std::optional<std::int64_t> asInteger(const QJsonValue& value) {
-    // toInteger answers its default for anything else, so two defaults tell the cases apart.
+    // toInteger() returns its default for anything else; two defaults tell the cases apart.
     const qint64 integer = value.toInteger(0);
     if (integer != value.toInteger(1)) {
         return std::nullopt;
@@ -23,90 +23,85 @@ std::optional<std::int64_t> asInteger(const QJsonValue& value) {
 
 class PrettyPrinter {
 public:
-    bool write(const QJsonValue& value, int depth) {
+    void write(const QJsonValue& value, int depth) {
         switch (value.type()) {
         case QJsonValue::Object:
-            return writeObject(value.toObject(), depth);
+            writeObject(value.toObject(), depth);
+            break;
         case QJsonValue::Array:
-            return writeArray(value.toArray(), depth);
+            writeArray(value.toArray(), depth);
+            break;
         case QJsonValue::Double:
-            return writeNumber(value);
+            writeNumber(value);
+            break;
         case QJsonValue::String:
             writeString(value.toString());
-            return true;
+            break;
         case QJsonValue::Bool:
             m_bytes += value.toBool() ? "true" : "false";
-            return true;
+            break;
         case QJsonValue::Null:
         case QJsonValue::Undefined:
+            m_bytes += "null";
             break;
         }
-        m_bytes += "null";
-        return true;
     }
 
-    QByteArray take() { return std::move(m_bytes); }
+    [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
+    [[nodiscard]] bool isFinite() const { return m_isFinite; } ///< whether all numbers are
 
 private:
-    void newLine(int depth) {
-        m_bytes += '\n';
-        m_bytes += QByteArray(qsizetype{2} * depth, ' ');
-    }
-
     // QJsonObject iterates in the order of its keys' code units, which sorts ASCII keys.
-    bool writeObject(const QJsonObject& object, int depth) {
-        if (object.isEmpty()) {
-            m_bytes += "{}";
-            return true;
-        }
-        char separator = '{';
+    void writeObject(const QJsonObject& object, int depth) {
+        m_bytes += '{';
         for (auto member = object.begin(); member != object.end(); ++member) {
-            m_bytes += separator;
-            separator = ',';
-            newLine(depth + 1);
+            startElement(depth + 1);
             writeString(member.key());
             m_bytes += " : ";
-            if (!write(member.value(), depth + 1)) {
-                return false;
-            }
+            write(member.value(), depth + 1);
         }
-        newLine(depth);
-        m_bytes += '}';
-        return true;
+        writeEnd('}', depth);
     }
 
-    bool writeArray(const QJsonArray& array, int depth) {
-        if (array.isEmpty()) {
-            m_bytes += "[]";
-            return true;
-        }
-        char separator = '[';
+    void writeArray(const QJsonArray& array, int depth) {
+        m_bytes += '[';
         for (const QJsonValue& element : array) {
-            m_bytes += separator;
-            separator = ',';
-            newLine(depth + 1);
-            if (!write(element, depth + 1)) {
-                return false;
-            }
+            startElement(depth + 1);
+            write(element, depth + 1);
         }
-        newLine(depth);
-        m_bytes += ']';
-        return true;
+        writeEnd(']', depth);
     }
 
-    bool writeNumber(const QJsonValue& value) {
-        const double number = value.toDouble();
-        if (!std::isfinite(number)) {
-            return false;
+    void startElement(int depth) {
+        if (!isAfterStart()) {
+            m_bytes += ',';
         }
+        newLine(depth);
+    }
+
+    void writeEnd(char bracket, int depth) {
+        if (!isAfterStart()) {
+            newLine(depth);
+        }
+        m_bytes += bracket;
+    }
+
+    [[nodiscard]] bool isAfterStart() const {
+        return m_bytes.endsWith('{') || m_bytes.endsWith('[');
+    }
+
+    void newLine(int depth) { m_bytes += '\n' + QByteArray(qsizetype{2} * depth, ' '); }
+
+    void writeNumber(const QJsonValue& value) {
+        const double number = value.toDouble();
+        m_isFinite = m_isFinite && std::isfinite(number);
         if (const auto integer = asInteger(value); integer) {
             m_bytes += QByteArray::number(qlonglong{*integer});
-            return true;
+            return;
         }
         std::array<char, 32> digits{};
         const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
         m_bytes += QByteArrayView(digits.data(), end);
-        return true;
     }
 
     void writeString(QStringView text) {
@@ -118,7 +113,7 @@ private:
                 escaped += c;
             } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
                 escaped += text.sliced(i++, 2);
-            } else if (c.unicode() < 0x20 || c.isSurrogate()) { // half a pair has no UTF-8 form
+            } else if (c.unicode() < 0x20 || c.isSurrogate()) { // lone surrogates have no UTF-8
                 escaped += QString::asprintf("\\u%04x", static_cast<unsigned>(c.unicode()));
             } else {
                 escaped += c;
@@ -128,16 +123,18 @@ private:
     }
 
     QByteArray m_bytes;
+    bool m_isFinite = true;
 };
 
 } // namespace
 
-std::expected<QByteArray, EncodeError> encodeJson(const QJsonObject& object) {
+std::expected<QByteArray, FileError> encodeJson(const QJsonObject& object) {
     PrettyPrinter printer;
-    if (!printer.write(object, 0)) {
-        return std::unexpected(EncodeError{QStringLiteral("A figure is not a finite number.")});
+    printer.write(object, 0);
+    if (!printer.isFinite()) {
+        return std::unexpected(FileError{QStringLiteral("A figure is not a finite number.")});
     }
-    return printer.take();
+    return printer.bytes();
 }
 
 std::expected<QJsonObject, DecodeError> parseJsonObject(const QByteArray& json) {
@@ -179,7 +176,7 @@ bool JsonReader::boolean(QLatin1StringView key) const {
 QUuid JsonReader::uuid(QLatin1StringView key) const {
     const QString written = text(key);
     const QUuid value = QUuid::fromString(written);
-    // Qt takes more forms than the standard one, and nil for anything else.
+    // fromString() accepts other forms too, and returns nil for anything else.
     if (value.toString(QUuid::WithoutBraces).compare(written, Qt::CaseInsensitive) != 0) {
         note(key, "is not a UUID");
     }

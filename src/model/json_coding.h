@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/file_io.h"
 #include "model/raw_values.h"
 #include "model/timestamp.h"
 
@@ -15,24 +16,20 @@
 #include <optional>
 #include <vector>
 
-/// The one JSON form of the files that this program writes, and its strict reading.
+/// The JSON format of the program's own files, and its strict decoding.
 namespace tallyvane::model {
 
-struct EncodeError {
-    QString message; ///< for the user: what could not be written
-};
-
 struct DecodeError {
-    QString message; ///< for a developer: where the document departs from its form
+    QString message; ///< for developers: the first deviation from the format
 };
 
-/// Writes `object` with keys sorted, two blanks of indent, `"key" : value`, whole numbers without
-/// a fraction, other numbers in the shortest form that reads back the same, `[]` for an empty
-/// list. Equal objects give equal bytes. Fails on a number that is not finite.
-[[nodiscard]] std::expected<QByteArray, EncodeError> encodeJson(const QJsonObject& object);
+/// Encodes `object` with sorted keys, an indent of two spaces, `"key" : value`, whole numbers
+/// without a fraction, other numbers in the shortest form that round-trips, and `[]` for an empty
+/// list. Equal objects give equal bytes. Fails on numbers that are not finite.
+[[nodiscard]] std::expected<QByteArray, FileError> encodeJson(const QJsonObject& object);
 
-/// Reads the members of one object strictly. A member that is missing or of the wrong type yields
-/// a default and is noted; `decodeJson` fails the document on the first such note.
+/// Reads the members of one object strictly. A missing member or one of the wrong type yields a
+/// default value and is noted, and any such note makes decodeJson() fail.
 class JsonReader {
 public:
     JsonReader(QJsonObject object, std::optional<DecodeError>& firstError)
@@ -81,7 +78,7 @@ private:
 /// Parses `json`, whose top level must be an object.
 [[nodiscard]] std::expected<QJsonObject, DecodeError> parseJsonObject(const QByteArray& json);
 
-/// Parses `json` and lets `read` make a T of its top-level object.
+/// Parses `json` and converts its top-level object with `read`.
 template <typename T, typename Read>
 [[nodiscard]] std::expected<T, DecodeError> decodeJson(const QByteArray& json, Read read) {
     const std::expected<QJsonObject, DecodeError> object = parseJsonObject(json);

@@ -1,7 +1,7 @@
 #include "model/local_zone.h"
 
-#include <cstdlib>
 #include <ctime>
+#include <optional>
 
 namespace tallyvane::model {
 
@@ -11,13 +11,13 @@ namespace {
 
 using LocalSeconds = local_time<seconds>;
 
-/// Nothing when the C library has no fields for that moment.
-std::optional<LocalSeconds> systemsLocalTime(sys_seconds moment) {
+/// Nothing when the year does not fit the C library's fields.
+std::optional<LocalSeconds> systemLocalTime(ZoneSource source, sys_seconds moment) {
     const std::time_t time = moment.time_since_epoch().count();
     std::tm fields{};
-    // localtime_r need not notice that /etc/localtime has changed. Told twice of a zone in TZ,
-    // glibc may take the default rules of summer time for others.
-    if (std::getenv("TZ") == nullptr) {
+    // localtime_r() alone does not notice changes of /etc/localtime. With TZ set, a second tzset()
+    // can make glibc apply other default rules for summer time.
+    if (source == ZoneSource::file) {
         ::tzset();
     }
     if (::localtime_r(&time, &fields) == nullptr) {
@@ -28,19 +28,18 @@ std::optional<LocalSeconds> systemsLocalTime(sys_seconds moment) {
            seconds{fields.tm_sec};
 }
 
-LocalSeconds localTimeIn(const QTimeZone& zone, sys_seconds moment) {
-    const auto sinceEpoch = moment.time_since_epoch();
-    const auto time = QDateTime::fromSecsSinceEpoch(sinceEpoch.count(), zone);
-    return LocalSeconds{sinceEpoch + seconds{time.offsetFromUtc()}};
-}
-
 } // namespace
 
 LocalTime LocalZone::localTime(Timestamp timestamp) const {
     const auto second = floor<seconds>(timestamp);
-    const LocalSeconds shown =
-        m_zone ? localTimeIn(*m_zone, second)
-               : systemsLocalTime(second).value_or(LocalSeconds{second.time_since_epoch()});
+    const auto sinceEpoch = second.time_since_epoch();
+    LocalSeconds shown{sinceEpoch};
+    if (const auto* zone = std::get_if<QTimeZone>(&m_zone)) {
+        const auto time = QDateTime::fromSecsSinceEpoch(sinceEpoch.count(), *zone);
+        shown += seconds{time.offsetFromUtc()};
+    } else {
+        shown = systemLocalTime(std::get<ZoneSource>(m_zone), second).value_or(shown);
+    }
     return shown + (timestamp - second);
 }
 

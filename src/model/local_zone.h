@@ -4,18 +4,22 @@
 
 #include <QtCore/QTimeZone>
 
+#include <variant>
+
 namespace tallyvane::model {
 
-/// What a clock on the wall shows, by the Gregorian calendar.
+/// A wall-clock time in the Gregorian calendar.
 using LocalTime = std::chrono::local_time<std::chrono::microseconds>;
 
-/// The zone of the user's days and times of day.
+/// Where tzset(3) finds the system's time zone: in TZ when that is set, else in /etc/localtime.
+enum class ZoneSource { variable, file };
+
+/// The time zone of the user's days and times of day.
 class LocalZone {
 public:
-    /// The one that the C library takes from TZ or else from /etc/localtime, whatever form tzset(3)
-    /// allows: so this program and date(1) always agree. UTC where those name no zone. Follows
-    /// /etc/localtime when that changes.
-    [[nodiscard]] static LocalZone ofSystem() { return LocalZone(); }
+    /// The C library's zone, in any form that tzset(3) accepts, so that this program and date(1)
+    /// always agree. UTC when there is no valid zone. Follows changes of /etc/localtime.
+    [[nodiscard]] static LocalZone ofSystem(ZoneSource source) { return LocalZone(source); }
 
     /// A zone of the tz database; UTC when it is not valid.
     explicit LocalZone(const QTimeZone& zone) : m_zone(zone.isValid() ? zone : QTimeZone::utc()) {}
@@ -23,9 +27,9 @@ public:
     [[nodiscard]] LocalTime localTime(Timestamp timestamp) const;
 
 private:
-    LocalZone() = default;
+    explicit LocalZone(ZoneSource source) : m_zone(source) {}
 
-    std::optional<QTimeZone> m_zone; ///< nothing for the C library's
+    std::variant<ZoneSource, QTimeZone> m_zone; ///< ZoneSource: the C library's zone
 };
 
 } // namespace tallyvane::model

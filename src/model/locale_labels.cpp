@@ -13,7 +13,7 @@ namespace tallyvane::model {
 
 namespace {
 
-/// The moment at which clocks in Greenwich show this.
+/// The moment at which clocks in Greenwich show `time`.
 UDate greenwich(std::chrono::local_time<std::chrono::milliseconds> time) {
     return static_cast<UDate>(time.time_since_epoch().count());
 }
@@ -47,8 +47,8 @@ struct LocaleLabels::Formatters {
               icu::number::Notation::compactShort())),
           decimal(icu::number::NumberFormatter::withLocale(locale).precision(
               icu::number::Precision::maxFraction(2))) {
-        // All times come here as those of Greenwich, and to find out the machine's zone would have
-        // ICU compare /etc/localtime, where that is no link, with all files of zones.
+        // All times are formatted in GMT. Finding the system's zone could make ICU compare
+        // /etc/localtime with every zone file.
         icu::TimeZone::adoptDefault(icu::TimeZone::getGMT()->clone());
         UErrorCode status = U_ZERO_ERROR;
         patterns.reset(icu::DateTimePatternGenerator::createInstance(locale, status));
@@ -57,7 +57,7 @@ struct LocaleLabels::Formatters {
         }
     }
 
-    /// Empty when ICU cannot write it.
+    /// Empty on an error of ICU.
     [[nodiscard]] QString format(UDate time, const char* skeleton) const {
         if (!patterns) {
             return {};
@@ -69,7 +69,7 @@ struct LocaleLabels::Formatters {
         return U_SUCCESS(status) != 0 ? plainText(dates.format(time, text)) : QString();
     }
 
-    /// 0 for "am" or the locale's text for it, 1 for "pm"; nothing for other letters.
+    /// 0 for "am" or the locale's equivalent, 1 for "pm", nothing for other letters.
     [[nodiscard]] std::optional<int> halfOfDay(const QString& letters) const {
         if (letters.isEmpty()) {
             return std::nullopt;
@@ -139,7 +139,7 @@ QString LocaleLabels::weekdayAndTime(LocalTime time) const {
 }
 
 std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
-    // Groups of digits of any script, and the letters that may say which half of the day is meant.
+    // Groups of digits of any script, and letters that may name the half of the day.
     QStringList groups;
     const QString letters = lettersOf(text);
     bool isInGroup = false;
@@ -170,7 +170,7 @@ std::optional<int> LocaleLabels::parseTimeOfDay(QStringView text) const {
         }
         hour = hour % 12 + 12 * *half;
     } else if (!letters.isEmpty() && letters != QLatin1StringView("h")) {
-        // Some locales write more than the half, such as an abbreviated "hour".
+        // Some locales write other words too, such as an abbreviated "hour".
         for (const int written : {hour, hour % 12, hour % 12 + 12}) {
             if (letters == lettersOf(timeOfDay(written * 60 + minute))) {
                 return written * 60 + minute;

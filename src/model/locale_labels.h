@@ -12,12 +12,11 @@
 
 namespace tallyvane::model {
 
-/// Short texts on numbers, days and times of day in a locale's own manner (CLDR, as ICU has it).
-/// Main thread only.
+/// Formats numbers, days and times of day in the style of a locale, with ICU. Main thread only.
 class LocaleLabels {
 public:
-    /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8" or "sr-Latn"; for one that ICU does
-    /// not know the texts are English.
+    /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8" or "sr-Latn". The texts of unknown
+    /// locales are English.
     explicit LocaleLabels(const std::string& locale);
     ~LocaleLabels();
     LocaleLabels(const LocaleLabels&) = delete;
@@ -38,8 +37,8 @@ public:
     [[nodiscard]] QString timeOfDay(int minutes) const;
     /// "Tue 3:45 PM" or "Di., 15:45".
     [[nodiscard]] QString weekdayAndTime(LocalTime time) const;
-    /// Reads what a person may write for a time of day, such as "14:05", "1405", "9", "2.05 pm" or
-    /// timeOfDay's own texts, as minutes after midnight; nothing when it is no time of day.
+    /// Parses a time of day as typed by a person, such as "14:05", "1405", "9", "2.05 pm" or a text
+    /// of timeOfDay(). Returns minutes after midnight, nothing for any other text.
     [[nodiscard]] std::optional<int> parseTimeOfDay(QStringView text) const;
 
     [[nodiscard]] Qt::DayOfWeek firstWeekday() const;

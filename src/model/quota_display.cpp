@@ -91,7 +91,7 @@ QString resetText(std::optional<Timestamp> resetsAt, const ProviderQuotaSnapshot
     if (left >= days{1}) {
         return weekdayTime.format(*resetsAt);
     }
-    // Never "0m": the first minute of every hour reads as one.
+    // At least "1m", also on whole hours.
     const auto whole = hh_mm_ss{floor<seconds>(left)};
     const auto minutesLeft = std::max<std::int64_t>(whole.minutes().count(), 1);
     const auto hoursLeft = whole.hours().count();

@@ -11,36 +11,38 @@ namespace tallyvane::model {
 
 namespace {
 
-/// A status message stands in one line beside a bar.
+/// The message has to fit on one line beside a bar.
 constexpr qsizetype maximumStatusMessageLength = 256;
 
-QJsonObject toJson(const QuotaWindowSnapshot& window) {
-    QJsonObject json{{QStringLiteral("usedPercent"), window.usedPercent}};
-    if (window.resetsAt) {
-        json.insert(QStringLiteral("resetsAt"), formatTimestamp(*window.resetsAt));
-    }
-    return json;
+QJsonValue toJson(const QString& text) {
+    return text;
 }
 
-QJsonObject toJson(const ProviderQuotaSnapshot& entry) {
-    QJsonObject json{{QStringLiteral("provider"), rawValue(entry.provider)},
-                     {QStringLiteral("syncState"), rawValue(entry.syncState)}};
-    if (entry.planName) {
-        json.insert(QStringLiteral("planName"), *entry.planName);
-    }
-    if (entry.fiveHour) {
-        json.insert(QStringLiteral("fiveHour"), toJson(*entry.fiveHour));
-    }
-    if (entry.week) {
-        json.insert(QStringLiteral("week"), toJson(*entry.week));
-    }
-    if (entry.syncedAt) {
-        json.insert(QStringLiteral("syncedAt"), formatTimestamp(*entry.syncedAt));
-    }
-    if (entry.statusMessage) {
-        json.insert(QStringLiteral("statusMessage"), *entry.statusMessage);
-    }
-    return json;
+QJsonValue toJson(Timestamp timestamp) {
+    return formatTimestamp(timestamp);
+}
+
+QJsonValue toJson(const QuotaWindowSnapshot& window);
+
+/// Undefined, which omits the member, when there is no value.
+template <typename T>
+QJsonValue toJson(const std::optional<T>& value) {
+    return value ? toJson(*value) : QJsonValue(QJsonValue::Undefined);
+}
+
+QJsonValue toJson(const QuotaWindowSnapshot& window) {
+    return QJsonObject{{QStringLiteral("usedPercent"), window.usedPercent},
+                       {QStringLiteral("resetsAt"), toJson(window.resetsAt)}};
+}
+
+QJsonValue toJson(const ProviderQuotaSnapshot& entry) {
+    return QJsonObject{{QStringLiteral("provider"), rawValue(entry.provider)},
+                       {QStringLiteral("planName"), toJson(entry.planName)},
+                       {QStringLiteral("fiveHour"), toJson(entry.fiveHour)},
+                       {QStringLiteral("week"), toJson(entry.week)},
+                       {QStringLiteral("syncedAt"), toJson(entry.syncedAt)},
+                       {QStringLiteral("syncState"), rawValue(entry.syncState)},
+                       {QStringLiteral("statusMessage"), toJson(entry.statusMessage)}};
 }
 
 std::optional<QuotaWindowSnapshot> readWindow(const JsonReader& entry, QLatin1StringView key) {
@@ -53,7 +55,7 @@ std::optional<QuotaWindowSnapshot> readWindow(const JsonReader& entry, QLatin1St
                                    window->optionalTimestamp(QLatin1StringView{"resetsAt"})};
 }
 
-/// Any program may have written the file.
+/// Sanitises the text, since any program may have written the file.
 std::optional<QString> readLine(const JsonReader& entry, QLatin1StringView key,
                                 qsizetype maximumLength) {
     const std::optional<QString> text = entry.optionalText(key);
@@ -97,7 +99,7 @@ QuotaSnapshot placeholderSnapshot(Timestamp now) {
     return snapshot;
 }
 
-std::expected<QByteArray, EncodeError> encodeSnapshot(const QuotaSnapshot& snapshot) {
+std::expected<QByteArray, FileError> encodeSnapshot(const QuotaSnapshot& snapshot) {
     QJsonArray providers;
     for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
         providers.append(toJson(entry));

@@ -25,22 +25,22 @@ inline constexpr std::array rawValues<QuotaPeriod>{QLatin1StringView{"fiveHour"}
 /// How fresh a provider's figures are.
 enum class QuotaSyncState {
     current,     ///< from the latest fetch
-    pending,     ///< kept from an earlier fetch, because the latest one failed
-    unavailable, ///< there have never been any
+    pending,     ///< from an earlier fetch, as the latest one failed
+    unavailable, ///< there are none yet
 };
 template <>
 inline constexpr std::array rawValues<QuotaSyncState>{
     QLatin1StringView{"current"}, QLatin1StringView{"pending"}, QLatin1StringView{"unavailable"}};
 
-/// The colour scheme that the user chose for the program's windows.
+/// The user's choice of a colour scheme.
 enum class AppAppearance { system, light, dark };
 template <>
 inline constexpr std::array rawValues<AppAppearance>{
     QLatin1StringView{"system"}, QLatin1StringView{"light"}, QLatin1StringView{"dark"}};
 
-/// One quota window as the provider reported it.
+/// The state of one quota window, as reported by the provider.
 struct QuotaWindowSnapshot {
-    double usedPercent = 0; ///< percent; 0 to 100, though providers have been seen to exceed it
+    double usedPercent = 0; ///< percent, 0 to 100; providers have exceeded 100
     std::optional<Timestamp> resetsAt;
 
     bool operator==(const QuotaWindowSnapshot&) const = default;
@@ -59,7 +59,7 @@ struct ProviderQuotaSnapshot {
     bool operator==(const ProviderQuotaSnapshot&) const = default;
 };
 
-/// Everything that one refresh learnt; replaced whole by the next.
+/// The result of one refresh.
 struct QuotaSnapshot {
     std::int64_t schemaVersion = 1;
     std::vector<ProviderQuotaSnapshot> providers; ///< codex, then claude
@@ -68,23 +68,23 @@ struct QuotaSnapshot {
     bool operator==(const QuotaSnapshot&) const = default;
 };
 
-/// The provider's window for one period.
+/// The provider's quota window of the given period.
 [[nodiscard]] const std::optional<QuotaWindowSnapshot>& window(const ProviderQuotaSnapshot& entry,
                                                                QuotaPeriod period);
 
-/// The provider's entry, or one without figures when the snapshot has none.
+/// The provider's entry in the snapshot, or a placeholder without figures.
 [[nodiscard]] ProviderQuotaSnapshot entryFor(const QuotaSnapshot& snapshot, AIProvider provider);
 
-/// A snapshot in which nothing is known of either provider.
+/// A snapshot of placeholders for all providers.
 [[nodiscard]] QuotaSnapshot placeholderSnapshot(Timestamp now);
 
-/// The bytes of quota-snapshot.json: an object whose keys are the field names above, with empty
-/// optional fields left out and dates as RFC 3339 texts in whole seconds.
-[[nodiscard]] std::expected<QByteArray, EncodeError> encodeSnapshot(const QuotaSnapshot& snapshot);
+/// Encodes a snapshot as in quota-snapshot.json. Keys are the field names, empty optional fields
+/// are omitted, and dates are RFC 3339 texts in whole seconds.
+[[nodiscard]] std::expected<QByteArray, FileError> encodeSnapshot(const QuotaSnapshot& snapshot);
 
-/// Reads those bytes. Any `schemaVersion` is accepted; a missing required key, a value of the
-/// wrong type, an unknown enumeration text or a malformed date fails the whole. Texts are made
-/// readable lines: of 64 characters a plan's name, of 256 a status message.
+/// Decodes that form. Accepts any `schemaVersion`; fails on a missing required key, a wrong type,
+/// an unknown enumeration text or a malformed date. Plan names and status messages are passed
+/// through readableLine(), with a limit of 64 and 256 characters.
 [[nodiscard]] std::expected<QuotaSnapshot, DecodeError> decodeSnapshot(const QByteArray& json);
 
 } // namespace tallyvane::model

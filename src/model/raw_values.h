@@ -11,8 +11,8 @@
 
 namespace tallyvane::model {
 
-/// The texts by which the cases of enumeration `E` are stored, in declaration order. Specialised
-/// beside each enumeration whose cases count up from zero.
+/// The stored texts of the cases of `E`, in declaration order. Specialised beside each enumeration,
+/// whose cases count up from zero.
 template <typename E>
 inline constexpr std::array<QLatin1StringView, 0> rawValues{};
 
@@ -22,7 +22,7 @@ constexpr QLatin1StringView rawValue(E value) {
     return rawValues<E>[static_cast<std::size_t>(std::to_underlying(value))];
 }
 
-/// The case stored as `text`, compared exactly; nothing when there is none.
+/// The case stored as `text`, which must match exactly.
 template <typename E>
 std::optional<E> fromRawValue(QStringView text) {
     const auto found = std::ranges::find_if(

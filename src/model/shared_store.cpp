@@ -42,10 +42,10 @@ SharedStore::SharedStore(const StoreLocations& locations)
 }
 
 std::expected<std::optional<FileLock>, FileError> SharedStore::tryLock() const {
-    makePrivateDirectory(m_baseURL); // someone may have removed it
-    auto lock = FileLock::tryLock(m_baseURL / "tallyvane.lock");
+    makePrivateDirectory(m_baseURL); // it may have been removed
+    auto lock = model::tryLock(m_baseURL / "tallyvane.lock");
     if (!lock) {
-        // What the user would miss.
+        // Names the file that the user cares about.
         return std::unexpected(saveError(snapshotFile(), lock.error().value()));
     }
     return *std::move(lock);
@@ -62,13 +62,13 @@ std::optional<QuotaSnapshot> SharedStore::loadSnapshot() const {
 std::expected<void, FileError> SharedStore::saveSnapshot(const QuotaSnapshot& snapshot) const {
     const auto json = encodeSnapshot(snapshot);
     if (!json) {
-        return std::unexpected(FileError{json.error().message});
+        return std::unexpected(json.error());
     }
     if (auto saved = saveFile(snapshotFile(), *json); !saved) {
         return saved;
     }
     if (auto suite = DefaultsStore::open(m_defaultsSuite); suite) {
-        (void)suite->setData(mirrorKey, *json); // the file is what counts
+        (void)suite->setData(mirrorKey, *json); // losing the mirror is no error
     }
     return {};
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/file_io.h"
-#include "model/file_lock.h"
 #include "model/quota_snapshot.h"
 
 #include <filesystem>
@@ -9,14 +8,14 @@
 
 namespace tallyvane::model {
 
-/// Where the store looks; made from the environment by the program's entry.
+/// The base directories of the stored files.
 struct StoreLocations {
     std::filesystem::path dataHome;   ///< $XDG_DATA_HOME; absolute
     std::filesystem::path configHome; ///< $XDG_CONFIG_HOME; absolute
 
-    /// The key-value file shared with the desktop widget.
+    /// The key-value file shared with the widget.
     [[nodiscard]] std::filesystem::path defaultsSuite() const;
-    /// The program's own key-value file, used when the suite cannot be opened.
+    /// The program's own key-value file, for when the suite cannot be opened.
     [[nodiscard]] std::filesystem::path standardDefaults() const;
 };
 
@@ -25,28 +24,27 @@ template <>
 inline constexpr std::array rawValues<ContainerSource>{QLatin1StringView{"appGroup"},
                                                        QLatin1StringView{"fallback"}};
 
-/// The directory of the two files that the program keeps, and the reading and writing of them.
-/// Holds no state of its own; may be used from any thread.
+/// Reads and writes the program's two files. Thread-safe: it has no mutable state.
 class SharedStore {
 public:
-    /// Chooses the widget's container when there is one, else a folder of our own, which is made.
+    /// Uses the container shared with the widget if it exists, else creates a directory of its own.
     explicit SharedStore(const StoreLocations& locations);
 
     [[nodiscard]] const std::filesystem::path& baseURL() const { return m_baseURL; }
     [[nodiscard]] ContainerSource containerSource() const { return m_containerSource; }
 
-    /// The right to write, which one program at a time has, in whatever session it runs; nothing
-    /// while another has it. It is a lock of tallyvane.lock beside the two files.
+    /// Locks tallyvane.lock beside the two files; only its holder may write them. Nothing while
+    /// another program of the user, in whatever session, holds it.
     [[nodiscard]] std::expected<std::optional<FileLock>, FileError> tryLock() const;
 
-    /// The stored snapshot, from quota-snapshot.json or else from its mirror in the defaults suite
-    /// (key "quotaSnapshotData"); nothing when neither can be read and decoded.
+    /// Reads quota-snapshot.json, or else its mirror in the defaults suite (key
+    /// "quotaSnapshotData"). Nothing when neither can be read and decoded.
     [[nodiscard]] std::optional<QuotaSnapshot> loadSnapshot() const;
 
-    /// Writes the file and then the mirror, which stays as it was when the file cannot be written.
+    /// Writes the file, then the mirror. Leaves the mirror alone when writing the file fails.
     [[nodiscard]] std::expected<void, FileError> saveSnapshot(const QuotaSnapshot& snapshot) const;
 
-    /// The bytes of usage-history.json; nothing when it cannot be read.
+    /// Reads usage-history.json; nothing when that fails.
     [[nodiscard]] std::optional<QByteArray> loadHistory() const;
 
     /// Writes usage-history.json.

@@ -2,6 +2,7 @@
 
 #include <QtCore/QLocale>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tallyvane::model {
@@ -17,101 +18,75 @@ bool isRepresentable(Timestamp timestamp) {
     return earliest <= timestamp && timestamp < end;
 }
 
-/// Takes fields off the front of a text; after the first mismatch nothing matches any more.
-class FieldScanner {
-public:
-    explicit FieldScanner(QStringView text) : m_rest(text) {}
+bool isDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
 
-    /// An unsigned number of exactly `digits` digits, not above `maximum`.
-    int number(qsizetype digits, int maximum) {
-        int value = 0;
-        if (m_rest.size() < digits) {
-            m_ok = false;
-        }
-        for (qsizetype i = 0; m_ok && i < digits; ++i) {
-            m_ok = isDigit(m_rest[i]);
-            value = value * 10 + (m_rest[i].unicode() - u'0');
-        }
-        m_ok = m_ok && value <= maximum;
-        if (m_ok) {
-            m_rest = m_rest.sliced(digits);
-        }
-        return value;
+/// Whether `text` equals `form`, in which each 'd' stands for a digit.
+bool hasForm(QStringView text, QStringView form) {
+    return std::ranges::equal(text, form, [](QChar c, QChar expected) {
+        return expected == u'd' ? isDigit(c) : c == expected;
+    });
+}
+
+/// Removes one or more leading digits and returns them as a decimal fraction of a second.
+std::optional<microseconds> takeFraction(QStringView& text) {
+    const auto* const end = std::ranges::find_if_not(text, isDigit);
+    microseconds fraction{0};
+    microseconds unit{100'000};
+    for (const auto* digit = text.begin(); digit != end; ++digit) {
+        fraction += unit * digit->digitValue();
+        unit /= 10;
     }
+    const bool isEmpty = end == text.begin();
+    text = text.sliced(end - text.begin());
+    return isEmpty ? std::nullopt : std::optional(fraction);
+}
 
-    bool literal(QChar expected) {
-        const bool matches = m_ok && m_rest.startsWith(expected);
-        if (matches) {
-            m_rest = m_rest.sliced(1);
-        }
-        return matches;
+/// Reads "Z" or an offset such as "+01:00".
+std::optional<minutes> parseOffset(QStringView text) {
+    if (text == u"Z") {
+        return minutes{0};
     }
-
-    void require(bool condition) { m_ok = m_ok && condition; }
-
-    /// One or more digits, read as a decimal fraction of a second.
-    microseconds fraction() {
-        microseconds value{0};
-        microseconds unit{100'000};
-        require(!m_rest.isEmpty() && isDigit(m_rest.front()));
-        while (m_ok && !m_rest.isEmpty() && isDigit(m_rest.front())) {
-            value += unit * (m_rest.front().unicode() - u'0');
-            unit /= 10;
-            m_rest = m_rest.sliced(1);
-        }
-        return value;
+    const bool isEast = hasForm(text, u"+dd:dd");
+    if (!isEast && !hasForm(text, u"-dd:dd")) {
+        return std::nullopt;
     }
-
-    bool matchedAll() const { return m_ok && m_rest.isEmpty(); }
-
-private:
-    static bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
-
-    QStringView m_rest;
-    bool m_ok = true;
-};
+    const hours hour{text.sliced(1, 2).toInt()};
+    const minutes minute{text.sliced(4).toInt()};
+    if (hour >= days{1} || minute >= hours{1}) {
+        return std::nullopt;
+    }
+    return isEast ? hour + minute : -(hour + minute);
+}
 
 } // namespace
 
 std::optional<Timestamp> parseTimestamp(QStringView text, FractionalSeconds fraction) {
-    FieldScanner scanner(text);
-    const int yearField = scanner.number(4, 9999);
-    scanner.require(scanner.literal(u'-'));
-    const int monthField = scanner.number(2, 12);
-    scanner.require(scanner.literal(u'-'));
-    const int dayField = scanner.number(2, 31);
-    scanner.require(scanner.literal(u'T'));
-    const int hourField = scanner.number(2, 23);
-    scanner.require(scanner.literal(u':'));
-    const int minuteField = scanner.number(2, 59);
-    scanner.require(scanner.literal(u':'));
-    const int secondField = scanner.number(2, 59);
-    microseconds fractionField{0};
-    if (fraction == FractionalSeconds::allowed && scanner.literal(u'.')) {
-        fractionField = scanner.fraction();
-    }
-    minutes offset{0};
-    if (!scanner.literal(u'Z')) {
-        const bool isWest = scanner.literal(u'-');
-        scanner.require(isWest || scanner.literal(u'+'));
-        offset = hours{scanner.number(2, 23)};
-        scanner.require(scanner.literal(u':'));
-        offset += minutes{scanner.number(2, 59)};
-        if (isWest) {
-            offset = -offset;
-        }
-    }
-    const auto date = year{yearField} / month{static_cast<unsigned>(monthField)} /
-                      day{static_cast<unsigned>(dayField)};
-    if (!scanner.matchedAll() || !date.ok()) {
+    constexpr QStringView form = u"dddd-dd-ddTdd:dd:dd";
+    if (!hasForm(text.first(std::min(text.size(), form.size())), form)) {
         return std::nullopt;
     }
-    const Timestamp timestamp = sys_days{date} + hours{hourField} + minutes{minuteField} +
-                                seconds{secondField} + fractionField - offset;
-    if (!isRepresentable(timestamp)) {
+    const auto field = [text](qsizetype at, qsizetype length = 2) {
+        return text.sliced(at, length).toInt();
+    };
+    QStringView rest = text.sliced(form.size());
+    std::optional<microseconds> subseconds(0);
+    if (fraction == FractionalSeconds::allowed && rest.startsWith(u'.')) {
+        rest = rest.sliced(1);
+        subseconds = takeFraction(rest);
+    }
+    const std::optional<minutes> offset = parseOffset(rest);
+    const auto date = year{field(0, 4)} / field(5) / field(8);
+    const hours hour{field(11)};
+    const minutes minute{field(14)};
+    const seconds second{field(17)};
+    if (!subseconds || !offset || !date.ok() || hour >= days{1} || minute >= hours{1} ||
+        second >= minutes{1}) {
         return std::nullopt;
     }
-    return timestamp;
+    const Timestamp timestamp = sys_days{date} + hour + minute + second + *subseconds - *offset;
+    return isRepresentable(timestamp) ? std::optional(timestamp) : std::nullopt;
 }
 
 QString formatTimestamp(Timestamp timestamp) {
@@ -140,7 +115,7 @@ std::optional<Timestamp> timestampFromUnixSeconds(double seconds) {
     const auto count = [](Timestamp t) {
         return static_cast<double>(t.time_since_epoch().count());
     };
-    // Written so that a NaN fails the test too.
+    // In this form the test is false for a NaN too.
     if (!(micros >= count(earliest) && micros < count(end))) {
         return std::nullopt;
     }

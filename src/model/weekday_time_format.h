@@ -1,27 +1,23 @@
 #pragma once
 
-#include "model/local_zone.h"
-
-#include <QtCore/QString>
-
-#include <memory>
-#include <string>
+#include "model/locale_labels.h"
 
 namespace tallyvane::model {
 
-class LocaleLabels;
-
-/// Writes moments as abbreviated weekday, hour and minute in a locale's own manner, such as
-/// "Tue 3:45 PM" or "Di. 15:45". Made on first use, since loading a locale takes milliseconds.
+/// Formats moments as abbreviated weekday, hour and minute for a locale and a zone, such as
+/// "Tue 3:45 PM" or "Di., 15:45". Loads the locale on first use, which takes milliseconds.
 class WeekdayTimeFormat {
 public:
-    /// `locale` is a name as LocaleLabels takes it; `zone` is where the moments are shown.
-    WeekdayTimeFormat(std::string locale, const LocalZone& zone);
-    ~WeekdayTimeFormat();
-    WeekdayTimeFormat(WeekdayTimeFormat&&) noexcept;
-    WeekdayTimeFormat& operator=(WeekdayTimeFormat&&) noexcept;
+    /// `locale` is a name as LocaleLabels takes it.
+    WeekdayTimeFormat(std::string locale, const LocalZone& zone)
+        : m_locale(std::move(locale)), m_zone(zone) {}
 
-    [[nodiscard]] QString format(Timestamp timestamp) const;
+    [[nodiscard]] QString format(Timestamp timestamp) const {
+        if (!m_labels) {
+            m_labels = std::make_unique<LocaleLabels>(m_locale);
+        }
+        return m_labels->weekdayAndTime(m_zone.localTime(timestamp));
+    }
 
 private:
     std::string m_locale;

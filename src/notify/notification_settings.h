@@ -11,41 +11,41 @@
 
 namespace tallyvane::notify {
 
-/// A range of the day in which notifications may appear. Every value of the minutes is taken as it
-/// is; those of the day are 0 to 1439.
+/// A range of the day in which notifications may appear. Minutes are normally 0 to 1439, but other
+/// values are not rejected.
 struct NotificationWindow {
-    QUuid id = QUuid::createUuid();     ///< tells the windows of a list apart
+    QUuid id = QUuid::createUuid();     ///< unique in a list
     bool enabled = true;                ///< a disabled window never matches
     bool allDay = false;                ///< matches every minute
     std::int64_t startMinutes = 9 * 60; ///< minutes after local midnight
-    std::int64_t endMinutes = 18 * 60;  ///< exclusive; before the start: the range passes midnight
+    std::int64_t endMinutes = 18 * 60; ///< exclusive; less than the start for a range past midnight
 
     bool operator==(const NotificationWindow&) const = default;
 };
 
-/// Whether and when the user wants to be told of a reset; off unless turned on.
+/// Whether and when to notify of resets.
 struct NotificationSettings {
     bool enabled = false;
-    std::vector<NotificationWindow> windows = {NotificationWindow{}}; ///< in the user's order
+    std::vector<NotificationWindow> windows = {NotificationWindow{}}; ///< in display order
 
     bool operator==(const NotificationSettings&) const = default;
 };
 
-/// Whether a notification may appear at `moment`: some window holds its minute in `zone`. A window
-/// that starts where it ends is empty.
+/// Whether a notification may appear at `moment`, that is, whether any window contains its minute
+/// in `zone`. A window with equal start and end is empty.
 [[nodiscard]] bool allows(const NotificationSettings& settings, model::Timestamp moment,
                           const model::LocalZone& zone);
 
-/// One line of JSON. Keys are the field names, ids as in RFC 9562; every key is required when
-/// reading, others are ignored.
+/// The JSON form, one line. Keys are the field names, ids are RFC 9562 texts. Decoding requires
+/// each key and ignores others.
 [[nodiscard]] QByteArray encodeNotificationSettings(const NotificationSettings& settings);
 [[nodiscard]] std::expected<NotificationSettings, model::DecodeError>
 decodeNotificationSettings(const QByteArray& json);
 
-/// The settings under "notificationSettings"; the defaults when there are none that decode.
+/// Reads the settings under "notificationSettings"; the defaults if they cannot be decoded.
 [[nodiscard]] NotificationSettings loadNotificationSettings(model::DefaultsStore& defaults);
 
-/// Replaces the stored settings.
+/// Stores the settings there.
 std::expected<void, model::FileError>
 saveNotificationSettings(model::DefaultsStore& defaults, const NotificationSettings& settings);
 

@@ -9,15 +9,15 @@
 
 namespace tallyvane::notify {
 
-/// Tells the user when a quota was reset: the used percentage, above 10 when last seen, is now at
-/// most 5. Main thread only.
+/// Posts a notification when a quota was reset, that is, when a used percentage falls from above 10
+/// to at most 5. Main thread only.
 class QuotaNotifier {
 public:
-    /// `centre` outlives the notifier.
+    /// `centre` must outlive the notifier.
     explicit QuotaNotifier(platform::NotificationCentre& centre) : m_centre(centre) {}
 
-    /// Takes each refresh's new snapshot, and posts at most one notification per provider. A reset
-    /// outside the allowed times is never told. Figures that are not current are passed over.
+    /// Processes the snapshot of a refresh and posts at most one notification per provider. A reset
+    /// outside the allowed times is never announced. Ignores figures that are not current.
     void process(const model::QuotaSnapshot& snapshot, const NotificationSettings& settings,
                  model::Timestamp now, const model::LocalZone& zone);
 

@@ -1,17 +1,10 @@
+#include "fuzz/fuzz_target.h"
 #include "history/usage_history.h"
 
-#include <cstdlib>
-
-using namespace tallyvane::history;
-
-/// Whatever decodes must encode, and read back as equal.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QByteArray json(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    if (const auto history = decodeHistory(json); history) {
-        const auto encoded = encodeHistory(*history);
-        if (!encoded || decodeHistory(*encoded) != *history) {
-            std::abort();
-        }
+/// Whatever decodes must encode, and decode to the same again.
+void tallyvane::fuzz::check(const QByteArray& input) {
+    if (const auto history = history::decodeHistory(input)) {
+        const auto encoded = history::encodeHistory(*history);
+        require(encoded && history::decodeHistory(*encoded) == *history);
     }
-    return 0;
 }

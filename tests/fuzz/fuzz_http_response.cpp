@@ -1,9 +1,7 @@
-// How an answer is cut into pieces must not change what is read from it.
-
+#include "fuzz/fuzz_target.h"
 #include "providers/claude/http_response_parser.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace tallyvane::providers;
 
@@ -18,29 +16,27 @@ QByteArray outcome(HttpResponseParser::Answer answer, QByteArrayView stream, qsi
         stream = stream.sliced(piece.size());
     }
     const bool isCutOff = progress == HttpResponseParser::Progress::needsMore;
-    // What is no answer can be seen sooner, or before it is cut off, in longer pieces.
+    // Longer pieces can reveal earlier that an answer is malformed.
     if (progress == HttpResponseParser::Progress::malformed ||
         (isCutOff && !parser.isCompleteAtEnd())) {
         return "none";
     }
     const HttpResponse response = parser.response();
-    // The body of any other status counts for nothing.
+    // The body is only used with status 200.
     return QByteArray::number(response.status) + ' ' + response.retryAfter + ' ' +
            (response.status == 200 ? response.body : QByteArray());
 }
 
 } // namespace
 
-/// The first byte is the size of the pieces.
-extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
-    if (size > 1) {
-        const qsizetype length = static_cast<unsigned char>(data[0]) + qsizetype{1};
-        const QByteArrayView stream(data + 1, static_cast<qsizetype>(size - 1));
+/// Splitting an answer differently must not change the result. The first byte is the size of the
+/// pieces.
+void tallyvane::fuzz::check(const QByteArray& input) {
+    if (input.size() > 1) {
+        const qsizetype size = static_cast<unsigned char>(input[0]) + qsizetype{1};
+        const QByteArrayView stream = QByteArrayView(input).sliced(1);
         const auto whole = HttpResponseParser::Answer::whole;
-        if (outcome(whole, stream, length) != outcome(whole, stream, stream.size())) {
-            std::abort();
-        }
-        (void)outcome(HttpResponseParser::Answer::header, stream, length);
+        require(outcome(whole, stream, size) == outcome(whole, stream, stream.size()));
+        (void)outcome(HttpResponseParser::Answer::header, stream, size);
     }
-    return 0;
 }

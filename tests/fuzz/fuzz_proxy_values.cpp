@@ -1,9 +1,5 @@
-// Whatever the variables hold: a proxy that is asked for is used or refused, never gone past, and
-// no password is told.
-
+#include "fuzz/fuzz_target.h"
 #include "providers/claude/proxy_choice.h"
-
-#include <cstdlib>
 
 using namespace tallyvane;
 
@@ -12,7 +8,7 @@ namespace {
 const QString password = QStringLiteral("pa55w0rd");
 const QString host = QStringLiteral("api.anthropic.com");
 
-/// Written down anew, and coarser: nothing in the list comes near the host.
+/// An independent, coarser test: whether an exception may match the host.
 bool mayMatch(const QString& exceptions) {
     return exceptions.contains(u'*') ||
            exceptions.contains(QStringLiteral("com"), Qt::CaseInsensitive);
@@ -20,30 +16,26 @@ bool mayMatch(const QString& exceptions) {
 
 } // namespace
 
-/// Three lines: what stands before the password, what stands behind it, and no_proxy.
-extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
-    const QByteArray input(data, static_cast<qsizetype>(size));
-    const QString before = QString::fromUtf8(input.split('\n').value(0));
-    const QString behind = QString::fromUtf8(input.split('\n').value(1));
-    const QString exceptions = QString::fromUtf8(input.split('\n').value(2));
-    const QString value = before + u':' + password + u'@' + behind;
+/// A requested proxy is used or rejected but never bypassed, and the password is never shown. Three
+/// lines: the text before the password, the text after it, and no_proxy.
+void tallyvane::fuzz::check(const QByteArray& input) {
+    const QByteArrayList lines = input.split('\n');
+    const auto line = [&lines](qsizetype at) { return QString::fromUtf8(lines.value(at)); };
+    const QString value = line(0) + u':' + password + u'@' + line(1);
     for (const bool isForAll : {false, true}) {
         const auto choice = providers::chosenProxy({.httpsProxy = isForAll ? QString() : value,
                                                     .allProxy = isForAll ? value : QString(),
-                                                    .noProxy = exceptions},
+                                                    .noProxy = line(2)},
                                                    host, 443);
         if (!choice) {
-            if (choice.error().contains(password) || choice.error().size() > 100) {
-                std::abort();
-            }
+            require(!choice.error().contains(password) && choice.error().size() <= 100);
             continue;
         }
-        const bool isDirect = *choice && (*choice)->type() == QNetworkProxy::NoProxy;
-        if (!*choice || (isDirect && !mayMatch(exceptions)) ||
-            (!isDirect && ((*choice)->hostName().isEmpty() || (*choice)->port() == 0 ||
-                           (*choice)->hostName().contains(password)))) {
-            std::abort();
-        }
+        require(choice->has_value());
+        const QNetworkProxy& proxy = **choice;
+        require(proxy.type() == QNetworkProxy::NoProxy
+                    ? mayMatch(line(2))
+                    : !proxy.hostName().isEmpty() && proxy.port() != 0 &&
+                          !proxy.hostName().contains(password));
     }
-    return 0;
 }

@@ -1,33 +1,26 @@
-// Whatever Codex replies can be stored and shown.
-
+#include "fuzz/fuzz_target.h"
 #include "model/foreign_text.h"
 #include "providers/codex/rate_limits_reply.h"
 #include "providers/json_members.h"
 #include "support/readable.h"
 
-#include <cstdlib>
-
-using namespace tallyvane;
-
-extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
-    const auto reply = providers::parseObject(QByteArray(data, static_cast<qsizetype>(size)));
+/// Whatever Codex replies can be stored and shown.
+void tallyvane::fuzz::check(const QByteArray& input) {
+    const auto reply = providers::parseObject(input);
     if (!reply) {
-        return 0;
+        return;
     }
     const auto entry = providers::parseRateLimitsReply(*reply, {});
     if (!entry) {
         const auto* error = std::get_if<providers::ProcessRunnerError>(&entry.error());
-        if (error != nullptr && !tests::isReadable(error->text)) {
-            std::abort();
-        }
-        return 0;
+        require(error == nullptr || tests::isReadable(error->text));
+        return;
     }
     const auto json = model::encodeSnapshot({.providers = {*entry}});
-    const auto stored = json ? model::decodeSnapshot(*json).value_or(model::QuotaSnapshot())
-                             : model::QuotaSnapshot();
-    if (stored.providers.size() != 1 || stored.providers[0].planName != entry->planName ||
-        !tests::isReadableLine(entry->planName.value_or(QString()), model::maximumPlanNameLength)) {
-        std::abort();
-    }
-    return 0;
+    require(json.has_value());
+    const auto stored = model::decodeSnapshot(*json);
+    require(
+        stored && stored->providers.size() == 1 &&
+        stored->providers[0].planName == entry->planName &&
+        tests::isReadableLine(entry->planName.value_or(QString()), model::maximumPlanNameLength));
 }

@@ -1,18 +1,15 @@
-// How a child's output is cut into chunks must not change what is read from it, and an error has a
-// readable text.
-
+#include "fuzz/fuzz_target.h"
 #include "providers/response_collector.h"
 #include "support/readable.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using tallyvane::providers::CommandReply;
 using tallyvane::providers::ResponseCollector;
 
 namespace {
 
-/// Feeds `stream` as both outputs, in chunks of the sizes given, over and over.
+/// Feeds `stream` to both outputs, in chunks of the given sizes, cyclically.
 CommandReply collect(QByteArrayView stream, QByteArrayView sizes) {
     ResponseCollector collector;
     for (qsizetype turn = 0; !stream.isEmpty(); ++turn) {
@@ -28,17 +25,14 @@ CommandReply collect(QByteArrayView stream, QByteArrayView sizes) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
+/// Splitting a child's output differently must not change the result, and an error is readable.
+void tallyvane::fuzz::check(const QByteArray& input) {
     constexpr qsizetype sizesLength = 4;
-    const QByteArrayView input(data, static_cast<qsizetype>(size));
     if (input.size() > sizesLength) {
-        const QByteArrayView stream = input.sliced(sizesLength);
+        const QByteArrayView stream = QByteArrayView(input).sliced(sizesLength);
         const QByteArrayView singly("\0", 1);
-        const CommandReply reply = collect(stream, input.first(sizesLength));
-        if (reply != collect(stream, singly) ||
-            (!reply && !tallyvane::tests::isReadable(reply.error().text))) {
-            std::abort();
-        }
+        const CommandReply reply = collect(stream, QByteArrayView(input).first(sizesLength));
+        require(reply == collect(stream, singly));
+        require(reply || tests::isReadable(reply.error().text));
     }
-    return 0;
 }

@@ -1,12 +1,9 @@
-// A session log counts the same by the fast way, cut into any blocks, as by the plain one, and
-// that as by a JSON library of others.
-
+#include "fuzz/fuzz_target.h"
 #include "history/session_log_counter.h"
 #include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace tallyvane;
 
@@ -14,34 +11,29 @@ namespace {
 
 history::TokenSum checkedLineTokens(model::AIProvider provider, std::string_view line) {
     const history::TokenSum tokens = history::plainLineTokens(provider, line);
-    if (tests::LibraryLineTokens::of(provider, line).value_or(tokens) != tokens) {
-        std::abort();
-    }
+    fuzz::require(tests::LibraryLineTokens::of(provider, line).value_or(tokens) == tokens);
     return tokens;
 }
 
 } // namespace
 
-/// The first byte tells the provider, the second the size of the blocks.
-extern "C" int LLVMFuzzerTestOneInput(const char* data, size_t size) {
-    if (size < 2) {
-        return 0;
+/// The fast count, in blocks of any size, agrees with the plain one, and that with an independent
+/// JSON library. The first byte selects the provider, the second the size of the blocks.
+void tallyvane::fuzz::check(const QByteArray& input) {
+    if (input.size() < 2) {
+        return;
     }
-    const auto provider = data[0] == 'x' ? model::AIProvider::codex : model::AIProvider::claude;
-    const auto blockSize = static_cast<std::size_t>(static_cast<unsigned char>(data[1])) + 1;
-    const std::string_view log(data + 2, size - 2);
+    const auto provider = input[0] == 'x' ? model::AIProvider::codex : model::AIProvider::claude;
+    const auto blockSize = static_cast<std::size_t>(static_cast<unsigned char>(input[1])) + 1;
+    const std::string_view log(input.data() + 2, static_cast<std::size_t>(input.size()) - 2);
     history::SessionLogCounter counter;
     counter.begin(provider);
-    std::optional<history::TokenSum> sum = history::TokenSum{};
-    for (std::size_t at = 0; at < log.size() && sum; at += blockSize) {
+    bool isUtf8 = true;
+    for (std::size_t at = 0; at < log.size() && isUtf8; at += blockSize) {
         const std::string_view block = log.substr(at, blockSize);
         std::ranges::copy(block, counter.space().begin());
-        if (!counter.take(block.size())) {
-            sum.reset();
-        }
+        isUtf8 = counter.take(block.size());
     }
-    if ((sum ? counter.finish() : sum) != tests::plainLogTokens(provider, log, checkedLineTokens)) {
-        std::abort();
-    }
-    return 0;
+    const auto sum = isUtf8 ? counter.finish() : std::nullopt;
+    require(sum == tests::plainLogTokens(provider, log, checkedLineTokens));
 }

@@ -1,27 +1,19 @@
+#include "fuzz/fuzz_target.h"
 #include "model/foreign_text.h"
 #include "model/quota_snapshot.h"
 #include "support/readable.h"
 
-#include <cstdlib>
-
-using namespace tallyvane;
-using namespace tallyvane::model;
-
-/// Whatever decodes must encode, and read back as equal; its texts can be shown.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const QByteArray json(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    if (const auto snapshot = decodeSnapshot(json); snapshot) {
-        const auto encoded = encodeSnapshot(*snapshot);
-        if (!encoded || decodeSnapshot(*encoded) != *snapshot ||
-            encodeSnapshot(*decodeSnapshot(*encoded)) != *encoded) {
-            std::abort();
-        }
-        for (const ProviderQuotaSnapshot& entry : snapshot->providers) {
-            if (!tests::isReadableLine(entry.planName.value_or(QString()), maximumPlanNameLength) ||
-                !tests::isReadableLine(entry.statusMessage.value_or(QString()), 256)) {
-                std::abort();
-            }
-        }
+/// Whatever decodes must encode, decode to the same again, and have readable texts.
+void tallyvane::fuzz::check(const QByteArray& input) {
+    const auto snapshot = model::decodeSnapshot(input);
+    if (!snapshot) {
+        return;
     }
-    return 0;
+    const auto encoded = model::encodeSnapshot(*snapshot);
+    require(encoded && model::decodeSnapshot(*encoded) == *snapshot);
+    for (const model::ProviderQuotaSnapshot& entry : snapshot->providers) {
+        require(tests::isReadableLine(entry.planName.value_or(QString()),
+                                      model::maximumPlanNameLength) &&
+                tests::isReadableLine(entry.statusMessage.value_or(QString()), 256));
+    }
 }

@@ -13,8 +13,8 @@ using model::Timestamp;
 
 namespace {
 
-/// What date(1) prints of each moment in the zone of the environment: "2026-03-29T03:00:00Z Sun
-/// 03:00", of which the Z means nothing.
+/// The output of date(1) for each moment in the zone of the environment: "2026-03-29T03:00:00Z Sun
+/// 03:00", with a meaningless Z.
 QList<QByteArray> printed(const std::vector<Timestamp>& moments) {
     QByteArray lines;
     for (const Timestamp moment : moments) {
@@ -32,15 +32,16 @@ QList<QByteArray> printed(const std::vector<Timestamp>& moments) {
     return result;
 }
 
-/// On both sides of each change of the clocks there is, and where numbers of seconds grow long.
+/// Moments around every clock change of 2026 in the zones below, and distant ones.
 std::vector<Timestamp> moments() {
     std::vector<Timestamp> moments;
     for (const double seconds :
          {-62e9, -5e9, -1e9, -1., 0., 2147483647., 2147483648., 1e10, 25e10}) {
         moments.push_back(*model::timestampFromUnixSeconds(seconds));
     }
-    for (const char* day : {"02-14", "03-07", "03-21", "03-28", "04-03", "04-23", "09-05", "09-26",
-                            "10-03", "10-23", "10-30", "12-31"}) {
+    for (const char* day :
+         {"02-14", "02-28", "03-07", "03-21", "03-26", "03-28", "04-04", "04-23", "09-05", "09-26",
+          "10-03", "10-23", "10-25", "10-27", "10-29", "10-31", "12-31"}) {
         const auto start =
             *model::parseTimestamp(QStringLiteral("2026-%1T00:00:00Z").arg(QLatin1StringView(day)),
                                    model::FractionalSeconds::rejected);
@@ -57,7 +58,7 @@ std::vector<Timestamp> moments() {
 class CalendarDaysTest : public tests::HermeticTest {
     Q_OBJECT
 
-    tests::PrivateNetwork m_machine; ///< whose /etc is the test's
+    tests::PrivateNetwork m_machine; ///< has a private /etc
 
 private Q_SLOTS:
     void cleanup() { qputenv("TZ", "UTC"); }
@@ -71,18 +72,18 @@ private Q_SLOTS:
               "Australia/Lord_Howe", "Pacific/Chatham", "Pacific/Kiritimati", "Pacific/Apia",
               "Antarctica/Troll", "right/Europe/Berlin", "posix/Europe/Paris", "localtime",
               ":/usr/share/zoneinfo/America/New_York", "/usr/share/zoneinfo/Asia/Tokyo",
-              // The rules of POSIX, north and south
+              // POSIX rules, north and south
               "CET-1CEST", "CET-1CEST,M3.5.0,M10.5.0/3", "EST5EDT", "EST5EDT,M3.2.0,M11.1.0",
               "NZST-12NZDT,M9.5.0,M4.1.0/3", "<-03>3<-02>,M3.5.0/-2,M10.5.0/-1",
               "IST-2IDT,M3.4.4/26,M10.5.0", "XXX3YYY,J60/0,J300/0", "GMT+5", "GMT-5", "UTC+3",
               "UTC-3", "<+0330>-3:30", "AAA24", "AAA-24BBB-25",
-              // What is no zone
+              // Not a zone
               ":", ":nonexistent", "Nowhere/Land", "garbage!", "/etc/passwd", "/etc", "\xff\xfe",
               "../../../../etc/hostname", "M3.2.0", ",,,"}) {
             QTest::newRow(tz) << QByteArray(tz);
         }
         QTest::newRow("10 kB") << QByteArray(10'000, 'x');
-        // Without TZ, what /etc/localtime leads to.
+        // Targets of /etc/localtime, without TZ.
         for (const char* file : {"Europe/Berlin", "Pacific/Chatham", "right/UTC", "../nothing", ".",
                                  "../../../etc/passwd"}) {
             QTest::newRow(file) << QByteArray("-") + file;
@@ -101,9 +102,10 @@ private Q_SLOTS:
                         QStringLiteral("/etc/localtime"));
         } else {
             qputenv("TZ", tz);
+            ::tzset();
         }
-        ::tzset();
-        const auto zone = model::LocalZone::ofSystem();
+        const auto zone = model::LocalZone::ofSystem(
+            tz.startsWith('-') ? model::ZoneSource::file : model::ZoneSource::variable);
         const model::WeekdayTimeFormat weekdayTime("C", zone);
         const std::vector<Timestamp> all = moments();
         const QList<QByteArray> expected = printed(all);
@@ -113,7 +115,7 @@ private Q_SLOTS:
             const Timestamp moment = all[static_cast<std::size_t>(i)];
             const Timestamp shown{zone.localTime(moment + 999999us).time_since_epoch()};
             QByteArray text = model::formatTimestamp(shown).toLatin1() + ' ';
-            // Many times more work than the rest
+            // Only now and then, as it takes far longer than the rest.
             text += i % 120 < 4 ? weekdayTime.format(moment).toLatin1() : expected[i].last(9);
             QCOMPARE(text, expected[i]);
             days.insert(history::localDay(moment, zone));

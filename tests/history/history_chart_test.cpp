@@ -24,10 +24,7 @@ class HistoryChartTest : public tests::HermeticTest {
 
     [[nodiscard]] history::UsageHistoryPoint point(QDate day, model::AIProvider provider,
                                                    double quota, std::int64_t tokens) const {
-        return {.date = at(day),
-                .provider = provider,
-                .estimatedQuotaConsumed = quota,
-                .estimatedLocalTokens = tokens};
+        return {at(day), provider, quota, tokens};
     }
 
 private Q_SLOTS:
@@ -65,27 +62,16 @@ private Q_SLOTS:
         QCOMPARE(history::axisDates(monthly, months).back(), QDate(2026, 3, 1));
     }
 
-    void axisValues_data() {
-        QTest::addColumn<double>("maximum");
-        QTest::addColumn<std::vector<double>>("values");
-        const auto row = [](const char* name, double maximum, const std::vector<double>& values) {
-            QTest::newRow(name) << maximum << values;
-        };
-        row("nothing", 0, {0, 0.5, 1});
-        row("reached exactly", 100, {0, 50, 100});
-        row("a little above", 100.1, {0, 50, 100, 150});
-        row("a step of one", 4, {0, 1, 2, 3, 4});
-        row("not a sum of tenths", 0.3, {0, 0.1, 0.2, 0.1 * 3});
-        row("tokens", 1'764'000, {0, 500'000, 1e6, 1.5e6, 2e6});
-    }
-
     void axisValues() {
-        QFETCH(double, maximum);
-        QFETCH(std::vector<double>, values);
-        const auto actual = history::axisValues(maximum);
-        QCOMPARE(actual.size(), values.size());
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            QCOMPARE(actual[i], values[i]);
+        const std::pair<double, std::vector<double>> rows[] = {
+            {0, {0, 0.5, 1}},
+            {100, {0, 50, 100}},
+            {100.1, {0, 50, 100, 150}},
+            {4, {0, 1, 2, 3, 4}},
+            {0.3, {0, 0.1, 0.2, 0.1 * 3}},
+            {1'764'000, {0, 500'000, 1e6, 1.5e6, 2e6}}};
+        for (const auto& [maximum, values] : rows) {
+            QCOMPARE(history::axisValues(maximum), values);
         }
         QVERIFY(std::isfinite(history::axisValues(std::numeric_limits<double>::infinity()).back()));
     }
@@ -102,64 +88,63 @@ private Q_SLOTS:
         QCOMPARE(history::nearestBucket({}, m_calendar, m_now), std::optional<QDate>());
     }
 
-    void heatmapGrid_data() {
-        QTest::addColumn<int>("weeks");
-        QTest::addColumn<Qt::DayOfWeek>("firstWeekday");
-        QTest::addColumn<QDate>("first");
-        QTest::addColumn<int>("future");
-        QTest::newRow("none") << 0 << Qt::Monday << QDate() << 0;
-        QTest::newRow("ends today") << 1 << Qt::Sunday << QDate(2026, 11, 15) << 0;
-        QTest::newRow("starts today") << 2 << Qt::Saturday << QDate(2026, 11, 14) << 6;
-        QTest::newRow("Monday") << 26 << Qt::Monday << QDate(2026, 5, 25) << 1;
-    }
-
     void heatmapGrid() {
-        QFETCH(int, weeks);
-        QFETCH(Qt::DayOfWeek, firstWeekday);
-        QFETCH(QDate, first);
-        QFETCH(int, future);
-        const auto columns = history::heatmapColumns(
-            weeks, {.zone = m_calendar.zone, .firstWeekday = firstWeekday}, m_now);
-        QCOMPARE(columns.size(), static_cast<std::size_t>(weeks));
-        int futureCells = 0;
-        for (const history::WeekColumn& column : columns) {
-            for (const history::DayCell& cell : column) {
-                QCOMPARE(cell.day, first);
-                QCOMPARE(cell.isFuture, cell.day > m_today);
-                futureCells += cell.isFuture ? 1 : 0;
-                first = first.addDays(1);
+        // Weeks, first weekday, first day, number of future days
+        const std::tuple<int, Qt::DayOfWeek, QDate, int> rows[] = {
+            {0, Qt::Monday, {}, 0},
+            {1, Qt::Sunday, QDate(2026, 11, 15), 0},
+            {2, Qt::Saturday, QDate(2026, 11, 14), 6},
+            {26, Qt::Monday, QDate(2026, 5, 25), 1}};
+        for (auto [weeks, firstWeekday, day, futureCells] : rows) {
+            const auto columns = history::heatmapColumns(
+                weeks, {.zone = m_calendar.zone, .firstWeekday = firstWeekday}, m_now);
+            QCOMPARE(columns.size(), static_cast<std::size_t>(weeks));
+            for (const history::WeekColumn& column : columns) {
+                for (const history::DayCell& cell : column) {
+                    QCOMPARE(cell, (history::DayCell{day, day > m_today}));
+                    futureCells -= cell.isFuture ? 1 : 0;
+                    day = day.addDays(1);
+                }
             }
+            QCOMPARE(futureCells, 0);
         }
-        QCOMPARE(futureCells, future);
     }
 
-    void heatmapTotals() {
-        const history::UsageHistory history{.points = {point(m_today, codex, 0, 3000),
-                                                       point(m_today, claude, 0, 1000),
-                                                       point({2026, 11, 2}, codex, 0, 1000)}};
-        const auto both = history::dayTotals(history, history::HeatmapFilter::total, m_calendar);
+    void heatmapCells() {
+        constexpr auto total = history::HeatmapFilter::total;
+        // East of UTC a day starts on the UTC day before.
+        const history::Calendar calendar{.zone = model::LocalZone(QTimeZone("Asia/Tokyo"))};
+        const auto midnight = history::startOfDay(m_today, calendar.zone);
+        const history::UsageHistory history{
+            .points = {{midnight, model::AIProvider::codex, 0, 3000},
+                       {midnight, model::AIProvider::claude, 0, 1000},
+                       {midnight - 24h, model::AIProvider::codex, 0, 1000}}};
+        const auto both = history::dayTotals(history, total, calendar);
         QCOMPARE(both.maximum, 4000);
-        QCOMPARE(both.byDay.at({2026, 11, 2}), 1000);
-        const auto one = history::dayTotals(history, history::HeatmapFilter::claude, m_calendar);
-        QCOMPARE(one.byDay.size(), 1U);
+        const std::map<QDate, std::int64_t> days{{m_today.addDays(-1), 1000}, {m_today, 4000}};
+        QCOMPARE(both.byDay, days);
+        const auto one = history::dayTotals(history, history::HeatmapFilter::claude, calendar);
+        QCOMPARE(one.byDay, (std::map<QDate, std::int64_t>{{m_today, 1000}}));
         QCOMPARE(one.maximum, 1000);
-        QCOMPARE(history::dayTotals({}, history::HeatmapFilter::total, m_calendar).maximum, 1);
+        QCOMPARE(history::dayTotals({}, total, calendar).maximum, 1);
+        QCOMPARE(history::heatmapColumns(1, calendar, midnight)[0][5],
+                 (history::DayCell{m_today, false}));
+
+        using enum model::ColourScheme;
         const auto cell = [&](QDate day, model::ColourScheme scheme) {
             return history::cellColour(day, one.byDay, one.maximum, history::HeatmapFilter::claude,
                                        scheme);
         };
-        QCOMPARE(cell({2026, 11, 2}, model::ColourScheme::light).opacity, 0.16);
-        QCOMPARE(cell({2026, 11, 2}, model::ColourScheme::dark).opacity, 0.4);
-        QCOMPARE(cell(m_today, model::ColourScheme::dark).opacity, 1.0);
-        QCOMPARE(cell(m_today, model::ColourScheme::dark).colour.red, 0.91);
-    }
+        QCOMPARE(cell({2026, 11, 2}, light).opacity, 0.16);
+        QCOMPARE(cell({2026, 11, 2}, dark).opacity, 0.4);
+        QCOMPARE(cell(m_today, dark).opacity, 1.0);
+        QCOMPARE(cell(m_today, dark).colour.red, 0.91);
 
-    void levels() {
         const std::pair<std::int64_t, int> rows[] = {{-5, 0},   {0, 0},    {1, 1},    {999, 1},
                                                      {1000, 2}, {1999, 2}, {2000, 3}, {2999, 3},
                                                      {3000, 4}, {4000, 4}};
-        for (const auto& [total, expected] : rows) {
-            QCOMPARE(history::level(total, 4000), expected);
+        for (const auto& [tokens, level] : rows) {
+            QCOMPARE(history::level(tokens, 4000), level);
         }
         QCOMPARE(history::level(1, 1), 4);
     }

@@ -1,69 +1,237 @@
-#include "history/usage_history.h"
+#include "history/usage_history_recorder.h"
 #include "support/test_main.h"
 
 using namespace std::chrono_literals;
 using namespace tallyvane;
 using history::UsageHistory;
 using history::UsageHistoryPoint;
+using model::AIProvider;
+using model::Timestamp;
+
+namespace {
+
+using Used = std::optional<double>;
+
+Timestamp at(QStringView text) {
+    return *model::parseTimestamp(text, model::FractionalSeconds::rejected);
+}
+
+/// A store and its defaults, with a short way to call record().
+struct Desk {
+    QTemporaryDir home;
+    std::filesystem::path root{home.path().toStdString()};
+    std::filesystem::path suite = root / "config" / "suite";
+    model::SharedStore store{{.dataHome = root / "data", .configHome = root / "config"}};
+    model::DefaultsStore defaults = model::DefaultsStore::openFirst(suite, root / "config" / "own");
+    history::TokenBaselines baselines{defaults};
+    model::LocalZone zone{QTimeZone::utc()};
+    Timestamp now = at(u"2026-03-10T12:00:00Z");
+
+    /// Takes the weekly figures of Codex before and after, and both token totals.
+    auto record(Used before, Used after, std::int64_t codexTokens = 0,
+                std::int64_t claudeTokens = 0) {
+        const auto snapshot = [this](Used used) {
+            model::QuotaSnapshot snapshot = model::placeholderSnapshot(now);
+            if (used) {
+                snapshot.providers[0].week = model::QuotaWindowSnapshot{.usedPercent = *used};
+            }
+            return snapshot;
+        };
+        return history::UsageHistoryRecorder(store, baselines, zone)
+            .record(snapshot(before), snapshot(after),
+                    {{AIProvider::codex, codexTokens}, {AIProvider::claude, claudeTokens}}, now);
+    }
+
+    UsageHistory recorded(Used before, Used after) { return record(before, after).value().history; }
+
+    /// Today's tokens of Codex in the history once its total is `total`.
+    std::int64_t tokens(std::int64_t total) {
+        return record(1, 1, total)->history.points[0].estimatedLocalTokens;
+    }
+};
+
+} // namespace
 
 class UsageHistoryTest : public tests::HermeticTest {
     Q_OBJECT
 
-    const QByteArray m_json = "{\n"
-                              "  \"points\" : [\n"
-                              "    {\n"
-                              "      \"date\" : \"2025-01-30T23:00:00Z\",\n"
-                              "      \"estimatedLocalTokens\" : 182340,\n"
-                              "      \"estimatedQuotaConsumed\" : 4.5,\n"
-                              "      \"provider\" : \"codex\"\n"
-                              "    }\n"
-                              "  ],\n"
-                              "  \"schemaVersion\" : 3\n"
-                              "}";
+    const QByteArray m_json = R"({
+  "points" : [
+    {
+      "date" : "2025-01-30T23:00:00Z",
+      "estimatedLocalTokens" : 182340,
+      "estimatedQuotaConsumed" : 4.5,
+      "provider" : "codex"
+    }
+  ],
+  "schemaVersion" : 3
+})";
 
 private Q_SLOTS:
     void layout() {
-        const UsageHistory history{
-            .schemaVersion = 3,
-            .points = {{.date = std::chrono::sys_days{std::chrono::year{2025} / 1 / 30} + 23h,
-                        .estimatedQuotaConsumed = 4.5,
-                        .estimatedLocalTokens = 182340}}};
+        const UsageHistory history{.schemaVersion = 3,
+                                   .points = {{.date = at(u"2025-01-30T23:00:00Z"),
+                                               .estimatedQuotaConsumed = 4.5,
+                                               .estimatedLocalTokens = 182340}}};
         QCOMPARE(*history::encodeHistory(history), m_json);
         QVERIFY(history::decodeHistory(m_json) == history);
         QVERIFY(history::decodeHistory("{\"schemaVersion\":1,\"points\":[],\"x\":0}") ==
                 UsageHistory{});
     }
 
-    void decodesStrictly_data() {
-        QTest::addColumn<QByteArray>("place");
-        QTest::addColumn<QByteArray>("change");
+    void decodesStrictly() {
+        std::vector<std::pair<QByteArray, QByteArray>> changes{{"codex", "gemini"},
+                                                               {"00Z", "00.000Z"},
+                                                               {"182340", "182340.5"},
+                                                               {"182340", "1e19"},
+                                                               {"4.5", "\"4.5\""}};
         for (const char* key : {"points", "date", "estimatedLocalTokens", "estimatedQuotaConsumed",
                                 "provider", "schemaVersion"}) {
-            QTest::newRow(key) << QByteArray(key) << QByteArray("x");
+            changes.emplace_back(key, "x");
         }
-        const auto row = [](const char* place, const char* change) {
-            QTest::newRow(change) << QByteArray(place) << QByteArray(change);
-        };
-        row("codex", "gemini");
-        row("00Z", "00.000Z");
-        row("182340", "182340.5");
-        row("182340", "1e19");
-        row("4.5", "\"4.5\"");
-    }
-
-    void decodesStrictly() {
-        QFETCH(QByteArray, place);
-        QFETCH(QByteArray, change);
-        QVERIFY(m_json.contains(place));
-        QVERIFY(!history::decodeHistory(QByteArray(m_json).replace(place, change)));
+        for (const auto& [place, change] : changes) {
+            QVERIFY2(m_json.contains(place), place);
+            QVERIFY2(!history::decodeHistory(QByteArray(m_json).replace(place, change)), place);
+        }
     }
 
     void identifies() {
-        UsageHistoryPoint point{.date = model::Timestamp{1738281600s}};
+        UsageHistoryPoint point{.date = Timestamp{1738281600s}};
         QCOMPARE(history::id(point), QStringLiteral("codex-1738281600.0"));
-        point.provider = model::AIProvider::claude;
+        point.provider = AIProvider::claude;
         point.date += 250ms;
         QCOMPARE(history::id(point), QStringLiteral("claude-1738281600.25"));
+    }
+
+    void addsUpADay() {
+        Desk desk;
+        struct Step {
+            Used before;
+            Used after;
+            std::int64_t codexTokens = 0;
+            double quota = 0; // of Codex after the step
+            std::int64_t tokens = 0;
+        };
+        const Step steps[] = {{{}, 20, 1000, 0, 0},       // the first total only sets the baseline
+                              {20, 23.5, 1250, 3.5, 250}, //
+                              {23.5, 1, 900, 3.5, 250},   // a reset; logs have disappeared
+                              {1, 2, 901, 4.5, 251},      //
+                              {2, {}, 901, 4.5, 251},     // the weekly figure is missing
+                              {{}, 50, 0, 4.5, 251},      //
+                              {50, 51, 500, 5.5, 251},    // a baseline of 0 counts as none
+                              {51, 51, 501, 5.5, 252}};
+        for (const Step& step : steps) {
+            const auto recorded = desk.record(step.before, step.after, step.codexTokens, 7);
+            QVERIFY(recorded && recorded->history.points.size() == 2);
+            const UsageHistoryPoint& codex = recorded->history.points[0];
+            QCOMPARE(codex.date, at(u"2026-03-10T00:00:00Z"));
+            QCOMPARE(codex.estimatedQuotaConsumed, step.quota);
+            QCOMPARE(codex.estimatedLocalTokens, step.tokens);
+            const UsageHistoryPoint claude{.date = codex.date, .provider = AIProvider::claude};
+            QVERIFY(recorded->history.points[1] == claude);
+            QVERIFY(history::loadHistory(desk.store) == recorded->history);
+        }
+        QCOMPARE(desk.defaults.integer(QStringLiteral("token-baseline.claude")), 7);
+    }
+
+    /// Counts each token once, even if the baselines cannot be stored for a while.
+    void countsNothingTwice() {
+        Desk desk;
+        const auto block = [&] { // a directory cannot be replaced by a file
+            std::filesystem::remove(desk.suite);
+            std::filesystem::create_directory(desk.suite);
+        };
+        block();
+        QCOMPARE(desk.tokens(1000), 0);
+        const auto uncounted = desk.record(1, 1, 1250)->uncounted;
+        QVERIFY(uncounted && uncounted->contains(u"suite"));
+        std::filesystem::remove(desk.suite);
+        const auto counted = desk.record(1, 1, 1300);
+        QVERIFY(!counted->uncounted);
+        QCOMPARE(counted->history.points[0].estimatedLocalTokens, 300);
+        QCOMPARE(desk.tokens(1300), 300);
+        block();
+        QCOMPARE(desk.tokens(1400), 300);
+        std::filesystem::remove(desk.suite); // with the baseline of 1300
+        QCOMPARE(desk.tokens(1500), 500);
+        QCOMPARE(desk.tokens(std::numeric_limits<std::int64_t>::min()), 500);
+        QCOMPARE(desk.tokens(std::numeric_limits<std::int64_t>::max()), 500);
+    }
+
+    /// The logs disappear and reappear while another program counts.
+    void prefersStoredBaselines() {
+        Desk desk;
+        history::TokenBaselines others(desk.defaults);
+        QCOMPARE(desk.tokens(100), 0);
+        for (const std::int64_t total : {1000, 0}) {
+            QVERIFY(others.move({{AIProvider::codex, total}}));
+        }
+        QCOMPARE(desk.tokens(1000), 0);
+        QCOMPARE(desk.tokens(1001), 1);
+    }
+
+    void startsAPointPerDay() {
+        Desk desk;
+        desk.now = at(u"2026-03-10T23:59:59Z");
+        desk.recorded(1, 2);
+        desk.now += 1s;
+        QCOMPARE(desk.recorded(2, 4).points.size(), 4U);
+        // In the traveller's new zone it is still the day of the second point.
+        desk.zone = model::LocalZone(QTimeZone("America/New_York"));
+        const UsageHistory history = desk.recorded(4, 7);
+        QCOMPARE(history.points.size(), 4U);
+        QCOMPARE(history.points[2].estimatedQuotaConsumed, 2.0 + 3.0);
+        QCOMPARE(history.points[0].estimatedQuotaConsumed, 1.0);
+    }
+
+    void daysFollowTheZone() {
+        struct Row {
+            const char* zone;
+            QStringView now, today, ninetyDaysBefore;
+        };
+        const Row rows[] = {
+            {"UTC", u"2026-03-10T00:00:00Z", u"2026-03-10T00:00:00Z", u"2025-12-10T00:00:00Z"},
+            {"Europe/Berlin", u"2026-03-29T21:59:59Z", u"2026-03-28T23:00:00Z",
+             u"2025-12-28T23:00:00Z"},
+            {"America/New_York", u"2025-11-02T23:00:00Z", u"2025-11-02T04:00:00Z",
+             u"2025-08-04T04:00:00Z"},
+            // Midnight is skipped, repeated, and close to a change.
+            {"America/Santiago", u"2025-09-07T12:00:00Z", u"2025-09-07T04:00:00Z",
+             u"2025-06-09T04:00:00Z"},
+            {"America/Havana", u"2026-11-01T12:00:00Z", u"2026-11-01T04:00:00Z",
+             u"2026-08-03T04:00:00Z"},
+            {"Australia/Lord_Howe", u"2026-04-05T12:00:00Z", u"2026-04-04T13:00:00Z",
+             u"2026-01-04T13:00:00Z"},
+            {"Pacific/Kiritimati", u"2026-01-01T09:59:59Z", u"2025-12-31T10:00:00Z",
+             u"2025-10-02T10:00:00Z"}};
+        for (const Row& row : rows) {
+            Desk desk;
+            desk.zone = model::LocalZone(QTimeZone(row.zone));
+            desk.now = at(row.now);
+            const Timestamp oldest = at(row.ninetyDaysBefore);
+            QVERIFY(history::saveHistory(
+                desk.store,
+                {.schemaVersion = 2, .points = {{.date = oldest - 1s}, {.date = oldest}}}));
+            const UsageHistory history = desk.recorded(1, 2);
+            QCOMPARE(history.schemaVersion, 2);
+            QVERIFY2(history.points.size() == 3 && history.points[0].date == oldest &&
+                         history.points[1].date == at(row.today),
+                     row.zone);
+        }
+    }
+
+    void survivesADamagedFile() {
+        Desk desk;
+        QVERIFY(desk.store.saveHistory("{\"schemaVersion\":1,\"points\":[{\"provider\":\"x\"}]}"));
+        QCOMPARE(desk.recorded(1, 2).points.size(), 2U);
+    }
+
+    void reportsAFailedSave() {
+        Desk desk;
+        std::filesystem::create_directory(desk.store.baseURL() / "usage-history.json");
+        const auto failed = desk.record(1, 2, 10);
+        QVERIFY(!failed && failed.error().message.contains(u"usage-history.json"));
+        QCOMPARE(desk.defaults.integer(QStringLiteral("token-baseline.codex")), 10);
     }
 };
 

@@ -16,7 +16,7 @@ namespace {
 
 const QString key = QStringLiteral("key");
 
-/// Letters, and what the form gives a meaning.
+/// Letters, and characters with a meaning in the format.
 QString randomText(QRandomGenerator& random) {
     static const QString letters = QStringLiteral("ab09xXfn \t\r\n\a\\\"';,=%@()[]äß€\x7f\x01😀/#");
     QString text;
@@ -45,14 +45,14 @@ private Q_SLOTS:
         m_folder = std::make_unique<QTemporaryDir>();
     }
 
-    /// Qt is the judge of its own form: each reads what the other wrote.
-    void hasTheFormOfQtSettings() {
+    /// Each reads what the other wrote.
+    void agreesWithQSettings() {
         const quint32 seed = QRandomGenerator::global()->generate();
         QRandomGenerator random(seed);
         for (int round = 0; round < 50; ++round) {
             const QString text = randomText(random);
             const QByteArray bytes = randomText(random).toUtf8();
-            // Qt keeps what it read of a file name.
+            // A new file each time, because QSettings caches by file name.
             const QString file = path(QByteArray::number(round).constData());
             auto ours = DefaultsStore::open(file.toStdString());
             const std::int64_t number = static_cast<qint64>(random.generate64());
@@ -79,62 +79,49 @@ private Q_SLOTS:
         }
     }
 
-    void keepsWhatOthersWrote_data() {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after"); // once "key" has become "new"
-        QTest::newRow("missing section") << QByteArray("[Other]\nkey=1\n")
-                                         << QByteArray("[General]\nkey=\"new\"\n[Other]\nkey=1\n");
-        QTest::newRow("typed values, comments, odd spacing")
-            << QByteArray("; a comment with \"\n[General]\r\n  font = @Variant(\\0\\0\\0@\\0)\n"
-                          "key = old\nlist=a, b\n\n[%General]\nkey=2")
-            << QByteArray("; a comment with \"\n[General]\r\n  font = @Variant(\\0\\0\\0@\\0)\n"
-                          "key=\"new\"\nlist=a, b\n\n[%General]\nkey=2");
-        QTest::newRow("several lines, no last line end")
-            << QByteArray("long=\"a\nkey=no\nb\"\nlonger=a\\\nb\nx=1")
-            << QByteArray("long=\"a\nkey=no\nb\"\nlonger=a\\\nb\nx=1\nkey=\"new\"\n");
-        QTest::newRow("several sections")
-            << QByteArray("[General]\na=1\n[Other]\nb=2\n[general]\nkey=3\n[Last]\n")
-            << QByteArray("[General]\na=1\n[Other]\nb=2\n[general]\nkey=\"new\"\n[Last]\n");
-        QTest::newRow("not UTF-8") << QByteArray("[General]\nx=\xff\xfe\n")
-                                   << QByteArray("[General]\nx=\xff\xfe\nkey=\"new\"\n");
-    }
-    void keepsWhatOthersWrote() {
-        QFETCH(const QByteArray, before);
-        QFETCH(const QByteArray, after);
-        tests::writeFile(path(), before);
-        auto store = open();
-        QVERIFY(store && store->setText(key, QStringLiteral("new")));
-        QCOMPARE(tests::readFile(path()), after);
-        QCOMPARE(store->text(key), QStringLiteral("new"));
-    }
-
-    void leavesAloneWhatIsNoSettings_data() {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("no equals sign") << QByteArray("[General]\nkey=1\nno equals sign\n");
-        QTest::newRow("only that") << QByteArray("garbage");
-        QTest::newRow("section without end") << QByteArray("[General\nkey=1\n");
-        QTest::newRow("quotation without end") << QByteArray("key=\"1\n[Other]\nx=1\n");
-        QTest::newRow("last line goes on") << QByteArray("x=1\\");
-        QTest::newRow("binary") << QByteArray("key=\0\x01\n", 7);
-    }
-    void leavesAloneWhatIsNoSettings() {
-        QFETCH(const QByteArray, content);
-        const QString standard = path("standard.conf");
-        std::optional<DefaultsStore> openedBefore = open();
-        tests::writeFile(path(), content);
-        for (const char* value : {"once", "twice"}) {
-            QVERIFY(!open());
-            DefaultsStore store =
-                DefaultsStore::openFirst(path().toStdString(), standard.toStdString());
-            QVERIFY(store.setText(key, QLatin1StringView(value)));
-            QVERIFY(!openedBefore->setText(key, QLatin1StringView(value)));
-            QCOMPARE(store.text(key), QLatin1StringView(value));
-            QCOMPARE(tests::readFile(path()), content);
+    void preservesOtherContent() {
+        const std::pair<QByteArray, QByteArray> rows[] = {
+            // without a general section
+            {"[Other]\nkey=1\n", "[General]\nkey=\"new\"\n[Other]\nkey=1\n"},
+            {"; a comment with \"\n[General]\r\n  font = @Variant(\\0\\0\\0@\\0)\n"
+             "key = old\nlist=a, b\n\n[%General]\nkey=2",
+             "; a comment with \"\n[General]\r\n  font = @Variant(\\0\\0\\0@\\0)\n"
+             "key=\"new\"\nlist=a, b\n\n[%General]\nkey=2"},
+            {"long=\"a\nkey=no\nb\"\nlonger=a\\\nb\nx=1",
+             "long=\"a\nkey=no\nb\"\nlonger=a\\\nb\nx=1\nkey=\"new\"\n"},
+            {"[General]\na=1\n[Other]\nb=2\n[general]\nkey=3\n[Last]\n",
+             "[General]\na=1\n[Other]\nb=2\n[general]\nkey=\"new\"\n[Last]\n"},
+            {"[General]\nx=\xff\xfe\n", "[General]\nx=\xff\xfe\nkey=\"new\"\n"}};
+        for (const auto& [before, after] : rows) {
+            tests::writeFile(path(), before);
+            auto store = open();
+            QVERIFY2(store && store->setText(key, QStringLiteral("new")), before);
+            QCOMPARE(tests::readFile(path()), after);
+            QCOMPARE(store->text(key), QStringLiteral("new"));
         }
     }
 
-    /// Nothing waits for a lock of Qt's, whose holder may be of another machine, or be a folder.
-    void waitsForNobodyElse() {
+    void leavesMalformedFilesAlone() {
+        const std::string standard = path("standard.conf").toStdString();
+        std::optional<DefaultsStore> openedBefore = open();
+        for (const QByteArray& content :
+             {QByteArray("[General]\nkey=1\nno equals sign\n"), QByteArray("garbage"),
+              QByteArray("[General\nkey=1\n"), QByteArray("key=\"1\n[Other]\nx=1\n"),
+              QByteArray("x=1\\"), QByteArray("key=\0\x01\n", 7)}) {
+            tests::writeFile(path(), content);
+            for (const char* value : {"once", "twice"}) {
+                QVERIFY2(!open(), content);
+                DefaultsStore store = DefaultsStore::openFirst(path().toStdString(), standard);
+                QVERIFY(store.setText(key, QLatin1StringView(value)));
+                QVERIFY(!openedBefore->setText(key, QLatin1StringView(value)));
+                QCOMPARE(store.text(key), QLatin1StringView(value));
+                QCOMPARE(tests::readFile(path()), content);
+            }
+        }
+    }
+
+    /// QSettings' own lock file, whose holder may be on another machine, is ignored.
+    void neverBlocks() {
         tests::writeFile(path("suite.conf.lock"), "4711\nprogram\nelsewhere\n");
         QVERIFY(open()->setFlag(key, true) && open()->flag(key));
         QVERIFY(QFile::remove(path("suite.conf.lock")) && QDir().mkdir(path("suite.conf.lock")));
@@ -143,7 +130,7 @@ private Q_SLOTS:
         QVERIFY(!DefaultsStore::open(path("pipe").toStdString()));
     }
 
-    void losesNothingToOtherWriters() {
+    void losesNoConcurrentWrite() {
         constexpr int writers = 4;
         constexpr int writes = 20;
         std::array<pid_t, writers> children{};
@@ -152,7 +139,7 @@ private Q_SLOTS:
             if (children[writer] == 0) {
                 for (int write = 0; write < writes; ++write) {
                     const QString own = QStringLiteral("%1-%2").arg(writer).arg(write);
-                    while (!open()->setIntegers({{own, write}})) { // busy for too long
+                    while (!open()->setIntegers({{own, write}})) { // the others took too long
                     }
                 }
                 ::_exit(0);

@@ -8,51 +8,41 @@ class QuotaDisplayTest : public tallyvane::tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void resetTexts_data() {
-        QTest::addColumn<QuotaSyncState>("state");
-        QTest::addColumn<std::optional<int>>("secondsLeft");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QString>("expected");
-        using enum QuotaSyncState;
-        const auto row = [](const char* expected, QuotaSyncState state, std::optional<int> left,
-                            const char* message = "") {
-            QTest::addRow("%s, %d s, \"%s\"", expected, left.value_or(-1), message)
-                << state << left << QString::fromLatin1(message) << QString::fromLatin1(expected);
-        };
-        row("Sync pending", pending, 60);
-        row("Rate limited", pending, 60, "Rate limited");
-        row("Not available", unavailable, 60, "Rate limited");
-        row("Reset unknown", current, {}, "Rate limited");
-        row("Sync pending", current, 0);
-        row("Rate limited", current, -5, "Rate limited");
-        row("in 1m", current, 1);
-        row("in 1m", current, 119);
-        row("in 45m", current, 2700);
-        row("in 59m", current, 3599);
-        row("in 1h 1m", current, 3600);
-        row("in 1h 30m", current, 5400);
-        row("in 2h 1m", current, 7200);
-        row("in 23h 59m", current, 86399);
-        row("Wed 12:00 AM", current, 86400);
-        row("Tue 3:45 PM", current, 7 * 86400 + 15 * 3600 + 45 * 60);
-    }
-
     void resetTexts() {
-        QFETCH(QuotaSyncState, state);
-        QFETCH(std::optional<int>, secondsLeft);
-        QFETCH(QString, message);
-        QFETCH(QString, expected);
-        ProviderQuotaSnapshot entry{.syncState = state};
-        if (!message.isEmpty()) {
-            entry.statusMessage = message;
+        using enum QuotaSyncState;
+        struct Row {
+            const char* expected;
+            QuotaSyncState state;
+            std::optional<int> secondsLeft;
+            const char* message = nullptr;
+        };
+        const Row rows[] = {{"Sync pending", pending, 60},
+                            {"Rate limited", pending, 60, "Rate limited"},
+                            {"Not available", unavailable, 60, "Rate limited"},
+                            {"Reset unknown", current, {}, "Rate limited"},
+                            {"Sync pending", current, 0},
+                            {"Rate limited", current, -5, "Rate limited"},
+                            {"in 1m", current, 1},
+                            {"in 1m", current, 119},
+                            {"in 59m", current, 3599},
+                            {"in 1h 1m", current, 3600},
+                            {"in 1h 30m", current, 5400},
+                            {"in 23h 59m", current, 86399},
+                            {"Wed 12:00 AM", current, 86400},
+                            {"Tue 3:45 PM", current, 7 * 86400 + 15 * 3600 + 45 * 60}};
+        const WeekdayTimeFormat weekdayTime("en_US", LocalZone(QTimeZone::utc()));
+        for (const auto& [expected, state, secondsLeft, message] : rows) {
+            ProviderQuotaSnapshot entry{.syncState = state};
+            if (message != nullptr) {
+                entry.statusMessage = QString::fromLatin1(message);
+            }
+            std::optional<Timestamp> resetsAt;
+            if (secondsLeft) {
+                resetsAt = m_tuesdayMidnight + std::chrono::seconds(*secondsLeft);
+            }
+            QCOMPARE(resetText(resetsAt, entry, m_tuesdayMidnight, weekdayTime),
+                     QString::fromLatin1(expected));
         }
-        std::optional<Timestamp> resetsAt;
-        if (secondsLeft) {
-            resetsAt = m_tuesdayMidnight + std::chrono::seconds(*secondsLeft);
-        }
-        QCOMPARE(resetText(resetsAt, entry, m_tuesdayMidnight,
-                           WeekdayTimeFormat("en_US", LocalZone(QTimeZone::utc()))),
-                 expected);
     }
 
     void weekdayFollowsLocaleAndZone() {

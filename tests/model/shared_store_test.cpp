@@ -1,22 +1,51 @@
 #include "model/defaults_store.h"
 #include "model/shared_store.h"
+#include "support/home_files.h"
 #include "support/test_main.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QProcess>
 #include <QtCore/QRandomGenerator>
 
 #include <csignal>
+#include <dlfcn.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace tallyvane;
 using namespace tallyvane::model;
 namespace fs = std::filesystem;
 
 namespace {
+
+QByteArray diskCalls; ///< 'f' and 'd': file or directory flushed; 'r': renamed
+
+int flush(const char* function, int descriptor) {
+    struct stat status{};
+    ::fstat(descriptor, &status);
+    // Flushing a file before it has its content is no use.
+    diskCalls += S_ISDIR(status.st_mode) ? "d" : status.st_size > 0 ? "f" : "";
+    return reinterpret_cast<int (*)(int)>(::dlsym(RTLD_NEXT, function))(descriptor);
+}
+
+} // namespace
+
+// These replace the C library's functions in the statically linked code.
+extern "C" int fsync(int descriptor) {
+    return flush("fsync", descriptor);
+}
+extern "C" int fdatasync(int descriptor) {
+    return flush("fdatasync", descriptor);
+}
+extern "C" int rename(const char* from, const char* to) noexcept {
+    diskCalls += 'r';
+    using Rename = int (*)(const char*, const char*);
+    return reinterpret_cast<Rename>(::dlsym(RTLD_NEXT, "rename"))(from, to);
+}
+
+namespace {
+
+const QString mirrorKey = QStringLiteral("quotaSnapshotData");
 
 QuotaSnapshot snapshotUsing(double usedPercent) {
     QuotaSnapshot snapshot = placeholderSnapshot({});
@@ -28,45 +57,52 @@ fs::perms permissionsOf(const fs::path& path) {
     return fs::status(path).permissions();
 }
 
-/// Fresh directories for one test.
-struct Place {
-    QTemporaryDir directory;
-    fs::path root{directory.path().toStdString()};
-    StoreLocations locations{.dataHome = root / "data", .configHome = root / "config"};
-    fs::path snapshotFile = locations.dataHome / "Gaugewell" / "quota-snapshot.json";
-};
+void write(const fs::path& path, const QByteArray& content) {
+    tests::writeFile(QString::fromStdString(path), content);
+}
 
 } // namespace
 
-class SharedStoreTest : public tallyvane::tests::HermeticTest {
+class SharedStoreTest : public tests::HermeticTest {
     Q_OBJECT
 
-private Q_SLOTS:
-    void choosesTheContainer() {
-        const Place place;
-        const SharedStore own(place.locations);
-        QCOMPARE(own.containerSource(), ContainerSource::fallback);
-        QVERIFY(own.baseURL() == place.locations.dataHome / "Gaugewell");
-        QCOMPARE(permissionsOf(own.baseURL()), fs::perms::owner_all);
+    std::optional<QTemporaryDir> m_directory;
+    fs::path m_root;
+    StoreLocations m_locations;
+    fs::path m_snapshotFile;
 
-        fs::create_directory(place.locations.dataHome / "group.corvelle.Gaugewell");
-        const SharedStore shared(place.locations);
-        QCOMPARE(shared.containerSource(), ContainerSource::appGroup);
-        QVERIFY(shared.baseURL() == place.locations.dataHome / "group.corvelle.Gaugewell");
+private Q_SLOTS:
+    void init() {
+        HermeticTest::init();
+        m_directory.emplace();
+        m_root = m_directory->path().toStdString();
+        m_locations = {.dataHome = m_root / "data", .configHome = m_root / "config"};
+        m_snapshotFile = m_locations.dataHome / "Gaugewell" / "quota-snapshot.json";
     }
 
-    void savesForTheUserAlone() {
-        const Place place;
-        const SharedStore store(place.locations);
+    void choosesTheContainer() {
+        const SharedStore own(m_locations);
+        QCOMPARE(own.containerSource(), ContainerSource::fallback);
+        QVERIFY(own.baseURL() == m_locations.dataHome / "Gaugewell");
+        QCOMPARE(permissionsOf(own.baseURL()), fs::perms::owner_all);
+
+        fs::create_directory(m_locations.dataHome / "group.corvelle.Gaugewell");
+        const SharedStore shared(m_locations);
+        QCOMPARE(shared.containerSource(), ContainerSource::appGroup);
+        QVERIFY(shared.baseURL() == m_locations.dataHome / "group.corvelle.Gaugewell");
+    }
+
+    void savesPrivateFiles() {
+        const SharedStore store(m_locations);
         QVERIFY(!store.loadSnapshot());
         ::umask(0);
         QVERIFY(store.saveSnapshot(snapshotUsing(1)));
         QVERIFY(store.saveHistory("[]"));
-        const auto userOnly = fs::perms::owner_read | fs::perms::owner_write;
-        QCOMPARE(permissionsOf(place.snapshotFile), userOnly);
-        QCOMPARE(permissionsOf(store.baseURL() / "usage-history.json"), userOnly);
-        QCOMPARE(permissionsOf(place.locations.defaultsSuite()), userOnly);
-        QCOMPARE(permissionsOf(place.locations.configHome), fs::perms::owner_all);
+        for (const fs::path& file : {m_snapshotFile, store.baseURL() / "usage-history.json",
+                                     m_locations.defaultsSuite()}) {
+            QCOMPARE(permissionsOf(file), fs::perms::owner_read | fs::perms::owner_write);
+        }
+        QCOMPARE(permissionsOf(m_locations.configHome), fs::perms::owner_all);
         QVERIFY(store.loadSnapshot() == snapshotUsing(1));
         QCOMPARE(*store.loadHistory(), QByteArray("[]"));
 
@@ -75,132 +111,110 @@ private Q_SLOTS:
         QCOMPARE(permissionsOf(store.baseURL()), fs::perms::owner_all);
     }
 
-    void readsTheFileThenTheMirror() {
-        const Place place;
-        const SharedStore store(place.locations);
+    void flushesTheFileThenRenamesThenFlushesTheDirectory() {
+        const fs::path path = m_root / "file";
+        diskCalls.clear();
+        QVERIFY(writeFile(path, "content"));
+        QVERIFY(fs::exists(path) && diskCalls.count('r') == 1);
+        const qsizetype renamed = diskCalls.indexOf('r');
+        QVERIFY2(diskCalls.first(renamed).contains('f'), diskCalls);
+        QVERIFY2(diskCalls.sliced(renamed).contains('d'), diskCalls);
+    }
+
+    void prefersTheFileToTheMirror() {
+        const SharedStore store(m_locations);
         QVERIFY(store.saveSnapshot(snapshotUsing(1)));
-        QVERIFY(
-            DefaultsStore::open(place.locations.defaultsSuite())
-                ->setData(QStringLiteral("quotaSnapshotData"), *encodeSnapshot(snapshotUsing(2))));
+        auto suite = DefaultsStore::open(m_locations.defaultsSuite());
+        QVERIFY(suite->setData(mirrorKey, *encodeSnapshot(snapshotUsing(2))));
         QVERIFY(store.loadSnapshot() == snapshotUsing(1));
 
-        QFile file(place.snapshotFile);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("{\"schemaVersion\" : 1");
-        file.close();
+        write(m_snapshotFile, "{\"schemaVersion\" : 1");
         QVERIFY(store.loadSnapshot() == snapshotUsing(2));
-
-        fs::remove(place.snapshotFile);
-        QCOMPARE(::mkfifo(place.snapshotFile.c_str(), 0600), 0);
+        fs::remove(m_snapshotFile);
+        QCOMPARE(::mkfifo(m_snapshotFile.c_str(), 0600), 0);
         QVERIFY(store.loadSnapshot() == snapshotUsing(2));
-
-        QFile suite(place.locations.defaultsSuite());
-        QVERIFY(suite.open(QIODevice::WriteOnly));
-        suite.write("no equals sign\n");
-        suite.close();
+        write(m_locations.defaultsSuite(), "no equals sign\n");
         QVERIFY(!store.loadSnapshot());
+        fs::remove(m_snapshotFile);
+        QVERIFY(store.saveSnapshot(snapshotUsing(3)));
+        QVERIFY(store.loadSnapshot() == snapshotUsing(3));
     }
 
     void failedWriteLeavesTheMirror() {
-        const Place place;
-        const SharedStore store(place.locations);
+        const SharedStore store(m_locations);
         QVERIFY(store.saveSnapshot(snapshotUsing(1)));
         fs::remove_all(store.baseURL());
-        QFile obstacle(store.baseURL());
-        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+        write(store.baseURL(), {});
 
         const auto saved = store.saveSnapshot(snapshotUsing(2));
-        QVERIFY(!saved);
-        QVERIFY2(saved.error().message.contains(u"quota-snapshot.json") &&
-                     saved.error().message.contains(u"Not a directory"),
-                 qPrintable(saved.error().message));
+        QVERIFY(!saved && saved.error().message.endsWith(u"quota-snapshot.json: Not a directory."));
         QVERIFY(store.loadSnapshot() == snapshotUsing(1));
     }
 
-    void keepsWhatItHasOnAFullDisk() {
-        const Place place;
-        if (::geteuid() != 0 || ::mount("none", place.root.c_str(), "tmpfs", 0, "size=256k") != 0) {
+    void survivesAFullDisk() {
+        if (::geteuid() != 0 || ::mount("none", m_root.c_str(), "tmpfs", 0, "size=256k") != 0) {
             QSKIP("mounting a small file system needs root");
         }
-        const SharedStore store(place.locations);
+        const SharedStore store(m_locations);
         const auto before = store.saveSnapshot(snapshotUsing(1));
-        QFile filler(place.root / "filler");
-        QVERIFY(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        QFile filler(m_root / "filler");
+        const bool isOpen = filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
         while (filler.write(QByteArray(4096, 'x')) > 0) {
         }
         filler.close();
         const auto after = store.saveSnapshot(snapshotUsing(2));
-        auto suite = DefaultsStore::open(place.locations.defaultsSuite());
+        auto suite = DefaultsStore::open(m_locations.defaultsSuite());
         const auto preference =
             suite->setText(QStringLiteral("appearance"), QStringLiteral("dark"));
-        const auto mirror = suite->data(QStringLiteral("quotaSnapshotData"));
+        const auto mirror = suite->data(mirrorKey);
         const auto stored = store.loadSnapshot();
-        suite.reset();
-        ::mount("none", place.root.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr);
-        const auto readOnly = SharedStore({.dataHome = place.root / "new"}).saveHistory("[]");
-        ::umount(place.root.c_str());
+        ::mount("none", m_root.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr);
+        const auto readOnly = SharedStore({.dataHome = m_root / "new"}).saveHistory("[]");
+        ::umount(m_root.c_str());
 
-        QVERIFY(before && !after && !preference);
-        QVERIFY2(preference.error().message.contains(u"No space left"),
-                 qPrintable(preference.error().message));
-        QVERIFY2(after.error().message.contains(u"No space left"),
-                 qPrintable(after.error().message));
-        QVERIFY2(!readOnly && readOnly.error().message.contains(u"Read-only"),
-                 qPrintable(readOnly.error().message));
+        QVERIFY(isOpen && before && !after && !preference && !readOnly);
+        const QString messages =
+            preference.error().message + after.error().message + readOnly.error().message;
+        QVERIFY2(messages.count(u"No space left") == 2 && messages.contains(u"Read-only"),
+                 qPrintable(messages));
         QVERIFY(stored == snapshotUsing(1));
         QCOMPARE(mirror, *encodeSnapshot(snapshotUsing(1)));
     }
 
-    void savesWithoutASuite() {
-        const Place place;
-        fs::create_directories(place.locations.defaultsSuite());
-        const SharedStore store(place.locations);
-        QVERIFY(store.saveSnapshot(snapshotUsing(1)));
-        QVERIFY(fs::is_empty(place.locations.defaultsSuite()));
-        DefaultsStore defaults = DefaultsStore::openFirst(place.locations.defaultsSuite(),
-                                                          place.locations.standardDefaults());
-        QVERIFY(defaults.setText(QStringLiteral("appearance"), QStringLiteral("dark")));
-        QVERIFY(fs::exists(place.locations.standardDefaults()));
-        QCOMPARE(defaults.text(QStringLiteral("appearance")), QStringLiteral("dark"));
-    }
-
-    void clearsItsOwnUnfinishedWritesAlone() {
-        const Place place;
-        const SharedStore store(place.locations);
-        const auto isThereAfterSave = [&](const char* name, std::chrono::minutes age) {
+    void removesOnlyItsOwnTemporaryFiles() {
+        const SharedStore store(m_locations);
+        const auto survives = [&](const char* name, std::chrono::minutes age) {
             const fs::path path = store.baseURL() / name;
-            const bool isMade = QFile(path).open(QIODevice::WriteOnly);
+            write(path, {});
             fs::last_write_time(path, fs::file_time_type::clock::now() - age);
-            return isMade && store.saveSnapshot(snapshotUsing(1)) && fs::exists(path);
+            return store.saveSnapshot(snapshotUsing(1)) && fs::exists(path);
         };
-        QVERIFY(!isThereAfterSave(".tallyvane-4711-AbCdEf", std::chrono::minutes{2}));
-        QVERIFY(isThereAfterSave(".tallyvane-4711-GhIjKl", std::chrono::minutes{0}));
+        QVERIFY(!survives(".tallyvane-4711-AbCdEf", std::chrono::minutes{2}));
+        QVERIFY(survives(".tallyvane-4711-GhIjKl", std::chrono::minutes{0}));
         for (const char* foreign :
              {"quota-snapshot.json.backup", "quota-snapshot.json.221121", ".tallyvane-backup",
               ".tallyvane-4711-AbCdEf.bak", ".tallyvane--AbCdEf", "quota-snapshot.json.AbCdEf"}) {
-            QVERIFY2(isThereAfterSave(foreign, std::chrono::hours{1}), foreign);
+            QVERIFY2(survives(foreign, std::chrono::hours{1}), foreign);
         }
     }
 
-    void replacesFilesAndNothingElse() {
-        const Place place;
-        const fs::path target = place.root / "elsewhere";
-        const fs::path link = place.root / "link";
+    void replacesOnlyRegularFiles() {
+        const fs::path target = m_root / "elsewhere";
+        const fs::path link = m_root / "link";
         fs::create_symlink("elsewhere", link);
         QVERIFY(saveFile(link, "through a link"));
         QVERIFY(fs::is_symlink(link) && *readFile(target, 99) == "through a link");
         fs::permissions(target, fs::perms::owner_read);
-        QVERIFY(::geteuid() == 0 || !saveFile(link, "against the user's will"));
-        QCOMPARE(::mkfifo((place.root / "pipe").c_str(), 0600), 0);
+        QVERIFY(::geteuid() == 0 || !saveFile(link, "although read-only"));
+        QCOMPARE(::mkfifo((m_root / "pipe").c_str(), 0600), 0);
         for (const char* name : {"pipe", "."}) {
-            QVERIFY2(!saveFile(place.root / name, "x"), name);
+            QVERIFY2(!saveFile(m_root / name, "x"), name);
         }
-        QVERIFY(fs::is_fifo(place.root / "pipe"));
+        QVERIFY(fs::is_fifo(m_root / "pipe"));
     }
 
     void locksForOneAtATime() {
-        const Place place;
-        const SharedStore store(place.locations);
+        const SharedStore store(m_locations);
         auto first = store.tryLock();
         QVERIFY(first && *first);
         const auto second = store.tryLock();
@@ -209,7 +223,7 @@ private Q_SLOTS:
         if (child == 0) {
             ::pause();
         }
-        first->reset(); // the child has its descriptor too, and with it the lock
+        first->reset(); // the child has inherited the descriptor and so the lock
         QVERIFY(!*store.tryLock());
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
@@ -218,10 +232,9 @@ private Q_SLOTS:
         QVERIFY(*store.tryLock());
     }
 
-    /// A process that saves without pause is killed at a random instant, many times over.
+    /// Kills a process that saves in a loop at random moments.
     void survivesKills() {
-        const Place place;
-        const SharedStore store(place.locations);
+        const SharedStore store(m_locations);
         for (int round = 0; round < 200; ++round) {
             const pid_t child = ::fork();
             if (child == 0) {
@@ -229,17 +242,13 @@ private Q_SLOTS:
                     (void)store.saveSnapshot(snapshotUsing(i));
                 }
             }
-            QTest::qWait(0);
             ::usleep(QRandomGenerator::global()->bounded(1000, 12000));
             ::kill(child, SIGKILL);
             ::waitpid(child, nullptr, 0);
-            if (fs::exists(place.snapshotFile)) {
-                QFile file(place.snapshotFile);
-                QVERIFY(file.open(QIODevice::ReadOnly));
-                QVERIFY(decodeSnapshot(file.readAll()));
-            }
+            QVERIFY(!fs::exists(m_snapshotFile) ||
+                    decodeSnapshot(tests::readFile(QString::fromStdString(m_snapshotFile))));
         }
-        QVERIFY(fs::exists(place.snapshotFile));
+        QVERIFY(fs::exists(m_snapshotFile));
     }
 };
 

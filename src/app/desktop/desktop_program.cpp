@@ -107,6 +107,7 @@ WindowsContext DesktopProgram::windowsContext() {
             .notificationCentre = m_composition.notificationCentre,
             .launchContext = m_environment.launchContext,
             .timeLocale = m_environment.timeLocale,
+            .zone = m_environment.zone,
             .openNotificationSettings =
                 page ? [page] { QProcess::startDetached(page->program, page->arguments); }
                      : std::function<void()>()};

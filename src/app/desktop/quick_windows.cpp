@@ -28,7 +28,7 @@ public:
                                   .loginItem = context.loginItem,
                                   .notificationCentre = context.notificationCentre,
                                   .locale = context.timeLocale,
-                                  .zone = model::LocalZone::ofSystem(),
+                                  .zone = context.zone,
                                   .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                   .openNotificationSettings = context.openNotificationSettings,
                                   .takeLaunchQuestion = [&defaults = context.defaults,

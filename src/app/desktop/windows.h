@@ -23,6 +23,7 @@ struct WindowsContext {
     platform::NotificationCentre& notificationCentre;
     core::LaunchContext launchContext;
     std::string timeLocale;
+    model::LocalZone zone;
     std::function<void()> openNotificationSettings; ///< empty when the desktop has none to open
 };
 
