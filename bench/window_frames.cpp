@@ -79,7 +79,8 @@ int main(int argc, char** argv) {
                                              .notificationCentre = idle.notificationCentre,
                                              // without the first start's question
                                              .launchContext = {.isFixtureMode = true},
-                                             .timeLocale = "C"});
+                                             .timeLocale = "C",
+                                             .zone = model::LocalZone(QTimeZone::utc())});
     if (!loaded) {
         qFatal("%s", qPrintable(loaded.error()));
     }
