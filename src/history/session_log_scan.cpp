@@ -24,7 +24,7 @@ public:
         : m_roots(roots), m_now(now), m_stop(stop) {}
 
     [[nodiscard]] ScanReport run() {
-        for (const AIProvider provider : model::allCases<AIProvider>) {
+        for (const auto& [provider, root] : m_roots) {
             m_report.totals[provider] = total(provider);
         }
         return m_report;
