@@ -2,7 +2,7 @@
 
 #include "model/foreign_text.h"
 #include "providers/codex/rate_limits_reply.h"
-#include "providers/json_members.h"
+#include "providers/reply_reading.h"
 #include "support/readable.h"
 
 #include <cstdlib>
@@ -16,8 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
     }
     const auto entry = providers::parseRateLimitsReply(*reply, {});
     if (!entry) {
-        const auto* error = std::get_if<providers::ProcessRunnerError>(&entry.error());
-        if (error != nullptr && !tests::isReadable(error->text)) {
+        constexpr qsizetype maximumLength = 4096 + sizeof "Command failed (-1): ";
+        if (!tests::isReadable(entry.error().text, maximumLength)) {
             std::abort();
         }
         return 0;
