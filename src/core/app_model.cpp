@@ -23,7 +23,7 @@ namespace {
 const QString appearanceKey = QStringLiteral("appearance");
 const QString widgetKind = QStringLiteral("GaugewellWidget");
 
-/// More than the longest refresh takes.
+/// Longer than any refresh takes.
 constexpr std::chrono::milliseconds lockPatience = 60s;
 constexpr std::chrono::milliseconds lockInterval = 100ms;
 
@@ -36,7 +36,7 @@ QCoro::Task<> pause(platform::Clock* clock, std::chrono::milliseconds length) {
     co_await passed;
 }
 
-/// The provider's figures, marked as those of an earlier fetch.
+/// The previous figures, marked as out of date.
 ProviderQuotaSnapshot staleEntry(const QuotaSnapshot& previous, AIProvider provider,
                                  const providers::QuotaFailure& failure) {
     ProviderQuotaSnapshot entry = model::entryFor(previous, provider);
@@ -49,35 +49,35 @@ ProviderQuotaSnapshot staleEntry(const QuotaSnapshot& previous, AIProvider provi
 
 } // namespace
 
-AppModel::AppModel(const Collaborators& with, std::optional<QuotaSnapshot> snapshot,
+AppModel::AppModel(const Services& services, std::optional<QuotaSnapshot> snapshot,
                    std::optional<history::UsageHistory> history)
-    : m_with(with), m_baselines(with.defaults) {
+    : m_services(services), m_baselines(services.defaults) {
     if (!snapshot) {
-        snapshot = with.store.loadSnapshot();
+        snapshot = services.store.loadSnapshot();
         m_storedSnapshot = snapshot;
         m_recordedSnapshot = snapshot;
     }
     if (!history) {
-        history = history::loadHistory(with.store);
+        history = history::loadHistory(services.store);
     }
-    m_snapshot = snapshot.value_or(model::placeholderSnapshot(with.clock.now()));
+    m_snapshot = snapshot.value_or(model::placeholderSnapshot(services.clock.now()));
     m_history = history.value_or(history::UsageHistory{});
-    m_appearance = model::fromRawValue<model::AppAppearance>(with.defaults.text(appearanceKey))
+    m_appearance = model::fromRawValue<model::AppAppearance>(services.defaults.text(appearanceKey))
                        .value_or(model::AppAppearance::system);
-    m_notificationSettings = notify::loadNotificationSettings(with.defaults);
+    m_notificationSettings = notify::loadNotificationSettings(services.defaults);
 }
 
 void AppModel::setAppearance(model::AppAppearance appearance) {
-    tellOf(m_with.defaults.setText(appearanceKey, model::rawValue(appearance)));
+    showError(m_services.defaults.setText(appearanceKey, model::rawValue(appearance)));
     m_appearance = appearance;
 }
 
 void AppModel::setNotificationSettings(const notify::NotificationSettings& settings) {
-    tellOf(notify::saveNotificationSettings(m_with.defaults, settings));
+    showError(notify::saveNotificationSettings(m_services.defaults, settings));
     m_notificationSettings = settings;
 }
 
-void AppModel::tellOf(const std::expected<void, model::FileError>& saved) {
+void AppModel::showError(const std::expected<void, model::FileError>& saved) {
     if (!saved) {
         m_lastError = saved.error().message;
     }
@@ -85,15 +85,27 @@ void AppModel::tellOf(const std::expected<void, model::FileError>& saved) {
 
 void AppModel::clearHistory() {
     m_history = history::UsageHistory{};
-    (void)history::saveHistory(m_with.store, m_history);
+    (void)history::saveHistory(m_services.store, m_history);
 }
 
 void AppModel::startRefresh() {
-    platform::spawn(refreshAlone());
+    platform::spawn(refreshForUser());
 }
 
-QCoro::Task<> AppModel::refreshAlone() {
+QCoro::Task<> AppModel::refreshForUser() {
     co_await refresh(AskedBy::user);
+}
+
+void AppModel::startAutoRefresh(const LaunchContext& context) {
+    if (!context.isTestHost && !context.isFixtureMode) {
+        platform::spawn(refreshRepeatedly());
+    }
+}
+
+QCoro::Task<> AppModel::refreshRepeatedly() {
+    co_await refresh(AskedBy::timer);
+    m_nextRefresh =
+        m_services.clock.after(refreshInterval, [this] { platform::spawn(refreshRepeatedly()); });
 }
 
 QCoro::Task<RefreshReport> AppModel::refresh(AskedBy askedBy) {
@@ -112,8 +124,8 @@ QCoro::Task<RefreshReport> AppModel::refresh(AskedBy askedBy) {
 }
 
 QCoro::Task<bool> AppModel::refreshOrJoin() {
-    // Not the signal: the next refresh may start before all who wait have resumed, and an await of
-    // a signal that comes again by then resumes twice.
+    // Awaits the future rather than isRefreshingChanged: if the next refresh started before every
+    // waiting caller had resumed, the second signal would resume the rest twice.
     if (!m_isRefreshing) {
         startRefresh();
     }
@@ -124,7 +136,7 @@ QCoro::Task<bool> AppModel::refreshOrJoin() {
 
 QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
     for (auto waited = 0ms; waited <= lockPatience; waited += lockInterval) {
-        auto tried = m_with.store.tryLock();
+        auto tried = m_services.store.tryLock();
         if (!tried) {
             co_return std::unexpected(tried.error().message);
         }
@@ -132,20 +144,20 @@ QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
         if (lock) {
             co_return *std::move(lock);
         }
-        co_await pause(&m_with.clock, lockInterval);
+        co_await pause(&m_services.clock, lockInterval);
     }
     co_return std::unexpected(
         QStringLiteral("Another program is refreshing the same files and did not end within a "
                        "minute."));
 }
 
-QuotaSnapshot AppModel::takeStoredSnapshot() {
-    auto stored = m_with.store.loadSnapshot();
+QuotaSnapshot AppModel::previousSnapshot() {
+    auto stored = m_services.store.loadSnapshot();
     if (stored && stored != m_storedSnapshot) {
         m_storedSnapshot = stored;
         m_recordedSnapshot = std::move(stored);
     }
-    return m_recordedSnapshot.value_or(model::placeholderSnapshot(m_with.clock.now()));
+    return m_recordedSnapshot.value_or(model::placeholderSnapshot(m_services.clock.now()));
 }
 
 QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
@@ -154,33 +166,34 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
         m_lastError = locked.error();
         co_return RefreshReport{.outcome = RefreshReport::Outcome::notSaved};
     }
-    const QuotaSnapshot previous = takeStoredSnapshot();
+    const QuotaSnapshot previous = previousSnapshot();
     std::stop_source stopTokens;
-    // Tasks start at once and run side by side until each is awaited.
+    // Tasks are eager: both run concurrently from here.
     QCoro::Task<Answers> answersTask = askProviders(previous, askedBy);
-    auto tokenTask = m_with.tokenEstimator.estimate(m_with.clock.now(), stopTokens.get_token());
+    auto tokenTask =
+        m_services.tokenEstimator.estimate(m_services.clock.now(), stopTokens.get_token());
 
     const Answers answers = co_await answersTask;
     QuotaSnapshot current;
     current.providers = answers.entries;
-    current.updatedAt = m_with.clock.now();
+    current.updatedAt = m_services.clock.now();
     RefreshReport report{.failures = answers.failures};
 
-    if (const auto saved = m_with.store.saveSnapshot(current); !saved) {
+    if (const auto saved = m_services.store.saveSnapshot(current); !saved) {
         m_lastError = saved.error().message;
         report.outcome = RefreshReport::Outcome::notSaved;
         stopTokens.request_stop();
         co_await tokenTask;
         co_return report;
     }
-    m_storedSnapshot = m_with.store.loadSnapshot();
+    m_storedSnapshot = m_services.store.loadSnapshot();
 
     const auto totals = co_await tokenTask;
-    history::UsageHistoryRecorder recorder(m_with.store, m_baselines, m_with.zone);
+    history::UsageHistoryRecorder recorder(m_services.store, m_baselines, m_services.zone);
     const auto recorded = recorder.record(
-        previous, current, totals.value_or(history::TokenTotals()), m_with.clock.now());
+        previous, current, totals.value_or(history::TokenTotals()), m_services.clock.now());
     if (!recorded) {
-        // The stored snapshot is then newer than the one shown, until the next refresh.
+        // Until the next refresh, the stored snapshot is then newer than the one shown.
         m_lastError = recorded.error().message;
         report.outcome = RefreshReport::Outcome::notSaved;
         co_return report;
@@ -190,18 +203,19 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
 
     m_history = recorded->history;
     m_snapshot = current;
-    m_with.notifier.process(current, m_notificationSettings, m_with.clock.now(), m_with.zone);
+    m_services.notifier.process(current, m_notificationSettings, m_services.clock.now(),
+                                m_services.zone);
     m_lastError = answers.errorLine ? answers.errorLine : report.uncounted;
-    m_with.widgetCentre.reloadTimelines(widgetKind);
-    m_with.widgetCentre.reloadAllTimelines();
+    m_services.widgetCentre.reloadTimelines(widgetKind);
+    m_services.widgetCentre.reloadAllTimelines();
     co_return report;
 }
 
 QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, AskedBy askedBy) {
     std::vector<QCoro::Task<providers::QuotaResult>> fetches;
-    fetches.reserve(m_with.quotaClients.size());
-    for (providers::QuotaClient& client : m_with.quotaClients) {
-        fetches.push_back(client.fetch(askedBy)); // starts at once
+    fetches.reserve(m_services.quotaClients.size());
+    for (providers::QuotaClient& client : m_services.quotaClients) {
+        fetches.push_back(client.fetch(askedBy)); // eager
     }
     Answers answers;
     for (std::size_t i = 0; i < fetches.size(); ++i) {
@@ -210,7 +224,7 @@ QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, As
             answers.entries.push_back(*fetched);
             continue;
         }
-        const AIProvider provider = m_with.quotaClients[i].get().provider();
+        const AIProvider provider = m_services.quotaClients[i].get().provider();
         const providers::QuotaFailure& failure = fetched.error();
         answers.entries.push_back(staleEntry(previous, provider, failure));
         answers.failures[provider] = failure.text;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/launch_context.h"
 #include "history/local_token_estimator.h"
 #include "history/usage_history_recorder.h"
 #include "model/defaults_store.h"
@@ -17,15 +18,21 @@
 #include <QtCore/QObject>
 #include <QtCore/QProperty>
 
+#include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace tallyvane::core {
 
-/// What the model works with; each outlives it.
-struct Collaborators {
+/// From the end of one automatic refresh to the start of the next, including time in which the
+/// machine is suspended.
+inline constexpr std::chrono::seconds refreshInterval{300};
+
+/// What the model uses. Everything referred to must outlive it.
+struct Services {
     const model::SharedStore& store;
     model::DefaultsStore& defaults; ///< preferences and token baselines
     /// One per provider, in the order of the snapshot's entries.
@@ -37,66 +44,69 @@ struct Collaborators {
     model::LocalZone zone;
 };
 
-/// What came of one call of AppModel::refresh.
+/// The result of AppModel::refresh.
 struct RefreshReport {
     enum class Outcome {
         published,      ///< the new figures are saved and shown
-        alreadyRunning, ///< another refresh runs; this call did nothing
-        notSaved,       ///< a file could not be written; AppModel::lastError says which
+        alreadyRunning, ///< another refresh was in progress, so this call did nothing
+        notSaved,       ///< a file could not be written; AppModel::lastError has the reason
     };
 
     Outcome outcome = Outcome::published;
-    std::map<model::AIProvider, QString> failures; ///< per provider that failed: why, for the user
-    std::optional<QString> uncounted; ///< for the user: why new tokens are not counted yet
+    std::map<model::AIProvider, QString> failures; ///< messages for the user
+    std::optional<QString> uncounted; ///< message for the user if new tokens were not counted
 };
 
-/// The program's whole state and its refresh cycle. Main thread only. Its coroutines outlive no
-/// event loop, so it outlives the event loop.
+/// The program's state and its refresh cycle. Main thread only. Must outlive the event loop:
+/// suspended coroutines resume on it.
 class AppModel : public QObject {
     Q_OBJECT
 
 public:
-    /// Starts from the given snapshot and history, which are on show only and never stored, else
-    /// from the stored ones, else from none.
-    explicit AppModel(const Collaborators& with,
+    /// Shows the given snapshot and history, which are never stored, or else loads the stored ones.
+    explicit AppModel(const Services& services,
                       std::optional<model::QuotaSnapshot> snapshot = std::nullopt,
                       std::optional<history::UsageHistory> history = std::nullopt);
 
     [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
     [[nodiscard]] history::UsageHistory history() const { return m_history; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
-    /// For the user: why figures, the tokens or the files are not up to date. Of the failures of
-    /// providers only those that are shown nowhere else.
+    /// Message for the user if the last refresh or save failed. A provider's failure appears here
+    /// only if it is not shown beside that provider's figures.
     [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {
         return m_notificationSettings;
     }
 
-    /// Also stores it under "appearance"; lastError() says when that fails.
+    /// Also stores it under "appearance"; a failure to do so goes to lastError().
     void setAppearance(model::AppAppearance appearance);
 
-    /// Also stores them; lastError() says when that fails.
+    /// Also stores them; a failure to do so goes to lastError().
     void setNotificationSettings(const notify::NotificationSettings& settings);
 
-    /// Empties the history, on show and on the disk. The token baselines stay, so that the next
-    /// refresh counts only new tokens. What cannot be written is no error here.
+    /// Empties the history, in memory and on disk; write errors are ignored. Keeps the token
+    /// baselines, so that the next refresh counts only new tokens.
     void clearHistory();
 
-    /// Asks all providers, counts local tokens, saves and publishes the result. A provider's
-    /// failure is part of the result. While one call runs, others return at once. Waits up to a
-    /// minute for another program that refreshes the same files, and builds upon what that stored.
+    /// Asks all providers, counts local tokens, saves and publishes the result. Succeeds even if
+    /// providers fail. Returns at once if another call is in progress. Waits up to a minute for
+    /// another process that is refreshing the same files, and builds on what that process stored.
     QCoro::Task<RefreshReport> refresh(providers::AskedBy askedBy);
 
-    /// Calls refresh() for the user and waits for nothing.
+    /// Starts a refresh on the user's behalf.
     void startRefresh();
 
-    /// Refreshes for the user, or waits for the refresh that runs; whether new figures were
-    /// published.
+    /// Refreshes at once and again after each refreshInterval. Does nothing under a test host or in
+    /// fixture mode.
+    void startAutoRefresh(const LaunchContext& context);
+
+    /// Refreshes on the user's behalf, or waits for the refresh in progress. Returns whether new
+    /// figures were published.
     QCoro::Task<bool> refreshOrJoin();
 
 Q_SIGNALS:
-    // Each only when the value really changed.
+    // Emitted only when the value differs.
     void snapshotChanged();
     void historyChanged();
     void isRefreshingChanged();
@@ -112,20 +122,22 @@ private:
     };
 
     QCoro::Task<Answers> askProviders(model::QuotaSnapshot previous, providers::AskedBy askedBy);
-    QCoro::Task<> refreshAlone();
+    QCoro::Task<> refreshForUser();
+    QCoro::Task<> refreshRepeatedly();
     QCoro::Task<RefreshReport> runCycle(providers::AskedBy askedBy);
     QCoro::Task<std::expected<model::FileLock, QString>> lockStore();
-    /// What a refresh builds upon.
-    [[nodiscard]] model::QuotaSnapshot takeStoredSnapshot();
-    void tellOf(const std::expected<void, model::FileError>& saved);
+    /// The figures that the next refresh is compared with.
+    [[nodiscard]] model::QuotaSnapshot previousSnapshot();
+    void showError(const std::expected<void, model::FileError>& saved);
 
-    Collaborators m_with;
+    Services m_services;
     history::TokenBaselines m_baselines;
-    /// As this program read or wrote it last; others may write it too.
+    /// The file as this process last read or wrote it; other processes write it too.
     std::optional<model::QuotaSnapshot> m_storedSnapshot;
-    /// Up to which the history counts. Not what is on show when that is made up.
+    /// The last snapshot that the history accounts for. Differs from `m_snapshot` in fixture mode.
     std::optional<model::QuotaSnapshot> m_recordedSnapshot;
-    QFuture<RefreshReport> m_end; ///< of the last refresh
+    QFuture<RefreshReport> m_end; ///< of the latest refresh
+    std::unique_ptr<platform::Alarm> m_nextRefresh;
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::QuotaSnapshot, m_snapshot,
                                &AppModel::snapshotChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, history::UsageHistory, m_history,

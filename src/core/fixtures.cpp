@@ -12,25 +12,35 @@ namespace {
 
 constexpr auto age = 120s;
 
-model::ProviderQuotaSnapshot fixtureEntry(AIProvider provider, model::Timestamp now,
-                                          const model::LocalZone& zone) {
-    const bool isCodex = provider == AIProvider::codex;
-    return {.provider = provider,
-            .planName = isCodex ? QStringLiteral("Plus") : QStringLiteral("Pro"),
-            .fiveHour = QuotaWindowSnapshot{.usedPercent = isCodex ? 42.0 : 81.0,
-                                            .resetsAt = now + (isCodex ? 134min : 62min)},
-            .week = QuotaWindowSnapshot{.usedPercent = isCodex ? 68.0 : 37.0,
-                                        .resetsAt = history::addDays(now, isCodex ? 2 : 3, zone)},
-            .syncedAt = now - age,
-            .syncState = model::QuotaSyncState::current};
-}
+struct Figures {
+    AIProvider provider;
+    QLatin1StringView planName;
+    double fiveHourPercent;
+    std::chrono::minutes fiveHourReset;
+    double weekPercent;
+    int weekResetDays;
+    int dailyQuota;
+    std::int64_t dailyTokens;
+};
+
+constexpr std::array allFigures{
+    Figures{AIProvider::codex, QLatin1StringView("Plus"), 42, 134min, 68, 2, 8, 120'000},
+    Figures{AIProvider::claude, QLatin1StringView("Pro"), 81, 62min, 37, 3, 14, 84'000}};
 
 } // namespace
 
 model::QuotaSnapshot fixtureSnapshot(model::Timestamp now, const model::LocalZone& zone) {
     model::QuotaSnapshot snapshot{.updatedAt = now - age};
-    for (const AIProvider provider : model::allCases<AIProvider>) {
-        snapshot.providers.push_back(fixtureEntry(provider, now, zone));
+    for (const Figures& figures : allFigures) {
+        const auto weekReset = history::addDays(now, figures.weekResetDays, zone);
+        snapshot.providers.push_back(
+            {.provider = figures.provider,
+             .planName = figures.planName,
+             .fiveHour = QuotaWindowSnapshot{.usedPercent = figures.fiveHourPercent,
+                                             .resetsAt = now + figures.fiveHourReset},
+             .week = QuotaWindowSnapshot{.usedPercent = figures.weekPercent, .resetsAt = weekReset},
+             .syncedAt = now - age,
+             .syncState = model::QuotaSyncState::current});
     }
     return snapshot;
 }
@@ -38,13 +48,12 @@ model::QuotaSnapshot fixtureSnapshot(model::Timestamp now, const model::LocalZon
 history::UsageHistory fixtureHistory(model::Timestamp now, const model::LocalZone& zone) {
     history::UsageHistory history;
     for (int day = 0; day < 14; ++day) {
-        for (const AIProvider provider : model::allCases<AIProvider>) {
-            const bool isCodex = provider == AIProvider::codex;
+        for (const Figures& figures : allFigures) {
             history.points.push_back(
                 {.date = history::addDays(now, -day, zone),
-                 .provider = provider,
-                 .estimatedQuotaConsumed = ((isCodex ? 8 : 14) + 7 * day) % 31 * 1.0,
-                 .estimatedLocalTokens = (day + 1) * (isCodex ? 120'000 : 84'000)});
+                 .provider = figures.provider,
+                 .estimatedQuotaConsumed = (figures.dailyQuota + 7 * day) % 31 * 1.0,
+                 .estimatedLocalTokens = (day + 1) * figures.dailyTokens});
         }
     }
     return history;

@@ -4,13 +4,13 @@
 #include "model/local_zone.h"
 #include "model/quota_snapshot.h"
 
-/// Fixed, plausible figures to look at and to demonstrate with, dated from the moment of the call.
+/// Fixed, plausible figures for demonstrations, with dates relative to `now`.
 namespace tallyvane::core {
 
 [[nodiscard]] model::QuotaSnapshot fixtureSnapshot(model::Timestamp now,
                                                    const model::LocalZone& zone);
 
-/// Fourteen days of both providers, newest first.
+/// Fourteen days of all providers, newest first.
 [[nodiscard]] history::UsageHistory fixtureHistory(model::Timestamp now,
                                                    const model::LocalZone& zone);
 

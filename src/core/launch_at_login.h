@@ -8,13 +8,13 @@ namespace tallyvane::core {
 
 [[nodiscard]] bool launchesAtLogin(const platform::LoginItem& item);
 
-/// Asks the desktop for a change only when there is one to make. After an error, which is a text
-/// for the user, the state is to be read again.
+/// Changes the login item unless it is in the wanted state already. The error is a message for the
+/// user; after one, read the state again.
 [[nodiscard]] std::expected<void, QString> setLaunchAtLogin(platform::LoginItem& item, bool wanted);
 
-/// Whether the main window, now shown, is to ask if the program shall start at login. True once in
-/// a lifetime, which "hasAskedLaunchAtLogin" remembers, and never under a test host or in fixture
-/// mode.
+/// Whether to ask the user, now that the main window is shown, about launching at login. True only
+/// the first time, which is recorded as "hasAskedLaunchAtLogin"; always false under a test host or
+/// in fixture mode.
 [[nodiscard]] bool takeLaunchQuestion(model::DefaultsStore& defaults, const LaunchContext& context);
 
 } // namespace tallyvane::core

@@ -4,17 +4,15 @@
 
 namespace tallyvane::core {
 
-/// How this run of the program was started.
+/// How the program was started.
 struct LaunchContext {
-    bool isTestHost = false;    ///< inside a test runner, where nothing happens by itself
-    bool isFixtureMode = false; ///< shows made-up figures and fetches none by itself
-
-    bool operator==(const LaunchContext&) const = default;
+    bool isTestHost = false;    ///< in a test runner: nothing starts automatically
+    bool isFixtureMode = false; ///< shows sample figures and never fetches automatically
 };
 
-/// Reads the context from an environment of "NAME=value" entries: a test host by a name that begins
-/// with "XCTest", the name "XCInjectBundleInto", or a class XCTestCase in this process; fixture
-/// mode by GAUGEWELL_USE_FIXTURES=1 exactly.
+/// Reads the context from "NAME=value" entries. A test host is recognised by a variable whose name
+/// begins with "XCTest", by the variable "XCInjectBundleInto", or by a class XCTestCase in this
+/// process; fixture mode by GAUGEWELL_USE_FIXTURES=1 exactly.
 [[nodiscard]] LaunchContext launchContext(const QStringList& environment);
 
 } // namespace tallyvane::core

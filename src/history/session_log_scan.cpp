@@ -40,7 +40,7 @@ public:
           m_stop(stop) {}
 
     [[nodiscard]] ScanReport run() {
-        for (const AIProvider provider : model::allCases<AIProvider>) {
+        for (const auto& [provider, root] : m_roots) {
             m_report.totals[provider] = total(provider);
         }
         return m_report;

@@ -9,6 +9,24 @@ namespace {
 
 using namespace std::chrono;
 
+struct ProviderDisplay {
+    QLatin1StringView name;
+    Colour accent;
+    QLatin1StringView usagePage;
+};
+
+/// In the order of AIProvider.
+constexpr std::array displays{
+    ProviderDisplay{QLatin1StringView{"Codex"}, Colour{0.38, 0.37, 0.93},
+                    QLatin1StringView{"https://chatgpt.com/settings/usage"}},
+    ProviderDisplay{QLatin1StringView{"Claude"}, Colour{0.91, 0.42, 0.2},
+                    QLatin1StringView{"https://claude.ai/settings/usage"}}};
+static_assert(displays.size() == allCases<AIProvider>.size());
+
+const ProviderDisplay& displayOf(AIProvider provider) {
+    return displays[static_cast<std::size_t>(std::to_underlying(provider))];
+}
+
 QString pendingText(const ProviderQuotaSnapshot& entry) {
     return entry.statusMessage.value_or(QStringLiteral("Sync pending"));
 }
@@ -20,17 +38,15 @@ int wholeRemaining(const std::optional<QuotaWindowSnapshot>& window) {
 } // namespace
 
 Colour accentColour(AIProvider provider) {
-    return provider == AIProvider::claude ? Colour{.red = 0.91, .green = 0.42, .blue = 0.2}
-                                          : Colour{.red = 0.38, .green = 0.37, .blue = 0.93};
+    return displayOf(provider).accent;
 }
 
 QString usagePage(AIProvider provider) {
-    return provider == AIProvider::claude ? QStringLiteral("https://claude.ai/settings/usage")
-                                          : QStringLiteral("https://chatgpt.com/settings/usage");
+    return displayOf(provider).usagePage;
 }
 
 QString displayName(AIProvider provider) {
-    return provider == AIProvider::claude ? QStringLiteral("Claude") : QStringLiteral("Codex");
+    return displayOf(provider).name;
 }
 
 double remainingPercent(const QuotaWindowSnapshot& window) {

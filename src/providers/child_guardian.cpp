@@ -20,18 +20,18 @@ namespace {
 using namespace std::chrono;
 
 constexpr milliseconds groupPollInterval{20};
-constexpr int killRounds = 50; ///< what is being killed may still fork
+constexpr int killRounds = 50; ///< a process may fork while it is being killed
 
-/// As getdents64(2) writes it.
+/// The layout that getdents64(2) writes.
 struct DirectoryEntry {
     std::uint64_t inode;
     std::int64_t offset;
     std::uint16_t length;
     std::uint8_t type;
-    char name[1]; ///< ends with a NUL
+    char name[1]; ///< NUL-terminated
 };
 
-/// The decimal number that a text begins with; 0 if there is none.
+/// The decimal number at the start of the text, or 0 if there is none.
 pid_t numberAt(const char* text) {
     pid_t number = 0;
     while (*text >= '0' && *text <= '9') {
@@ -40,8 +40,8 @@ pid_t numberAt(const char* text) {
     return number;
 }
 
-/// Whether the process is in the session of the group, but not in the group. In /proc/<id>/stat
-/// stands "id (name) state parent group session …", where the name may hold anything.
+/// Whether the process is in the group's session but not in the group. /proc/<id>/stat reads
+/// "id (name) state parent group session …", where the name may contain anything.
 bool hasLeft(pid_t group, int procDirectory, const char* id) {
     std::array<char, 32> path{};
     std::size_t length = 0;
@@ -71,10 +71,10 @@ bool hasLeft(pid_t group, int procDirectory, const char* id) {
     return skip(1) == group && !isInGroup;
 }
 
-/// Sends `signal` (0: none) to the processes that have left the group for another one of its
-/// session, as a shell does with its jobs; whether there are any.
+/// Sends `signal` (0: none) to processes that have moved to another group of the same session, as a
+/// shell's jobs do. Returns whether there are any.
 bool signalStrays(pid_t group, int signal) {
-    // Not on the stack, which is as small as the child's is (see startGuardian).
+    // Static because the stack is tiny (see startGuardian).
     alignas(DirectoryEntry) static std::array<char, 4096> entries;
     bool isAnyLeft = false;
     const int directory = ::open("/proc", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -97,16 +97,17 @@ bool signalStrays(pid_t group, int signal) {
     return isAnyLeft;
 }
 
-/// The whole life of the guardian: nothing but async-signal-safe calls.
+/// The guardian's main function. Makes async-signal-safe calls only, and so reads the time itself:
+/// no event loop and no Clock exist in this process.
 [[noreturn]] void keepWatch(int lifeline, pid_t group, milliseconds grace) {
     sigset_t all;
     ::sigfillset(&all);
     ::sigprocmask(SIG_SETMASK, &all, nullptr);
-    // Outside the group, so as not to signal itself, but inside the session, whose number is the
-    // group's: while the guardian lives, the system gives that number to no one else.
+    // Leave the group so as not to signal itself, but stay in the session: while a process is in
+    // it, the kernel does not reuse its ID, which is also the group's.
     ::setpgid(0, 0);
-    // An inherited descriptor would hold the child's pipes open, and the pipe by which QProcess
-    // learns that the program has been started.
+    // Inherited descriptors would keep open the child's pipes and the pipe through which QProcess
+    // learns that the program has started.
     ::dup2(lifeline, STDIN_FILENO);
     ::closefrom(STDIN_FILENO + 1);
 
@@ -126,24 +127,23 @@ bool signalStrays(pid_t group, int signal) {
     ::_exit(0);
 }
 
-/// Nothing runs unguarded. QProcess sees a program that says so and ends at once.
+/// Exits before the program starts, which must not run unguarded; QProcess reports the message.
 [[noreturn]] void refuseToStart() {
     constexpr std::string_view reason = "The system has no more processes or open files to give.\n";
     [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, reason.data(), reason.size());
     ::_exit(1);
 }
 
-/// Runs in QProcess's child before it becomes the program. Until then the child borrows the memory
-/// of this program and a stack of 4 kB (seen in Qt 6.4), and this program stands still: hence
-/// nothing here but a few system calls.
+/// Runs in QProcess's child before exec. The child shares this program's memory, has a stack of
+/// only 4 kB (seen in Qt 6.4) and blocks this program: hence only a few system calls here.
 void startGuardian(int lifeline, milliseconds grace) {
     const pid_t group = ::setsid();
     std::array<int, 2> untilReady{};
     if (::pipe2(untilReady.data(), O_CLOEXEC) != 0) {
         refuseToStart();
     }
-    // A fork that signals nobody when it ends, so that the program, whose child it is, does not
-    // meet it in its wait calls.
+    // A fork that sends no signal on exit, so that the program does not see an unexpected child in
+    // its wait calls.
     const long guardian = ::syscall(SYS_clone, 0, 0, 0, 0, 0);
     if (guardian == 0) {
         keepWatch(lifeline, group, grace);
@@ -151,7 +151,7 @@ void startGuardian(int lifeline, milliseconds grace) {
     if (guardian < 0) {
         refuseToStart();
     }
-    // Until the guardian has left the group and closed what it inherited.
+    // Wait until the guardian has left the group and closed what it inherited.
     ::close(untilReady[1]);
     char nothing = 0;
     while (::read(untilReady[0], &nothing, 1) < 0 && errno == EINTR) {
@@ -162,7 +162,7 @@ void startGuardian(int lifeline, milliseconds grace) {
 } // namespace
 
 ChildGuardian::ChildGuardian() {
-    // On failure both ends keep their -1.
+    // On failure both ends remain -1.
     [[maybe_unused]] const int result = ::pipe2(m_lifeline.data(), O_CLOEXEC);
 }
 

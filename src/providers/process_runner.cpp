@@ -19,7 +19,7 @@ std::unexpected<ProcessRunnerError> launchFailed(const QString& reason) {
         ProcessRunnerError{ProcessRunnerError::Kind::launchFailed, model::readableText(reason)});
 }
 
-/// A child that talks to `collector` and is torn down, without being waited for, with this object.
+/// A child whose output goes to `collector`. The destructor ends it without waiting for it.
 class Child {
 public:
     Child(const QString& executable, const QStringList& arguments, const QByteArray& input,
@@ -52,7 +52,7 @@ public:
         m_process->closeReadChannel(QProcess::StandardOutput);
         m_process->closeReadChannel(QProcess::StandardError);
         m_process->closeWriteChannel();
-        // The destructor of a running QProcess kills the program and waits, so it stays until then.
+        // ~QProcess would kill a running program and wait for it.
         if (m_process->state() == QProcess::NotRunning) {
             m_process->deleteLater();
         } else {
@@ -68,7 +68,7 @@ public:
     Child& operator=(const Child&) = delete;
 
 private:
-    QProcess* m_process; // deletes itself, see above
+    QProcess* m_process; ///< deletes itself once its program has ended
     ChildGuardian m_guardian;
 };
 
@@ -83,8 +83,7 @@ std::optional<QString> findExecutable(const QStringList& candidates) {
 }
 
 ProcessRunner::~ProcessRunner() {
-    // Their guardians see to their end. The destructor of a running QProcess would kill its program
-    // at once and wait, so each of them is left to delete itself when it can.
+    // ~QProcess would kill a running program and wait for it. The guardians end the programs.
     for (QProcess* process : m_processes.findChildren<QProcess*>()) {
         process->setParent(nullptr);
     }
@@ -95,7 +94,7 @@ QCoro::Task<CommandReply> ProcessRunner::requestRateLimits(QString executable,
                                                            std::chrono::milliseconds timeout) {
     ResponseCollector collector;
     const auto giveUp = [&collector] { collector.timeoutFired(); };
-    // The child does not get on either while the machine is suspended.
+    // The child makes no progress while the machine is suspended.
     const auto alarm = m_clock.after(timeout, giveUp, platform::SuspendedTime::doesNotCount);
     const Child child(executable, arguments, input, m_grace, collector, m_processes);
     co_return co_await collector.waitForResult();

@@ -6,18 +6,18 @@
 
 namespace tallyvane::providers {
 
-/// Why a command gave no answer.
+/// Why a command gave no reply.
 struct ProcessRunnerError {
     enum class Kind {
-        executableNotFound, ///< `text` is the name of the program as the user knows it
-        failed,             ///< `text` is what the command said of it
-        timedOut,           ///< no answer in time, and the command said nothing
+        executableNotFound, ///< `text` is the program's name as the user knows it
+        failed,             ///< `text` is the command's own message
+        timedOut,           ///< no reply in time, and no message
         launchFailed,       ///< `text` is the system's reason for not starting the program
     };
 
     Kind kind = Kind::timedOut;
-    QString text;             ///< readable, whoever wrote it
-    std::int32_t status = -1; ///< of `failed` alone; -1 as no exit status is ever read
+    QString text;             ///< made readable; may name the user's account, so never stored
+    std::int32_t status = -1; ///< for `failed` only; always -1, as no exit status is ever read
 
     bool operator==(const ProcessRunnerError&) const = default;
 };

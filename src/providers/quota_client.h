@@ -9,37 +9,35 @@
 
 namespace tallyvane::providers {
 
-/// Who wants the figures.
+/// Who requested the figures.
 enum class AskedBy {
     user,
-    timer, ///< held back while the service wants it so
+    timer, ///< may be denied while the service asks for a pause
 };
 
-/// Why a provider gave no figures, in the user's words.
+/// Why a provider gave no figures, and how to tell the user.
 struct QuotaFailure {
     enum class Place {
-        errorLine,     ///< the program's one line for errors
-        besideFigures, ///< the status message of the provider's own, older figures
+        errorLine,     ///< the program's error line
+        besideFigures, ///< the status message beside the provider's old figures
     };
 
-    QString text; ///< one sentence; may name the user's account, so it is never stored
+    QString text; ///< one sentence; may name the user's account, so never stored
     Place shownAt = Place::errorLine;
-    /// Of `Place::besideFigures` alone: what is shown there, and stored; nothing to show nothing.
+    /// For `Place::besideFigures` only: the status message, which is stored, or nullopt for none.
     std::optional<QString> shortText;
-
-    bool operator==(const QuotaFailure&) const = default;
 };
 
 using QuotaResult = std::expected<model::ProviderQuotaSnapshot, QuotaFailure>;
 
-/// Asks one provider for its quotas. Main thread only; outlives its tasks.
+/// Asks one provider for its quotas. Main thread only; must outlive its tasks.
 class QuotaClient {
 public:
     virtual ~QuotaClient() = default;
 
     [[nodiscard]] virtual model::AIProvider provider() const = 0;
 
-    /// The provider's entry as of now. Ends within a minute, whatever the other side does.
+    /// The provider's current entry. Completes within a minute, whatever the other side does.
     [[nodiscard]] virtual QCoro::Task<QuotaResult> fetch(AskedBy askedBy) = 0;
 };
 

@@ -1,7 +1,7 @@
 #include "providers/response_collector.h"
 
 #include "model/foreign_text.h"
-#include "providers/json_members.h"
+#include "providers/reply_reading.h"
 
 #include <QtCore/QStringDecoder>
 
@@ -10,7 +10,7 @@
 namespace tallyvane::providers {
 
 void ResponseCollector::appendOutput(QByteArrayView chunk) {
-    // Only new bytes are searched, so a flood without newlines costs no more than its length.
+    // Searching only the new bytes keeps a flood without newlines linear.
     while (!m_finished && !chunk.isEmpty()) {
         const qsizetype newline = chunk.indexOf('\n');
         const QByteArrayView part = newline < 0 ? chunk : chunk.first(newline);
@@ -40,7 +40,7 @@ void ResponseCollector::appendError(QByteArrayView chunk) {
 }
 
 void ResponseCollector::timeoutFired() {
-    // The decoder keeps a cut last character to itself instead of calling it an error.
+    // A stateful decoder: a character cut off at the end is not an error.
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder.decode(m_error);
     const QStringView words = decoder.hasError() ? QStringView() : QStringView(text).trimmed();

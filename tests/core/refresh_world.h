@@ -9,19 +9,21 @@
 #include <QtCore/QPromise>
 #include <QtCore/QTemporaryDir>
 
-/// What a refresh meets, as random courses move it: assistants, logs, a clock, programs.
+/// The surroundings of a refresh: assistants, session logs, a clock and the stored files.
 namespace tallyvane::tests {
 
 using Figure = std::optional<double>;
 
-/// One assistant: what its service says now, and all that was told of it so far.
+/// One assistant: what its service reports now, and what it has reported so far.
 struct Assistant {
     model::AIProvider provider;
     Figure used;
     std::int64_t tokens = 0;
     bool isFailing = false;
+    providers::QuotaFailure failure;
+    QList<providers::AskedBy> requests;
     QList<Figure> toldUsed;
-    QList<Figure> toldTokens; ///< none where there are no logs
+    QList<Figure> toldTokens; ///< nullopt where there were no logs
     Figure stored;
 };
 
@@ -31,29 +33,27 @@ struct World {
         const bool isCodex = assistant.provider == model::AIProvider::codex;
         const QString path = home.filePath(isCodex ? QStringLiteral(".codex/sessions/log.jsonl")
                                                    : QStringLiteral(".claude/projects/log.jsonl"));
-        const std::int64_t more = tokens - assistant.tokens;
         const QByteArray line =
             isCodex ? R"({"payload":{"type":"token_count","info":{"total_token_usage":)"
-                      R"({"total_tokens":)" +
-                          QByteArray::number(qint64{tokens}) + "}}}}\n"
-                    : R"({"type":"assistant","message":{"usage":{"input_tokens":)" +
-                          QByteArray::number(qint64{more < 0 ? tokens : more}) + "}}}\n";
+                      R"({"total_tokens":%}}}})"
+                    : R"({"type":"assistant","message":{"usage":{"input_tokens":%}}})";
         if (tokens == 0) {
             QFile::remove(path);
         } else {
-            writeFile(path, (more < 0 ? QByteArray() : readFile(path)) + line);
+            writeFile(path, QByteArray(line).replace('%', QByteArray::number(qint64{tokens})));
         }
         assistant.tokens = tokens;
     }
 
     void letAnswer() {
         isHoldingAnswers = false;
-        for (const auto& answer : std::exchange(heldAnswers, {})) {
-            answer->finish();
+        for (QPromise<void>& answer : std::exchange(heldAnswers, {})) {
+            answer.start();
+            answer.finish();
         }
     }
 
-    /// In memory, where there is such a folder: a course has hundreds of files.
+    /// In memory if possible: a course has hundreds of files.
     QTemporaryDir home{QFileInfo(QStringLiteral("/dev/shm")).isWritable()
                            ? QStringLiteral("/dev/shm/tallyvane-XXXXXX")
                            : QDir::tempPath() + QStringLiteral("/tallyvane-XXXXXX")};
@@ -62,27 +62,24 @@ struct World {
     std::array<Assistant, 2> assistants{Assistant{model::AIProvider::codex},
                                         Assistant{model::AIProvider::claude}};
     bool isHoldingAnswers = false;
-    std::vector<std::shared_ptr<QPromise<void>>> heldAnswers;
+    std::vector<QPromise<void>> heldAnswers;
 };
 
-/// Tells what the world says of one assistant.
+/// Reports an assistant's figure as its weekly quota.
 class ScriptedClient final : public providers::QuotaClient {
 public:
     ScriptedClient(World& world, Assistant& assistant) : m_world(world), m_assistant(assistant) {}
 
     [[nodiscard]] model::AIProvider provider() const override { return m_assistant.provider; }
 
-    [[nodiscard]] QCoro::Task<providers::QuotaResult>
-    fetch(providers::AskedBy /*askedBy*/) override {
+    [[nodiscard]] QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override {
+        m_assistant.requests << askedBy;
         if (m_world.isHoldingAnswers) {
-            const auto answer = std::make_shared<QPromise<void>>();
-            answer->start();
-            m_world.heldAnswers.push_back(answer);
-            const QFuture<void> answered = answer->future();
+            const QFuture<void> answered = m_world.heldAnswers.emplace_back().future();
             co_await answered;
         }
         if (m_assistant.isFailing) {
-            co_return std::unexpected(providers::QuotaFailure{QStringLiteral("failed")});
+            co_return std::unexpected(m_assistant.failure);
         }
         m_assistant.toldUsed << m_assistant.used;
         model::ProviderQuotaSnapshot entry{.provider = provider(),
@@ -99,14 +96,16 @@ private:
     Assistant& m_assistant;
 };
 
-struct SilentWidgetCentre final : platform::WidgetCentre {
-    void reloadTimelines(const QString& /*kind*/) override {}
-    void reloadAllTimelines() override {}
+struct RecordingWidgetCentre final : platform::WidgetCentre {
+    QStringList calls;
+    void reloadTimelines(const QString& kind) override { calls << kind; }
+    void reloadAllTimelines() override { calls << QStringLiteral("all"); }
 };
 
-/// A program that refreshes, with a zone of its own; several share the world's files.
+/// A process that refreshes, in its own time zone; several share the world's files.
 struct Writer {
-    Writer(World& world, const QByteArray& zoneName)
+    explicit Writer(World& world, const QByteArray& zoneName = "UTC",
+                    std::optional<model::QuotaSnapshot> shown = std::nullopt)
         : zone(zoneName),
           locations{.dataHome = world.root / "data", .configHome = world.root / "config"},
           codexClient(world, world.assistants[0]),
@@ -119,7 +118,13 @@ struct Writer {
                  .notifier = notifier,
                  .widgetCentre = widgetCentre,
                  .clock = world.clock,
-                 .zone = model::LocalZone(zone)}) {}
+                 .zone = model::LocalZone(zone)},
+                std::move(shown)) {}
+
+    core::RefreshReport::Outcome refresh() {
+        const auto task = model.refresh(providers::AskedBy::user);
+        return QCoro::waitFor(task).outcome;
+    }
 
     QTimeZone zone;
     model::StoreLocations locations;
@@ -131,7 +136,7 @@ struct Writer {
     history::LocalTokenEstimator tokenEstimator;
     FakeNotificationCentre notificationCentre;
     notify::QuotaNotifier notifier{notificationCentre};
-    SilentWidgetCentre widgetCentre;
+    RecordingWidgetCentre widgetCentre;
     core::AppModel model;
 };
 

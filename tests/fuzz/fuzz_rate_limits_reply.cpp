@@ -1,7 +1,7 @@
 #include "fuzz/fuzz_target.h"
 #include "model/foreign_text.h"
 #include "providers/codex/rate_limits_reply.h"
-#include "providers/json_members.h"
+#include "providers/reply_reading.h"
 #include "support/readable.h"
 
 /// Whatever Codex replies can be stored and shown.
@@ -12,8 +12,8 @@ void tallyvane::fuzz::check(const QByteArray& input) {
     }
     const auto entry = providers::parseRateLimitsReply(*reply, {});
     if (!entry) {
-        const auto* error = std::get_if<providers::ProcessRunnerError>(&entry.error());
-        require(error == nullptr || tests::isReadable(error->text));
+        constexpr qsizetype maximumLength = 4096 + sizeof "Command failed (-1): ";
+        require(tests::isReadable(entry.error().text, maximumLength));
         return;
     }
     const auto json = model::encodeSnapshot({.providers = {*entry}});

@@ -5,62 +5,61 @@
 #include "support/test_main.h"
 
 #include <QCoro/QCoroTask>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QProcess>
 
 #include <cerrno>
-#include <chrono>
 #include <optional>
 #include <signal.h>
 #include <sys/wait.h>
 
 using namespace tallyvane;
 using namespace std::chrono_literals;
+using providers::ResponseCollector;
 
 namespace {
 
-constexpr int patience = 20'000; // ms; for what happens soon
+constexpr int patience = 20'000; // ms
 
 QString inHome(const char* name) {
-    return qEnvironmentVariable("HOME") + u'/' + QLatin1StringView{name};
+    return QDir::homePath() + u'/' + QLatin1StringView{name};
 }
 
-QString program(const QString& name) {
-    return QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") + name;
+QString program(const char* name) {
+    return QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") + QLatin1StringView{name};
 }
 
 /// How many programs run that this test has started, however indirectly. They have its home
-/// directory in their environment; this test had another when it was started.
-int runningPrograms() {
-    return static_cast<int>(tests::processesIn(qgetenv("HOME")).size());
+/// directory in their environment; this test itself was started with another one.
+qsizetype runningPrograms() {
+    return tests::processesIn(qgetenv("HOME")).size();
 }
 
-/// Whether this process has no child, not even one that ended without being waited for.
+/// Whether this process has no child, not even a zombie.
 bool hasNoChild() {
     siginfo_t ignored;
     return ::waitid(P_ALL, 0, &ignored, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
 }
 
-QString outcome(const providers::QuotaResult& result) {
-    return result ? result->planName.value_or(QString{}) : result.error().text;
-}
-
-/// A client on a clock of its own and its one fetch.
+/// One fetch and its clock.
 struct Fetch {
     explicit Fetch(const QStringList& candidates) : client(candidates, runner, clock) {
         QCoro::connect(client.fetch(providers::AskedBy::user), &context,
-                       [this](const providers::QuotaResult& value) { result.emplace(value); });
+                       [this](const providers::QuotaResult& result) {
+                           outcome = result ? *result->planName : result.error().text;
+                       });
     }
 
     tests::ManualClock clock{model::Timestamp{}};
-    providers::ProcessRunner runner{clock, 1min}; // long enough for what a test looks at
+    providers::ProcessRunner runner{clock, 1min}; // longer than any test looks
     providers::CodexQuotaClient client;
-    std::optional<providers::QuotaResult> result;
+    std::optional<QString> outcome;
     QObject context;
 };
 
 } // namespace
 
-class TestCodexQuotaClient final : public tests::HermeticTest {
+class CodexQuotaClientTest final : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -70,81 +69,110 @@ private Q_SLOTS:
         QFile::remove(inHome("ready"));
     }
 
-    void answersAtOnce_data() {
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("reply-amid-noise") << QStringLiteral("Plus");
-        QTest::newRow("launcher-stays") << QStringLiteral("Command failed (-1): sign in");
-        QTest::newRow("floods") << QStringLiteral("Command timed out.");
-        QTest::newRow("no-interpreter") << QStringLiteral("No such file or directory");
-        QTest::newRow("no-program") << QStringLiteral("Exec format error");
-    }
-
     void answersAtOnce() {
-        QFETCH(QString, expected);
-        Fetch fetch({program(QLatin1StringView{QTest::currentDataTag()})});
-        QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
-        QVERIFY2(outcome(*fetch.result).endsWith(expected), qPrintable(outcome(*fetch.result)));
-        QCOMPARE(fetch.clock.pendingAlarms(), std::size_t{0});
-    }
-
-    void timesOut_data() {
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("hangs") << QStringLiteral("Command timed out.");
-        QTest::newRow("launcher-ends") << QStringLiteral("Command timed out.");
-        QTest::newRow("dies") << QStringLiteral("Command failed (-1): boom");
-        QTest::newRow("garbage") << QStringLiteral("Command timed out.");
+        const auto check = [](const char* name, const char* expected) {
+            Fetch fetch({program(name)});
+            QTRY_VERIFY2_WITH_TIMEOUT(fetch.outcome, name, patience);
+            QVERIFY2(fetch.outcome->endsWith(QLatin1StringView(expected)),
+                     qPrintable(*fetch.outcome));
+            QCOMPARE(fetch.clock.pendingAlarms(), 0U);
+        };
+        check("reply-amid-noise", "Plus");
+        check("launcher-stays", "Command failed (-1): sign in");
+        check("floods", "Command timed out.");
+        check("no-interpreter", "No such file or directory");
+        check("no-program", "Exec format error");
     }
 
     void timesOut() {
-        Fetch fetch({program(QLatin1StringView{QTest::currentDataTag()})});
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
-        for (int round = 0; round < 10; ++round) { // notice the start, then read what is there
+        const auto check = [](const char* name, const char* expected) {
+            QFile::remove(inHome("ready"));
+            Fetch fetch({program(name)});
+            QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
+            for (int round = 0; round < 10; ++round) { // for the start, then for the output
+                QCoreApplication::processEvents();
+            }
+            fetch.clock.suspend(1h);
+            fetch.clock.advance(20s - 1ms);
             QCoreApplication::processEvents();
-        }
-        fetch.clock.suspend(1h);
-        fetch.clock.advance(19'999ms);
-        QCoreApplication::processEvents();
-        QVERIFY(!fetch.result);
-        fetch.clock.advance(1ms);
-        QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
-        QTEST(outcome(*fetch.result), "expected");
+            QVERIFY2(!fetch.outcome, name);
+            fetch.clock.advance(1ms);
+            QTRY_COMPARE_WITH_TIMEOUT(fetch.outcome, QString::fromLatin1(expected), patience);
+        };
+        check("hangs", "Command timed out.");
+        check("launcher-ends", "Command timed out.");
+        check("garbage", "Command timed out.");
+        check("dies", "Command failed (-1): boom");
     }
 
+    /// Neither for its reply nor when the program ends: it keeps its grace period.
     void doesNotWaitForTheChildToEnd() {
-        Fetch fetch({program(QStringLiteral("refuses-to-end"))});
-        QTRY_VERIFY_WITH_TIMEOUT(fetch.result, patience);
+        const QDeadlineTimer deadline(patience);
+        std::optional<Fetch> fetch(std::in_place, QStringList{program("refuses-to-end")});
+        QTRY_VERIFY_WITH_TIMEOUT(fetch->outcome, patience);
+        fetch.reset();
         QCOMPARE(runningPrograms(), 2);
+        QVERIFY(!deadline.hasExpired());
         QCOMPARE(::kill(-tests::readFile(inHome("ready")).trimmed().toInt(), SIGKILL), 0);
     }
 
-    void leavesNothingWhenKilled_data() {
-        QTest::addColumn<QString>("name");
+    void leavesNothingWhenKilled() {
         for (const char* name : {"refuses-to-end", "leaves-the-group"}) {
-            QTest::newRow(name) << QString::fromLatin1(name);
+            QProcess runner;
+            runner.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hanging_runner"),
+                         {program(name)});
+            QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
+            runner.kill();
+            QVERIFY(runner.waitForFinished());
+            cleanup();
         }
     }
 
-    void leavesNothingWhenKilled() {
-        QFETCH(QString, name);
-        QProcess runner;
-        runner.start(QCoreApplication::applicationDirPath() + QStringLiteral("/hanging_runner"),
-                     {program(name)});
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("ready")), patience);
-        runner.kill();
-        QVERIFY(runner.waitForFinished());
+    void collectsTheReply() {
+        // `expected` is the reply's member "r", or the text of the error at the time-out.
+        const auto check = [](const char* name, const QByteArrayList& output,
+                              const QByteArrayList& errors, const char* expected) {
+            ResponseCollector collector;
+            for (const QByteArray& chunk : errors) {
+                collector.appendError(chunk);
+            }
+            for (const QByteArray& chunk : output) {
+                collector.appendOutput(chunk);
+            }
+            collector.timeoutFired();
+            const auto reply = collector.waitForResult().result();
+            const QString text = reply ? (*reply)[u"r"].toString() : description(reply.error());
+            QVERIFY2(text == QLatin1StringView(expected), name);
+        };
+        const QByteArray found = "{\"id\":1,\"r\":\"found\"}\n";
+        const char* const timedOut = "Command timed out.";
+        const char* const failed = "Command failed (-1): boom";
+        const QByteArray atLimit(ResponseCollector::maximumLineSize - found.size() + 1, ' ');
+        const QByteArray blank(ResponseCollector::maximumErrorSize - 5, ' ');
+        check("after another reply", {"{\"id\":0,\"r\":\"other\"}\n" + found}, {}, "found");
+        check("split within the id", {R"({"r":"found","i)", R"(d":1)", "", "}\n"}, {}, "found");
+        check("amid noise", {"\n[1]\n1\n{\"id\":\n{}\n\xff\n" + found}, {"warning"}, "found");
+        check("first of several", {found + "{\"id\":1}\n", "{\"id\":1}\n"}, {}, "found");
+        check("id 1.0", {"{\"id\":1.0,\"r\":\"found\"}\r\n"}, {}, "found");
+        check("other ids", {"{\"id\":\"1\"}\n{\"id\":true}\n{\"id\":1.5}\n"}, {}, timedOut);
+        check("no newline", {found.chopped(1)}, {}, timedOut);
+        check("line at the limit", {atLimit, found}, {}, "found");
+        check("line over the limit", {atLimit + ' ', found}, {}, timedOut);
+        check("standard error", {}, {"  bo", "om \n"}, failed);
+        check("blank standard error", {}, {" \n"}, timedOut);
+        check("coloured standard error", {}, {"\x1b[31mbo\x1b[1;4mom \n\x1b[0m\n"}, failed);
+        check("only colours", {}, {"\x1b[0m\n\x1b[K"}, timedOut);
+        check("not UTF-8", {}, {"boom \xff\xfe boom"}, timedOut);
+        check("cut within a character", {}, {blank, "boom\xc3\xa9", "more"}, failed);
     }
 
     void looksForARegularExecutable() {
         const QStringList unfit{inHome("missing"), inHome(""), QStringLiteral("/etc/passwd")};
-        const Fetch fetch(unfit);
-        QVERIFY(fetch.result);
-        QCOMPARE(outcome(*fetch.result), QStringLiteral("Could not find Codex CLI."));
-
-        const QString first = program(QStringLiteral("hangs"));
-        const QStringList candidates = unfit + QStringList{first, QStringLiteral("/bin/sh")};
-        QCOMPARE(providers::findExecutable(candidates), std::optional(first));
+        QCOMPARE(Fetch(unfit).outcome, QStringLiteral("Could not find Codex CLI."));
+        const QStringList candidates = unfit + QStringList{program("hangs"), program("dies")};
+        QCOMPARE(providers::findExecutable(candidates), program("hangs"));
     }
 };
 
-TALLYVANE_TEST_MAIN(TestCodexQuotaClient)
+TALLYVANE_TEST_MAIN(CodexQuotaClientTest)
 #include "codex_quota_client_test.moc"

@@ -18,13 +18,10 @@ TlsIdentity makeTlsIdentity(const QString& name) {
     QFile certificate(directory.filePath(QStringLiteral("certificate")));
     QFile key(directory.filePath(QStringLiteral("key")));
     QProcess openssl;
-    openssl.start(QStringLiteral("openssl"),
-                  {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-nodes"),
-                   QStringLiteral("-newkey"), QStringLiteral("ec"), QStringLiteral("-pkeyopt"),
-                   QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-subj"),
-                   QStringLiteral("/CN=Test"), QStringLiteral("-addext"),
-                   QStringLiteral("subjectAltName=") + name, QStringLiteral("-keyout"),
-                   key.fileName(), QStringLiteral("-out"), certificate.fileName()});
+    openssl.startCommand(QStringLiteral("openssl req -x509 -nodes -newkey ec "
+                                        "-pkeyopt ec_paramgen_curve:prime256v1 -subj /CN=Test "
+                                        "-addext subjectAltName=%1 -keyout %2 -out %3")
+                             .arg(name, key.fileName(), certificate.fileName()));
     openssl.waitForFinished();
     if (!certificate.open(QIODevice::ReadOnly) || !key.open(QIODevice::ReadOnly)) {
         qFatal("openssl made no certificate: %s", openssl.readAllStandardError().constData());

@@ -45,7 +45,6 @@ public:
 DesktopProgram::DesktopProgram(const Environment& environment)
     : m_environment(environment),
       m_composition(environment),
-      m_autoRefresh(m_composition.model, m_composition.clock),
       m_loginItem(autostartPlaces(environment)),
       m_statusArea(m_composition.model, m_appearance, iconFolder(environment)),
       m_application([this] { return m_composition.model.refreshOrJoin(); }) {
@@ -83,7 +82,7 @@ std::optional<ExitCode> DesktopProgram::start(StartMode mode) {
                    ? ExitCode::success
                    : reportNoAnswer();
     }
-    m_autoRefresh.start(m_environment.launchContext);
+    m_composition.model.startAutoRefresh(m_environment.launchContext);
     if (mode != StartMode::background) {
         openMainWindow(m_environment.activationToken);
     }

@@ -4,7 +4,6 @@
 #include "app/desktop/status_area.h"
 #include "app/desktop/windows_library.h"
 #include "app/start_command.h"
-#include "core/auto_refresh.h"
 #include "platform/linux/autostart_entry.h"
 #include "platform/linux/dbus_application.h"
 
@@ -28,7 +27,6 @@ private:
 
     Environment m_environment;
     Composition m_composition;
-    core::AutoRefresh m_autoRefresh;
     platform::AutostartEntry m_loginItem;
     platform::SystemAppearance m_appearance;
     StatusArea m_statusArea;

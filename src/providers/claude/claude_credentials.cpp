@@ -1,7 +1,7 @@
 #include "providers/claude/claude_credentials.h"
 
 #include "model/file_io.h"
-#include "providers/json_members.h"
+#include "providers/reply_reading.h"
 
 namespace tallyvane::providers {
 
@@ -9,8 +9,7 @@ namespace {
 
 constexpr qsizetype maximumRecordSize = 1024 * 1024;
 
-/// A moment outside the years that have a timestamp is as long past, or as far ahead, as one can
-/// be.
+/// Clamped to the range of a timestamp.
 model::Timestamp expiry(double milliseconds) {
     using namespace std::chrono;
     constexpr sys_seconds earliest = sys_days{year{0} / January / 1};
@@ -31,9 +30,8 @@ bool isControl(QChar c) {
 
 std::optional<Credentials> parseSignInRecord(const QByteArray& json) {
     const auto record = parseObject(json).value_or(QJsonObject());
-    const auto signIn =
-        objectMember(record, QLatin1StringView("claudeAiOauth")).value_or(QJsonObject());
-    const QString token = textMember(signIn, QLatin1StringView("accessToken")).value_or(QString());
+    const QJsonObject signIn = record[QLatin1StringView("claudeAiOauth")].toObject();
+    const QString token = signIn[QLatin1StringView("accessToken")].toString();
     if (token.isEmpty() || std::ranges::any_of(token, isControl)) {
         return std::nullopt;
     }
@@ -53,7 +51,7 @@ readStoredCredentials(platform::SecretStore* store, QString keychainService,
     if (secret) {
         credentials = parseSignInRecord(secret->bytes);
     } else {
-        none.keyringError = secret.error().reason;
+        none.reason = secret.error().reason;
     }
     if (!credentials) {
         const auto bytes = model::readFile(file, maximumRecordSize);

@@ -14,11 +14,9 @@ namespace tallyvane::providers {
 
 /// The sign-in of the user's own Claude Code.
 struct Credentials {
-    QByteArray accessToken; ///< a secret; UTF-8, not empty, without control characters
+    QByteArray accessToken; ///< secret; UTF-8, not empty, no control characters
     std::optional<model::Timestamp> expiresAt;
     std::optional<QString> subscriptionType; ///< the plan's identifier, such as "claude_max"
-
-    bool operator==(const Credentials&) const = default;
 };
 
 /// Reads the record that Claude Code keeps:
@@ -26,23 +24,21 @@ struct Credentials {
 ///     {"claudeAiOauth": {"accessToken": text, "expiresAt": milliseconds since 1970,
 ///                        "subscriptionType": text, ...}, ...}
 ///
-/// Nothing without a token that can be sent in an HTTP header. An expiry that is no number and a
-/// plan that is no text are absent; an expiry outside the years 0000 to 9999 is the nearest in
-/// them.
+/// Returns nullopt unless the token can be sent in an HTTP header. An expiry that is not a number
+/// and a plan that is not a string are ignored; an expiry outside the years 0000 to 9999 is
+/// clamped.
 [[nodiscard]] std::optional<Credentials> parseSignInRecord(const QByteArray& json);
 
-/// Reads the stored record: the keyring's item of service `keychainService`, or, when there is none
-/// or it is unusable, or the keyring cannot be asked, `file`. Without either the error is
-/// `noCredentials`. `store` must outlive the task.
+/// Reads the record from the keyring item of service `keychainService`, falling back to `file` if
+/// there is no usable item. Fails with `noCredentials`. `store` must outlive the task.
 [[nodiscard]] QCoro::Task<std::expected<Credentials, ClaudeQuotaError>>
 readStoredCredentials(platform::SecretStore* store, QString keychainService,
                       std::filesystem::path file);
 
-/// The last record read, kept in memory so that the keyring is not asked on every refresh.
+/// Keeps the last record in memory so that the keyring is not read on every refresh.
 class TokenCache {
 public:
-    /// The record if it is known to be valid for more than another minute after `now`. A record
-    /// without an expiry never is.
+    /// The record if it expires more than a minute after `now`; never one without an expiry.
     [[nodiscard]] std::optional<Credentials> usableAt(model::Timestamp now) const;
 
     void replace(Credentials credentials) { m_value = std::move(credentials); }

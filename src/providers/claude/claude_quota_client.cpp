@@ -7,13 +7,7 @@
 
 namespace tallyvane::providers {
 
-namespace {
-
 using Kind = ClaudeQuotaError::Kind;
-
-constexpr std::chrono::hours longestPause{1};
-
-} // namespace
 
 ClaudeQuotaClient::ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretStore& secrets,
                                      platform::Clock& clock)
@@ -23,7 +17,7 @@ QCoro::Task<QuotaResult> ClaudeQuotaClient::fetch(AskedBy askedBy) {
     if (m_pause && askedBy == AskedBy::timer) {
         co_return std::unexpected(quotaFailure(ClaudeQuotaError{Kind::rateLimited}));
     }
-    const ClaudeFetchError notAccepted = ClaudeQuotaError{Kind::httpStatus, 401};
+    const ClaudeQuotaError notAccepted{Kind::httpStatus, 401};
     Attempt result = co_await attempt();
     if (!result && result.error() == notAccepted) {
         m_cache.clear();
@@ -86,8 +80,7 @@ QCoro::Task<ClaudeQuotaClient::Attempt> ClaudeQuotaClient::request(Credentials c
 
 void ClaudeQuotaClient::pause(std::chrono::seconds duration) {
     if (duration > std::chrono::seconds::zero()) {
-        m_pause = m_clock.after(std::min<std::chrono::seconds>(duration, longestPause),
-                                [this] { m_pause.reset(); });
+        m_pause = m_clock.after(duration, [this] { m_pause.reset(); });
     }
 }
 

@@ -15,13 +15,13 @@ struct ClaudeQuotaSource {
     QUrl usageURL{QStringLiteral("https://api.anthropic.com/api/oauth/usage")};
     QString keychainService = QStringLiteral("Claude Code-credentials");
     std::filesystem::path credentialsFile; ///< .claude/.credentials.json in the home directory
-    std::chrono::milliseconds timeout = std::chrono::seconds{15}; ///< of a request as a whole
+    std::chrono::milliseconds timeout = std::chrono::seconds{15}; ///< for one whole request
     NetworkVariables network;
-    std::optional<QSslConfiguration> tls; ///< else the roots of the system and of `network`
+    std::optional<QSslConfiguration> tls; ///< replaces the roots of the system and of `network`
 };
 
-/// Asks for the Claude quotas with the token of the user's own Claude Code, which goes nowhere but
-/// into the request. Main thread only; must outlive its tasks, as `secrets` and `clock` must it.
+/// Asks for the Claude quotas with the token of the user's own Claude Code, which is used for
+/// nothing else. Main thread only; must outlive its tasks and be outlived by `secrets` and `clock`.
 class ClaudeQuotaClient final : public QuotaClient {
 public:
     ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretStore& secrets,
@@ -29,13 +29,13 @@ public:
 
     [[nodiscard]] model::AIProvider provider() const override { return model::AIProvider::claude; }
 
-    /// Asks once, and once more with a newly read token if the first is not accepted. Never follows
-    /// a redirect and keeps no cookie. After an answer of status 429 the timer gets the same
-    /// failure without a request until the answer's Retry-After has passed, an hour at the most.
+    /// Sends one request, and after status 401 a second one with a newly read token. Follows no
+    /// redirect and keeps no cookie. After status 429, requests of the timer fail at once until the
+    /// time given by Retry-After has passed.
     [[nodiscard]] QCoro::Task<QuotaResult> fetch(AskedBy askedBy) override;
 
 private:
-    using Attempt = std::expected<model::ProviderQuotaSnapshot, ClaudeFetchError>;
+    using Attempt = std::expected<model::ProviderQuotaSnapshot, ClaudeQuotaError>;
 
     QCoro::Task<Attempt> attempt();
     QCoro::Task<std::expected<Credentials, ClaudeQuotaError>> loadCredentials(model::Timestamp now);
@@ -47,7 +47,7 @@ private:
     platform::Clock& m_clock;
     TokenCache m_cache;
     NetworkSetupFinder m_setupFinder;
-    std::unique_ptr<platform::Alarm> m_pause; ///< of the timer's requests; rings at its end
+    std::unique_ptr<platform::Alarm> m_pause; ///< set while the timer's requests are paused
 };
 
 } // namespace tallyvane::providers

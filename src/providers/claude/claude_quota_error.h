@@ -2,38 +2,29 @@
 
 #include "providers/quota_client.h"
 
-#include <variant>
-
 namespace tallyvane::providers {
 
-/// Why the Claude service gave no figures, though the network worked.
+/// Why the Claude service gave no figures.
 struct ClaudeQuotaError {
     enum class Kind {
-        httpStatus,        ///< an answer with any status other than 200 and 429
+        httpStatus,        ///< any status other than 200 and 429
         noCredentials,     ///< no usable sign-in record is stored
-        tokenExpired,      ///< the stored token's time has passed
+        tokenExpired,      ///< the stored token has expired
         rateLimited,       ///< status 429
-        malformedResponse, ///< no HTTP, too large, no JSON, or JSON that is no object
+        malformedResponse, ///< not HTTP, too large, not JSON, or JSON that is not an object
+        transport,         ///< no connection, no trusted server, time-out, cut off
     };
 
     Kind kind = Kind::malformedResponse;
-    int httpStatus = 0; ///< of `Kind::httpStatus` alone
-    /// Of `Kind::noCredentials` alone: why the keyring could not be asked; empty when it was.
-    QString keyringError;
+    int httpStatus = 0; ///< for `Kind::httpStatus` only
+    /// In English. For `Kind::transport`, what went wrong. For `Kind::noCredentials`, why the
+    /// keyring could not be read, or empty if it could.
+    QString reason;
 
     bool operator==(const ClaudeQuotaError&) const = default;
 };
 
-/// The request got no whole answer: no connection, no trusted server, time-out, cut off.
-struct TransportError {
-    QString reason; ///< as the network library words it, in English
-
-    bool operator==(const TransportError&) const = default;
-};
-
-using ClaudeFetchError = std::variant<ClaudeQuotaError, TransportError>;
-
-/// As the user gets to know it: beside the Claude figures, and never in the program's error line.
-[[nodiscard]] QuotaFailure quotaFailure(const ClaudeFetchError& error);
+/// The failure to show beside the Claude figures.
+[[nodiscard]] QuotaFailure quotaFailure(const ClaudeQuotaError& error);
 
 } // namespace tallyvane::providers

@@ -15,17 +15,17 @@
 
 namespace tallyvane::providers {
 
-/// Connects to a host by the first of its addresses that answers. The next one is tried as soon as
-/// one fails or has been silent for a quarter of a second (RFC 8305), so that a network which loses
-/// one kind of addresses is not taken for a host that is down. Main thread only.
+/// Connects to the first address of a host that answers. Tries the next address as soon as one
+/// fails or has been silent for a quarter of a second (RFC 8305), so that a broken IPv6 or IPv4
+/// route does not make the host unreachable. Main thread only.
 class ConnectionRace {
 public:
-    /// A connection, not encrypted yet, or why there is none.
+    /// A connection that is not encrypted yet, or the reason for the failure.
     using Result = std::expected<std::unique_ptr<QSslSocket>, QString>;
     using Ended = std::function<void(Result)>;
 
-    /// Calls `ended` once, at the earliest before this returns, unless it is destroyed before.
-    /// `socks` is a SOCKS proxy, which finds the host itself, or `QNetworkProxy::NoProxy`.
+    /// Calls `ended` once, possibly before the constructor returns, unless destroyed first. `socks`
+    /// is a SOCKS proxy, which resolves the host name itself, or `QNetworkProxy::NoProxy`.
     ConnectionRace(const QString& host, quint16 port, const QNetworkProxy& socks,
                    platform::Clock& clock, Ended ended);
     ConnectionRace(const ConnectionRace&) = delete;
@@ -45,7 +45,7 @@ private:
     std::unique_ptr<platform::Alarm> m_silence;
     std::vector<std::unique_ptr<QSslSocket>> m_attempts;
     std::size_t m_losses = 0;
-    QObject m_scope; ///< of the connections to what outlives this
+    QObject m_scope; ///< ends the signal connections and the lookup with this object
 };
 
 } // namespace tallyvane::providers

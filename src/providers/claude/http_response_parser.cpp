@@ -10,7 +10,7 @@ namespace {
 namespace http = boost::beast::http;
 using Parser = http::response_parser<http::string_body>;
 
-constexpr std::uint32_t maximumHeaderSize = 60 * 1024; // the parser's fields end at 64 KiB
+constexpr std::uint32_t maximumHeaderSize = 60 * 1024; // Beast supports less than 64 KiB
 constexpr std::uint64_t maximumSize = 4 * 1024 * 1024;
 
 QByteArray toBytes(boost::beast::string_view text) {
@@ -33,7 +33,7 @@ struct HttpResponseParser::State {
     int status() const { return static_cast<int>(parser->get().result_int()); }
 
     Answer answer;
-    std::unique_ptr<Parser> parser; // anew for each answer
+    std::unique_ptr<Parser> parser; // a new one for each response
     QByteArray unread;
     std::uint64_t received = 0;
 };
@@ -53,7 +53,7 @@ HttpResponseParser::Progress HttpResponseParser::take(const QByteArray& bytes) {
                                                   static_cast<std::size_t>(state.unread.size())),
                               error);
         state.unread.remove(0, static_cast<qsizetype>(consumed));
-        // The status counts even where the parser takes offence at the body's length.
+        // The status counts even if the body's length is over the limit.
         const bool hasHeader = state.parser->is_header_done() || error == http::error::body_limit;
         const int status = hasHeader ? state.status() : 0;
         if (status / 100 == 1 && status != 101) {

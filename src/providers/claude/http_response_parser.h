@@ -6,21 +6,20 @@
 
 namespace tallyvane::providers {
 
-/// An answer of an HTTP server, as far as this program looks at it.
+/// The parts of an HTTP response that this program uses.
 struct HttpResponse {
     int status = 0;
-    QByteArray body;       ///< of status 200 alone
-    QByteArray retryAfter; ///< that header; empty when there is none
+    QByteArray body;       ///< only with status 200
+    QByteArray retryAfter; ///< the header, or empty
 };
 
-/// Reads one answer of an HTTP/1 server in the pieces in which it arrives, and keeps no more of it
-/// than 4 MiB: beyond that it is malformed. Answers that are not final, such as status 103, are
-/// passed over.
+/// Parses one HTTP/1 response as it arrives. More than 4 MiB is malformed. Skips interim responses,
+/// such as status 103.
 class HttpResponseParser {
 public:
     enum class Answer {
-        whole,  ///< to a request; the body counts if the status is 200
-        header, ///< to CONNECT: the connection is the server's behind the proxy from then on
+        whole,  ///< to a GET request; the body is read if the status is 200
+        header, ///< to CONNECT; more bytes than the header are malformed
     };
     enum class Progress { needsMore, complete, malformed };
 
@@ -29,13 +28,13 @@ public:
     HttpResponseParser(const HttpResponseParser&) = delete;
     HttpResponseParser& operator=(const HttpResponseParser&) = delete;
 
-    /// Takes the next bytes; not to be called any more once it gave anything but `needsMore`.
+    /// Takes the next bytes. Must not be called again after it returned anything but `needsMore`.
     [[nodiscard]] Progress take(const QByteArray& bytes);
 
-    /// Whether the answer is complete if no more bytes come, as one without a length is.
+    /// Whether the response is complete if the connection ends now, as one without a length is.
     [[nodiscard]] bool isCompleteAtEnd();
 
-    /// The answer, once it is complete.
+    /// The response, once it is complete.
     [[nodiscard]] HttpResponse response() const;
 
 private:

@@ -47,13 +47,13 @@ HttpsExchange::HttpsExchange(const HttpsRequest& request,
         if (!found) {
             fail(found.error());
         } else if (m_alarm) {
-            connectBy(*found);
+            connectVia(*found);
         }
     });
     m_setup.setFuture(setup);
 }
 
-void HttpsExchange::connectBy(const NetworkSetup& setup) {
+void HttpsExchange::connectVia(const NetworkSetup& setup) {
     m_tls = setup.tls;
     m_proxy = setup.proxy;
     m_isAtProxy = setup.proxy.type() == QNetworkProxy::HttpProxy;
@@ -85,7 +85,7 @@ void HttpsExchange::connected(ConnectionRace::Result socket) {
 }
 
 void HttpsExchange::send(HttpResponseParser::Answer answer, const QByteArray& request) {
-    if (m_alarm) { // else it was given up meanwhile
+    if (m_alarm) { // not timed out meanwhile
         m_parser = std::make_unique<HttpResponseParser>(answer);
         m_socket->write(request);
     }
@@ -119,7 +119,7 @@ void HttpsExchange::answered() {
 }
 
 void HttpsExchange::socketFailed() {
-    read(); // what arrived before
+    read(); // what arrived before the failure
     const bool isClosed = m_socket->error() == QAbstractSocket::RemoteHostClosedError;
     const bool isHandshake = m_socket->error() == QAbstractSocket::SslHandshakeFailedError;
     if (m_alarm && isClosed && m_parser && !m_isAtProxy && m_parser->isCompleteAtEnd()) {
@@ -132,11 +132,12 @@ void HttpsExchange::socketFailed() {
 
 void HttpsExchange::fail(const QString& reason) {
     const QString place = m_isAtProxy ? QStringLiteral("proxy: ") : QString();
-    finish(std::unexpected(TransportError{model::readableText(place + reason)}));
+    finish(std::unexpected(ClaudeQuotaError{.kind = ClaudeQuotaError::Kind::transport,
+                                            .reason = model::readableText(place + reason)}));
 }
 
 void HttpsExchange::finish(Result result) {
-    // The socket may be amid a signal of its own: it goes with the exchange.
+    // Keeps the socket, which may be emitting a signal right now.
     if (std::exchange(m_alarm, nullptr)) {
         m_promise.addResult(std::move(result));
         m_promise.finish();

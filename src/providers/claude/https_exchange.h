@@ -14,30 +14,30 @@
 
 namespace tallyvane::providers {
 
-/// A GET request. Nothing is sent but its request line, Host, `headers` and "Connection: close".
+/// A GET request. Only Host, `headers` and "Connection: close" are sent with it.
 struct HttpsRequest {
     QUrl url;
-    QList<std::pair<QByteArray, QByteArray>> headers; ///< without control characters
+    QList<std::pair<QByteArray, QByteArray>> headers; ///< no control characters
 };
 
-/// One request over one connection of its own, and the answer. Sent once at the most, whatever
-/// becomes of the connection. Main thread only, which it never blocks.
+/// One request over its own connection, and the response. Never resends the request. Main thread
+/// only; never blocks.
 class HttpsExchange {
 public:
-    using Result = std::expected<HttpResponse, ClaudeFetchError>;
+    using Result = std::expected<HttpResponse, ClaudeQuotaError>;
 
-    /// Begins at once: connects when `setup` is there. All of it together may take `timeout`, in
-    /// which the time that the machine is suspended does not count.
+    /// Starts at once, connecting as soon as `setup` is available. `timeout` covers all of it, not
+    /// counting suspended time.
     HttpsExchange(const HttpsRequest& request, const QFuture<NetworkSetupFinder::Result>& setup,
                   platform::Clock& clock, std::chrono::milliseconds timeout);
     HttpsExchange(const HttpsExchange&) = delete;
     HttpsExchange& operator=(const HttpsExchange&) = delete;
 
-    /// The answer, or why there is none. The exchange may be destroyed once that is awaited.
+    /// The response. The exchange may be destroyed once this has been awaited.
     [[nodiscard]] QFuture<Result> result() { return m_promise.future(); }
 
 private:
-    void connectBy(const NetworkSetup& setup);
+    void connectVia(const NetworkSetup& setup);
     void connected(ConnectionRace::Result socket);
     void send(HttpResponseParser::Answer answer, const QByteArray& request);
     void read();
@@ -47,16 +47,16 @@ private:
     void finish(Result result);
 
     QUrl m_url;           ///< with its port
-    QByteArray m_request; ///< as it is sent
+    QByteArray m_request; ///< serialised
     platform::Clock& m_clock;
     QSslConfiguration m_tls;
     QNetworkProxy m_proxy;
-    bool m_isAtProxy = false;                 ///< an HTTP proxy that has not yet led to the server
-    std::unique_ptr<platform::Alarm> m_alarm; ///< none once the result is there
+    bool m_isAtProxy = false;                 ///< waiting for an HTTP proxy to open the tunnel
+    std::unique_ptr<platform::Alarm> m_alarm; ///< null once there is a result
     QFutureWatcher<NetworkSetupFinder::Result> m_setup;
     std::optional<ConnectionRace> m_race;
     std::unique_ptr<QSslSocket> m_socket;
-    std::unique_ptr<HttpResponseParser> m_parser; ///< of the answer that is awaited
+    std::unique_ptr<HttpResponseParser> m_parser; ///< null unless a response is awaited
     QPromise<Result> m_promise;
 };
 

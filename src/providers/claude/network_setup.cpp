@@ -58,9 +58,9 @@ NetworkSetupFinder::Result findNow(const QUrl& url, const NetworkVariables& vari
         return std::unexpected(proxy.error());
     }
     QSslConfiguration tls = trust.value_or(QSslConfiguration::defaultConfiguration());
-    const bool isTold =
+    const bool hasOwnRoots =
         !variables.certificateFile.isEmpty() || !variables.certificateDirectories.isEmpty();
-    if (!trust && isTold) {
+    if (!trust && hasOwnRoots) {
         tls.setCaCertificates(roots(variables));
     }
     tls.setProtocol(QSsl::TlsV1_2OrLater);

@@ -12,29 +12,28 @@ namespace tallyvane::providers {
 /// The port of an https URL: 443 unless it names one.
 [[nodiscard]] quint16 portOf(const QUrl& url);
 
-/// What the environment says of how servers are reached and which are trusted. What is not set is
-/// empty.
+/// Environment variables about proxies and trusted roots; empty if not set.
 struct NetworkVariables {
     ProxyVariables proxy;
-    QByteArray certificateFile;        ///< $SSL_CERT_FILE: roots, in addition to the directories'
-    QByteArray certificateDirectories; ///< $SSL_CERT_DIR: instead of the system's, divided by ":"
+    QByteArray certificateFile;        ///< $SSL_CERT_FILE: additional roots
+    QByteArray certificateDirectories; ///< $SSL_CERT_DIR: replaces the system's; separated by ":"
 };
 
-/// How a server is reached, and what makes it trusted.
+/// How to reach a server and how to verify it.
 struct NetworkSetup {
-    QNetworkProxy proxy; ///< explicit: `NoProxy` for none
+    QNetworkProxy proxy; ///< `NoProxy` for a direct connection
     QSslConfiguration tls;
 };
 
-/// Finds that out in a thread of its own, as the system may take minutes: to ask the desktop for
-/// its proxy can mean to load a script from another machine. Main thread only.
+/// Finds the network setup in a separate thread, because the system may take minutes: the desktop's
+/// proxy setting may name a script on another machine. Main thread only.
 class NetworkSetupFinder {
 public:
-    using Result = std::expected<NetworkSetup, QString>; ///< else why not, in English
+    using Result = std::expected<NetworkSetup, QString>; ///< the error is a reason in English
 
-    /// `trust` replaces the system's roots and those of the variables. While an earlier call still
-    /// waits for the system, this one shares its answer, so that threads do not pile up. The end of
-    /// the program waits for none of them.
+    /// `trust` replaces the roots of the system and of the variables. While an earlier call is in
+    /// progress, returns its future, so that threads do not pile up. The program's exit does not
+    /// wait for the thread.
     [[nodiscard]] QFuture<Result> find(const QUrl& url, const NetworkVariables& variables,
                                        const std::optional<QSslConfiguration>& trust);
 

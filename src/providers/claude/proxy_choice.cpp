@@ -10,7 +10,7 @@ namespace tallyvane::providers {
 
 namespace {
 
-/// "host", "host:port", "[address]" or "[address]:port"; an address of version 6 alone needs no
+/// "host", "host:port", "[address]" or "[address]:port". An IPv6 address without a port needs no
 /// brackets.
 struct Place {
     QString host;

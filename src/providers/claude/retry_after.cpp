@@ -34,7 +34,7 @@ std::optional<seconds> statedSeconds(const QByteArray& header) {
 } // namespace
 
 seconds retryAfter(const QByteArray& header, model::Timestamp now) {
-    constexpr seconds longest = std::chrono::hours{24};
+    constexpr seconds longest = std::chrono::hours{1};
     const auto stated = statedSeconds(header);
     const auto time = stated ? stated : untilDate(header, now);
     return std::clamp(time.value_or(seconds{0}), seconds{0}, longest);

@@ -6,9 +6,9 @@
 
 namespace tallyvane::providers {
 
-/// The time from `now` until the moment that a Retry-After header tells (RFC 9110), as seconds or
-/// as a date in the form "Wed, 21 Oct 2015 07:28:00 GMT"; at most a day, and none for a moment in
-/// the past or a header of any other form.
+/// How long to wait according to a Retry-After header (RFC 9110), which holds seconds or a date in
+/// the form "Wed, 21 Oct 2015 07:28:00 GMT". At most an hour; 0 for a date in the past and for any
+/// other text.
 [[nodiscard]] std::chrono::seconds retryAfter(const QByteArray& header, model::Timestamp now);
 
 } // namespace tallyvane::providers

@@ -1,14 +1,13 @@
 #include "providers/claude/usage_reply.h"
 
-#include "providers/json_members.h"
-#include "providers/plan_name.h"
+#include "providers/reply_reading.h"
 
 namespace tallyvane::providers {
 
 namespace {
 
 model::QuotaWindowSnapshot readWindow(const QJsonObject& reply, QLatin1StringView key) {
-    const auto member = objectMember(reply, key).value_or(QJsonObject());
+    const QJsonObject member = reply[key].toObject();
     const auto utilization = numberMember(member, QLatin1StringView("utilization"));
     if (!utilization) {
         return {};

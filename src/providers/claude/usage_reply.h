@@ -15,9 +15,9 @@ namespace tallyvane::providers {
 ///     {"five_hour": {"utilization": 33.0, "resets_at": "2026-04-11T07:00:00.528743+00:00"},
 ///      "seven_day": {...}, ...}
 ///
-/// `utilization` is in percent; `resets_at` may be null. A window without a number is at 0 %.
-/// The plan's name is made from `planIdentifier`, and the figures are of `now`. Fails with
-/// `malformedResponse` when the body is not a JSON object.
+/// `utilization` is in percent; `resets_at` may be null. A window without a number counts as 0 %.
+/// `planIdentifier` is that of the sign-in record. Fails with `malformedResponse` unless the body
+/// is a JSON object.
 [[nodiscard]] std::expected<model::ProviderQuotaSnapshot, ClaudeQuotaError>
 parseUsageReply(const QByteArray& body, const std::optional<QString>& planIdentifier,
                 model::Timestamp now);

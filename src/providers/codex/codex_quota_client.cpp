@@ -1,6 +1,5 @@
 #include "providers/codex/codex_quota_client.h"
 
-#include "providers/codex/codex_error.h"
 #include "providers/codex/rate_limits_reply.h"
 
 namespace tallyvane::providers {
@@ -29,20 +28,16 @@ QCoro::Task<QuotaResult> CodexQuotaClient::fetch(AskedBy /*askedBy*/) {
     if (!executable) {
         const ProcessRunnerError notFound{ProcessRunnerError::Kind::executableNotFound,
                                           QStringLiteral("Codex CLI")};
-        co_return std::unexpected(quotaFailure(notFound));
+        co_return std::unexpected(QuotaFailure{description(notFound)});
     }
     const QStringList arguments{QStringLiteral("app-server")};
     const QByteArray input(requests);
     const CommandReply reply =
         co_await m_runner.requestRateLimits(*executable, arguments, input, timeout);
     if (!reply) {
-        co_return std::unexpected(quotaFailure(reply.error()));
+        co_return std::unexpected(QuotaFailure{description(reply.error())});
     }
-    auto entry = parseRateLimitsReply(*reply, m_clock.now());
-    if (!entry) {
-        co_return std::unexpected(quotaFailure(entry.error()));
-    }
-    co_return *std::move(entry);
+    co_return parseRateLimitsReply(*reply, m_clock.now());
 }
 
 } // namespace tallyvane::providers

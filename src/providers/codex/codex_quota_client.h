@@ -5,12 +5,12 @@
 
 namespace tallyvane::providers {
 
-/// Where the Codex CLI is looked for, in this order. The search path is not: a desktop session's
-/// differs from a shell's.
+/// The paths at which to look for the Codex CLI, in order. $PATH is not consulted, as that of a
+/// desktop session differs from a shell's.
 [[nodiscard]] QStringList codexCandidates(const QString& homeDirectory);
 
-/// Asks the user's own Codex CLI for the quota, by its application server ("codex app-server":
-/// JSON-RPC messages without a version member, one a line). The CLI uses its own sign-in.
+/// Asks the user's own Codex CLI for the quota through its application server ("codex app-server":
+/// JSON-RPC messages without a version member, one per line). The CLI uses its own sign-in.
 class CodexQuotaClient final : public QuotaClient {
 public:
     CodexQuotaClient(QStringList candidates, ProcessRunner& runner, const platform::Clock& clock)
@@ -18,7 +18,7 @@ public:
 
     [[nodiscard]] model::AIProvider provider() const override { return model::AIProvider::codex; }
 
-    /// Takes up to 20 seconds. The CLI has no rule for who asks.
+    /// Takes up to 20 seconds. Treats all callers alike.
     [[nodiscard]] QCoro::Task<QuotaResult> fetch(AskedBy askedBy) override;
 
 private:

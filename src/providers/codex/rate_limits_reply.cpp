@@ -1,8 +1,8 @@
 #include "providers/codex/rate_limits_reply.h"
 
 #include "model/foreign_text.h"
-#include "providers/json_members.h"
-#include "providers/plan_name.h"
+#include "providers/process_runner_error.h"
+#include "providers/reply_reading.h"
 
 #include <cmath>
 
@@ -12,7 +12,7 @@ namespace {
 
 struct TimedWindow {
     model::QuotaWindowSnapshot quota;
-    std::optional<double> minutes; ///< whole; a double, as no integer holds every JSON number
+    std::optional<double> minutes; ///< whole; a double because JSON numbers exceed any integer
 };
 
 std::optional<TimedWindow> readTimedWindow(const QJsonObject& rateLimits, QLatin1StringView key) {
@@ -35,37 +35,40 @@ std::optional<TimedWindow> readTimedWindow(const QJsonObject& rateLimits, QLatin
 bool isShort(const TimedWindow& window) {
     return window.minutes.value_or(0) <= 360;
 }
+
 bool isLong(const TimedWindow& window) {
     return window.minutes.value_or(0) >= 6000;
 }
 
 } // namespace
 
-std::expected<model::ProviderQuotaSnapshot, CodexError>
-parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now) {
-    if (const auto error = objectMember(reply, QLatin1StringView{"error"})) {
-        const QString message = textMember(*error, QLatin1StringView{"message"})
-                                    .value_or(QStringLiteral("Codex returned an unknown error."));
+QuotaResult parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now) {
+    if (const QJsonValue error = reply[QLatin1StringView{"error"}]; error.isObject()) {
+        const QString message = error[QLatin1StringView{"message"}].toString(
+            QStringLiteral("Codex returned an unknown error."));
+        const ProcessRunnerError failed{ProcessRunnerError::Kind::failed,
+                                        model::readableText(message)};
+        return std::unexpected(QuotaFailure{description(failed)});
+    }
+    const QJsonValue limits =
+        reply[QLatin1StringView{"result"}].toObject()[QLatin1StringView{"rateLimits"}];
+    if (!limits.isObject()) {
         return std::unexpected(
-            ProcessRunnerError{ProcessRunnerError::Kind::failed, model::readableText(message)});
+            QuotaFailure{QStringLiteral("The reply of the Codex CLI could not be read.")});
     }
-    const QJsonObject result = reply[QLatin1StringView{"result"}].toObject();
-    const auto rateLimits = objectMember(result, QLatin1StringView{"rateLimits"});
-    if (!rateLimits) {
-        return std::unexpected(CorruptReply{});
-    }
+    const QJsonObject rateLimits = limits.toObject();
 
-    const auto primary = readTimedWindow(*rateLimits, QLatin1StringView{"primary"});
-    const auto secondary = readTimedWindow(*rateLimits, QLatin1StringView{"secondary"});
+    const auto primary = readTimedWindow(rateLimits, QLatin1StringView{"primary"});
+    const auto secondary = readTimedWindow(rateLimits, QLatin1StringView{"secondary"});
     const auto choose = [&](bool (*fits)(const TimedWindow&),
-                            const std::optional<TimedWindow>& standIn)
+                            const std::optional<TimedWindow>& fallback)
         -> std::optional<model::QuotaWindowSnapshot> {
         for (const auto* window : {&primary, &secondary}) {
             if (*window && fits(**window)) {
                 return (*window)->quota;
             }
         }
-        return standIn ? std::optional(standIn->quota) : std::nullopt;
+        return fallback ? std::optional(fallback->quota) : std::nullopt;
     };
 
     model::ProviderQuotaSnapshot snapshot{.provider = model::AIProvider::codex,
@@ -73,7 +76,7 @@ parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now) {
                                           .week = choose(isLong, secondary),
                                           .syncedAt = now,
                                           .syncState = model::QuotaSyncState::current};
-    if (const auto planType = textMember(*rateLimits, QLatin1StringView{"planType"})) {
+    if (const auto planType = textMember(rateLimits, QLatin1StringView{"planType"})) {
         snapshot.planName = planName(*planType);
     }
     return snapshot;

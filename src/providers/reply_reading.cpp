@@ -1,4 +1,6 @@
-#include "providers/json_members.h"
+#include "providers/reply_reading.h"
+
+#include "model/foreign_text.h"
 
 #include <QtCore/QJsonDocument>
 
@@ -22,9 +24,21 @@ std::optional<QString> textMember(const QJsonObject& object, QLatin1StringView k
     return value.isString() ? std::optional(value.toString()) : std::nullopt;
 }
 
-std::optional<QJsonObject> objectMember(const QJsonObject& object, QLatin1StringView key) {
-    const QJsonValue value = object[key];
-    return value.isObject() ? std::optional(value.toObject()) : std::nullopt;
+QString planName(const QString& identifier) {
+    using model::readableLine;
+    constexpr qsizetype length = model::maximumPlanNameLength;
+    // Cut twice: first so that a huge text is not converted whole, then because lower case may be
+    // longer than upper case.
+    QString name = readableLine(readableLine(identifier, length).toLower(), length);
+    name.replace(u'_', u' ');
+    bool startsWord = true;
+    for (QChar& c : name) {
+        if (startsWord) {
+            c = c.toUpper();
+        }
+        startsWord = c.isSpace();
+    }
+    return name;
 }
 
 } // namespace tallyvane::providers
