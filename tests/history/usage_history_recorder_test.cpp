@@ -198,12 +198,12 @@ private Q_SLOTS:
 
     void reportsWhatItCouldNotSave() {
         if (::geteuid() != 0) {
-            QSKIP("mounting a full file system needs root");
+            TALLYVANE_SKIP("mounting a full file system needs root");
         }
         Desk desk;
         const auto directory = desk.store.baseURL().string();
         if (::mount("none", directory.c_str(), "tmpfs", 0, "size=4k") != 0) {
-            QSKIP("this machine lets nobody mount");
+            TALLYVANE_SKIP("this machine lets nobody mount");
         }
         QFile filler(QString::fromStdString(directory + "/filler"));
         QVERIFY(filler.open(QIODevice::WriteOnly));

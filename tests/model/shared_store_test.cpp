@@ -120,7 +120,7 @@ private Q_SLOTS:
     void keepsWhatItHasOnAFullDisk() {
         const Place place;
         if (::geteuid() != 0 || ::mount("none", place.root.c_str(), "tmpfs", 0, "size=256k") != 0) {
-            QSKIP("mounting a small file system needs root");
+            TALLYVANE_SKIP("mounting a small file system needs root");
         }
         const SharedStore store(place.locations);
         const auto before = store.saveSnapshot(snapshotUsing(1));

@@ -92,7 +92,7 @@ private Q_SLOTS:
         tests::RunningProgram monitor("dbus-monitor --session member=Notify");
         QByteArray seen;
         const auto sees = [&](const char* text) {
-            return (seen += monitor.process.readAllStandardOutput()).contains(text);
+            return (seen += monitor.readAllStandardOutput()).contains(text);
         };
         QTRY_VERIFY(sees("NameLost")); // it is listening
         const tests::RunningProgram dunst("dunst");
