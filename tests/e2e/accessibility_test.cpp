@@ -39,15 +39,15 @@ struct Session {
         return QTest::qWaitFor(isAsExpected, patience) ? QString() : differing.join(u'\n');
     }
 
-    const tests::XfceDesktop desktop;
-    const tests::RunningProgram windowManager{"env NO_AT_BRIDGE=1 xfwm4 --compositor=off"};
-    const tests::AccessibilityBus bus;
-    /// Ends the program and returns what it complained of, all the while.
+    /// Ends the program and returns everything that it wrote to standard error.
     [[nodiscard]] QByteArray end() {
         program.end();
         return program.readAllStandardError();
     }
 
+    const tests::XfceDesktop desktop;
+    const tests::RunningProgram windowManager{"env NO_AT_BRIDGE=1 xfwm4 --compositor=off"};
+    const tests::AccessibilityBus bus;
     tests::TallyvaneProgram program;
     const tests::AccessibleProgram seen{bus.connection, program.processId()};
 };

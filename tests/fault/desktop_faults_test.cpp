@@ -94,25 +94,21 @@ struct Method {
 QList<Method> methodsIn(const QString& path, const QString& introspection) {
     QList<Method> methods;
     QString interface;
-    bool isMethod = false;
     for (QXmlStreamReader xml(introspection); !xml.atEnd(); xml.readNext()) {
-        const auto attribute = [&xml](const char* name) {
-            return xml.attributes().value(QLatin1StringView(name)).toString();
-        };
+        const QXmlStreamAttributes attributes = xml.attributes();
+        const QString name = attributes.value(QStringLiteral("name")).toString();
         if (!xml.isStartElement()) {
             continue;
         }
-        if (xml.name() == u"arg") {
-            if (isMethod && attribute("direction") != u"out") {
-                methods.last().arguments.append(attribute("type"));
-            }
-            continue;
-        }
-        isMethod = xml.name() == u"method";
-        if (isMethod) {
-            methods.append({path, interface, attribute("name"), {}});
-        } else if (xml.name() == u"interface") {
-            interface = attribute("name");
+        if (xml.name() == u"interface") {
+            interface = name;
+        } else if (xml.name() == u"signal") {
+            xml.skipCurrentElement();
+        } else if (xml.name() == u"method") {
+            methods.append({path, interface, name, {}});
+        } else if (xml.name() == u"arg" &&
+                   attributes.value(QStringLiteral("direction")) != u"out") {
+            methods.last().arguments.append(attributes.value(QStringLiteral("type")).toString());
         }
     }
     return methods;
