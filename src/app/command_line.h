@@ -14,7 +14,7 @@ enum class OutputFormat { text, json, waybar };
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    OutputFormat outputFormat = OutputFormat::text; ///< waybar with `status` alone
+    OutputFormat outputFormat = OutputFormat::text; ///< waybar only with `status`
     StartMode startMode = StartMode::withWindow;    ///< of the desktop program
 
     bool operator==(const CommandLine&) const = default;

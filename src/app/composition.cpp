@@ -10,10 +10,9 @@ namespace tallyvane::app {
 
 namespace {
 
-/// The memory of a program that crashed would hold the token. A limit of one byte forbids it to the
-/// programs too that the kernel hands a core to, which take no notice of any other limit, 0
-/// included (fs/coredump.c). The hard limit stays, so that the programs which this one starts can
-/// raise theirs.
+/// A core file would contain the token. The kernel ignores every other limit, 0 included, when it
+/// pipes the core to a program; a limit of 1 stops that too (fs/coredump.c). The hard limit stays,
+/// so that child programs can raise theirs.
 void forbidCoreFiles() {
     rlimit limit{};
     ::getrlimit(RLIMIT_CORE, &limit);

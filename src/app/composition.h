@@ -11,11 +11,11 @@
 
 namespace tallyvane::app {
 
-/// The model and all that it works with, in the order in which they are made. Outlives the event
-/// loop. In fixture mode the model starts from the made-up figures.
+/// The model and its collaborators, in order of construction. Must outlive the event loop:
+/// suspended coroutines resume on it. In fixture mode the model starts from the fixtures.
 struct Composition {
     explicit Composition(const Environment& environment);
-    /// Sees to it that what was sent to the session bus arrives there, for the program ends next.
+    /// Flushes the session bus, since the program ends next.
     ~Composition();
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;

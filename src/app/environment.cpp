@@ -13,8 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The paths in a variable, with colons between them. Relative ones are ignored, as the XDG Base
-/// Directory Specification demands, so that nothing lands in whatever folder is the current one.
+/// The paths in a colon-separated variable. Relative ones are ignored, as the XDG Base Directory
+/// Specification demands, so that nothing is written to the working directory.
 std::vector<fs::path> absolutePaths(const char* name) {
     std::vector<fs::path> paths;
     for (const QByteArray& value : qgetenv(name).split(':')) {
@@ -25,13 +25,13 @@ std::vector<fs::path> absolutePaths(const char* name) {
     return paths;
 }
 
-/// The path in a variable, which may have colons in it.
+/// The one path in a variable; a colon is part of it.
 fs::path absolutePath(const char* name, const fs::path& otherwise) {
     const fs::path path = qgetenv(name).toStdString();
     return path.is_absolute() ? path : otherwise;
 }
 
-/// Where the user database says that the user's home is.
+/// The home directory in the user database.
 fs::path registeredHome() {
     std::array<char, 65536> texts{};
     passwd user{};
@@ -73,7 +73,7 @@ QString activationToken() {
     return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
 }
 
-/// By their usual names; those in capitals count where the others are empty.
+/// Lower-case names take precedence over upper-case ones.
 providers::NetworkVariables networkVariables() {
     const auto value = [](const char* name) {
         const QString usual = qEnvironmentVariable(name);
@@ -99,6 +99,8 @@ Environment readEnvironment() {
             .sessionBusAddress = qgetenv("DBUS_SESSION_BUS_ADDRESS"),
             .currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
             .activationToken = activationToken(),
+            .x11Display = qEnvironmentVariable("DISPLAY"),
+            .waylandDisplay = qEnvironmentVariable("WAYLAND_DISPLAY"),
             .launchContext =
                 core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),
             .network = networkVariables(),

@@ -11,8 +11,8 @@
 
 namespace tallyvane::app {
 
-/// All that the program takes from its environment, read once at its start. Paths are absolute,
-/// whatever the variables say: relative ones count as not set.
+/// The program's settings from its environment, read once at start-up. Paths are absolute; relative
+/// ones count as not set.
 struct Environment {
     model::StoreLocations locations;
     std::filesystem::path home;                                 ///< $HOME, or the user database's
@@ -21,7 +21,9 @@ struct Environment {
     std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty
     QByteArray sessionBusAddress; ///< $DBUS_SESSION_BUS_ADDRESS; may be empty
     QString currentDesktop;       ///< $XDG_CURRENT_DESKTOP; may be empty
-    QString activationToken;      ///< the window system's, of whoever started it; may be empty
+    QString activationToken;      ///< from the launcher, for the window system; may be empty
+    QString x11Display;           ///< $DISPLAY; may be empty
+    QString waylandDisplay;       ///< $WAYLAND_DISPLAY; may be empty
     core::LaunchContext launchContext;
     providers::NetworkVariables network;
     std::string timeLocale;  ///< the POSIX locale in which times are written

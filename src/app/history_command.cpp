@@ -1,5 +1,4 @@
-#include "app/history_command.h"
-
+#include "app/commands.h"
 #include "core/fixtures.h"
 #include "history/calendar_days.h"
 #include "history/usage_history.h"

@@ -1,12 +1,5 @@
-#include "app/command_line.h"
-#include "app/environment.h"
-#include "app/history_command.h"
-#include "app/refresh_command.h"
+#include "app/commands.h"
 #include "app/resource_check.h"
-#include "app/start_command.h"
-#include "app/status_command.h"
-#include "app/terminal.h"
-#include "app/tokens_command.h"
 #include "app/usage.h"
 
 #include <QtCore/QCoreApplication>

@@ -1,9 +1,6 @@
-#include "app/refresh_command.h"
-
+#include "app/commands.h"
 #include "app/composition.h"
 #include "app/resource_check.h"
-#include "app/start_command.h"
-#include "app/status_command.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
 #include "platform/linux/session_bus.h"
@@ -25,7 +22,7 @@ ExitCode reportStored(const Environment& environment) {
     for (const model::ProviderQuotaSnapshot& entry : snapshot->providers) {
         if (entry.syncState != model::QuotaSyncState::current) {
             isCurrent = false;
-            // Why in full is for the screen alone and not stored.
+            // The full reason is shown on screen only, never stored.
             printError(QStringLiteral("%1: %2").arg(
                 model::displayName(entry.provider),
                 entry.statusMessage.value_or(

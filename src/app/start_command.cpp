@@ -1,5 +1,4 @@
-#include "app/start_command.h"
-
+#include "app/commands.h"
 #include "app/resource_check.h"
 #include "platform/linux/dbus_application.h"
 #include "platform/linux/session_bus.h"
@@ -14,7 +13,7 @@ namespace tallyvane::app {
 
 namespace {
 
-/// Returns only when there is none or it cannot be started: the error number then.
+/// Returns only on failure, with the error number.
 int becomeDesktopProgram(StartMode mode) {
     QByteArray ownPath = QFile::encodeName(QCoreApplication::applicationFilePath());
     QByteArray background = "--background";

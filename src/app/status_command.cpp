@@ -1,5 +1,4 @@
-#include "app/status_command.h"
-
+#include "app/commands.h"
 #include "app/status_report.h"
 #include "core/fixtures.h"
 #include "platform/linux/boot_clock.h"

@@ -9,7 +9,7 @@ namespace tallyvane::app {
 
 enum class Palette { plain, ansi };
 
-/// Two lines of figures per provider, for people.
+/// Human-readable figures: a heading and a line per quota window for each provider.
 [[nodiscard]] QString statusText(const model::QuotaSnapshot& snapshot, model::Timestamp now,
                                  const model::WeekdayTimeFormat& weekdayTime, Palette palette);
 

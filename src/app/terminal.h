@@ -6,24 +6,23 @@
 
 namespace tallyvane::app {
 
-/// The program's exit codes; helpText() tells them to the user.
+/// The program's exit codes, documented in helpText().
 enum class ExitCode { success = 0, failure = 1, usage = 2, providerFailed = 3, nothingStored = 4 };
 
 [[nodiscard]] bool isTerminal(std::FILE* stream);
 
-/// Writes to standard output; false, after a message, when the text could not be written whole.
+/// Writes to standard output. Reports an incomplete write and returns false.
 [[nodiscard]] bool print(const QString& text);
 
-/// Writes "tallyvane: " and the message to standard error; with e-mail addresses masked when that
-/// is no terminal but, say, the journal, which keeps what it gets.
+/// Writes "tallyvane: " and the message to standard error. Masks e-mail addresses unless that is a
+/// terminal: a journal would keep them.
 void printError(const QString& message);
 
-/// Ends the program with nothing but its output flushed. The usual end would wait for the name of a
-/// server that is being looked up, which no one can break off, and a silent resolver takes minutes.
+/// Flushes the output and exits without running destructors: those of Qt's host look-ups would wait
+/// minutes for a silent resolver.
 [[noreturn]] void endProgram(int exitCode);
 
-/// A line on standard error that is wiped away at the end of its life; nothing when standard error
-/// is no terminal.
+/// A line on standard error that is erased on destruction; shown on a terminal only.
 class ProgressLine {
 public:
     explicit ProgressLine(const QString& text);

@@ -1,5 +1,4 @@
-#include "app/tokens_command.h"
-
+#include "app/commands.h"
 #include "history/session_log_scan.h"
 #include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"

@@ -7,8 +7,8 @@
 
 namespace tallyvane::app {
 
-// What the command line understands, in words. The parser takes the names from here, and --help,
-// the manual page and the completions of shells are made from it.
+// The command line's vocabulary, from which the parser takes its names and from which --help, the
+// manual page and the shell completions are generated.
 
 struct CommandUsage {
     QLatin1StringView name;
@@ -18,8 +18,8 @@ struct CommandUsage {
 
 struct OptionUsage {
     QLatin1StringView name;     ///< without dashes
-    QLatin1StringView text;     ///< without quotation marks and brackets, which shells would read
-    QLatin1StringView commands; ///< those that it goes with, as "a, b"; empty: with none at all
+    QLatin1StringView text;     ///< no quotation marks or brackets, which shells interpret
+    QLatin1StringView commands; ///< that accept it, as "a, b"; empty: only without a command
     QLatin1StringView letter;   ///< the short form; may be empty
 };
 
@@ -47,7 +47,7 @@ inline constexpr OptionUsage commandOptionUsages[] = {
      .commands = QLatin1StringView{"status"}},
 };
 
-/// These go with every command.
+/// Accepted with every command.
 inline constexpr OptionUsage generalOptionUsages[] = {
     {.name = QLatin1StringView{"help"},
      .text = QLatin1StringView{"Print this help."},
@@ -57,7 +57,7 @@ inline constexpr OptionUsage generalOptionUsages[] = {
      .letter = QLatin1StringView{"v"}},
 };
 
-/// A term and what it means; without a term, a line that stands as it is.
+/// A term and its meaning, or without a term a literal line.
 struct UsageEntry {
     QString term;
     QString text;

@@ -19,25 +19,16 @@ private Q_SLOTS:
                 << QString::fromLatin1(arguments) << CommandLine{} << QString::fromLatin1(error);
         };
         understood("", {});
-        understood("refresh", {.command = Command::refresh});
-        understood("status", {.command = Command::status});
         understood("status --json", {Command::status, OutputFormat::json});
-        understood("history --json", {Command::history, OutputFormat::json});
         understood("--waybar status", {Command::status, OutputFormat::waybar});
         understood("--background", {.startMode = StartMode::background});
-        understood("tokens", {.command = Command::tokens});
-        understood("tokens --json", {Command::tokens, OutputFormat::json});
         understood("status -h", {.command = Command::help});
-        understood("--version", {.command = Command::version});
         refused("--colour", "colour");
-        refused("status --jsn", "jsn");
         refused("statuses", "statuses");
         refused("refresh status", "status");
         refused("refresh --background", "background");
         refused("refresh --json", "status");
-        refused("history --waybar", "status");
         refused("--waybar", "status");
-        refused("tokens --waybar", "status");
         refused("status --json --waybar", "exclude");
         refused("status --json=1", "json");
     }

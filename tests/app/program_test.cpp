@@ -1,23 +1,19 @@
 #include "model/shared_store.h"
 #include "platform/linux/dbus_application.h"
-#include "support/home_files.h"
 #include "support/private_bus.h"
-#include "support/test_main.h"
+#include "support/tallyvane_program.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QProcess>
 #include <QtDBus/QDBusConnection>
 #include <QtTest/QSignalSpy>
 
 #include <algorithm>
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <unistd.h>
 
 using namespace tallyvane;
+using tests::inHome;
 
 namespace {
 
@@ -27,50 +23,111 @@ struct Run {
     QString error;
 };
 
+Run finish(tests::RunningProgram& program) {
+    const bool hasEnded = program.hasEnded() && program.exitStatus() == QProcess::NormalExit;
+    return {.exitCode = hasEnded ? program.exitCode() : -1,
+            .output = QString::fromUtf8(program.readAllStandardOutput()),
+            .error = QString::fromUtf8(program.readAllStandardError())};
+}
+
+Run run(const char* arguments, const QString& path = QStringLiteral(TALLYVANE_PROGRAM)) {
+    tests::TallyvaneProgram program(arguments, path);
+    return finish(program);
+}
+
+/// Runs a command of the shell in which $0 is the program.
+Run runShell(const QString& command) {
+    tests::RunningProgram shell;
+    shell.start(QStringLiteral("/bin/sh"),
+                {QStringLiteral("-c"), command, QStringLiteral(TALLYVANE_PROGRAM)});
+    return finish(shell);
+}
+
+/// Puts a shell script into the home.
+void install(const char* path, const char* script) {
+    tests::writeFile(inHome(path), QByteArray("#!/bin/sh\n") + script);
+}
+
+/// Where the program looks for the Codex CLI.
+void installCodex(const char* script) {
+    install(".local/bin/codex", script);
+}
+
+QCoro::Task<bool> stored(bool isStored) {
+    co_return isStored;
+}
+
 } // namespace
 
-/// Drives the installed program as a user does, in a home of its own for each test.
+/// Drives the installed program as a user does, with an empty home for each function.
 class ProgramTest : public tests::HermeticTest {
     Q_OBJECT
 
+    int m_signals = 0;
+
+public:
+    ProgramTest() : HermeticTest(AfterFailure::stop) {}
+
+public Q_SLOTS:
+    void countSignal() { ++m_signals; }
+
 private Q_SLOTS:
-    void init() {
-        HermeticTest::init();
-        m_home = std::make_unique<QTemporaryDir>();
-        m_program = QStringLiteral(TALLYVANE_PROGRAM);
+    void cleanup() {
+        tests::clearHome();
+        HermeticTest::cleanup();
     }
 
-    void refusesWhatItDoesNotKnow() {
-        const Run unknown = run({QStringLiteral("status"), QStringLiteral("--colour")});
-        QCOMPARE(unknown.exitCode, 2);
-        QCOMPARE(unknown.error, QStringLiteral("tallyvane: Unknown option 'colour'. "
-                                               "Try 'tallyvane --help'.\n"));
+    void answers_data() {
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("output"); // a part of it; empty: nothing
+        QTest::addColumn<QString>("error");  // likewise
+        const auto row = [](const char* command, int exitCode, const char* output,
+                            const char* error) {
+            QTest::newRow(command)
+                << exitCode << QString::fromUtf8(output) << QString::fromUtf8(error);
+        };
+        row("\"$0\" --help", 0, "Examples:\n  tallyvane refresh\n", "");
+        row("\"$0\" --version", 0, "tallyvane ", "");
+        row("\"$0\" --help >/dev/full", 1, "", "No space left");
+        row("\"$0\" status --colour", 2, "",
+            "tallyvane: Unknown option 'colour'. Try 'tallyvane --help'.\n");
+        row("\"$0\" status", 4, "", "tallyvane refresh");
+        row("\"$0\" status --waybar", 4, R"("class":"none")", "tallyvane refresh");
+        row("\"$0\" history", 4, "", "No history");
+        row("echo >\"$HOME/data\"; \"$0\" refresh", 1, "", "quota-snapshot.json");
+    }
+    void answers() {
+        const Run answer = runShell(QString::fromUtf8(QTest::currentDataTag()));
+        QTEST(answer.exitCode, "exitCode");
+        QFETCH(const QString, output);
+        QFETCH(const QString, error);
+        QVERIFY2(output.isEmpty() ? answer.output.isEmpty() : answer.output.contains(output),
+                 qPrintable(answer.output));
+        QVERIFY2(error.isEmpty() ? answer.error.isEmpty() : answer.error.contains(error),
+                 qPrintable(answer.error));
     }
 
     void becomesTheDesktopProgram() {
-        m_program = m_home->filePath(QStringLiteral("bin/tallyvane"));
-        QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral("bin")));
-        QVERIFY(QFile::copy(QStringLiteral(TALLYVANE_PROGRAM), m_program));
-        const Run absent = run({});
+        const QString program = inHome("bin/tallyvane");
+        QVERIFY(QDir::home().mkdir(QStringLiteral("bin")));
+        QVERIFY(QFile::copy(QStringLiteral(TALLYVANE_PROGRAM), program));
+        const Run absent = run("", program);
         QCOMPARE(absent.exitCode, 1);
         QVERIFY2(absent.error.contains(u"not installed"), qPrintable(absent.error));
         install("libexec/tallyvane/tallyvane-desktop", "echo libexec $*; exit 42");
-        const Run installed = run({QStringLiteral("--background")});
+        const Run installed = run("--background", program);
         QCOMPARE(installed.output, QStringLiteral("libexec --background\n"));
         QCOMPARE(installed.exitCode, 42);
         install("bin/tallyvane-desktop", "echo beside $*");
-        QCOMPARE(run({}).output, QStringLiteral("beside\n"));
-        QVERIFY(QFile(m_home->filePath(QStringLiteral("bin/tallyvane-desktop")))
-                    .setPermissions(QFile::ReadOwner));
-        QVERIFY(run({}).error.contains(u"Permission denied"));
+        QCOMPARE(run("", program).output, QStringLiteral("beside\n"));
+        QVERIFY(QFile(inHome("bin/tallyvane-desktop")).setPermissions(QFile::ReadOwner));
+        QVERIFY(run("", program).error.contains(u"Permission denied"));
     }
 
     void goesThroughTheRunningProgram() {
         const tests::PrivateBus bus;
-        const model::StoreLocations locations{
-            .dataHome = m_home->filePath(QStringLiteral("data")).toStdString(),
-            .configHome = m_home->filePath(QStringLiteral("config")).toStdString()};
-        const model::SharedStore store(locations);
+        const model::SharedStore store({.dataHome = inHome("data").toStdString(),
+                                        .configHome = inHome("config").toStdString()});
         const auto now =
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
         model::QuotaSnapshot snapshot = model::placeholderSnapshot(now);
@@ -85,7 +142,7 @@ private Q_SLOTS:
         const QSignalSpy activated(&desktop, &platform::DBusApplication::activated);
         QCOMPARE(desktop.registerOnBus(), platform::DBusApplication::Registration::owner);
 
-        const Run current = run({QStringLiteral("refresh")});
+        const Run current = run("refresh");
         QCOMPARE(current.exitCode, 0);
         QVERIFY2(current.output.contains(u"Claude, synced just now"), qPrintable(current.output));
         QCOMPARE(current.error, QString());
@@ -93,81 +150,70 @@ private Q_SLOTS:
         snapshot.providers[0].syncState = model::QuotaSyncState::pending;
         snapshot.providers[1].syncState = model::QuotaSyncState::pending;
         snapshot.providers[1].statusMessage = QStringLiteral("Rate limited");
-        const Run pending = run({QStringLiteral("refresh")});
+        const Run pending = run("refresh");
         QCOMPARE(pending.exitCode, 3);
         QVERIFY2(pending.error.startsWith(u"tallyvane: Codex: Not refreshed") &&
                      pending.error.endsWith(u"\ntallyvane: Claude: Rate limited\n"),
                  qPrintable(pending.error));
 
         refresh = [] { return stored(false); };
-        QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 1);
+        QCOMPARE(run("refresh").exitCode, 1);
 
-        QCOMPARE(run({QStringLiteral("--background")}).exitCode, 0);
+        QCOMPARE(run("--background").exitCode, 0);
         QCOMPARE(activated.count(), 0);
-        qputenv("XDG_ACTIVATION_TOKEN", "token");
-        QCOMPARE(run({}).exitCode, 0);
-        qunsetenv("XDG_ACTIVATION_TOKEN");
+        QCOMPARE(runShell(QStringLiteral("XDG_ACTIVATION_TOKEN=token \"$0\"")).exitCode, 0);
         QCOMPARE(activated.value(0), QVariantList{QStringLiteral("token")});
+    }
+
+    /// The bus could start the desktop program, but a command refreshes without it.
+    void startsNoDesktopProgram() {
+        install("desktop", "echo >\"$HOME/started\"; exit 1");
+        tests::writeFile(inHome("services/desktop.service"),
+                         "[D-BUS Service]\nName=org.corvelle.Tallyvane\nExec=" +
+                             inHome("desktop").toUtf8() + '\n');
+        const tests::PrivateBus bus;
+        QCOMPARE(run("refresh").exitCode, 3);
+        QVERIFY(!QFile::exists(inHome("started")));
+        tests::output("gdbus call --session --dest org.corvelle.Tallyvane --object-path / "
+                      "--method org.freedesktop.DBus.Peer.Ping");
+        QVERIFY(QFile::exists(inHome("started")));
     }
 
     /// Each run ends right after it has told them.
     void tellsTheWidgets() {
         const tests::PrivateBus bus;
         QDBusConnection widget = QDBusConnection::connectToBus(bus.address(), bus.address());
-        m_signals = 0;
         QVERIFY(widget.connect(QString(), QStringLiteral("/org/corvelle/Tallyvane"),
                                QStringLiteral("org.corvelle.Tallyvane.Widgets"),
                                QStringLiteral("AllTimelinesReloaded"), this, SLOT(countSignal())));
         constexpr int rounds = 60;
         for (int round = 0; round < rounds; ++round) {
-            QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
+            QCOMPARE(run("refresh").exitCode, 3);
         }
         QTRY_COMPARE(m_signals, rounds);
     }
 
     void refreshesDespiteASilentBus() {
-        const QTemporaryDir directory;
-        const QByteArray path = directory.filePath(QStringLiteral("bus")).toUtf8();
+        const QByteArray path = inHome("bus").toUtf8();
         sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
         std::ranges::copy(path, address.sun_path);
         const int bus = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
         QCOMPARE(::bind(bus, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
         QCOMPARE(::listen(bus, 10), 0);
-        const QByteArray before = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
-        const Run refresh = run({QStringLiteral("refresh")});
-        qputenv("DBUS_SESSION_BUS_ADDRESS", before);
+        const Run refresh = runShell(
+            QStringLiteral("DBUS_SESSION_BUS_ADDRESS=unix:path=$HOME/bus exec \"$0\" refresh"));
         ::close(bus);
         QCOMPARE(refresh.exitCode, 3);
     }
 
     void refreshesWhenTheRunningProgramCrashes() {
         const tests::PrivateBus bus;
-        QProcess desktop;
-        desktop.start(QStringLiteral(CRASHING_PROGRAM), QStringList());
+        tests::RunningProgram desktop(CRASHING_PROGRAM);
         QVERIFY(desktop.waitForReadyRead());
-        const Run own = run({QStringLiteral("refresh")});
+        const Run own = run("refresh");
         QCOMPARE(own.exitCode, 3);
         QVERIFY2(own.error.contains(u"Could not find Codex CLI."), qPrintable(own.error));
-        QTRY_COMPARE(desktop.state(), QProcess::NotRunning);
-    }
-
-    void helps() {
-        const Run help = run({QStringLiteral("--help")});
-        QCOMPARE(help.exitCode, 0);
-        for (const auto word : {"refresh", "status", "tokens", "--json", "--waybar", "Examples:"}) {
-            QVERIFY(help.output.contains(QLatin1StringView(word)));
-        }
-        QVERIFY(run({QStringLiteral("--version")}).output.startsWith(u"tallyvane "));
-    }
-
-    void tellsThatNothingIsStored() {
-        const Run status = run({QStringLiteral("status")});
-        QCOMPARE(status.exitCode, 4);
-        QVERIFY(status.output.isEmpty() && status.error.contains(u"refresh"));
-        const Run waybar = run({QStringLiteral("status"), QStringLiteral("--waybar")});
-        QCOMPARE(waybar.exitCode, 4);
-        QVERIFY(waybar.output.contains(u"\"class\":\"none\""));
+        QVERIFY(desktop.hasEnded());
     }
 
     void refreshesAndReports() {
@@ -175,212 +221,125 @@ private Q_SLOTS:
                      R"( '{"id":1,"result":{"rateLimits":{"planType":"team_pro","primary":)"
                      R"({"usedPercent":42,"windowDurationMins":300,"resetsAt":4102444800},)"
                      R"("secondary":null}}}'; cat)");
-        const Run refresh = run({QStringLiteral("refresh")});
+        const Run refresh = run("refresh");
         QCOMPARE(refresh.exitCode, 3);
         QVERIFY2(refresh.output.startsWith(u"Codex (Team Pro), synced just now\n"
-                                           "  5 hours   58% left  "),
+                                           "  5 hours   58% left  ") &&
+                     refresh.output.contains(u"Claude, never synced\n"),
                  qPrintable(refresh.output));
-        QVERIFY2(refresh.output.contains(u"Claude, never synced\n") &&
-                     refresh.error.startsWith(u"tallyvane: Claude: "),
+        QVERIFY2(refresh.error.startsWith(u"tallyvane: Claude: ") &&
+                     refresh.error.count(u'\n') == 1,
                  qPrintable(refresh.error));
-        QCOMPARE(refresh.error.count(u'\n'), 1);
 
-        const QString output = run({QStringLiteral("status")}).output;
-        QCOMPARE(output, refresh.output);
-        const QByteArray stored =
-            tests::readFile(m_home->filePath(QStringLiteral("data/Gaugewell/quota-snapshot.json")));
-        const auto snapshot = tallyvane::model::decodeSnapshot(stored);
+        QCOMPARE(run("status").output, refresh.output);
+        const QByteArray stored = tests::readFile(inHome("data/Gaugewell/quota-snapshot.json"));
+        const auto snapshot = model::decodeSnapshot(stored);
         QVERIFY(snapshot);
         QCOMPARE(snapshot->providers[1].statusMessage, QStringLiteral("Keychain auth"));
-        QCOMPARE(run({QStringLiteral("status"), QStringLiteral("--json")}).output.toUtf8(),
-                 stored + '\n');
-        QVERIFY(run({QStringLiteral("status"), QStringLiteral("--waybar")})
-                    .output.contains(u"\"text\":\"58%\""));
+        QCOMPARE(run("status --json").output.toUtf8(), stored + '\n');
+        QVERIFY(run("status --waybar").output.contains(u"\"text\":\"58%\""));
+
+        installCodex(R"(echo '{"error":{"message":"me@example.com: not signed in"},"id":1}'; cat)");
+        const Run failed = run("refresh");
+        QCOMPARE(failed.exitCode, 3);
+        QVERIFY2(
+            failed.error.contains(u"Codex: Command failed (-1): (e-mail address): not signed in\n"),
+            qPrintable(failed.error));
+        QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
+        QVERIFY(!run("status --json").output.contains(u"not signed in"));
     }
 
     /// It may be about to store a new sign-in of its own, and the user does not wait for that.
     void letsCodexEndInItsOwnTime() {
         installCodex(R"(trap 'until [ -e "$HOME/go" ]; do sleep 0.01; done; : >"$HOME/ended"' TERM)"
                      R"(; echo '{"id":1,"result":{"rateLimits":{}}}'; sleep 1000 & wait)");
-        QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
-        QVERIFY(!QFile::exists(m_home->filePath(QStringLiteral("ended"))));
-        tests::writeFile(m_home->filePath(QStringLiteral("go")), {});
-        QTRY_VERIFY(QFile::exists(m_home->filePath(QStringLiteral("ended"))));
-    }
-
-    void keepsOldFiguresWhenCodexFails() {
-        installCodex(
-            R"(echo '{"id":1,"result":{"rateLimits":{"primary":{"usedPercent":42}}}}'; cat)");
-        QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
-        installCodex(R"(echo '{"error":{"message":"me@example.com: not signed in"},"id":1}'; cat)");
-        const Run failed = run({QStringLiteral("refresh")});
-        QCOMPARE(failed.exitCode, 3);
-        QVERIFY2(
-            failed.error.contains(u"Codex: Command failed (-1): (e-mail address): not signed in\n"),
-            qPrintable(failed.error));
-        QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
-        QVERIFY(!run({QStringLiteral("status"), QStringLiteral("--json")})
-                     .output.contains(u"not signed in"));
+        QCOMPARE(run("refresh").exitCode, 3);
+        QVERIFY(!QFile::exists(inHome("ended")));
+        tests::writeFile(inHome("go"), {});
+        QTRY_VERIFY(QFile::exists(inHome("ended")));
     }
 
     void countsTokens() {
-        const QByteArray log = R"({"type":"assistant","message":{"usage":{"output_tokens":42}}})";
-        tests::writeFile(m_home->filePath(QStringLiteral(".claude/projects/-w/a.jsonl")), log);
-        const Run text = run({QStringLiteral("tokens")});
+        const QByteArray log = R"({"type":"assistant","message":{"usage":{"output_tokens":1000}}})";
+        const QString path = inHome(".claude/projects/-w/a.jsonl");
+        tests::writeFile(path, log);
+        const Run text = run("tokens");
         QCOMPARE(text.exitCode, 0);
-        QVERIFY2(text.output.startsWith(u"Codex: 0 tokens\nClaude: 42 tokens\n1 files counted, "),
+        QVERIFY2(text.output.startsWith(u"Codex: 0 tokens\nClaude: 1000 tokens\n1 files counted, "),
                  qPrintable(text.output));
         const QJsonObject json =
-            QJsonDocument::fromJson(
-                run({QStringLiteral("tokens"), QStringLiteral("--json")}).output.toUtf8())
-                .object();
-        const QJsonObject totals{{QStringLiteral("codex"), 0}, {QStringLiteral("claude"), 42}};
+            QJsonDocument::fromJson(run("tokens --json").output.toUtf8()).object();
+        const QJsonObject totals{{QStringLiteral("codex"), 0}, {QStringLiteral("claude"), 1000}};
         QCOMPARE(json[u"totals"].toObject(), totals);
         QCOMPARE(json[u"readBytes"].toInteger(), log.size());
-    }
 
-    void recordsNewTokens() {
-        const auto log = [this](int total) {
-            QVERIFY(QDir(m_home->path()).mkpath(QStringLiteral(".codex/sessions/2026")));
-            QFile file(m_home->filePath(QStringLiteral(".codex/sessions/2026/a.jsonl")));
-            QVERIFY(file.open(QIODevice::Append));
-            file.write(R"({"payload":{"type":"token_count","info":{"total_token_usage":)"
-                       R"({"total_tokens":)" +
-                       QByteArray::number(total) + "}}}}\n");
-        };
-        QCOMPARE(run({QStringLiteral("history")}).exitCode, 4);
-        for (const int total : {1000, 1250}) {
-            log(total);
-            QCOMPARE(run({QStringLiteral("refresh")}).exitCode, 3);
-        }
-        const Run history = run({QStringLiteral("history"), QStringLiteral("--json")});
+        // What a refresh records is the increase.
+        QCOMPARE(run("refresh").exitCode, 3);
+        tests::writeFile(path, log + '\n' + QByteArray(log).replace("1000", "250"));
+        QCOMPARE(run("refresh").exitCode, 3);
+        const Run history = run("history --json");
         QVERIFY2(history.output.contains(u"\"estimatedLocalTokens\" : 250,"),
                  qPrintable(history.output));
-        QCOMPARE(run({QStringLiteral("history")}).output.count(u'\n'), 3);
+        QCOMPARE(run("history").output.count(u'\n'), 3);
     }
 
-    /// Wherever the variables of the environment point, it is no place relative to this one.
-    void storesInAbsolutePlaces() {
-        const QString current = m_home->filePath(QStringLiteral("current"));
-        QVERIFY(QDir().mkdir(current));
-        QProcess program;
-        program.setWorkingDirectory(current);
-        const auto environment = QProcessEnvironment::systemEnvironment();
-        const auto storesIn = [&](const QString& home, const QString& data, const QString& file) {
-            QProcessEnvironment changed = environment;
-            changed.insert(QStringLiteral("HOME"), home);
-            changed.insert(QStringLiteral("XDG_DATA_HOME"), data);
-            changed.insert(QStringLiteral("XDG_CONFIG_HOME"), QStringLiteral("config"));
-            program.setProcessEnvironment(changed);
-            program.start(m_program, {QStringLiteral("refresh")});
-            return program.waitForFinished() && QDir(current).isEmpty() && QFile::remove(file);
-        };
-        const QString snapshot = QStringLiteral("/Gaugewell/quota-snapshot.json");
-        const QString shared = m_home->path() + QStringLiteral("/.local/share") + snapshot;
+    /// Relative paths in the environment count as not set.
+    void storesInAbsolutePlaces_data() {
+        QTest::addColumn<QString>("place");
         for (const char* data : {"", "data", "./data", "../data"}) {
-            QVERIFY2(storesIn(m_home->path(), QString::fromLatin1(data), shared), data);
+            QTest::addRow("XDG_DATA_HOME=%s", data) << QStringLiteral(".local/share");
         }
-        const QString own = m_home->filePath(QStringLiteral("own"));
         for (const char* home : {"", "home", "."}) {
-            QVERIFY2(storesIn(QString::fromLatin1(home), own, own + snapshot), home);
+            QTest::addRow("XDG_DATA_HOME=\"$HOME/own\" HOME=%s", home) << QStringLiteral("own");
         }
     }
-
-    void tellsWhatItCouldNotStore() {
-        QFile obstacle(m_home->filePath(QStringLiteral("data")));
-        QVERIFY(obstacle.open(QIODevice::WriteOnly));
-        const Run refresh = run({QStringLiteral("refresh")});
-        QCOMPARE(refresh.exitCode, 1);
-        QVERIFY2(refresh.error.contains(u"quota-snapshot.json"), qPrintable(refresh.error));
+    void storesInAbsolutePlaces() {
+        QFETCH(const QString, place);
+        QVERIFY(QDir::home().mkdir(QStringLiteral("current")));
+        runShell(QStringLiteral("cd \"$HOME/current\" && exec env XDG_CONFIG_HOME=config %1 "
+                                "\"$0\" refresh")
+                     .arg(QString::fromUtf8(QTest::currentDataTag())));
+        QVERIFY(QDir(inHome("current")).isEmpty());
+        QVERIFY(QFile::exists(inHome("%1/Gaugewell/quota-snapshot.json").arg(place)));
     }
 
     void refusesToRunWithoutResources_data() {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("limit"); // of the shell
-        for (const char* command : {"refresh", "status", "tokens", "history", "--background"}) {
+        QTest::addColumn<QString>("limited"); // a command of the shell
+        QTest::addColumn<bool>("needsMany");
+        for (const char* command : {"refresh", "--background", "status", "tokens", "history"}) {
+            const bool needsMany = QByteArray(command) == "refresh" || command[0] == '-';
             for (const int files : {8, 12, 20, 34}) { // fewer do not load its libraries
                 QTest::addRow("%s, %d files", command, files)
-                    << QString::fromLatin1(command) << QStringLiteral("ulimit -n %1").arg(files);
+                    << QStringLiteral("ulimit -n %1; exec \"$0\" %2")
+                           .arg(files)
+                           .arg(QString::fromUtf8(command))
+                    << needsMany;
             }
         }
-        // The administrator's programs take no notice of it.
+        // Root is exempt from it.
         const QString user = ::geteuid() == 0
                                  ? QStringLiteral("exec setpriv --reuid=65534 --regid=65534 "
-                                                  "--clear-groups prlimit --nproc=%1")
-                                 : QStringLiteral("ulimit -u %1");
+                                                  "--clear-groups prlimit --nproc=%1 ")
+                                 : QStringLiteral("ulimit -u %1; exec ");
         for (const int threads : {1, 4, 8}) {
             QTest::addRow("refresh, %d threads", threads)
-                << QStringLiteral("refresh") << user.arg(threads);
+                << user.arg(threads) + QStringLiteral("\"$0\" refresh") << true;
         }
     }
     void refusesToRunWithoutResources() {
-        QFETCH(const QString, command);
-        QFETCH(const QString, limit);
-        const bool needsMany = command == u"refresh" || command == u"--background";
-        m_program = QStringLiteral("/bin/sh");
-        const QString separator =
-            limit.startsWith(u"exec") ? QStringLiteral(" ") : QStringLiteral("; exec ");
-        const Run refused =
-            run({QStringLiteral("-c"), limit + separator + QStringLiteral("\"$0\" ") + command,
-                 QStringLiteral(TALLYVANE_PROGRAM)});
+        QFETCH(const QString, limited);
+        QFETCH(const bool, needsMany);
+        const Run refused = runShell(limited);
         QVERIFY2(refused.error.count(u'\n') <= 1, qPrintable(refused.error));
         const bool isTold = refused.exitCode == 1 && refused.error.contains(u"The system gives");
         QVERIFY2(isTold || (!needsMany && (refused.exitCode == 0 || refused.exitCode == 4)),
                  qPrintable(QString::number(refused.exitCode) + refused.error));
     }
 
-    void reportsAFullDisk() {
-        QProcess program;
-        program.setStandardOutputFile(QStringLiteral("/dev/full"));
-        program.start(QStringLiteral(TALLYVANE_PROGRAM), {QStringLiteral("--help")});
-        QVERIFY(program.waitForFinished());
-        QCOMPARE(program.exitCode(), 1);
-        QVERIFY(program.readAllStandardError().contains("No space left"));
-    }
-
     void loadsNoGui() {
-        QProcess ldd;
-        ldd.start(QStringLiteral("ldd"), {QStringLiteral(TALLYVANE_PROGRAM)});
-        QVERIFY(ldd.waitForFinished());
-        const QByteArray libraries = ldd.readAllStandardOutput();
+        const QByteArray libraries = tests::output("ldd " TALLYVANE_PROGRAM);
         QVERIFY(libraries.contains("libQt6Core") && !libraries.contains("libQt6Gui"));
     }
-
-public Q_SLOTS:
-    void countSignal() { ++m_signals; }
-
-private:
-    static QCoro::Task<bool> stored(bool isStored) { co_return isStored; }
-
-    /// Puts a shell script into the home.
-    void install(const char* path, const char* script) const {
-        tests::writeFile(m_home->filePath(QString::fromLatin1(path)),
-                         QByteArray("#!/bin/sh\n") + script);
-    }
-
-    /// Where the program looks for the Codex CLI.
-    void installCodex(const char* script) const { install(".local/bin/codex", script); }
-
-    Run run(const QStringList& arguments) const {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), m_home->path());
-        environment.insert(QStringLiteral("XDG_DATA_HOME"),
-                           m_home->filePath(QStringLiteral("data")));
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
-                           m_home->filePath(QStringLiteral("config")));
-        QProcess program;
-        program.setProcessEnvironment(environment);
-        program.start(m_program, arguments);
-        const bool isFinished =
-            QTest::qWaitFor([&program] { return program.state() == QProcess::NotRunning; }, 30'000);
-        return {.exitCode = isFinished ? program.exitCode() : -1,
-                .output = QString::fromUtf8(program.readAllStandardOutput()),
-                .error = QString::fromUtf8(program.readAllStandardError())};
-    }
-
-    int m_signals = 0;
-    std::unique_ptr<QTemporaryDir> m_home;
-    QString m_program;
 };
 
 TALLYVANE_TEST_MAIN(ProgramTest)

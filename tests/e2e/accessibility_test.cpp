@@ -1,5 +1,4 @@
 #include "accessible_program.h"
-#include "support/test_main.h"
 #include "support/xfce_desktop.h"
 
 #include <QtCore/QJsonArray>
@@ -7,6 +6,7 @@
 #include <QtCore/QUrl>
 
 using namespace tallyvane;
+using tests::inHome;
 using tests::patience;
 
 namespace {
@@ -39,8 +39,14 @@ struct Session {
         return QTest::qWaitFor(isAsExpected, patience) ? QString() : differing.join(u'\n');
     }
 
+    /// Ends the program and returns everything that it wrote to standard error.
+    [[nodiscard]] QByteArray end() {
+        program.end();
+        return program.readAllStandardError();
+    }
+
     const tests::XfceDesktop desktop;
-    const tests::RunningProgram windowManager{"env NO_AT_BRIDGE=1 xfwm4"};
+    const tests::RunningProgram windowManager{"env NO_AT_BRIDGE=1 xfwm4 --compositor=off"};
     const tests::AccessibilityBus bus;
     tests::TallyvaneProgram program;
     const tests::AccessibleProgram seen{bus.connection, program.processId()};
@@ -139,10 +145,14 @@ Estimated result. Rolling resets, usage between syncs, and provider-side adjustm
 }
 
 qsizetype recordedPoints() {
-    QFile file(QDir::home().filePath(QStringLiteral("data/Gaugewell/usage-history.json")));
-    return file.open(QIODevice::ReadOnly)
-               ? QJsonDocument::fromJson(file.readAll())[u"points"].toArray().size()
-               : -1;
+    const QByteArray history = tests::readFile(inHome("data/Gaugewell/usage-history.json"));
+    return QJsonDocument::fromJson(history)[u"points"].toArray().size();
+}
+
+/// Of the window's backdrop, from 0 to 255.
+int brightness() {
+    return static_cast<uchar>(
+        tests::output("import -window root -crop 1x1+60+300 -depth 8 gray:-").at(0));
 }
 
 } // namespace
@@ -150,6 +160,9 @@ qsizetype recordedPoints() {
 /// The main window, read and used as with a screen reader.
 class AccessibilityTest : public tests::HermeticTest {
     Q_OBJECT
+
+public:
+    AccessibilityTest() : HermeticTest(AfterFailure::stop) {}
 
 private Q_SLOTS:
     void initTestCase() { qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1"); }
@@ -159,31 +172,34 @@ private Q_SLOTS:
         tests::installCodex(63);
     }
 
-    void cleanup() { tests::clearHome(); }
+    void cleanup() {
+        tests::clearHome();
+        HermeticTest::cleanup();
+    }
 
     void usesEveryPage() {
-        tests::writeToHome(QStringLiteral("config/group.corvelle.Gaugewell.conf"),
-                           "hasAskedLaunchAtLogin=true\n");
+        tests::writeFile(inHome("config/group.corvelle.Gaugewell.conf"),
+                         "hasAskedLaunchAtLogin=true\n");
         Session session;
         const tests::AccessibleProgram& seen = session.seen;
         QCOMPARE(session.difference(dashboard(37)), QString());
 
-        tests::installCodex(2, "until [ -e \"$HOME/data/go\" ]; do sleep 0.1; done");
-        QVERIFY(seen.press(QStringLiteral("Refresh")));
-        QCOMPARE(session.difference(dashboard(37) << lines("Refreshing\nWorking")), QString());
-        tests::writeToHome(QStringLiteral("data/go"), {});
-        QCOMPARE(session.difference(dashboard(98)), QString());
-
-        tests::writeToHome(QStringLiteral(".local/bin/codex"),
-                           "#!/bin/sh\necho '{\"error\":{\"message\":\"signed out\"},\"id\":1}'\n"
-                           "cat\n");
+        tests::writeFile(inHome(".local/bin/codex"),
+                         "#!/bin/sh\necho '{\"error\":{\"message\":\"signed out\"},\"id\":1}'\n"
+                         "cat\n");
         QVERIFY(seen.press(QStringLiteral("Refresh")));
         const QStringList oldFigures = dashboard(lines(R"(
 Command failed (-1): signed out
-Codex PLUS | 5h: 98%, Sync pending; Week: 83%, Sync pending
+Codex PLUS | 5h: 37%, Sync pending; Week: 83%, Sync pending
 Sync pending
 )"));
         QCOMPARE(session.difference(oldFigures), QString());
+
+        tests::installCodex(2, "until [ -e \"$HOME/go\" ]; do sleep 0.1; done");
+        QVERIFY(seen.press(QStringLiteral("Refresh")));
+        QCOMPARE(session.difference(oldFigures + lines("Refreshing\nWorking")), QString());
+        tests::writeFile(inHome("go"), {});
+        QCOMPARE(session.difference(dashboard(98)), QString());
 
         QVERIFY(seen.press(QStringLiteral("Usage History")));
         QCOMPARE(session.difference(historyPage(QStringLiteral("Daily"))), QString());
@@ -197,9 +213,14 @@ Sync pending
         QCOMPARE(session.difference(settings(false) << lines("Usage history cleared.")), QString());
         QCOMPARE(recordedPoints(), 0);
 
+        QVERIFY(brightness() > 128);
+        QVERIFY(seen.focus(QStringLiteral("Dark")));
+        tests::output("xdotool key space");
+        QVERIFY(QTest::qWaitFor([] { return brightness() < 128; }, patience));
+
         QVERIFY(seen.press(QStringLiteral("Dashboard")));
-        QCOMPARE(session.difference(oldFigures), QString());
-        QCOMPARE(session.program.end(), QByteArray());
+        QCOMPARE(session.difference(dashboard(98)), QString());
+        QCOMPARE(session.end(), QByteArray());
     }
 
     void answersThePrompt_data() {
@@ -226,13 +247,12 @@ Continue
             QVERIFY(session.seen.press(name));
         }
         QCOMPARE(session.difference(dashboard(37)), QString());
-        QFile entry(QDir::home().filePath(
-            QStringLiteral("config/autostart/org.corvelle.Tallyvane.desktop")));
-        QCOMPARE(entry.open(QIODevice::ReadOnly) && entry.readAll().contains("--background"),
+        QCOMPARE(tests::readFile(inHome("config/autostart/org.corvelle.Tallyvane.desktop"))
+                     .contains("--background"),
                  launchesAtLogin);
         QVERIFY(session.seen.press(QStringLiteral("Settings")));
         QCOMPARE(session.difference(settings(launchesAtLogin)), QString());
-        QCOMPARE(session.program.end(), QByteArray());
+        QCOMPARE(session.end(), QByteArray());
     }
 };
 

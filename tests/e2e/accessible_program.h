@@ -1,6 +1,5 @@
 #pragma once
 
-#include "support/running_program.h"
 #include "support/tallyvane_program.h"
 
 #include <QtCore/QTemporaryDir>
@@ -73,7 +72,11 @@ public:
     /// Does what the first control of this name is for, as soon as it is there. Returns whether it
     /// was before `patience` was over.
     [[nodiscard]] bool press(const QString& name) const {
-        return QTest::qWaitFor([&] { return pressNow(name); }, patience);
+        return QTest::qWaitFor([&] { return ask(name, "Action", "DoAction", {0}); }, patience);
+    }
+    /// Gives the first control of this name the keyboard focus, likewise.
+    [[nodiscard]] bool focus(const QString& name) const {
+        return QTest::qWaitFor([&] { return ask(name, "Component", "GrabFocus"); }, patience);
     }
 
 private:
@@ -91,12 +94,14 @@ private:
         [[nodiscard]] bool has(uint anyOf) const { return (states & anyOf) != 0; }
     };
 
-    [[nodiscard]] bool pressNow(const QString& name) const {
+    /// Asks the first control of this name for something that answers whether it was done.
+    [[nodiscard]] bool ask(const QString& name, const char* interface, const char* method,
+                           const QVariantList& arguments = {}) const {
         const auto all = controls();
         const auto found =
             std::ranges::find_if(all, [&](const Control& control) { return control.name == name; });
         return found != all.end() &&
-               QDBusReply<bool>(call(found->path, "Action", "DoAction", {0})).value();
+               QDBusReply<bool>(call(found->path, interface, method, arguments)).value();
     }
 
     /// Everything that is visible and has a name.
@@ -132,8 +137,8 @@ private:
 
     [[nodiscard]] QString property(const QString& path, const char* name) const {
         const QDBusReply<QVariant> value =
-            ask(path, "org.freedesktop.DBus.Properties", "Get",
-                {QStringLiteral("org.a11y.atspi.Accessible"), QLatin1String(name)});
+            send(path, "org.freedesktop.DBus.Properties", "Get",
+                 {QStringLiteral("org.a11y.atspi.Accessible"), QLatin1String(name)});
         return value.value().toString();
     }
     [[nodiscard]] QString text(const QString& path) const {
@@ -141,10 +146,10 @@ private:
     }
     [[nodiscard]] QDBusMessage call(const QString& path, const char* interface, const char* method,
                                     const QVariantList& arguments = {}) const {
-        return ask(path, "org.a11y.atspi." + QByteArray(interface), method, arguments);
+        return send(path, "org.a11y.atspi." + QByteArray(interface), method, arguments);
     }
-    [[nodiscard]] QDBusMessage ask(const QString& path, const QByteArray& interface,
-                                   const char* method, const QVariantList& arguments) const {
+    [[nodiscard]] QDBusMessage send(const QString& path, const QByteArray& interface,
+                                    const char* method, const QVariantList& arguments) const {
         QDBusMessage message = QDBusMessage::createMethodCall(
             m_service, path, QString::fromUtf8(interface), QLatin1String(method));
         message.setArguments(arguments);

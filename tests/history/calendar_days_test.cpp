@@ -94,7 +94,7 @@ private Q_SLOTS:
         QFETCH(const QByteArray, tz);
         if (tz.startsWith('-')) {
             if (!m_machine.isUsable()) {
-                QSKIP(std::strerror(errno));
+                TALLYVANE_SKIP(std::strerror(errno));
             }
             qunsetenv("TZ");
             QFile::remove(QStringLiteral("/etc/localtime"));

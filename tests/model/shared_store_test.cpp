@@ -153,7 +153,7 @@ private Q_SLOTS:
 
     void survivesAFullDisk() {
         if (::geteuid() != 0 || ::mount("none", m_root.c_str(), "tmpfs", 0, "size=256k") != 0) {
-            QSKIP("mounting a small file system needs root");
+            TALLYVANE_SKIP("mounting a small file system needs root");
         }
         const SharedStore store(m_locations);
         const auto before = store.saveSnapshot(snapshotUsing(1));

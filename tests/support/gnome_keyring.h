@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QProcess>
+#include "support/running_program.h"
 
 namespace tallyvane::tests {
 
@@ -8,35 +8,23 @@ namespace tallyvane::tests {
 class GnomeKeyring {
 public:
     GnomeKeyring() {
-        m_daemon.setProcessChannelMode(QProcess::MergedChannels);
-        m_daemon.start(QStringLiteral("gnome-keyring-daemon"),
-                       {QStringLiteral("--foreground"), QStringLiteral("--unlock"),
-                        QStringLiteral("--components=secrets")});
         m_daemon.write("password");
         m_daemon.closeWriteChannel();
     }
-    ~GnomeKeyring() {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-    GnomeKeyring(const GnomeKeyring&) = delete;
-    GnomeKeyring& operator=(const GnomeKeyring&) = delete;
 
     /// Stores a secret under `attribute`, whose value is the service's name; false until the
     /// keyring is up.
     static bool store(const QString& attribute, const QByteArray& secret) {
-        QProcess tool;
-        tool.start(QStringLiteral("secret-tool"),
-                   {QStringLiteral("store"), QStringLiteral("--label=test"), attribute,
-                    QStringLiteral("Claude Code-credentials"), QStringLiteral("account"),
-                    QString::number(qHash(secret))});
+        RunningProgram tool("secret-tool store --label=test " + attribute.toUtf8() +
+                            " 'Claude Code-credentials' account " +
+                            QByteArray::number(qHash(secret)));
         tool.write(secret);
         tool.closeWriteChannel();
         return tool.waitForFinished() && tool.exitCode() == 0;
     }
 
 private:
-    QProcess m_daemon;
+    RunningProgram m_daemon{"gnome-keyring-daemon --foreground --unlock --components=secrets"};
 };
 
 } // namespace tallyvane::tests

@@ -1,21 +1,20 @@
 #pragma once
 
-#include <QtCore/QFile>
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
+#include "support/running_program.h"
 
 namespace tallyvane::tests {
 
-/// A session bus of its own, to which this process's environment points while it lives.
+/// A session bus of its own, to which this process's environment points while it lives. It starts
+/// no services but those described by files in ~/services.
 class PrivateBus {
 public:
     PrivateBus() {
-        // Without the machine's services, which the bus would start by itself.
         QFile configuration(m_directory.filePath(QStringLiteral("configuration")));
         configuration.open(QIODevice::WriteOnly);
         configuration.write(
             "<busconfig><type>session</type><listen>unix:path=" + m_directory.path().toUtf8() +
-            "/bus</listen><limit name='max_replies_per_connection'>50000</limit><policy "
+            "/bus</listen><servicedir>" + qgetenv("HOME") +
+            "/services</servicedir><limit name='max_replies_per_connection'>50000</limit><policy "
             "context='default'><allow send_destination='*' eavesdrop='true'/>"
             "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>");
         configuration.close();
@@ -29,19 +28,13 @@ public:
         m_address = m_daemon.readLine().trimmed();
         qputenv("DBUS_SESSION_BUS_ADDRESS", m_address);
     }
-    ~PrivateBus() {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-    PrivateBus(const PrivateBus&) = delete;
-    PrivateBus& operator=(const PrivateBus&) = delete;
 
     /// For QtDBus, which reads the environment only once.
     [[nodiscard]] QString address() const { return QString::fromUtf8(m_address); }
 
 private:
     QTemporaryDir m_directory;
-    QProcess m_daemon;
+    RunningProgram m_daemon;
     QByteArray m_address;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QProcess>
+#include "support/running_program.h"
 
 namespace tallyvane::tests {
 
@@ -8,12 +8,6 @@ namespace tallyvane::tests {
 class VirtualDisplay {
 public:
     VirtualDisplay() {
-        m_server.setStandardErrorFile(QProcess::nullDevice());
-        m_server.start(QStringLiteral("Xvfb"),
-                       {QStringLiteral("-displayfd"), QStringLiteral("1"),
-                        QStringLiteral("-screen"), QStringLiteral("0"),
-                        QStringLiteral("1280x800x24"), QStringLiteral("-nolisten"),
-                        QStringLiteral("tcp")});
         // The number of a free display, printed when the server listens.
         QByteArray number;
         while (!number.endsWith('\n')) {
@@ -24,16 +18,12 @@ public:
         }
         qputenv("DISPLAY", ':' + number.trimmed());
     }
-    ~VirtualDisplay() {
-        qunsetenv("DISPLAY");
-        m_server.terminate(); // with SIGKILL its lock file would stay
-        m_server.waitForFinished();
-    }
+    ~VirtualDisplay() { qunsetenv("DISPLAY"); }
     VirtualDisplay(const VirtualDisplay&) = delete;
     VirtualDisplay& operator=(const VirtualDisplay&) = delete;
 
 private:
-    QProcess m_server;
+    RunningProgram m_server{"Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp"};
 };
 
 } // namespace tallyvane::tests

@@ -27,7 +27,7 @@ std::filesystem::path iconFolder(const Environment& environment) {
                                                 : environment.runtimeDirectory / "tallyvane";
 }
 
-/// While it lives, a window that opens finds the token there that lets it take the focus.
+/// Puts the token that lets a new window take the focus into the environment during its lifetime.
 class ActivationToken {
 public:
     explicit ActivationToken(const QString& token) {
@@ -66,7 +66,7 @@ DesktopProgram::DesktopProgram(const Environment& environment)
             &DesktopProgram::openMainWindow);
     connect(&m_application, &platform::DBusApplication::refreshRequested, &m_composition.model,
             &core::AppModel::startRefresh);
-    // Queued, so that the caller gets its answer.
+    // Queued, so that the caller gets its reply first.
     connect(&m_application, &platform::DBusApplication::quitRequested, qApp,
             &QCoreApplication::quit, Qt::QueuedConnection);
     connect(&m_composition.notificationCentre, &platform::DBusNotificationCentre::activated, this,
@@ -75,7 +75,7 @@ DesktopProgram::DesktopProgram(const Environment& environment)
 
 std::optional<ExitCode> DesktopProgram::start(StartMode mode) {
     using Registration = platform::DBusApplication::Registration;
-    // Another one may have started at the same moment.
+    // Another instance may have started at the same time.
     if (m_application.registerOnBus() == Registration::alreadyRunning) {
         const bool isToShow = mode != StartMode::background;
         return !isToShow || platform::activateRunning(m_environment.activationToken)
@@ -116,7 +116,7 @@ Windows* DesktopProgram::windows() {
     if (!m_windows) {
         auto loaded = m_windowsLibrary.makeWindows(windowsContext());
         if (!loaded) {
-            // An item in the panel has no terminal to tell.
+            // Usually nobody sees standard error.
             printError(loaded.error());
             m_composition.notificationCentre.post({.identifier = QStringLiteral("windows"),
                                                    .title = QStringLiteral("Tallyvane"),

@@ -1,23 +1,23 @@
 #pragma once
 
+#include "app/commands.h"
 #include "app/composition.h"
 #include "app/desktop/status_area.h"
 #include "app/desktop/windows_library.h"
-#include "app/start_command.h"
 #include "platform/linux/autostart_entry.h"
 #include "platform/linux/dbus_application.h"
 
 namespace tallyvane::app {
 
-/// The program on the desktop: one model, the status item, and the windows when they are wanted.
-/// Outlives the event loop.
+/// The desktop program: one model, the status item, and windows on demand. Must outlive the event
+/// loop: suspended coroutines resume on it.
 class DesktopProgram : public QObject {
     Q_OBJECT
 
 public:
     explicit DesktopProgram(const Environment& environment);
 
-    /// Nothing: the program is up, and the event loop is to run. Else it is not, and how to end.
+    /// Returns the exit code, or nullopt when the event loop should run.
     [[nodiscard]] std::optional<ExitCode> start(StartMode mode);
 
 private:

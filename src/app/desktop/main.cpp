@@ -14,18 +14,18 @@ using namespace tallyvane;
 
 namespace {
 
-/// Stands in for Qt's handler while Qt connects to the display: instead of several lines and an
-/// abort, one line.
-void tellOfUnusableDisplay(QtMsgType type, const QMessageLogContext& /*where*/,
+/// Replaces Qt's message handler while Qt connects to the display: one line instead of several and
+/// an abort.
+void reportUnusableDisplay(QtMsgType type, const QMessageLogContext& /*where*/,
                            const QString& /*text*/) {
     if (type == QtFatalMsg) {
+        const app::Environment environment = app::readEnvironment();
         app::printError(
-            qEnvironmentVariableIsEmpty("DISPLAY")
+            environment.x11Display.isEmpty()
                 ? QStringLiteral("The Wayland display %1 cannot be used; this needs Qt's plugin "
                                  "for Wayland (qt6-wayland).")
-                      .arg(qEnvironmentVariable("WAYLAND_DISPLAY"))
-                : QStringLiteral("The display %1 cannot be used.")
-                      .arg(qEnvironmentVariable("DISPLAY")));
+                      .arg(environment.waylandDisplay)
+                : QStringLiteral("The display %1 cannot be used.").arg(environment.x11Display));
         app::endProgram(std::to_underlying(app::ExitCode::failure));
     }
 }
@@ -41,15 +41,14 @@ int run(app::StartMode mode) {
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        if (qEnvironmentVariableIsEmpty("DISPLAY") &&
-            qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+        const app::Environment environment = app::readEnvironment();
+        if (environment.x11Display.isEmpty() && environment.waylandDisplay.isEmpty()) {
             app::printError(QStringLiteral("There is no display here; 'tallyvane refresh' and "
                                            "'tallyvane status' work without one."));
             return std::to_underlying(app::ExitCode::failure);
         }
-        // A window chooses its own place under X11 alone, and the panel belongs beside the item.
-        qputenv("QT_QPA_PLATFORM",
-                qEnvironmentVariableIsEmpty("DISPLAY") ? "wayland" : "xcb;wayland");
+        // Only X11 lets a window choose its position, and the panel belongs beside the item.
+        qputenv("QT_QPA_PLATFORM", environment.x11Display.isEmpty() ? "wayland" : "xcb;wayland");
     }
     if (!app::checkResources(app::desktopResources)) {
         return std::to_underlying(app::ExitCode::failure);
@@ -58,10 +57,10 @@ int main(int argc, char** argv) {
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
     QGuiApplication::setDesktopFileName(QString(platform::applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    const auto usualHandler = qInstallMessageHandler(tellOfUnusableDisplay);
+    const auto usualHandler = qInstallMessageHandler(reportUnusableDisplay);
     const QGuiApplication application(argc, argv);
     qInstallMessageHandler(usualHandler);
-    qunsetenv("QT_QPA_PLATFORM"); // not for the programs that this one starts
+    qunsetenv("QT_QPA_PLATFORM"); // child programs must not inherit it
     const auto commandLine = app::parseCommandLine(QCoreApplication::arguments());
     if (!commandLine) {
         app::printError(commandLine.error());

@@ -74,8 +74,8 @@ private:
 
 tallyvane::app::Windows* tallyvaneMakeWindows(const tallyvane::app::WindowsContext& context) {
     using namespace tallyvane;
-    // Drawing by the processor takes a third of the memory that OpenGL in software takes, and no
-    // longer for windows as calm as these.
+    // The software renderer uses a third of the memory of software OpenGL and is as fast for
+    // windows that change this little.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QString(platform::applicationId)));
     return std::make_unique<app::QuickWindows>(context).release();

@@ -16,7 +16,7 @@ namespace {
 
 enum MenuEntry { codexEntry = 1, claudeEntry, firstSeparator, open, refresh, lastSeparator, quit };
 
-/// The sizes that panels of usual heights ask for; others are scaled from the nearest.
+/// The sizes that common panels use; hosts scale from the nearest.
 constexpr int pictureSizes[] = {16, 22, 24, 32, 48};
 
 } // namespace
@@ -46,7 +46,7 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
 void StatusArea::showSnapshot() {
     const model::QuotaSnapshot snapshot = m_model.snapshot();
     const ui::GaugeValues gauges = ui::gaugeValues(snapshot);
-    // Beside a label the picture needs no figure.
+    // With a label beside it the icon needs no figure.
     std::optional<int> figure;
     if (!m_item.hostProfile().showsLabel) {
         figure = model::lowestRemainingPercent(snapshot);
@@ -107,7 +107,7 @@ QColor StatusArea::ink() const {
     case ColourPreference::none:
         break;
     }
-    return {0x8a, 0x8a, 0x8a}; // shows on both
+    return {0x8a, 0x8a, 0x8a}; // visible on both
 }
 
 } // namespace tallyvane::app

@@ -10,13 +10,13 @@
 
 namespace tallyvane::app {
 
-/// Keeps the status item up to date with the model. Main thread.
+/// Shows the model in the status item. Main thread.
 class StatusArea : public QObject {
     Q_OBJECT
 
 public:
-    /// All references outlive it. `iconFolder` is for files that the desktop reads; it may be
-    /// empty, and then there are none.
+    /// The references must outlive it. `iconFolder` holds icons for the desktop to read; if empty,
+    /// there are none.
     StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
                const std::filesystem::path& iconFolder);
 
@@ -25,7 +25,7 @@ public:
 Q_SIGNALS:
     void isShownChanged();
     void clicked(QPoint position, const QString& activationToken);
-    // The menu's commands.
+    // Menu commands.
     void openRequested();
     void refreshRequested();
     void usagePageRequested(tallyvane::model::AIProvider provider);

@@ -24,7 +24,7 @@ bool isOurs(const fs::path& file) {
 
 SymbolicIconFiles::SymbolicIconFiles(fs::path folder) : m_folder(std::move(folder)) {
     if (!m_folder.empty()) {
-        std::error_code ignored; // then no file can be written
+        std::error_code ignored; // add() reports failure
         fs::create_directory(m_folder, ignored);
         removeAllBut({}, {});
     }

@@ -7,19 +7,19 @@
 
 namespace tallyvane::app {
 
-/// Symbolic icons as files for the desktop to read. Each drawing has a file name of its own, since
-/// desktops keep what they have read under a name.
+/// Symbolic icons as files for the desktop to read. Each drawing gets its own file name, because
+/// desktops cache icons by name.
 class SymbolicIconFiles {
 public:
-    /// Files lie in `folder`, which is made; files of an earlier run in it go. Without
-    /// a folder there are no files.
+    /// Creates `folder` and removes an earlier run's files from it. An empty path disables files.
     explicit SymbolicIconFiles(std::filesystem::path folder);
     ~SymbolicIconFiles();
     SymbolicIconFiles(const SymbolicIconFiles&) = delete;
     SymbolicIconFiles& operator=(const SymbolicIconFiles&) = delete;
 
-    /// The absolute path of a file that holds `svg`; empty when it cannot be written. The file of
-    /// the call before stays, as the desktop may be about to read it; older ones go.
+    /// Returns the absolute path of a file with `svg`, or an empty string if it cannot be written.
+    /// Keeps the previous call's file, which the desktop may be about to read, and removes older
+    /// ones.
     [[nodiscard]] QString add(const QByteArray& svg);
 
 private:

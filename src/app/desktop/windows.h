@@ -14,7 +14,7 @@
 
 namespace tallyvane::app {
 
-/// What the windows work with; all of it outlives them.
+/// The windows' collaborators, which must outlive them.
 struct WindowsContext {
     core::AppModel& model;
     model::DefaultsStore& defaults;
@@ -35,20 +35,19 @@ public:
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
 
-    /// For a press on the status item at this place of the screen.
+    /// Opens or closes the panel for a click on the status item at this screen position.
     virtual void togglePanel(QPoint itemPosition) = 0;
     /// Opens the main window, or brings the open one to the front.
     virtual void openMainWindow() = 0;
-    /// What the desktop asks of all windows.
+    /// Applies the desktop-wide appearance settings.
     virtual void setSystemLook(platform::ColourPreference scheme, bool isMotionReduced) = 0;
-    /// Whether the desktop shows a status item; the main window says so when it does not.
+    /// Without a status item the main window shows a notice.
     virtual void setStatusItemShown(bool isShown) = 0;
 };
 
 } // namespace tallyvane::app
 
-/// What the library of the windows gives, which is loaded when the first of them opens: most of the
-/// time there is none, and Qt Quick takes more time and memory than all the rest. The caller owns
-/// the result.
+/// Entry point of the windows library, loaded when the first window opens: usually none is open,
+/// and Qt Quick costs more time and memory than all the rest. The caller owns the result.
 extern "C" Q_DECL_EXPORT tallyvane::app::Windows*
 tallyvaneMakeWindows(const tallyvane::app::WindowsContext& context);

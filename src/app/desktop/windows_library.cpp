@@ -19,7 +19,7 @@ std::expected<std::unique_ptr<Windows>, QString>
 WindowsLibrary::makeWindows(const WindowsContext& context) const {
     const std::string path =
         m_file.get() < 0 ? m_path : "/proc/self/fd/" + std::to_string(m_file.get());
-    // Never unloaded: QML types stay registered.
+    // Never unloaded, because QML types stay registered.
     void* library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* function = library == nullptr ? nullptr : ::dlsym(library, "tallyvaneMakeWindows");
     if (function == nullptr) {

@@ -7,13 +7,13 @@
 
 namespace tallyvane::app {
 
-/// The library of the windows, which lies beside this program. The file is opened at once: an
-/// update replaces it while the program runs, and the windows of another version would not fit.
+/// The windows library beside this program. The file is opened at start-up: an update may replace
+/// it while the program runs, and another version's windows would not be compatible.
 class WindowsLibrary {
 public:
     WindowsLibrary();
 
-    /// Loads it, for good. The error is a text for the user.
+    /// Loads the library permanently. The error is a text for the user.
     [[nodiscard]] std::expected<std::unique_ptr<Windows>, QString>
     makeWindows(const WindowsContext& context) const;
 
