@@ -21,24 +21,30 @@ function(tallyvane_library folder)
         PRIVATE tallyvane_options ${ARG_PRIVATE})
 endfunction()
 
-# tallyvane_test(<name> SOURCES <file>... LINK <target>... [LABELS <label>...])
-# One Qt Test program and one ctest entry; the label is "unit" unless others are named. Those with
-# the label "threads" also run with the thread sanitizer. A program that skipped anything shows as
-# skipped.
-function(tallyvane_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;LINK;LABELS")
-    if(NOT ARG_LABELS)
-        set(ARG_LABELS unit)
+# tallyvane_tests(<folder> SOURCES <file>... LINK <target>... [LABEL <label>] [THREADS <test>...])
+# The folder's test program, <folder>_tests, and a ctest entry for each of its files <test>_test.cpp,
+# with the label "unit" unless another is named. The tests after THREADS also get the label
+# "threads": they run with the thread sanitizer too. A test that skips anything shows as skipped.
+function(tallyvane_tests folder)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "LABEL" "SOURCES;LINK;THREADS")
+    set(label unit)
+    if(ARG_LABEL)
+        set(label ${ARG_LABEL})
     endif()
-    add_executable(${name} ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE tallyvane_options tallyvane_test_support ${ARG_LINK})
-    add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES
-        LABELS "${ARG_LABELS}"
-        SKIP_RETURN_CODE 77) # HermeticTest::execute()
-    if(threads IN_LIST ARG_LABELS)
-        add_dependencies(tests_of_threads ${name})
-    endif()
+    set(program ${folder}_tests)
+    add_executable(${program} ${ARG_SOURCES})
+    target_link_libraries(${program} PRIVATE tallyvane_options tallyvane_test_support ${ARG_LINK})
+    foreach(source IN LISTS ARG_SOURCES)
+        cmake_path(GET source STEM name)
+        if(name MATCHES "_test$")
+            add_test(NAME ${name} COMMAND ${program} ${name})
+            set_tests_properties(${name} PROPERTIES LABELS ${label} SKIP_RETURN_CODE 77)
+        endif()
+    endforeach()
+    foreach(name IN LISTS ARG_THREADS)
+        set_property(TEST ${name}_test APPEND PROPERTY LABELS threads)
+        add_dependencies(tests_of_threads ${program})
+    endforeach()
 endfunction()
 
 # tallyvane_qml_module(<folder of src/ui> URI <uri> QML <file>... [SINGLETONS <file>...]

@@ -49,5 +49,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(CommandLineTest)
+TALLYVANE_TEST(CommandLineTest)
 #include "command_line_test.moc"

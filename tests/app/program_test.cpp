@@ -342,5 +342,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(ProgramTest)
+TALLYVANE_TEST(ProgramTest)
 #include "program_test.moc"

@@ -94,5 +94,5 @@ private:
         std::chrono::sys_days{std::chrono::year{2025} / std::chrono::January / 28};
 };
 
-TALLYVANE_TEST_MAIN(StatusReportTest)
+TALLYVANE_TEST(StatusReportTest)
 #include "status_report_test.moc"

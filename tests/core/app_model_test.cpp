@@ -263,5 +263,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(AppModelTest)
+TALLYVANE_TEST(AppModelTest)
 #include "app_model_test.moc"

@@ -339,5 +339,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(RefreshCoursesTest)
+TALLYVANE_TEST(RefreshCoursesTest)
 #include "refresh_courses_test.moc"

@@ -101,5 +101,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(StartTest)
+TALLYVANE_TEST(StartTest)
 #include "start_test.moc"

@@ -256,5 +256,5 @@ Continue
     }
 };
 
-TALLYVANE_TEST_MAIN(AccessibilityTest)
+TALLYVANE_TEST(AccessibilityTest)
 #include "accessibility_test.moc"

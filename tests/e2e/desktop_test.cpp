@@ -348,5 +348,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(DesktopTest)
+TALLYVANE_TEST(DesktopTest)
 #include "desktop_test.moc"

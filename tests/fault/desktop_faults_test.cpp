@@ -461,5 +461,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(DesktopFaultsTest)
+TALLYVANE_TEST(DesktopFaultsTest)
 #include "desktop_faults_test.moc"

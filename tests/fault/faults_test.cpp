@@ -393,5 +393,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(FaultsTest)
+TALLYVANE_TEST(FaultsTest)
 #include "faults_test.moc"

@@ -143,5 +143,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(CalendarDaysTest)
+TALLYVANE_TEST(CalendarDaysTest)
 #include "calendar_days_test.moc"

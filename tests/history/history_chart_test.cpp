@@ -150,5 +150,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(HistoryChartTest)
+TALLYVANE_TEST(HistoryChartTest)
 #include "history_chart_test.moc"

@@ -219,5 +219,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(SessionLogCounterTest)
+TALLYVANE_TEST(SessionLogCounterTest)
 #include "session_log_counter_test.moc"

@@ -257,5 +257,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(SessionLogScanTest)
+TALLYVANE_TEST(SessionLogScanTest)
 #include "session_log_scan_test.moc"

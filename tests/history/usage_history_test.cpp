@@ -235,5 +235,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(UsageHistoryTest)
+TALLYVANE_TEST(UsageHistoryTest)
 #include "usage_history_test.moc"

@@ -154,5 +154,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(DefaultsStoreTest)
+TALLYVANE_TEST(DefaultsStoreTest)
 #include "defaults_store_test.moc"

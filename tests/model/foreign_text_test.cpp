@@ -94,5 +94,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(ForeignTextTest)
+TALLYVANE_TEST(ForeignTextTest)
 #include "foreign_text_test.moc"

@@ -115,5 +115,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(LocaleLabelsTest)
+TALLYVANE_TEST(LocaleLabelsTest)
 #include "locale_labels_test.moc"

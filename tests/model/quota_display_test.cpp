@@ -74,5 +74,5 @@ private:
         std::chrono::sys_days{std::chrono::year{2025} / std::chrono::January / 28};
 };
 
-TALLYVANE_TEST_MAIN(QuotaDisplayTest)
+TALLYVANE_TEST(QuotaDisplayTest)
 #include "quota_display_test.moc"

@@ -159,5 +159,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(QuotaSnapshotTest)
+TALLYVANE_TEST(QuotaSnapshotTest)
 #include "quota_snapshot_test.moc"

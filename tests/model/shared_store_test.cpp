@@ -252,5 +252,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(SharedStoreTest)
+TALLYVANE_TEST(SharedStoreTest)
 #include "shared_store_test.moc"

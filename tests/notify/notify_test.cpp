@@ -172,5 +172,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(NotifyTest)
+TALLYVANE_TEST(NotifyTest)
 #include "notify_test.moc"

@@ -117,5 +117,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(AutostartEntryTest)
+TALLYVANE_TEST(AutostartEntryTest)
 #include "autostart_entry_test.moc"

@@ -29,5 +29,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(BootClockTest)
+TALLYVANE_TEST(BootClockTest)
 #include "boot_clock_test.moc"

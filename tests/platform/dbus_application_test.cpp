@@ -134,5 +134,5 @@ public Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(DBusApplicationTest)
+TALLYVANE_TEST(DBusApplicationTest)
 #include "dbus_application_test.moc"

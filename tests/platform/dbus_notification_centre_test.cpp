@@ -185,5 +185,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(DBusNotificationCentreTest)
+TALLYVANE_TEST(DBusNotificationCentreTest)
 #include "dbus_notification_centre_test.moc"

@@ -115,5 +115,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(SecretServiceStoreTest)
+TALLYVANE_TEST(SecretServiceStoreTest)
 #include "secret_service_store_test.moc"

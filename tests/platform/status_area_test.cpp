@@ -140,5 +140,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_GUI_TEST_MAIN(StatusAreaTest)
+TALLYVANE_GUI_TEST(StatusAreaTest)
 #include "status_area_test.moc"

@@ -263,5 +263,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(StatusItemTest)
+TALLYVANE_TEST(StatusItemTest)
 #include "status_item_test.moc"

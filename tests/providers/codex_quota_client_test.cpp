@@ -174,5 +174,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(CodexQuotaClientTest)
+TALLYVANE_TEST(CodexQuotaClientTest)
 #include "codex_quota_client_test.moc"

@@ -110,5 +110,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(ReadingsTest)
+TALLYVANE_TEST(ReadingsTest)
 #include "readings_test.moc"

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
+
+#include <filesystem>
 
 namespace tallyvane::tests {
 
@@ -42,9 +43,8 @@ private:
     bool m_isUnderWay = false;
 };
 
-/// Gives the program an empty home and an empty folder for temporary files, both in `directory`,
-/// and nothing of the caller's session.
-void isolate(const QTemporaryDir& directory);
+/// Lets main() run a test by the name of its source file; true.
+bool add(const std::filesystem::path& sourceFile, int (*run)(int argc, char** argv));
 
 } // namespace tallyvane::tests
 
@@ -58,11 +58,10 @@ void isolate(const QTemporaryDir& directory);
         QSKIP(reason);                                                                             \
     } while (false)
 
-/// The main function of a test program of one test class.
-#define TALLYVANE_TEST_MAIN(TestClass)                                                             \
-    int main(int argc, char** argv) {                                                              \
-        const QTemporaryDir directory;                                                             \
-        tallyvane::tests::isolate(directory);                                                      \
-        QCoreApplication application(argc, argv);                                                  \
-        return TestClass().execute(argc, argv);                                                    \
-    }
+/// Adds a test class to the test program of its folder, under the name of its source file.
+#define TALLYVANE_TEST(TestClass)                                                                  \
+    static const bool is##TestClass##Added =                                                       \
+        tallyvane::tests::add(__FILE__, [](int argc, char** argv) {                                \
+            const QCoreApplication application(argc, argv);                                        \
+            return TestClass().execute(argc, argv);                                                \
+        });

@@ -117,5 +117,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_GUI_TEST_MAIN(AppearanceTest)
+TALLYVANE_GUI_TEST(AppearanceTest)
 #include "appearance_test.moc"

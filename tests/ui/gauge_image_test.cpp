@@ -147,5 +147,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(GaugeImageTest)
+TALLYVANE_TEST(GaugeImageTest)
 #include "gauge_image_test.moc"

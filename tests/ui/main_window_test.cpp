@@ -275,5 +275,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_GUI_TEST_MAIN(MainWindowTest)
+TALLYVANE_GUI_TEST(MainWindowTest)
 #include "main_window_test.moc"

@@ -105,5 +105,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(ProviderCardTest)
+TALLYVANE_TEST(ProviderCardTest)
 #include "provider_card_test.moc"

@@ -134,5 +134,5 @@ public Q_SLOTS:
     void openUrl(const QUrl& url) { m_opened = url; }
 };
 
-TALLYVANE_GUI_TEST_MAIN(QuotaPanelTest)
+TALLYVANE_GUI_TEST(QuotaPanelTest)
 #include "quota_panel_test.moc"

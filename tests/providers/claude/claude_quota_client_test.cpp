@@ -314,5 +314,5 @@ private Q_SLOTS:
     }
 };
 
-TALLYVANE_TEST_MAIN(ClaudeQuotaClientTest)
+TALLYVANE_TEST(ClaudeQuotaClientTest)
 #include "claude_quota_client_test.moc"
