@@ -58,6 +58,16 @@ void isolate(const QTemporaryDir& directory);
         QSKIP(reason);                                                                             \
     } while (false)
 
+/// QTRY_VERIFY and QTRY_COMPARE within `patience`, which those exceed by far when looking takes
+/// long.
+#define TALLYVANE_TRY_VERIFY(condition)                                                            \
+    QVERIFY(QTest::qWaitFor([&] { return bool(condition); }, tallyvane::tests::patience))
+#define TALLYVANE_TRY_COMPARE(actual, expected)                                                    \
+    do {                                                                                           \
+        void(QTest::qWaitFor([&] { return (actual) == (expected); }, tallyvane::tests::patience)); \
+        QCOMPARE(actual, expected);                                                                \
+    } while (false)
+
 /// The main function of a test program of one test class.
 #define TALLYVANE_TEST_MAIN(TestClass)                                                             \
     int main(int argc, char** argv) {                                                              \
