@@ -139,8 +139,8 @@ private Q_SLOTS:
     }
 
     void cleanup() {
-        QTRY_COMPARE_WITH_TIMEOUT(running("tallyvane-desktop"), 0, patience);
-        QTRY_COMPARE_WITH_TIMEOUT(running("codex"), 0, patience);
+        TALLYVANE_TRY_COMPARE(running("tallyvane-desktop"), 0);
+        TALLYVANE_TRY_COMPARE(running("codex"), 0);
         m_desktop.reset();
         tests::clearHome();
         HermeticTest::cleanup();
@@ -160,7 +160,7 @@ private Q_SLOTS:
             "\nhasAskedLaunchAtLogin=true\n");
         m_desktop->startPanel();
         Tallyvane program("--background");
-        QTRY_COMPARE_WITH_TIMEOUT(item("XAyatanaLabel"), "(<'37%'>,)\n", patience);
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'37%'>,)\n");
         QVERIFY(windows().isEmpty());
 
         // The panel: below the item, until a click elsewhere or Escape.
@@ -168,34 +168,34 @@ private Q_SLOTS:
         QVERIFY(output("xdotool search --onlyvisible --name '^Tallyvane$' getwindowgeometry")
                     .contains("Position: 8,"));
         output("xdotool mousemove 900 700 click 1");
-        QTRY_VERIFY_WITH_TIMEOUT(windows().isEmpty(), patience);
+        TALLYVANE_TRY_VERIFY(windows().isEmpty());
         QVERIFY(hasOpenedPanel());
         QVERIFY(hasClosed("Escape"));
         // Its third control opens the window, and its fourth refreshes.
         QVERIFY(hasOpenedPanel());
         output("xdotool key Tab Tab Tab Return");
-        QTRY_COMPARE_WITH_TIMEOUT(windows(), mainWindow, patience);
+        TALLYVANE_TRY_COMPARE(windows(), mainWindow);
         QVERIFY(hasClosed("ctrl+w"));
         installCodex(60);
         QVERIFY(hasOpenedPanel());
         output("xdotool key Tab Tab Tab Tab space");
-        QTRY_COMPARE_WITH_TIMEOUT(item("XAyatanaLabel"), "(<'40%'>,)\n", patience);
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'40%'>,)\n");
         QVERIFY(hasClosed("Escape"));
 
         // The menu.
         choose(MenuEntry::codex);
-        QTRY_VERIFY_WITH_TIMEOUT(tests::readFile(inHome("opened")).endsWith('\n'), patience);
+        TALLYVANE_TRY_VERIFY(tests::readFile(inHome("opened")).endsWith('\n'));
         choose(MenuEntry::claude);
-        QTRY_COMPARE_WITH_TIMEOUT(
+        TALLYVANE_TRY_COMPARE(
             tests::readFile(inHome("opened")),
-            "https://chatgpt.com/settings/usage\nhttps://claude.ai/settings/usage\n", patience);
+            "https://chatgpt.com/settings/usage\nhttps://claude.ai/settings/usage\n");
         choose(MenuEntry::open);
-        QTRY_COMPARE_WITH_TIMEOUT(windows(), mainWindow, patience);
+        TALLYVANE_TRY_COMPARE(windows(), mainWindow);
         QVERIFY(hasClosed("ctrl+w"));
         installCodex(50);
-        QTRY_COMPARE_WITH_TIMEOUT(menu(MenuEntry::refresh, "enabled"), "(<true>,)\n", patience);
+        TALLYVANE_TRY_COMPARE(menu(MenuEntry::refresh, "enabled"), "(<true>,)\n");
         choose(MenuEntry::refresh);
-        QTRY_COMPARE_WITH_TIMEOUT(item("XAyatanaLabel"), "(<'50%'>,)\n", patience);
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'50%'>,)\n");
         QVERIFY(item("ToolTip").contains("50%"));
         QVERIFY(menu(MenuEntry::codex, "label").contains("50%"));
 
@@ -205,23 +205,23 @@ private Q_SLOTS:
         QVERIFY(refresh.hasEnded());
         QVERIFY(refresh.readAllStandardOutput().contains("98% left"));
         QCOMPARE(item("XAyatanaLabel"), "(<'98%'>,)\n");
-        QTRY_COMPARE_WITH_TIMEOUT((output("dunstctl action"), windows()), mainWindow, patience);
-        QTRY_COMPARE_WITH_TIMEOUT(
+        TALLYVANE_TRY_COMPARE((output("dunstctl action"), windows()), mainWindow);
+        TALLYVANE_TRY_COMPARE(
             (output("dunstctl close-all"), notifications()),
-            QStringList{QStringLiteral("Tallyvane | 您的 Codex token 已经重置了。")}, patience);
+            QStringList{QStringLiteral("Tallyvane | 您的 Codex token 已经重置了。")});
         QVERIFY(hasClosed("ctrl+w"));
 
         // A second start shows the window of the first.
         const Tallyvane second;
         QVERIFY(second.hasEnded());
         QCOMPARE(second.exitCode(), 0);
-        QTRY_COMPARE_WITH_TIMEOUT(windows(), mainWindow, patience);
+        TALLYVANE_TRY_COMPARE(windows(), mainWindow);
         QVERIFY(hasClosed("ctrl+w"));
 
         m_desktop->endPanel();
-        QTRY_COMPARE_WITH_TIMEOUT(shownItems(), 0, patience);
+        TALLYVANE_TRY_COMPARE(shownItems(), 0);
         m_desktop->startPanel();
-        QTRY_COMPARE_WITH_TIMEOUT(item("XAyatanaLabel"), "(<'98%'>,)\n", patience);
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'98%'>,)\n");
 
         QVERIFY(hasOpenedPanel());
         output("xdotool key Tab Tab Tab Tab Tab Return");
@@ -236,13 +236,13 @@ private Q_SLOTS:
         for (auto& program : programs) {
             program = std::make_unique<Tallyvane>("--background");
         }
-        QTRY_VERIFY_WITH_TIMEOUT(isOnBus(), patience);
+        TALLYVANE_TRY_VERIFY(isOnBus());
         const auto runningStarts = [&] {
             return std::ranges::count_if(programs, [](const auto& program) {
                 return program->state() != QProcess::NotRunning;
             });
         };
-        QTRY_COMPARE_WITH_TIMEOUT(runningStarts(), 1, patience);
+        TALLYVANE_TRY_COMPARE(runningStarts(), 1);
         for (const auto& program : programs) {
             QCOMPARE(program->exitCode(), 0);
         }
@@ -255,9 +255,8 @@ private Q_SLOTS:
         tests::writeFile(foreign, "x");
         tests::writeFile(inHome("tallyvane/gauges-%1-symbolic.svg").arg(QString(32, u'0')), "x");
         const Tallyvane program;
-        QTRY_COMPARE_WITH_TIMEOUT(windows(), mainWindow, patience);
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(inHome("data/Gaugewell/usage-history.json")),
-                                 patience);
+        TALLYVANE_TRY_COMPARE(windows(), mainWindow);
+        TALLYVANE_TRY_VERIFY(QFile::exists(inHome("data/Gaugewell/usage-history.json")));
         call("org.corvelle.Tallyvane", "/org/corvelle/Tallyvane",
              "org.freedesktop.Application.ActivateAction quit [] {}");
         QVERIFY(program.hasEnded());
@@ -299,7 +298,7 @@ private Q_SLOTS:
             return opened;
         };
         const Tallyvane program("--background");
-        QTRY_VERIFY_WITH_TIMEOUT(running("codex") > 0 && countOpened() > 1, patience);
+        TALLYVANE_TRY_VERIFY(running("codex") > 0 && countOpened() > 1);
         choose(MenuEntry::quit);
         QVERIFY(program.hasEnded());
         QVERIFY(running("codex") > 0);
@@ -317,11 +316,11 @@ private Q_SLOTS:
                                 inHome("installed/") + QLatin1String(file)));
         }
         const Tallyvane program("--background", inHome("installed/tallyvane"));
-        QTRY_VERIFY_WITH_TIMEOUT(isOnBus(), patience);
+        TALLYVANE_TRY_VERIFY(isOnBus());
         QVERIFY(QFile::remove(inHome("installed/tallyvane-windows.so")));
         tests::writeFile(inHome("installed/tallyvane-windows.so"), "another version");
         const Tallyvane second;
-        QTRY_COMPARE_WITH_TIMEOUT(windows(), mainWindow, patience);
+        TALLYVANE_TRY_COMPARE(windows(), mainWindow);
     }
 
     void needsADisplay_data() {

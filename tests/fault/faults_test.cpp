@@ -20,7 +20,7 @@ using tests::ScriptedReply;
 
 namespace {
 
-const QByteArray token = "tallyvane-test-5ecret";
+const QByteArray accessToken = "tallyvane-test-5ecret";
 const QString service = QStringLiteral("api.anthropic.com");
 const QByteArray usage = R"({"five_hour":{"utilization":37.5}})";
 
@@ -126,7 +126,7 @@ class FaultsTest : public tests::HermeticTest {
     QTcpServer m_fullServer;
     QTcpSocket m_filling;
     std::vector<std::unique_ptr<Run>> m_runs;
-    const tests::SecretWatch m_watch{token, QStringLiteral(".credentials.json")};
+    const tests::SecretWatch m_watch{accessToken, QStringLiteral(".credentials.json")};
 
     std::vector<Fault> faults() {
         using Ending = ScriptedReply::Ending;
@@ -138,29 +138,32 @@ class FaultsTest : public tests::HermeticTest {
         const char* const refused =
             "Claude: The Claude service did not accept the sign-in of Claude Code.";
         const char* const silent = "Codex: Command timed out.";
-        ScriptedReply renewing = httpReply(401, token);
-        renewing.before = [this] { m_runs.front()->signIn(token + "-new", 1h); };
+        ScriptedReply renewing = httpReply(401, accessToken);
+        renewing.before = [this] { m_runs.front()->signIn(accessToken + "-new", 1h); };
         // Whatever has the token in it is what a service may say that echoes it.
-        const QByteArray echo = "X-Echo: " + token + "\r\nSet-Cookie: a=" + token + "\r\n";
+        const QByteArray echo =
+            "X-Echo: " + accessToken + "\r\nSet-Cookie: a=" + accessToken + "\r\n";
         return {
             {"401, then a new token", nullptr, {renewing, httpReply(200, usage, echo)}},
             {.name = "expired sign-in",
              .expected = "Claude: The sign-in of Claude Code has expired.",
              .replies = {},
              .tokenLife = 0s},
-            {"401 twice", refused, {httpReply(401, token, echo), httpReply(401, token, echo)}},
+            {"401 twice",
+             refused,
+             {httpReply(401, accessToken, echo), httpReply(401, accessToken, echo)}},
             {"500",
              "Claude: The Claude service answered with status 500.",
-             {{"HTTP/1.1 500 " + token + "\r\n" + echo + "\r\n"}}},
+             {{"HTTP/1.1 500 " + accessToken + "\r\n" + echo + "\r\n"}}},
             {"redirect",
              "Claude: The Claude service answered with status 302.",
-             {httpReply(302, {}, "Location: /" + token + "\r\n")}},
+             {httpReply(302, {}, "Location: /" + accessToken + "\r\n")}},
             {"huge body", malformed, {httpReply(200, usage + QByteArray(5 << 20, ' '))}},
             {"silent", late, {{{}, Ending::keepsOpen}}},
-            {"dripping", late, {{"HTTP/1.1 200 " + token + "\r\n\r\n", Ending::drips}}},
+            {"dripping", late, {{"HTTP/1.1 200 " + accessToken + "\r\n\r\n", Ending::drips}}},
             {"cut off",
              "Claude: The Claude service could not be reached: ",
-             {{"HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n" + token}}},
+             {{"HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n" + accessToken}}},
             {"refused connection",
              "Claude: The Claude service could not be reached: Connection refused",
              {},
@@ -198,7 +201,7 @@ class FaultsTest : public tests::HermeticTest {
         const qsizetype number = std::ssize(m_runs) + 1;
         run->home = QStringLiteral("%1/run-%2").arg(QDir::homePath()).arg(number);
         run->httpProxy = fault.httpProxy;
-        run->signIn(token, fault.tokenLife);
+        run->signIn(accessToken, fault.tokenLife);
         run->installCodex(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") +
                           QLatin1StringView(fault.codex));
         using Service = Fault::Service;
@@ -273,8 +276,7 @@ private Q_SLOTS:
     }
 
     void leavesNoProcess() {
-        QTRY_COMPARE_WITH_TIMEOUT(tests::processesIn(QDir::homePath().toUtf8()).size(), 0,
-                                  patience);
+        TALLYVANE_TRY_COMPARE(tests::processesIn(QDir::homePath().toUtf8()).size(), 0);
     }
 
     /// Two programs at once in each home, and their ends at any time.
@@ -384,8 +386,8 @@ private Q_SLOTS:
         for (const auto& run : m_runs) {
             const auto received = run->server ? run->server->requests() : QList<QByteArrayList>();
             for (const QByteArrayList& request : received) {
-                QCOMPARE(request.join().count(token), 1);
-                QVERIFY(request.join('\n').contains("\nAuthorization: Bearer " + token));
+                QCOMPARE(request.join().count(accessToken), 1);
+                QVERIFY(request.join('\n').contains("\nAuthorization: Bearer " + accessToken));
                 ++requests;
             }
         }

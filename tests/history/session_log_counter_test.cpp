@@ -31,16 +31,16 @@ std::optional<TokenSum> tokensOf(AIProvider provider, std::string_view log, std:
     return counter.finish();
 }
 
-QByteArray codex(const QByteArray& usage) {
+QByteArray codexLine(const QByteArray& usage) {
     return R"({"type":"event_msg","payload":{"type":"token_count","info":{"total_token_usage":)" +
            usage + "}}}";
 }
 
 QByteArray total(const QByteArray& tokens) {
-    return codex("{\"total_tokens\":" + tokens + "}");
+    return codexLine("{\"total_tokens\":" + tokens + "}");
 }
 
-QByteArray claude(const QByteArray& tokens) {
+QByteArray claudeLine(const QByteArray& tokens) {
     return R"({"message":{"usage":{"input_tokens":)" + tokens + R"(}},"type":"assistant"})";
 }
 
@@ -59,13 +59,13 @@ private Q_SLOTS:
         };
         Rows codexRows{{"", 0},
                        {total("100") + '\n' + total("250") + '\n' + total("180"), 250},
-                       {codex(R"({"input_tokens":40,"output_tokens":10,"x":1})"), 50},
-                       {codex(R"({"total_tokens":"9","input_tokens":4})"), 4},
-                       {codex(R"({"total_tokens":3,"input_tokens":4})"), 3},
-                       {codex(R"({"total_tokens":true,"input_tokens":4})"), 1},
+                       {codexLine(R"({"input_tokens":40,"output_tokens":10,"x":1})"), 50},
+                       {codexLine(R"({"total_tokens":"9","input_tokens":4})"), 4},
+                       {codexLine(R"({"total_tokens":3,"input_tokens":4})"), 3},
+                       {codexLine(R"({"total_tokens":true,"input_tokens":4})"), 1},
                        {total("-5"), 0},
                        {R"({"payload":{"type":"token_count","info":null}})", 0},
-                       {codex("[1]"), 0},
+                       {codexLine("[1]"), 0},
                        {total("5").replace("token_count", "token_usage_record"), 0},
                        {total("5").replace("event_msg", "token_count"), 5},
                        {"{\"x\":\"\\\"token_count\\\"\"}\n" + total("5"), 5},
@@ -84,7 +84,7 @@ private Q_SLOTS:
                        {total("9").replace("token_count", "\\token_count"), 0},
                        {R"({"payload":1,)" + total("9").sliced(1), 9},
                        {total("9").chopped(1) + R"(,"p\u0061yload":1})", 0},
-                       {codex(R"({"total_tokens":9,"total_tokens":4})"), 4},
+                       {codexLine(R"({"total_tokens":9,"total_tokens":4})"), 4},
                        {beside(QByteArray(50'000, '[') + QByteArray(50'000, ']')), 7},
                        {beside('"' + QByteArray(3'000'000, 'x') + '"'), 7},
                        {total("4") + "\n\xFF", {}},
@@ -119,27 +119,27 @@ private Q_SLOTS:
             codexRows.emplace_back(total(number), expected);
         }
         Rows claudeRows{
-            {claude("3") + '\n' + claude("3"), 6},
+            {claudeLine("3") + '\n' + claudeLine("3"), 6},
             {R"({"type":"assistant","message":{"usage":{"input_tokens":3,"output_tokens":50,)"
              R"("cache_creation_input_tokens":700,"cache_read_input_tokens":11000,"a":1}}})",
              11753},
-            {claude("3").replace("assistant", "user"), 0},
+            {claudeLine("3").replace("assistant", "user"), 0},
             {R"({"message":{"role":"assistant","usage":{"input_tokens":3}}})", 0},
             {R"({"type":"assistant","message":{"usage":7}})", 0},
-            {claude("null") + '\n' + claude("\"5\"") + '\n' + claude("4"), 4},
-            {claude("-9223372036854775808.5"), std::numeric_limits<qint64>::min()},
-            {claude("-3.7") + '\n' + claude("5"), 2},
-            {claude("3").replace("assistant", "a\\u0073sist\\u0061nt"), 3},
+            {claudeLine("null") + '\n' + claudeLine("\"5\"") + '\n' + claudeLine("4"), 4},
+            {claudeLine("-9223372036854775808.5"), std::numeric_limits<qint64>::min()},
+            {claudeLine("-3.7") + '\n' + claudeLine("5"), 2},
+            {claudeLine("3").replace("assistant", "a\\u0073sist\\u0061nt"), 3},
             {total("3"), 0}};
         for (const char* beyond :
              {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
               "18446744073709551616", "123456789012345678901234567890.5", "1e30", "-1e30", "1e400",
               "-1e400", "1e99999999999999999999", "9223372036854775808.0"}) {
-            codexRows.emplace_back(codex(R"({"input_tokens":3,"total_tokens":)" +
-                                         QByteArray(beyond) + R"(,"output_tokens":)" + beyond +
-                                         '}'),
+            codexRows.emplace_back(codexLine(R"({"input_tokens":3,"total_tokens":)" +
+                                             QByteArray(beyond) + R"(,"output_tokens":)" + beyond +
+                                             '}'),
                                    3);
-            claudeRows.emplace_back(claude(beyond) + '\n' + claude("4"), 4);
+            claudeRows.emplace_back(claudeLine(beyond) + '\n' + claudeLine("4"), 4);
         }
         history::SessionLogCounter counter;
         const auto check = [&counter](AIProvider provider, const Rows& rows) {
@@ -163,11 +163,11 @@ private Q_SLOTS:
     void reportsOverflow() {
         history::SessionLogCounter counter;
         const QByteArray most = QByteArray::number(greatest);
-        const QByteArray twice = claude(most) + '\n' + claude("1");
-        QVERIFY(tokensOf(AIProvider::claude, claude(most).toStdString(), 1000, counter) ==
+        const QByteArray twice = claudeLine(most) + '\n' + claudeLine("1");
+        QVERIFY(tokensOf(AIProvider::claude, claudeLine(most).toStdString(), 1000, counter) ==
                 (TokenSum{.value = greatest}));
         QVERIFY(tokensOf(AIProvider::claude, twice.toStdString(), 1000, counter)->isOverflown);
-        const QByteArray both = codex(R"({"output_tokens":1,"input_tokens":)" + most + "}");
+        const QByteArray both = codexLine(R"({"output_tokens":1,"input_tokens":)" + most + "}");
         QVERIFY(tokensOf(AIProvider::codex, both.toStdString(), 1000, counter)->isOverflown);
     }
 
@@ -183,10 +183,10 @@ private Q_SLOTS:
                 .split('|');
         const QByteArrayList lines{
             total("12"),
-            claude("5"),
+            claudeLine("5"),
             total("1.5"),
             total("1e999"),
-            claude("99999999999999999999"),
+            claudeLine("99999999999999999999"),
             R"({"x":[1,null],"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
             R"({"x":"\ud800","m\u0065ssage":{"usage":{"input_tokens":2}},"t\u0079pe":"\u0061ssistant"})"};
         QRandomGenerator random(7);

@@ -161,10 +161,10 @@ private Q_SLOTS:
         fill(item);
         tests::RunningProgram monitor("gdbus monitor --session --dest " +
                                       m_program.baseService().toUtf8());
-        heard(monitor.process, "is owned by"); // it is listening
+        heard(monitor, "is owned by"); // it is listening
         fill(item);
         item.setLabel(s("36%"), s("100%"));
-        QCOMPARE(heard(monitor.process, "Label"),
+        QCOMPARE(heard(monitor, "Label"),
                  QByteArrayList{"org.kde.StatusNotifierItem.XAyatanaNewLabel ('36%', '100%')"});
         item.setTitle(s("T"));
         item.setIcon({});
@@ -177,7 +177,7 @@ private Q_SLOTS:
             "com.canonical.dbusmenu.ItemsPropertiesUpdated ([(3, {'enabled': <true>, "
             "'label': <'Refresh'>})], @a(ias) [])",
             "com.canonical.dbusmenu.LayoutUpdated (uint32 3, 0)"};
-        QCOMPARE(heard(monitor.process, "LayoutUpdated"), expected);
+        QCOMPARE(heard(monitor, "LayoutUpdated"), expected);
     }
 
     void answersForItsMenu() {

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr model::Timestamp now = std::chrono::sys_days{std::chrono::year{2026} / 4 / 10};
+constexpr model::Timestamp readAt = std::chrono::sys_days{std::chrono::year{2026} / 4 / 10};
 const QString none = QStringLiteral("-");
 
 QString text(const std::optional<model::Timestamp>& timestamp) {
@@ -24,7 +24,7 @@ QString text(const std::optional<model::QuotaWindowSnapshot>& window) {
 
 QString text(const model::ProviderQuotaSnapshot& entry) {
     const bool isCurrent =
-        entry.syncedAt == now && entry.syncState == model::QuotaSyncState::current;
+        entry.syncedAt == readAt && entry.syncState == model::QuotaSyncState::current;
     const QStringList members{model::rawValue(entry.provider), entry.planName.value_or(none),
                               text(entry.fiveHour), text(entry.week)};
     return isCurrent ? members.join(QStringLiteral(", ")) : QStringLiteral("not current");
@@ -38,14 +38,14 @@ QString signIn(const QByteArray& json) {
     return members.join(u' ').trimmed();
 }
 
-QString usage(const QByteArray& json) {
-    const auto entry = providers::parseUsageReply(json, QStringLiteral("team_premium"), now);
+QString usageReply(const QByteArray& json) {
+    const auto entry = providers::parseUsageReply(json, QStringLiteral("team_premium"), readAt);
     return entry ? text(*entry) : providers::quotaFailure(entry.error()).text;
 }
 
 QString rateLimits(const QByteArray& json) {
     const auto reply = providers::parseObject(json);
-    const auto entry = providers::parseRateLimitsReply(reply.value(), now);
+    const auto entry = providers::parseRateLimitsReply(reply.value(), readAt);
     return entry ? text(*entry) : entry.error().text;
 }
 
@@ -89,8 +89,10 @@ private Q_SLOTS:
     }
     void reads() {
         using Reader = QString (*)(const QByteArray&);
-        static const QMap<QByteArray, Reader> readers{
-            {"sign-in", signIn}, {"usage", usage}, {"rate-limits", rateLimits}, {"proxy", proxy}};
+        static const QMap<QByteArray, Reader> readers{{"sign-in", signIn},
+                                                      {"usage", usageReply},
+                                                      {"rate-limits", rateLimits},
+                                                      {"proxy", proxy}};
         QFETCH(const QByteArray, input);
         QTEST(readers[QByteArray(QTest::currentDataTag()).split(':').first()](input), "expected");
     }
@@ -99,14 +101,14 @@ private Q_SLOTS:
         providers::TokenCache cache;
         const auto isServed = [&cache](std::optional<model::Timestamp> expiry) {
             cache.replace({.accessToken = "t", .expiresAt = expiry, .subscriptionType = {}});
-            return cache.usableAt(now).has_value();
+            return cache.usableAt(readAt).has_value();
         };
-        QVERIFY(!cache.usableAt(now));
+        QVERIFY(!cache.usableAt(readAt));
         QVERIFY(!isServed(std::nullopt));
-        QVERIFY(!isServed(now + 60s));
-        QVERIFY(isServed(now + 60s + 1us));
+        QVERIFY(!isServed(readAt + 60s));
+        QVERIFY(isServed(readAt + 60s + 1us));
         cache.clear();
-        QVERIFY(!cache.usableAt(now));
+        QVERIFY(!cache.usableAt(readAt));
     }
 };
 

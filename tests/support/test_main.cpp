@@ -1,50 +1,18 @@
 #include "support/test_main.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QTemporaryDir>
 
-#include <cstdio>
-#include <map>
-#include <string>
 #include <unistd.h>
 
 namespace tallyvane::tests {
 
-namespace {
-
-std::map<std::string, int (*)(int, char**)>& known() {
-    static std::map<std::string, int (*)(int, char**)> tests;
+std::map<std::string, Run>& knownTests() {
+    static std::map<std::string, Run> tests;
     return tests;
 }
 
-/// Gives the program an empty home and an empty folder for temporary files, both in `directory`,
-/// and nothing of the caller's session.
-void isolate(const QTemporaryDir& directory) {
-    constexpr auto ownersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    for (const char* folder : {"home", "tmp"}) {
-        QDir(directory.path()).mkdir(QLatin1StringView(folder), ownersAlone);
-    }
-    qputenv("TMPDIR", directory.filePath(QStringLiteral("tmp")).toUtf8());
-    const QByteArray home = directory.filePath(QStringLiteral("home")).toUtf8();
-    qputenv("HOME", home);
-    qputenv("XDG_DATA_HOME", home + "/data");
-    qputenv("XDG_CONFIG_HOME", home + "/config");
-    qputenv("XDG_RUNTIME_DIR", home);
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus");
-    qputenv("TZ", "UTC");
-    qputenv("LANG", "C.UTF-8");
-    for (const char* name :
-         {"LC_ALL", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy", "HTTP_PROXY",
-          "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY",
-          "SSL_CERT_FILE", "SSL_CERT_DIR", "GAUGEWELL_USE_FIXTURES"}) {
-        qunsetenv(name);
-    }
-}
-
-} // namespace
-
-bool add(const std::filesystem::path& sourceFile, int (*run)(int argc, char** argv)) {
-    return known().emplace(sourceFile.stem(), run).second;
+bool add(const std::filesystem::path& sourceFile, Run run) {
+    return knownTests().emplace(sourceFile.stem(), run).second;
 }
 
 int HermeticTest::execute(int argc, char** argv) {
@@ -73,19 +41,26 @@ void HermeticTest::cleanup() {
     m_isUnderWay = QTest::currentTestFailed();
 }
 
-} // namespace tallyvane::tests
-
-int main(int argc, char** argv) {
-    using namespace tallyvane::tests;
-    const auto test = known().find(argc > 1 ? argv[1] : "");
-    if (test == known().end()) {
-        std::fprintf(stderr, "usage: %s <test> [arguments of Qt Test]\n", argv[0]);
-        for (const auto& [name, run] : known()) {
-            std::fprintf(stderr, "  %s\n", name.c_str());
-        }
-        return 2;
+void isolate(const QTemporaryDir& directory) {
+    constexpr auto ownersAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    for (const char* folder : {"home", "tmp"}) {
+        QDir(directory.path()).mkdir(QLatin1StringView(folder), ownersAlone);
     }
-    const QTemporaryDir directory;
-    isolate(directory);
-    return test->second(argc - 1, argv + 1);
+    qputenv("TMPDIR", directory.filePath(QStringLiteral("tmp")).toUtf8());
+    const QByteArray home = directory.filePath(QStringLiteral("home")).toUtf8();
+    qputenv("HOME", home);
+    qputenv("XDG_DATA_HOME", home + "/data");
+    qputenv("XDG_CONFIG_HOME", home + "/config");
+    qputenv("XDG_RUNTIME_DIR", home);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus");
+    qputenv("TZ", "UTC");
+    qputenv("LANG", "C.UTF-8");
+    for (const char* name :
+         {"LC_ALL", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy", "HTTP_PROXY",
+          "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY", "no_proxy", "NO_PROXY",
+          "SSL_CERT_FILE", "SSL_CERT_DIR", "GAUGEWELL_USE_FIXTURES"}) {
+        qunsetenv(name);
+    }
 }
+
+} // namespace tallyvane::tests

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 #include <filesystem>
+#include <map>
+#include <string>
 
 namespace tallyvane::tests {
 
@@ -43,8 +46,17 @@ private:
     bool m_isUnderWay = false;
 };
 
+/// Gives the program an empty home and an empty folder for temporary files, both in `directory`,
+/// and nothing of the caller's session.
+void isolate(const QTemporaryDir& directory);
+
+using Run = int (*)(int argc, char** argv);
+
+/// The tests of this program by the names of their source files.
+std::map<std::string, Run>& knownTests();
+
 /// Lets main() run a test by the name of its source file; true.
-bool add(const std::filesystem::path& sourceFile, int (*run)(int argc, char** argv));
+bool add(const std::filesystem::path& sourceFile, Run run);
 
 } // namespace tallyvane::tests
 
@@ -56,6 +68,16 @@ bool add(const std::filesystem::path& sourceFile, int (*run)(int argc, char** ar
             QFAIL(reason);                                                                         \
         }                                                                                          \
         QSKIP(reason);                                                                             \
+    } while (false)
+
+/// QTRY_VERIFY and QTRY_COMPARE within `patience`, which those exceed by far when looking takes
+/// long.
+#define TALLYVANE_TRY_VERIFY(condition)                                                            \
+    QVERIFY(QTest::qWaitFor([&] { return bool(condition); }, tallyvane::tests::patience))
+#define TALLYVANE_TRY_COMPARE(actual, expected)                                                    \
+    do {                                                                                           \
+        void(QTest::qWaitFor([&] { return (actual) == (expected); }, tallyvane::tests::patience)); \
+        QCOMPARE(actual, expected);                                                                \
     } while (false)
 
 /// Adds a test class to the test program of its folder, under the name of its source file.
