@@ -1,5 +1,7 @@
 #include "app/environment.h"
 
+#include "platform/linux/session_bus.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QProcessEnvironment>
 
@@ -65,7 +67,9 @@ QStringList searchPath() {
     for (const fs::path& folder : absolutePaths("PATH")) {
         folders.append(QFile(folder).fileName());
     }
-    return folders;
+    // Qt searches the variable itself when it is given no folders.
+    return folders.isEmpty() ? QStringList{QStringLiteral("/usr/bin"), QStringLiteral("/bin")}
+                             : folders;
 }
 
 QString activationToken() {
@@ -96,7 +100,6 @@ Environment readEnvironment() {
             .systemConfigDirectories = systemConfigDirectories(),
             .searchPath = searchPath(),
             .runtimeDirectory = absolutePath("XDG_RUNTIME_DIR", {}),
-            .sessionBusAddress = qgetenv("DBUS_SESSION_BUS_ADDRESS"),
             .currentDesktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
             .activationToken = activationToken(),
             .x11Display = qEnvironmentVariable("DISPLAY"),
@@ -109,6 +112,13 @@ Environment readEnvironment() {
                                                    ? model::ZoneSource::variable
                                                    : model::ZoneSource::file),
             .wantsColour = qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb"};
+}
+
+void leaveSilentSessionBus() {
+    constexpr auto variable = "DBUS_SESSION_BUS_ADDRESS";
+    if (platform::isSilentBus(qgetenv(variable))) {
+        qputenv(variable, "unix:path=/nonexistent");
+    }
 }
 
 } // namespace tallyvane::app

@@ -17,13 +17,12 @@ struct Environment {
     model::StoreLocations locations;
     std::filesystem::path home;                                 ///< $HOME, or the user database's
     std::vector<std::filesystem::path> systemConfigDirectories; ///< $XDG_CONFIG_DIRS
-    QStringList searchPath;                                     ///< the folders of $PATH
-    std::filesystem::path runtimeDirectory;                     ///< $XDG_RUNTIME_DIR; may be empty
-    QByteArray sessionBusAddress; ///< $DBUS_SESSION_BUS_ADDRESS; may be empty
-    QString currentDesktop;       ///< $XDG_CURRENT_DESKTOP; may be empty
-    QString activationToken;      ///< from the launcher, for the window system; may be empty
-    QString x11Display;           ///< $DISPLAY; may be empty
-    QString waylandDisplay;       ///< $WAYLAND_DISPLAY; may be empty
+    QStringList searchPath; ///< the folders of $PATH; the standard ones if there are none
+    std::filesystem::path runtimeDirectory; ///< $XDG_RUNTIME_DIR; may be empty
+    QString currentDesktop;                 ///< $XDG_CURRENT_DESKTOP; may be empty
+    QString activationToken; ///< from the launcher, for the window system; may be empty
+    QString x11Display;      ///< $DISPLAY; may be empty
+    QString waylandDisplay;  ///< $WAYLAND_DISPLAY; may be empty
     core::LaunchContext launchContext;
     providers::NetworkVariables network;
     std::string timeLocale;  ///< the POSIX locale in which times are written
@@ -32,5 +31,9 @@ struct Environment {
 };
 
 [[nodiscard]] Environment readEnvironment();
+
+/// Makes this program run without a session bus that accepts connections but does not answer. Call
+/// it before anything uses the bus.
+void leaveSilentSessionBus();
 
 } // namespace tallyvane::app

@@ -3,7 +3,6 @@
 #include "app/resource_check.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
-#include "platform/linux/session_bus.h"
 
 namespace tallyvane::app {
 
@@ -66,7 +65,7 @@ ExitCode runRefresh(const Environment& environment) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
-    platform::leaveSilentSessionBus(environment.sessionBusAddress);
+    leaveSilentSessionBus();
     std::expected<bool, platform::CallError> stored = false;
     {
         const ProgressLine progress(progressText);

@@ -1,7 +1,6 @@
 #include "app/commands.h"
 #include "app/resource_check.h"
 #include "platform/linux/dbus_application.h"
-#include "platform/linux/session_bus.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -40,7 +39,7 @@ ExitCode runStart(const Environment& environment, StartMode mode) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
-    platform::leaveSilentSessionBus(environment.sessionBusAddress);
+    leaveSilentSessionBus();
     if (mode == StartMode::background) {
         if (platform::isApplicationRunning()) {
             return ExitCode::success;

@@ -1,4 +1,4 @@
-"""Holds src/ against the two tables of docs/architecture.md. Usage: architecture_test.py ROOT"""
+"""Checks src/ against the tables of docs/architecture.md. Usage: architecture_test.py ROOT"""
 
 import pathlib
 import re
@@ -31,52 +31,53 @@ def folder_of_target(target):
 
 
 def tables(document):
-    """Arrows as {(from, to)} and modules as {module: folders}."""
-    arrows, modules, current = set(), {}, None
+    """The tables by the heading of their first column, as {name: folders}."""
+    found, current = {'Folder': {}, 'Module': {}, 'Name': {}}, None
     for line in document.splitlines():
         cells = [cell.strip() for cell in line.strip().strip('|').split('|')]
-        if cells[0] in ('Folder', 'Module'):
-            current = cells[0]
-        elif current and line.startswith('| `'):
-            name = cells[0].strip('`')
-            for to in re.findall(r'`([^`]+)`', cells[1]):
-                if current == 'Folder':
-                    arrows.add((name, to))
-                else:
-                    modules.setdefault(name, set()).add(to)
+        if cells[0] in found:
+            current = found[cells[0]]
+        elif current is not None and line.startswith('| `'):
+            for name in re.findall(r'`([^`]+)`', cells[0]):
+                current[name] = set(re.findall(r'`([^`]+)`', cells[1]))
         elif not line.startswith('|'):
             current = None
-    return arrows, modules
+    return found
 
 
-def uses(root, problems):
+def uses(root, names, problems):
     """Yields (where, folder, used folder or None, used module or None)."""
     source = root / 'src'
     folders = {entry.name for entry in source.iterdir() if entry.is_dir()}
     for path in sorted(source.rglob('*')):
-        name = path.relative_to(source).as_posix()
-        where = f'src/{name}'
+        file = path.relative_to(source).as_posix()
+        where = f'src/{file}'
         if path.suffix in ('.h', '.cpp'):
             text = path.read_text(encoding='utf-8')
             if text.count('\n') > MAXIMUM_LINES:
                 problems.append(f'{where}: over {MAXIMUM_LINES} lines')
+            code = re.sub(r'//.*', '', text)
+            for name, allowed in names.items():
+                pattern = r'\b' + name.replace('*', r'\w*') + r'\b'
+                if folder_of(file) not in allowed and re.search(pattern, code):
+                    problems.append(f'{where}: {name} has no place in {folder_of(file)}')
             for kind, included in INCLUDE.findall(text):
                 if kind == '<':
                     if re.match(r'Q[A-Z]\w*$', included):
                         problems.append(f'{where}: <{included}> does not name its module')
                     module = included.split('/')[0]
                     coro = re.match(r'QCoro/QCoro(Network|DBus|Qml|Quick)', included)
-                    yield where, folder_of(name), None, f'Qt{coro[1]}' if coro else module
+                    yield where, folder_of(file), None, f'Qt{coro[1]}' if coro else module
                 elif included.split('/')[0] in folders and '/' in included:
-                    yield where, folder_of(name), folder_of(included), None
+                    yield where, folder_of(file), folder_of(included), None
                 elif not included.endswith('.moc'):
                     problems.append(f'{where}: "{included}" is not a path from src/')
-        elif path.name == 'CMakeLists.txt' and '/' in name:
+        elif path.name == 'CMakeLists.txt' and '/' in file:
             text = re.sub(r'#.*', '', path.read_text(encoding='utf-8'))
             for command, arguments in LINK.findall(text):
                 owner, *words = arguments.split()
                 is_program = command != 'tallyvane_library' and not owner.startswith('tallyvane_')
-                owner = folder_of(name) if is_program else folder_of_target(owner)
+                owner = folder_of(file) if is_program else folder_of_target(owner)
                 for word in words:
                     library, _, module = word.partition('::')
                     if word.startswith('tallyvane_') and word != 'tallyvane_options':
@@ -87,11 +88,13 @@ def uses(root, problems):
 
 def check(root):
     """What is wrong in the tree at root, as one line each."""
-    arrows, modules = tables((root / 'docs/architecture.md').read_text(encoding='utf-8'))
+    found = tables((root / 'docs/architecture.md').read_text(encoding='utf-8'))
+    arrows = {(a, b) for a, uses_of_a in found['Folder'].items() for b in uses_of_a}
+    modules = found['Module']
     problems = [f'docs/architecture.md: {a} and {b} meet only in core'
                 for a, b in arrows if {a, b} <= SIBLINGS]
     used = set()
-    for where, folder, to, module in uses(root, problems):
+    for where, folder, to, module in uses(root, found['Name'], problems):
         if to and to != folder:
             used.add((folder, to))
             if (folder, to) not in arrows:
@@ -113,6 +116,11 @@ DOCUMENT = '''
 |---|---|---|
 | `QtDBus` | `platform/linux` | because |
 | `QtQml` | `ui` | because |
+
+| Name | Only in | Why |
+|---|---|---|
+| `getenv`, `qget*` | `app` | because |
+| `localNow` | nowhere | because |
 '''
 SOUND = {
     'docs/architecture.md': DOCUMENT,
@@ -149,6 +157,10 @@ class Architecture(unittest.TestCase):
              'QtQmlModels has no place in model'),
             ('src/model/b.h', '#include "a.h"', '"a.h" is not a path from src/'),
             ('src/model/b.h', '#include "../model/a.h"', '"../model/a.h" is not a path from src/'),
+            ('src/model/b.cpp', 'auto a = ::getenv("A");', 'getenv has no place in model'),
+            ('src/model/b.cpp', 'qgetenv("A");', 'qget* has no place in model'),
+            ('src/app/b.cpp', 'localNow();', 'localNow has no place in app'),
+            ('src/app/b.cpp', 'qgetenv("A"); // not localNow()', None),
             ('src/model/b.h', '\n' * 401, 'over 400 lines'),
             ('src/providers/claude/c.cpp', '', 'arrow providers -> model is not used'),
             ('docs/architecture.md', DOCUMENT.replace('`model` |', '`model`, `history` |'),

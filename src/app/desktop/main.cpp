@@ -3,7 +3,6 @@
 #include "app/resource_check.h"
 #include "app/terminal.h"
 #include "platform/application_id.h"
-#include "platform/linux/session_bus.h"
 #include "platform/linux/termination_signals.h"
 
 #include <QtGui/QGuiApplication>
@@ -53,7 +52,7 @@ int main(int argc, char** argv) {
     if (!app::checkResources(app::desktopResources)) {
         return std::to_underlying(app::ExitCode::failure);
     }
-    platform::leaveSilentSessionBus(qgetenv("DBUS_SESSION_BUS_ADDRESS"));
+    app::leaveSilentSessionBus();
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallyvane"));
     QGuiApplication::setDesktopFileName(QString(platform::applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);

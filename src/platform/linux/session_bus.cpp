@@ -38,11 +38,11 @@ bool isSilent(const sockaddr_un& address, socklen_t size) {
 
 } // namespace
 
-void leaveSilentSessionBus(const QByteArray& busAddress) {
+bool isSilentBus(const QByteArray& busAddress) {
     // "unix:path=/run/user/1000/bus,guid=…;…": libraries use the first address that works.
     const QByteArray first = busAddress.split(';').first();
     if (!first.startsWith("unix:")) {
-        return;
+        return false;
     }
     for (const QByteArray& option : first.mid(5).split(',')) {
         const bool isAbstract = option.startsWith("abstract=");
@@ -58,11 +58,9 @@ void leaveSilentSessionBus(const QByteArray& busAddress) {
         }
         std::ranges::copy(name, address.sun_path);
         const auto size = offsetof(sockaddr_un, sun_path) + static_cast<std::size_t>(name.size());
-        if (isSilent(address, static_cast<socklen_t>(size))) {
-            qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
-        }
-        return;
+        return isSilent(address, static_cast<socklen_t>(size));
     }
+    return false;
 }
 
 void flushSessionBus() {
