@@ -11,7 +11,7 @@ using namespace std::chrono;
 
 struct ProviderDisplay {
     QLatin1StringView name;
-    Colour accent;
+    Colour accent{};
     QLatin1StringView usagePage;
 };
 

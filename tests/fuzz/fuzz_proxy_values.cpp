@@ -31,11 +31,10 @@ void tallyvane::fuzz::check(const QByteArray& input) {
             require(!choice.error().contains(password) && choice.error().size() <= 100);
             continue;
         }
-        require(choice->has_value());
-        const QNetworkProxy& proxy = **choice;
-        require(proxy.type() == QNetworkProxy::NoProxy
-                    ? mayMatch(line(2))
-                    : !proxy.hostName().isEmpty() && proxy.port() != 0 &&
-                          !proxy.hostName().contains(password));
+        const std::optional<QNetworkProxy>& proxy = *choice;
+        require(proxy && (proxy->type() == QNetworkProxy::NoProxy
+                              ? mayMatch(line(2))
+                              : !proxy->hostName().isEmpty() && proxy->port() != 0 &&
+                                    !proxy->hostName().contains(password)));
     }
 }

@@ -18,6 +18,8 @@ void check(const QByteArray& input);
 
 } // namespace tallyvane::fuzz
 
+// libFuzzer's name, in each target's only source file.
+// NOLINTNEXTLINE(misc-definitions-in-headers, readability-identifier-naming)
 extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
     tallyvane::fuzz::check(QByteArray(data, static_cast<qsizetype>(size)));
     return 0;

@@ -13,6 +13,7 @@ MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model) : m_mo
 
 void MenuBarQuotaViewModel::updateRows() {
     std::vector<ProviderRow> rows;
+    rows.reserve(model::allCases<model::AIProvider>.size());
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         rows.push_back({.name = model::displayName(provider),
                         .usagePage = QUrl(model::usagePage(provider)),
