@@ -34,11 +34,11 @@ LocalTime LocalZone::localTime(Timestamp timestamp) const {
     const auto second = floor<seconds>(timestamp);
     const auto sinceEpoch = second.time_since_epoch();
     LocalSeconds shown{sinceEpoch};
-    if (const auto* zone = std::get_if<QTimeZone>(&m_zone)) {
-        const auto time = QDateTime::fromSecsSinceEpoch(sinceEpoch.count(), *zone);
+    if (m_zone) {
+        const auto time = QDateTime::fromSecsSinceEpoch(sinceEpoch.count(), *m_zone);
         shown += seconds{time.offsetFromUtc()};
     } else {
-        shown = systemLocalTime(std::get<ZoneSource>(m_zone), second).value_or(shown);
+        shown = systemLocalTime(m_source, second).value_or(shown);
     }
     return shown + (timestamp - second);
 }

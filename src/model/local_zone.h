@@ -4,7 +4,7 @@
 
 #include <QtCore/QTimeZone>
 
-#include <variant>
+#include <optional>
 
 namespace tallyvane::model {
 
@@ -27,9 +27,10 @@ public:
     [[nodiscard]] LocalTime localTime(Timestamp timestamp) const;
 
 private:
-    explicit LocalZone(ZoneSource source) : m_zone(source) {}
+    explicit LocalZone(ZoneSource source) : m_source(source) {}
 
-    std::variant<ZoneSource, QTimeZone> m_zone; ///< ZoneSource: the C library's zone
+    ZoneSource m_source = ZoneSource::file;
+    std::optional<QTimeZone> m_zone; ///< nullopt: the C library's, found by m_source
 };
 
 } // namespace tallyvane::model
