@@ -2,6 +2,7 @@
 #include "support/home_files.h"
 #include "support/test_main.h"
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace tallyvane::model;
 
@@ -13,14 +14,13 @@ Timestamp at(QStringView text) {
 
 QuotaSnapshot fullSnapshot() {
     return {.providers = {{.provider = AIProvider::codex,
-                           .planName = QStringLiteral("Plus \"1\"\n\u00e9\x01\\\U0001F642\xD83D"),
+                           .planName = u"Plus \"1\"\n\u00e9\x01\\\U0001F642\xD83D"_s,
                            .fiveHour = QuotaWindowSnapshot{.usedPercent = 42,
                                                            .resetsAt = at(u"2025-01-31T16:00:00Z")},
                            .week = QuotaWindowSnapshot{.usedPercent = 0.1},
                            .syncedAt = at(u"2025-01-31T14:05:00Z"),
                            .syncState = QuotaSyncState::current},
-                          {.provider = AIProvider::claude,
-                           .statusMessage = QStringLiteral("Rate limited")}},
+                          {.provider = AIProvider::claude, .statusMessage = u"Rate limited"_s}},
             .updatedAt = at(u"2025-01-31T14:05:00Z")};
 }
 
@@ -36,18 +36,18 @@ class QuotaSnapshotTest : public tallyvane::tests::HermeticTest {
 
 private Q_SLOTS:
     void parsesTimestamps() {
-        const std::pair<const char*, const char*> rows[] = {
-            {"2025-01-31T14:05:00Z", "2025-01-31T14:05:00Z"},
-            {"2025-01-31T00:30:00+01:00", "2025-01-30T23:30:00Z"},
-            {"2024-02-29T23:59:59-23:59", "2024-03-01T23:58:59Z"},
-            {"1969-12-31T23:59:59Z", "1969-12-31T23:59:59Z"},
-            {"0000-01-01T00:00:00Z", "0000-01-01T00:00:00Z"}};
-        for (const auto& [text, expected] : rows) {
-            const QString given = QString::fromLatin1(text);
-            const auto parsed = parseTimestamp(given, FractionalSeconds::rejected);
-            QVERIFY2(parsed && parsed == parseTimestamp(given, FractionalSeconds::allowed), text);
-            QCOMPARE(formatTimestamp(*parsed), QString::fromLatin1(expected));
+        const auto parsed = [](QStringView text) {
+            const auto timestamp = parseTimestamp(text, FractionalSeconds::rejected);
+            return timestamp && timestamp == parseTimestamp(text, FractionalSeconds::allowed)
+                       ? formatTimestamp(*timestamp)
+                       : QString();
+        };
+        for (const QStringView text :
+             {u"2025-01-31T14:05:00Z", u"1969-12-31T23:59:59Z", u"0000-01-01T00:00:00Z"}) {
+            QCOMPARE(parsed(text), text);
         }
+        QCOMPARE(parsed(u"2025-01-31T00:30:00+01:00"), u"2025-01-30T23:30:00Z");
+        QCOMPARE(parsed(u"2024-02-29T23:59:59-23:59"), u"2024-03-01T23:58:59Z");
         for (const QStringView text : {u"2026-04-11T07:00:00.528743+00:00",
                                        u"2026-04-11T07:00:00.5287431234567890123456789Z"}) {
             QVERIFY(!parseTimestamp(text, FractionalSeconds::rejected));
@@ -58,16 +58,15 @@ private Q_SLOTS:
 
     void rejectsTimestamps() {
         const std::pair<const char*, const char*> changes[] = {
-            {"T14:05:00Z", ""}, {"Z", ""},          {"T", " "},         {"T", "t"},
-            {"Z", "z"},         {"-01-", "-1-"},    {"-01-", "-13-"},   {"-01-", "-00-"},
-            {"01-31", "02-29"}, {"01-31", "04-31"}, {"01-31", "01-00"}, {"14:", "24:"},
-            {":05", ":60"},     {":00Z", ":60Z"},   {"Z", "+1:00"},     {"Z", "+01"},
-            {"Z", "+24:00"},    {"Z", "+00:60"},    {"Z", "Z "},        {"Z", ".Z"},
-            {"2025", "-025"},   {"2025", "+2025"},  {"Z", "01:00"},     {"Z", "+01:00Z"},
-            {"Z", ".5"}};
+            {"T14:05:00Z", ""}, {"Z", ""},          {"T", "t"},        {"Z", "z"},
+            {"-01-", "-1-"},    {"-01-", "-13-"},   {"-01-", "-00-"},  {"01-31", "02-29"},
+            {"01-31", "04-31"}, {"01-31", "01-00"}, {"14:", "24:"},    {":05", ":60"},
+            {":00Z", ":60Z"},   {"Z", "+01"},       {"Z", "+24:00"},   {"Z", "+00:60"},
+            {"Z", "Z "},        {"Z", ".Z"},        {"2025", "+2025"}, {"Z", "+01:00Z"},
+            {"Z", ".5"},        {"2025", "-025"},   {"Z", "01:00"}};
         for (const auto& [place, change] : changes) {
-            const QString text = QStringLiteral("2025-01-31T14:05:00Z")
-                                     .replace(QLatin1StringView(place), QLatin1StringView(change));
+            const QString text = u"2025-01-31T14:05:00Z"_s.replace(QLatin1StringView(place),
+                                                                   QLatin1StringView(change));
             QVERIFY2(!parseTimestamp(text, FractionalSeconds::allowed), qPrintable(text));
         }
         for (const QStringView text :
@@ -77,10 +76,8 @@ private Q_SLOTS:
     }
 
     void unixSeconds() {
-        QCOMPARE(formatTimestamp(*timestampFromUnixSeconds(1750000000)),
-                 QStringLiteral("2025-06-15T15:06:40Z"));
-        QCOMPARE(formatTimestamp(*timestampFromUnixSeconds(-0.5)),
-                 QStringLiteral("1969-12-31T23:59:59Z"));
+        QVERIFY(timestampFromUnixSeconds(1750000000) == at(u"2025-06-15T15:06:40Z"));
+        QVERIFY(timestampFromUnixSeconds(-0.5) == at(u"1969-12-31T23:59:59Z") + 500ms);
         for (const double refused :
              {1e300, -1e300, 253402300800.0, -62167219201.0, qInf(), qQNaN()}) {
             QVERIFY(!timestampFromUnixSeconds(refused));
@@ -90,7 +87,7 @@ private Q_SLOTS:
     void encodes() {
         QCOMPARE(QString::fromUtf8(*encodeSnapshot(fullSnapshot())), QString::fromUtf8(fullJson()));
         QuotaSnapshot readable = fullSnapshot();
-        readable.providers[0].planName = QStringLiteral("Plus \"1\" \u00e9\\\U0001F642");
+        readable.providers[0].planName = u"Plus \"1\" \u00e9\\\U0001F642"_s;
         QVERIFY(decodeSnapshot(fullJson()) == readable);
         QCOMPARE(*encodeSnapshot({.updatedAt = at(u"2025-01-31T14:05:00Z")}),
                  QByteArray("{\n  \"providers\" : [],\n  \"schemaVersion\" : 1,\n"
@@ -98,63 +95,50 @@ private Q_SLOTS:
     }
 
     void numbers() {
-        const std::pair<double, QByteArray> rows[] = {{100, "100"},
-                                                      {-0.0, "0"},
-                                                      {1.0 / 3, "0.3333333333333333"},
-                                                      {0.1 + 0.2, "0.30000000000000004"},
-                                                      {5e-324, "5e-324"},
-                                                      {1e300, "1e+300"},
-                                                      {qInf(), {}}, // cannot be encoded
-                                                      {qQNaN(), {}}};
-        for (const auto& [number, text] : rows) {
-            const QuotaSnapshot snapshot{
+        const auto holding = [](double number) {
+            return QuotaSnapshot{
                 .providers = {{.week = QuotaWindowSnapshot{.usedPercent = number}}}};
-            const auto json = encodeSnapshot(snapshot);
-            QCOMPARE(json.has_value(), !text.isEmpty());
-            if (json) {
-                QVERIFY2(json->contains("\"usedPercent\" : " + text + '\n'), json->constData());
-                QVERIFY(decodeSnapshot(*json) == snapshot);
-            }
+        };
+        const std::pair<double, QByteArray> rows[] = {
+            {100, "100"},       {-0.0, "0"},       {1.0 / 3, "0.3333333333333333"},
+            {5e-324, "5e-324"}, {1e300, "1e+300"}, {0.1 + 0.2, "0.30000000000000004"}};
+        for (const auto& [number, text] : rows) {
+            const auto json = encodeSnapshot(holding(number));
+            QVERIFY2(json && json->contains("\"usedPercent\" : " + text + '\n'), text);
+            QVERIFY2(decodeSnapshot(*json) == holding(number), text);
         }
+        QVERIFY(!encodeSnapshot(holding(qInf())) && !encodeSnapshot(holding(qQNaN())));
     }
 
-    /// Each row changes one place of a complete document.
+    /// Makes each change to a complete document, in which ' stands for ".
     void decodesStrictly() {
-        using Changes = std::vector<std::pair<QByteArray, QByteArray>>; // with ' for "
-        const Changes accepted{{": 1,", ": -7,"},
-                               {": 1,", ": 1.0,"},
-                               {"'Rate limited'", "null"},
-                               {"'week' : {", "'week' : null, 'x' : {"},
-                               {"{\n  'p", "{'x' : [{}], 'p"}};
-        const Changes rejected{{"'schemaVersion'", "'x'"},
-                               {"'providers'", "'x'"},
-                               {"'updatedAt'", "'x'"},
-                               {"'provider'", "'x'"},
-                               {"'syncState'", "'x'"},
-                               {"'usedPercent'", "'x'"},
-                               {": 1,", ": 1.5,"},
-                               {": 1,", ": '1',"},
-                               {": 1,", ": 1e30,"},
-                               {": [", ": [1, "},
-                               {"'claude'", "'Claude'"},
-                               {"unavailable", "stale"},
-                               {"0.1", "null"},
-                               {"0.1", "'0.1'"},
-                               {"0.1", "1e999"},
-                               {"00Z", "00.000Z"},
-                               {"'2025", "7, 'x' : '"},
-                               {": {", ": 7, 'x' : {"},
-                               {"'Plus", "7, 'x' : '"},
-                               {"\n}", "\n"},
-                               {"\n}", "\n} x"}};
-        for (const Changes& changes : {accepted, rejected}) {
-            for (auto [place, change] : changes) {
-                QByteArray json = fullJson();
-                QVERIFY2(json.contains(place.replace('\'', '"')), place);
-                json.replace(place, change.replace('\'', '"'));
-                QVERIFY2(decodeSnapshot(json).has_value() == (changes == accepted), change);
+        const auto check = [](const char* place, const QByteArrayList& changes,
+                              bool isAccepted = false) {
+            const QByteArray json = fullJson().replace('"', '\'');
+            QVERIFY2(json.contains(place), place);
+            for (const QByteArray& change : changes) {
+                const auto changed = QByteArray(json).replace(place, change).replace('\'', '"');
+                QVERIFY2(decodeSnapshot(changed).has_value() == isAccepted, changed);
             }
+        };
+        check(": 1,", {": -7,", ": 1.0,"}, true);
+        check("'Rate limited'", {"null"}, true);
+        check("'week' : {", {"'week' : null, 'x' : {"}, true);
+        check("{\n  'p", {"{'x' : [{}], 'p"}, true);
+        for (const char* required : {"'schemaVersion'", "'providers'", "'updatedAt'", "'provider'",
+                                     "'syncState'", "'usedPercent'"}) {
+            check(required, {"'x'"});
         }
+        check(": 1,", {": 1.5,", ": '1',", ": 1e30,"});
+        check(": [", {": [1, "});
+        check("'claude'", {"'Claude'"});
+        check("unavailable", {"stale"});
+        check("0.1", {"null", "'0.1'", "1e999"});
+        check("00Z", {"00.000Z"});
+        check("'2025", {"7, 'x' : '"});
+        check(": {", {": 7, 'x' : {"});
+        check("'Plus", {"7, 'x' : '"});
+        check("\n}", {"\n", "\n} x"});
         QVERIFY(!decodeSnapshot("[]"));
     }
 };
