@@ -1,4 +1,5 @@
 #include "history/local_token_estimator.h"
+#include "support/descriptor_limit.h"
 #include "support/test_main.h"
 
 #include <QtCore/QTimer>
@@ -169,16 +170,11 @@ private Q_SLOTS:
             deep /= "d";
         }
         write(deep / "a.jsonl", codexLine(5));
-        rlimit before{};
-        ::getrlimit(RLIMIT_NOFILE, &before);
         const int next = ::dup(0); // the lowest free descriptor
         ::close(next);
         const auto scanWith = [&](int descriptors) {
-            const rlimit few{static_cast<rlim_t>(next + descriptors), before.rlim_max};
-            ::setrlimit(RLIMIT_NOFILE, &few);
-            history::ScanReport report = scan();
-            ::setrlimit(RLIMIT_NOFILE, &before);
-            return report;
+            const tests::DescriptorLimit limit(static_cast<rlim_t>(next + descriptors));
+            return scan();
         };
         QCOMPARE(scanWith(0).error, std::errc::too_many_files_open);
         const history::ScanReport enough = scanWith(1);
@@ -209,14 +205,28 @@ private Q_SLOTS:
             });
             for (int round = 0; round < 20; ++round) {
                 const qint64 codex = scan().totals.at(AIProvider::codex);
-                QVERIFY2(codex >= 5 && codex <= 20, qPrintable(QString::number(codex)));
+                QVERIFY2(codex >= 5 && codex <= 20, QByteArray::number(codex));
             }
         }
         QVERIFY(scan().totals == totals(20, 0));
     }
 
+    void stopsReadingAFileThatGrowsTooLarge() {
+        const fs::path log = write("a.jsonl", "");
+        const std::jthread writer([&log](const std::stop_token& stop) {
+            while (!stop.stop_requested()) {
+                fs::resize_file(log, 24'000'000); // holes read as NUL
+                fs::resize_file(log, 48'000'000);
+            }
+        });
+        TALLYVANE_TRY_VERIFY(std::invoke([this] {
+            const history::ScanReport report = scan();
+            return report.readBytes > 0 && report.skippedFiles.contains(SkipReason::tooLarge);
+        }));
+    }
+
     void abortsOnOverflow() {
-        constexpr qint64 most = std::numeric_limits<qint64>::max();
+        constexpr auto most = std::numeric_limits<qint64>::max();
         write("a.jsonl", codexLine(most));
         QVERIFY(scan().totals == totals(most, 0));
         write("b.jsonl", codexLine(1));
