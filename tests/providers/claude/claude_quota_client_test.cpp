@@ -36,6 +36,7 @@ QByteArray outcome(const providers::QuotaResult& r) {
     return isInPlace ? shortText + ": " + r.error().text.toUtf8() : QByteArray("in error line");
 }
 
+const ScriptedReply answer = httpReply(200, usage);
 const QByteArray figures = "Claude Max: 37.5";
 const QByteArray unreachable = "Network error: The Claude service could not be reached: ";
 const QByteArray tooLate = unreachable + "it took too long to answer.";
@@ -82,8 +83,7 @@ private Q_SLOTS:
     }
 
     void sendsTheTokenAndNothingElse() {
-        tests::TlsServer server(
-            m_identity, {httpReply(200, usage, "Set-Cookie: a=b\r\n"), httpReply(200, usage)});
+        tests::TlsServer server(m_identity, {httpReply(200, usage, "Set-Cookie: a=b\r\n"), answer});
         auto client = clientOf(server);
         QCOMPARE(fetch(client), figures);
         QCOMPARE(fetch(client), figures);
@@ -101,7 +101,7 @@ private Q_SLOTS:
                                   const QByteArray& token, const QByteArray& expected) {
             m_secrets.items.insert(u"Claude Code-credentials"_s, item);
             tests::writeFile(m_file, file);
-            tests::TlsServer server(m_identity, {httpReply(200, usage)});
+            tests::TlsServer server(m_identity, {answer});
             QCOMPARE(fetchFrom(sourceOf(server)), expected);
             QCOMPARE(server.requests().value(0).value(2),
                      token.isEmpty() ? QByteArray() : "Authorization: Bearer " + token);
@@ -116,15 +116,13 @@ private Q_SLOTS:
               "Sign-in expired: The sign-in of Claude Code has expired.");
     }
 
-    void retriesWithTheNewToken() {
+    void understandsResponses() {
         ScriptedReply refusal = httpReply(401, {});
         refusal.before = [this] { tests::writeFile(m_file, record("new")); };
-        tests::TlsServer server(m_identity, {refusal, httpReply(200, usage)});
-        QCOMPARE(fetchFrom(sourceOf(server)), figures);
-        QVERIFY(server.requests().last().contains("Authorization: Bearer new"));
-    }
+        tests::TlsServer renewing(m_identity, {refusal, answer});
+        QCOMPARE(fetchFrom(sourceOf(renewing)), figures);
+        QVERIFY(renewing.requests().last().contains("Authorization: Bearer new"));
 
-    void understandsResponses() {
         const auto check = [this](const char* name, const Script& script,
                                   const QByteArray& expected) {
             tests::TlsServer server(m_identity, script);
@@ -146,8 +144,7 @@ private Q_SLOTS:
         check("500", {httpReply(500, usage)}, status + "500.");
         check("other protocol", {{"HTTP/1.1 101 Switching\r\n\r\n", Ending::keepsOpen}},
               status + "101.");
-        check("interim responses",
-              {{interim + "HTTP/1.1 102 Processing\r\n\r\n" + httpReply(200, usage).bytes}},
+        check("interim responses", {{interim + "HTTP/1.1 102 Processing\r\n\r\n" + answer.bytes}},
               figures);
         check("no final response",
               {{interim.repeated(5 * 1024 * 1024 / interim.size()), Ending::keepsOpen}}, malformed);
@@ -184,12 +181,12 @@ private Q_SLOTS:
         check({"HTTP/1.1 200 OK\r\n\r\n", Ending::drips}, 20);
     }
 
+    /// Only the proxy can resolve the server's name.
     void passesThroughProxies() {
-        // The proxy gives `replies` to messages that contain `messages`. Only the proxy can resolve
-        // the server's name.
+        // The proxy gives `replies` to messages that contain `messages`.
         const auto check = [this](const char* variable, const QByteArrayList& replies,
                                   const QByteArrayList& messages, const QByteArray& expected) {
-            tests::TlsServer server(m_namedIdentity, {httpReply(200, usage)});
+            tests::TlsServer server(m_namedIdentity, {answer});
             const auto port = static_cast<quint16>(server.url({}).port());
             const tests::ScriptedProxy proxy(replies, port);
             auto source = sourceOf(server);
@@ -231,7 +228,7 @@ private Q_SLOTS:
         // libproxy reads the desktop's setting from this variable too.
         tests::ScriptedProxy silent{{}};
         qputenv("http_proxy", "pac+http://127.0.0.1:" + QByteArray::number(silent.port()) + "/pac");
-        tests::TlsServer server(m_identity, {httpReply(200, usage)});
+        tests::TlsServer server(m_identity, {answer});
         auto client = clientOf(server);
         for (int i = 0; i < 2; ++i) {
             const auto task = client.fetch(AskedBy::user);
@@ -248,8 +245,8 @@ private Q_SLOTS:
     void pausesTheTimer() {
         const auto check = [this](const char* header, std::chrono::seconds pause) {
             tests::ManualClock clock(now);
-            tests::TlsServer server(m_identity, {httpReply(429, {}, header + QByteArray("\r\n")),
-                                                 httpReply(200, usage), httpReply(200, usage)});
+            tests::TlsServer server(
+                m_identity, {httpReply(429, {}, header + QByteArray("\r\n")), answer, answer});
             providers::ClaudeQuotaClient client(sourceOf(server), m_secrets, clock);
             QCOMPARE(fetch(client, AskedBy::timer), limited);
             QCOMPARE(clock.pendingAlarms(), pause > 0s ? 1u : 0u);
@@ -267,8 +264,8 @@ private Q_SLOTS:
         check("X-Nothing: 1", 0s);
 
         // The user may ask nevertheless.
-        tests::TlsServer server(m_identity, {httpReply(429, {}, "Retry-After: 120\r\n"),
-                                             httpReply(200, usage), httpReply(200, usage)});
+        tests::TlsServer server(m_identity,
+                                {httpReply(429, {}, "Retry-After: 120\r\n"), answer, answer});
         auto client = clientOf(server);
         QCOMPARE(fetch(client, AskedBy::timer), limited);
         QCOMPARE(fetch(client, AskedBy::user), figures);
@@ -278,7 +275,7 @@ private Q_SLOTS:
     void trustsWhatTheEnvironmentNames() {
         const auto check = [this](const QByteArray& file, const QByteArray& directories,
                                   bool isTrusted) {
-            tests::TlsServer server(m_identity, {httpReply(200, usage)});
+            tests::TlsServer server(m_identity, {answer});
             auto source = sourceOf(server);
             source.tls.reset();
             source.network.certificateFile = file;
