@@ -62,16 +62,13 @@ private Q_SLOTS:
     }
 
     void axisValues() {
-        const std::pair<double, std::vector<double>> rows[] = {
-            {0, {0, 0.5, 1}},
-            {100, {0, 50, 100}},
-            {100.1, {0, 50, 100, 150}},
-            {4, {0, 1, 2, 3, 4}},
-            {0.3, {0, 0.1, 0.2, 0.1 * 3}},
-            {1'764'000, {0, 500'000, 1e6, 1.5e6, 2e6}}};
-        for (const auto& [maximum, values] : rows) {
-            QCOMPARE(history::axisValues(maximum), values);
-        }
+        using Values = std::vector<double>;
+        QCOMPARE(history::axisValues(0), (Values{0, 0.5, 1}));
+        QCOMPARE(history::axisValues(100), (Values{0, 50, 100}));
+        QCOMPARE(history::axisValues(100.1), (Values{0, 50, 100, 150}));
+        QCOMPARE(history::axisValues(4), (Values{0, 1, 2, 3, 4}));
+        QCOMPARE(history::axisValues(0.3), (Values{0, 0.1, 0.2, 0.1 * 3}));
+        QCOMPARE(history::axisValues(1'764'000), (Values{0, 500'000, 1e6, 1.5e6, 2e6}));
         QVERIFY(std::isfinite(history::axisValues(std::numeric_limits<double>::infinity()).back()));
     }
 

@@ -97,11 +97,9 @@ private Q_SLOTS:
     }
 
     void identifies() {
-        UsageHistoryPoint point{.date = Timestamp{1738281600s}};
-        QCOMPARE(history::id(point), u"codex-1738281600.0"_s);
-        point.provider = AIProvider::claude;
-        point.date += 250ms;
-        QCOMPARE(history::id(point), u"claude-1738281600.25"_s);
+        QCOMPARE(history::id({.date = Timestamp{1738281600s}}), u"codex-1738281600.0");
+        QCOMPARE(history::id({Timestamp{1738281600s + 250ms}, AIProvider::claude}),
+                 u"claude-1738281600.25");
     }
 
     void addsUpADay() {

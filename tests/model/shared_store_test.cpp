@@ -77,13 +77,13 @@ private Q_SLOTS:
     void choosesTheContainer() {
         const SharedStore own(m_locations);
         QCOMPARE(own.containerSource(), ContainerSource::fallback);
-        QVERIFY(own.baseURL() == m_locations.dataHome / "Gaugewell");
-        QVERIFY(isPrivate(own.baseURL()));
+        QVERIFY(own.baseURL() == m_locations.dataHome / "Gaugewell" && isPrivate(own.baseURL()));
 
-        fs::create_directory(m_locations.dataHome / "group.corvelle.Gaugewell");
+        const fs::path group = m_locations.dataHome / "group.corvelle.Gaugewell";
+        fs::create_directory(group);
         const SharedStore shared(m_locations);
         QCOMPARE(shared.containerSource(), ContainerSource::appGroup);
-        QVERIFY(shared.baseURL() == m_locations.dataHome / "group.corvelle.Gaugewell");
+        QVERIFY(shared.baseURL() == group);
     }
 
     void savesPrivateFiles() {

@@ -132,7 +132,6 @@ private Q_SLOTS:
             QCOMPARE(m_clock.pendingAlarms(), 0u);
         };
         const QByteArray status = "-: The Claude service answered with status ";
-        const QByteArray closed = unreachable + "The TLS/SSL connection has been closed.";
         const QByteArray ok = "HTTP/1.1 200 OK\r\n";
         const QByteArray interim = "HTTP/1.1 103 Early Hints\r\nLink: </a>\r\n\r\n";
         const QByteArray megabytes(5 * 1024 * 1024, ' ');
@@ -146,8 +145,6 @@ private Q_SLOTS:
               status + "101.");
         check("interim responses", {{interim + "HTTP/1.1 102 Processing\r\n\r\n" + answer.bytes}},
               figures);
-        check("no final response",
-              {{interim.repeated(5 * 1024 * 1024 / interim.size()), Ending::keepsOpen}}, malformed);
         check("chunks",
               {{ok + "transfer-encoding: chunked\r\n\r\n3\r\n" + usage.first(3) + "\r\n" +
                     QByteArray::number(usage.size() - 3, 16) + "\r\n" + usage.sliced(3) +
@@ -156,11 +153,16 @@ private Q_SLOTS:
               figures);
         check("no length", {{ok + "\r\n" + usage}}, figures);
         check("not JSON", {httpReply(200, "<html>")}, malformed);
-        check("endless body", {{ok + "\r\n" + megabytes, Ending::keepsOpen}}, malformed);
-        check("endless header line", {{ok + "X: " + megabytes, Ending::keepsOpen}}, malformed);
         check("not HTTP", {{"220 mail.example ESMTP\r\n"}}, malformed);
-        check("closed in the header", {{ok}}, closed);
-        check("closed in the body", {{ok + "Content-Length: 99\r\n\r\n{}"}}, closed);
+        const QByteArray interims = interim.repeated(megabytes.size() / interim.size());
+        for (const QByteArray& endless :
+             {interims, ok + "\r\n" + megabytes, ok + "X: " + megabytes}) {
+            check("endless", {{endless, Ending::keepsOpen}}, malformed);
+        }
+        for (const QByteArray& part : {ok, ok + "Content-Length: 99\r\n\r\n{}"}) {
+            check("closed too early", {{part}},
+                  unreachable + "The TLS/SSL connection has been closed.");
+        }
     }
 
     void givesUpAfterFifteenSeconds() {
@@ -168,7 +170,7 @@ private Q_SLOTS:
             tests::TlsServer server(m_identity, {reply});
             auto client = clientOf(server);
             const auto task = client.fetch(AskedBy::user);
-            QTRY_VERIFY(server.requests().size() == 1 && server.drips() >= drips);
+            TALLYVANE_TRY_VERIFY(server.requests().size() == 1 && server.drips() >= drips);
             m_clock.advance(5s);
             m_clock.suspend(1h);
             m_clock.advance(10s - 1ms);
@@ -196,7 +198,7 @@ private Q_SLOTS:
             providers::ClaudeQuotaClient client(source, m_secrets, m_clock);
             const auto task = client.fetch(AskedBy::user);
             if (replies.isEmpty() && !messages.isEmpty()) {
-                QTRY_COMPARE(proxy.messages().size(), messages.size());
+                TALLYVANE_TRY_COMPARE(proxy.messages().size(), messages.size());
                 m_clock.advance(15s);
             }
             QCOMPARE(outcome(QCoro::waitFor(task)), expected);
@@ -232,7 +234,7 @@ private Q_SLOTS:
         auto client = clientOf(server);
         for (int i = 0; i < 2; ++i) {
             const auto task = client.fetch(AskedBy::user);
-            QTRY_COMPARE(silent.messages().size(), 1);
+            TALLYVANE_TRY_COMPARE(silent.messages().size(), 1);
             m_clock.advance(15s);
             QCOMPARE(outcome(QCoro::waitFor(task)), tooLate);
         }
