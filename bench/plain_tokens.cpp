@@ -14,12 +14,10 @@ int main(int argc, char** argv) {
         if (!file.open(QIODevice::ReadOnly)) {
             return 1;
         }
-        const QByteArray log = file.readAll();
         const auto provider = file.fileName().contains(QLatin1StringView("/.codex/"))
                                   ? model::AIProvider::codex
                                   : model::AIProvider::claude;
-        sum.add(
-            tests::plainLogTokens(provider, std::string_view(log)).value_or(history::TokenSum{}));
+        sum.add(tests::plainLogTokens(provider, file.readAll()).value_or(history::TokenSum{}));
     }
     return std::printf("%lld\n", static_cast<long long>(sum.value)) > 0 ? 0 : 1;
 }

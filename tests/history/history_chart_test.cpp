@@ -36,19 +36,18 @@ private Q_SLOTS:
                        point(first.addDays(-1), codex, 4, 40), point(m_today, codex, 8, 80),
                        point(m_today, claude, 16, 160)}};
         history.points[3].date += 23h;
-        const std::vector<history::ChartPoint> days{
-            {first, codex, 2, 20}, {m_today, codex, 8, 80}, {m_today, claude, 17, 170}};
-        QCOMPARE(history::chartPoints(history, daily, m_calendar, m_now), days);
-        const std::vector<history::ChartPoint> months{{month, codex, 6, 60},
-                                                      {month.addMonths(1), codex, 8, 80},
-                                                      {month.addMonths(1), claude, 17, 170}};
-        QCOMPARE(history::chartPoints(history, monthly, m_calendar, m_now), months);
+        using Points = std::vector<history::ChartPoint>;
+        QCOMPARE(
+            history::chartPoints(history, daily, m_calendar, m_now),
+            (Points{{first, codex, 2, 20}, {m_today, codex, 8, 80}, {m_today, claude, 17, 170}}));
+        const QDate next = month.addMonths(1);
+        QCOMPARE(history::chartPoints(history, monthly, m_calendar, m_now),
+                 (Points{{month, codex, 6, 60}, {next, codex, 8, 80}, {next, claude, 17, 170}}));
         QVERIFY(history::chartPoints({}, daily, m_calendar, m_now).empty());
 
-        history.points = {point(m_today, codex, 0, std::numeric_limits<std::int64_t>::max()),
-                          point(m_today, codex, 0, 1)};
-        QCOMPARE(history::chartPoints(history, daily, m_calendar, m_now)[0].tokens,
-                 std::numeric_limits<std::int64_t>::max());
+        constexpr auto greatest = std::numeric_limits<std::int64_t>::max();
+        history.points = {point(m_today, codex, 0, greatest), point(m_today, codex, 0, 1)};
+        QCOMPARE(history::chartPoints(history, daily, m_calendar, m_now)[0].tokens, greatest);
     }
 
     void axes() {
@@ -63,16 +62,13 @@ private Q_SLOTS:
     }
 
     void axisValues() {
-        const std::pair<double, std::vector<double>> rows[] = {
-            {0, {0, 0.5, 1}},
-            {100, {0, 50, 100}},
-            {100.1, {0, 50, 100, 150}},
-            {4, {0, 1, 2, 3, 4}},
-            {0.3, {0, 0.1, 0.2, 0.1 * 3}},
-            {1'764'000, {0, 500'000, 1e6, 1.5e6, 2e6}}};
-        for (const auto& [maximum, values] : rows) {
-            QCOMPARE(history::axisValues(maximum), values);
-        }
+        using Values = std::vector<double>;
+        QCOMPARE(history::axisValues(0), (Values{0, 0.5, 1}));
+        QCOMPARE(history::axisValues(100), (Values{0, 50, 100}));
+        QCOMPARE(history::axisValues(100.1), (Values{0, 50, 100, 150}));
+        QCOMPARE(history::axisValues(4), (Values{0, 1, 2, 3, 4}));
+        QCOMPARE(history::axisValues(0.3), (Values{0, 0.1, 0.2, 0.1 * 3}));
+        QCOMPARE(history::axisValues(1'764'000), (Values{0, 500'000, 1e6, 1.5e6, 2e6}));
         QVERIFY(std::isfinite(history::axisValues(std::numeric_limits<double>::infinity()).back()));
     }
 
@@ -119,34 +115,31 @@ private Q_SLOTS:
             .points = {{midnight, model::AIProvider::codex, 0, 3000},
                        {midnight, model::AIProvider::claude, 0, 1000},
                        {midnight - 24h, model::AIProvider::codex, 0, 1000}}};
+        using Days = std::map<QDate, std::int64_t>;
         const auto both = history::dayTotals(history, total, calendar);
+        QCOMPARE(both.byDay, (Days{{m_today.addDays(-1), 1000}, {m_today, 4000}}));
         QCOMPARE(both.maximum, 4000);
-        const std::map<QDate, std::int64_t> days{{m_today.addDays(-1), 1000}, {m_today, 4000}};
-        QCOMPARE(both.byDay, days);
         const auto one = history::dayTotals(history, history::HeatmapFilter::claude, calendar);
-        QCOMPARE(one.byDay, (std::map<QDate, std::int64_t>{{m_today, 1000}}));
+        QCOMPARE(one.byDay, (Days{{m_today, 1000}}));
         QCOMPARE(one.maximum, 1000);
         QCOMPARE(history::dayTotals({}, total, calendar).maximum, 1);
         QCOMPARE(history::heatmapColumns(1, calendar, midnight)[0][5],
                  (history::DayCell{m_today, false}));
 
-        using enum model::ColourScheme;
         const auto cell = [&](QDate day, model::ColourScheme scheme) {
             return history::cellColour(day, one.byDay, one.maximum, history::HeatmapFilter::claude,
                                        scheme);
         };
-        QCOMPARE(cell({2026, 11, 2}, light).opacity, 0.16);
-        QCOMPARE(cell({2026, 11, 2}, dark).opacity, 0.4);
-        QCOMPARE(cell(m_today, dark).opacity, 1.0);
-        QCOMPARE(cell(m_today, dark).colour.red, 0.91);
+        QCOMPARE(cell({2026, 11, 2}, model::ColourScheme::light).opacity, 0.16);
+        QCOMPARE(cell({2026, 11, 2}, model::ColourScheme::dark).opacity, 0.4);
+        const history::CellColour today = cell(m_today, model::ColourScheme::dark);
+        QCOMPARE(std::pair(today.opacity, today.colour.red), std::pair(1.0, 0.91));
 
-        const std::pair<std::int64_t, int> rows[] = {{-5, 0},   {0, 0},    {1, 1},    {999, 1},
-                                                     {1000, 2}, {1999, 2}, {2000, 3}, {2999, 3},
-                                                     {3000, 4}, {4000, 4}};
-        for (const auto& [tokens, level] : rows) {
-            QCOMPARE(history::level(tokens, 4000), level);
+        QList<int> levels{history::level(1, 1)};
+        for (const int tokens : {-5, 0, 1, 999, 1000, 1999, 2000, 2999, 3000, 4000}) {
+            levels << history::level(tokens, 4000);
         }
-        QCOMPARE(history::level(1, 1), 4);
+        QCOMPARE(levels, (QList{4, 0, 0, 1, 1, 2, 2, 3, 3, 4, 4}));
     }
 };
 

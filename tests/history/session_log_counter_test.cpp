@@ -1,11 +1,6 @@
-#include "history/session_log_counter.h"
 #include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 #include "support/test_main.h"
-
-#include <QtCore/QRandomGenerator>
-
-#include <algorithm>
 
 using namespace tallyvane;
 using history::TokenSum;
@@ -14,22 +9,6 @@ using model::AIProvider;
 namespace {
 
 constexpr qint64 greatest = std::numeric_limits<qint64>::max();
-
-/// Hands the log over in blocks of at most `blockSize` bytes.
-std::optional<TokenSum> tokensOf(AIProvider provider, std::string_view log, std::size_t blockSize,
-                                 history::SessionLogCounter& counter) {
-    counter.begin(provider);
-    while (!log.empty()) {
-        const std::span<char> space = counter.space();
-        const std::size_t size = std::min({blockSize, space.size(), log.size()});
-        std::ranges::copy(log.substr(0, size), space.begin());
-        log.remove_prefix(size);
-        if (!counter.take(size)) {
-            return std::nullopt;
-        }
-    }
-    return counter.finish();
-}
 
 QByteArray codexLine(const QByteArray& usage) {
     return R"({"type":"event_msg","payload":{"type":"token_count","info":{"total_token_usage":)" +
@@ -61,17 +40,12 @@ private Q_SLOTS:
                        {total("100") + '\n' + total("250") + '\n' + total("180"), 250},
                        {codexLine(R"({"input_tokens":40,"output_tokens":10,"x":1})"), 50},
                        {codexLine(R"({"total_tokens":"9","input_tokens":4})"), 4},
-                       {codexLine(R"({"total_tokens":3,"input_tokens":4})"), 3},
                        {codexLine(R"({"total_tokens":true,"input_tokens":4})"), 1},
                        {total("-5"), 0},
                        {R"({"payload":{"type":"token_count","info":null}})", 0},
-                       {codexLine("[1]"), 0},
                        {total("5").replace("token_count", "token_usage_record"), 0},
-                       {total("5").replace("event_msg", "token_count"), 5},
                        {"{\"x\":\"\\\"token_count\\\"\"}\n" + total("5"), 5},
                        {"[" + total("5") + "]\n1\n" + total("4") + "\nnull", 4},
-                       {"\n\n" + total("4") + "\n\n", 4},
-                       {total("9").chopped(1) + '\n' + total("4"), 4},
                        {total("9") + "\r\n" + total("4") + "\r\n", 0},
                        {total("9").replace(":", ":\r\n") + "\r\n", 9},
                        {total("9") + '\n' + total("4") + "\r\n" + total("5"), 9},
@@ -79,12 +53,9 @@ private Q_SLOTS:
                        {"\xEF\xBB\xBF" + total("9") + '\n' + total("4"), 4},
                        {total("9") + QByteArray(1, '\0') + '\n' + total("4"), 4},
                        {total("9").replace("token_count", "\\u0074oken_count"), 9},
-                       {total("9").replace("token_count", "token\\u005Fcount"), 9},
-                       {total("9").replace("total_tokens", "total\\u005ftokens"), 9},
+                       {total("9").replace("n_c", "n\\u005Fc").replace("l_t", "l\\u005ft"), 9},
                        {total("9").replace("token_count", "\\token_count"), 0},
-                       {R"({"payload":1,)" + total("9").sliced(1), 9},
                        {total("9").chopped(1) + R"(,"p\u0061yload":1})", 0},
-                       {codexLine(R"({"total_tokens":9,"total_tokens":4})"), 4},
                        {beside(QByteArray(50'000, '[') + QByteArray(50'000, ']')), 7},
                        {beside('"' + QByteArray(3'000'000, 'x') + '"'), 7},
                        {total("4") + "\n\xFF", {}},
@@ -103,20 +74,20 @@ private Q_SLOTS:
                                 "\"\\",    "\"\tnull",   "\"\\u12g41",  "[\"\t1]"}) {
             codexRows.emplace_back(beside(bad) + '\n' + total("4"), 4);
         }
-        const std::pair<const char*, qint64> numbers[] = {{"12.9", 12},
-                                                          {"1.5e1", 15},
-                                                          {"1250E-2", 12},
-                                                          {"0.9999999999999999999999", 0},
-                                                          {"9007199254740993.5", 9007199254740993},
-                                                          {"9223372036854775807", greatest},
-                                                          {"9223372036854775807.9", greatest},
-                                                          {"922337203685477580700e-2", greatest},
-                                                          {"1e-99999999999999999999", 0},
-                                                          {"0e99999999999999999999", 0},
-                                                          {"0.00000000000000000001e+21", 10},
-                                                          {"-0", 0}};
-        for (const auto& [number, expected] : numbers) {
-            codexRows.emplace_back(total(number), expected);
+        const std::pair<qint64, QByteArrayList> numbers[] = {
+            {0,
+             {"0.9999999999999999999999", "1e-99999999999999999999", "0e99999999999999999999",
+              "-0"}},
+            {10, {"0.00000000000000000001e+21"}},
+            {12, {"12.9", "1250E-2"}},
+            {15, {"1.5e1"}},
+            {9007199254740993, {"9007199254740993.5"}},
+            {greatest,
+             {"9223372036854775807", "9223372036854775807.9", "922337203685477580700e-2"}}};
+        for (const auto& [expected, texts] : numbers) {
+            for (const QByteArray& number : texts) {
+                codexRows.emplace_back(total(number), expected);
+            }
         }
         Rows claudeRows{
             {claudeLine("3") + '\n' + claudeLine("3"), 6},
@@ -125,34 +96,35 @@ private Q_SLOTS:
              11753},
             {claudeLine("3").replace("assistant", "user"), 0},
             {R"({"message":{"role":"assistant","usage":{"input_tokens":3}}})", 0},
-            {R"({"type":"assistant","message":{"usage":7}})", 0},
             {claudeLine("null") + '\n' + claudeLine("\"5\"") + '\n' + claudeLine("4"), 4},
             {claudeLine("-9223372036854775808.5"), std::numeric_limits<qint64>::min()},
             {claudeLine("-3.7") + '\n' + claudeLine("5"), 2},
             {claudeLine("3").replace("assistant", "a\\u0073sist\\u0061nt"), 3},
             {total("3"), 0}};
-        for (const char* beyond :
+        for (const QByteArray beyond :
              {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
               "18446744073709551616", "123456789012345678901234567890.5", "1e30", "-1e30", "1e400",
               "-1e400", "1e99999999999999999999", "9223372036854775808.0"}) {
-            codexRows.emplace_back(codexLine(R"({"input_tokens":3,"total_tokens":)" +
-                                             QByteArray(beyond) + R"(,"output_tokens":)" + beyond +
-                                             '}'),
+            codexRows.emplace_back(codexLine(R"({"input_tokens":3,"total_tokens":)" + beyond +
+                                             R"(,"output_tokens":)" + beyond + '}'),
                                    3);
             claudeRows.emplace_back(claudeLine(beyond) + '\n' + claudeLine("4"), 4);
         }
+        const auto libraryTokens = [](AIProvider provider, std::string_view line) {
+            const auto tokens = tests::libraryLineTokens(provider, line);
+            return tokens ? *tokens : history::plainLineTokens(provider, line);
+        };
         history::SessionLogCounter counter;
-        const auto check = [&counter](AIProvider provider, const Rows& rows) {
+        const auto check = [&](AIProvider provider, const Rows& rows) {
             for (const auto& [log, expected] : rows) {
-                const std::string bytes = log.toStdString();
-                const auto plain = tests::plainLogTokens(provider, bytes);
-                QVERIFY2((plain ? std::optional<qint64>(plain->value) : std::nullopt) == expected,
-                         log.first(std::min<qsizetype>(log.size(), 300)));
-                for (const std::size_t blockSize : {1'000'000, 61, 1}) {
-                    if (log.size() < 100'000 || blockSize > 1) {
-                        QVERIFY2(tokensOf(provider, bytes, blockSize, counter) == plain,
-                                 log.first(std::min<qsizetype>(log.size(), 300)));
-                    }
+                const QByteArray start = log.first(std::min<qsizetype>(log.size(), 300));
+                const auto plain = tests::plainLogTokens(provider, log);
+                QVERIFY2((plain ? std::optional(plain->value) : std::nullopt) == expected, start);
+                QVERIFY2(tests::plainLogTokens(provider, log, libraryTokens) == plain, start);
+                for (const qsizetype blockSize : {1'000'000, 61, 1}) {
+                    QVERIFY2((log.size() >= 100'000 && blockSize == 1) ||
+                                 tests::tokensInBlocks(counter, provider, log, blockSize) == plain,
+                             start);
                 }
             }
         };
@@ -163,59 +135,14 @@ private Q_SLOTS:
     void reportsOverflow() {
         history::SessionLogCounter counter;
         const QByteArray most = QByteArray::number(greatest);
-        const QByteArray twice = claudeLine(most) + '\n' + claudeLine("1");
-        QVERIFY(tokensOf(AIProvider::claude, claudeLine(most).toStdString(), 1000, counter) ==
-                (TokenSum{.value = greatest}));
-        QVERIFY(tokensOf(AIProvider::claude, twice.toStdString(), 1000, counter)->isOverflown);
-        const QByteArray both = codexLine(R"({"output_tokens":1,"input_tokens":)" + most + "}");
-        QVERIFY(tokensOf(AIProvider::codex, both.toStdString(), 1000, counter)->isOverflown);
-    }
-
-    /// Random logs, many of them malformed.
-    void agreesWithOtherImplementations() {
-        const auto libraryTokens = [](AIProvider provider, std::string_view line) {
-            const auto tokens = tests::LibraryLineTokens::of(provider, line);
-            return tokens ? *tokens : history::plainLineTokens(provider, line);
+        const auto counted = [&](AIProvider provider, const QByteArray& log) {
+            return *tests::tokensInBlocks(counter, provider, log, 1000);
         };
-        const QByteArrayList parts =
-            QByteArray("\n|\r\n|\r| |,|{|}|\"|\\|\\u0061|\\ud800|\"\t|1e3|\xC3\xA9|[[1]]|\"type\":|"
-                       "\"assistant\"|\"token_count\"|\"payload\":{}")
-                .split('|');
-        const QByteArrayList lines{
-            total("12"),
-            claudeLine("5"),
-            total("1.5"),
-            total("1e999"),
-            claudeLine("99999999999999999999"),
-            R"({"x":[1,null],"payload":{"info":{"total_token_usage":{"total_tokens":4}},"type":"token_count"}})",
-            R"({"x":"\ud800","m\u0065ssage":{"usage":{"input_tokens":2}},"t\u0079pe":"\u0061ssistant"})"};
-        QRandomGenerator random(7);
-        history::SessionLogCounter counter;
-        int counted = 0;
-        for (int round = 0; round < 4000; ++round) {
-            std::string log;
-            for (quint32 i = random.bounded(1U, 12U); i > 0; --i) {
-                const bool isWhole = random.bounded(2) == 0;
-                log += isWhole ? lines[random.bounded(lines.size())].toStdString() + '\n'
-                               : parts[random.bounded(parts.size())].toStdString();
-            }
-            if (random.bounded(2) == 0) {
-                log.insert(random.bounded(static_cast<quint32>(log.size())),
-                           parts[random.bounded(parts.size())].toStdString());
-            }
-            if (random.bounded(8) == 0) {
-                char& byte = log[random.bounded(static_cast<quint32>(log.size()))];
-                byte = static_cast<char>(byte ^ (1 << random.bounded(8)));
-            }
-            for (const AIProvider provider : model::allCases<AIProvider>) {
-                const auto plain = tests::plainLogTokens(provider, log);
-                QVERIFY2(plain == tests::plainLogTokens(provider, log, libraryTokens), log.c_str());
-                QVERIFY2(tokensOf(provider, log, random.bounded(1U, 200U), counter) == plain,
-                         log.c_str());
-                counted += plain && plain->value > 0 ? 1 : 0;
-            }
-        }
-        QVERIFY2(counted > 1000, qPrintable(QString::number(counted)));
+        QVERIFY(counted(AIProvider::claude, claudeLine(most)) == TokenSum{.value = greatest});
+        QVERIFY(counted(AIProvider::claude, claudeLine(most) + '\n' + claudeLine("1")).isOverflown);
+        QVERIFY(counted(AIProvider::codex,
+                        codexLine(R"({"output_tokens":1,"input_tokens":)" + most + "}"))
+                    .isOverflown);
     }
 };
 

@@ -64,12 +64,9 @@ private Q_SLOTS:
             {"sd_IN@devanagari", "छंछ 11:00 शाम जा"},
             {"be_BY@latin", "сб 23:00"},
             {"ca_ES@valencia", "ds. 23:00"},
-            {"de_DE@euro", "Sa., 23:00"},
-            {"de_DE.UTF-8@@", "Sa., 23:00"},
             {"de@numbers=xyz;calendar=buddhist", "Sa., 23:00"},
             {"de-DE-u-nu-xyz-ca-buddhist", "Sa., 23:00"},
-            {"aa_ER@saaho", "Sat 11:00 pm"},
-            {"wa_BE@euro", "Sat 23:00"}};
+            {"aa_ER@saaho", "Sat 11:00 pm"}};
         for (const auto& [name, text] : rows) {
             QCOMPARE(std::pair(name, texts(LocaleLabels(name))[8]),
                      std::pair(name, QString::fromUtf8(text)));
@@ -88,9 +85,9 @@ private Q_SLOTS:
         }
         for (const QByteArray& name : std::as_const(names)) {
             const LocaleLabels labels(name.toStdString());
+            const Qt::DayOfWeek first = labels.firstWeekday();
+            QVERIFY2(first >= Qt::Monday && first <= Qt::Sunday, name);
             QVERIFY2(!texts(labels).contains(QString()), name);
-            QVERIFY2(labels.firstWeekday() >= Qt::Monday && labels.firstWeekday() <= Qt::Sunday,
-                     name);
             for (const int minutes : {0, 719, 720, 1439}) {
                 QVERIFY2(labels.parseTimeOfDay(labels.timeOfDay(minutes)) == minutes, name);
             }

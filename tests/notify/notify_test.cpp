@@ -2,6 +2,7 @@
 #include "support/fake_notification_centre.h"
 #include "support/test_main.h"
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace tallyvane;
 using model::AIProvider;
@@ -11,28 +12,35 @@ using notify::NotificationWindow;
 
 namespace {
 
-constexpr double absent = -1;
+using Used = std::optional<double>;
 
-/// One provider's figures in a refresh.
+/// Claude's figures in a refresh.
 struct Step {
-    double fiveHour = absent;
-    double week = absent;
+    Used fiveHour;
+    Used week;
     QuotaSyncState state = QuotaSyncState::current;
     bool isAllowed = true;
 };
 
-model::ProviderQuotaSnapshot entry(AIProvider provider, const Step& step) {
-    const auto window = [](double used) {
-        return used == absent ? std::nullopt
-                              : std::optional(model::QuotaWindowSnapshot{.usedPercent = used});
-    };
-    return {.provider = provider,
-            .fiveHour = window(step.fiveHour),
-            .week = window(step.week),
-            .syncState = step.state};
-}
+/// Keeps what it posts.
+struct Notifier {
+    tests::FakeNotificationCentre centre;
+    notify::QuotaNotifier notifier{centre};
 
-const notify::NotificationSettings anyTime{.enabled = true, .windows = {{.allDay = true}}};
+    void process(AIProvider provider, const Step& step) {
+        const auto window = [](Used used) {
+            return used ? std::optional(model::QuotaWindowSnapshot{.usedPercent = *used})
+                        : std::nullopt;
+        };
+        notifier.process({.providers = {{.provider = provider,
+                                         .fiveHour = window(step.fiveHour),
+                                         .week = window(step.week),
+                                         .syncState = step.state}}},
+                         {.enabled = step.isAllowed, .windows = {{.allDay = true}}},
+                         model::Timestamp{1750000000s + 123456us},
+                         model::LocalZone(QTimeZone::utc()));
+    }
+};
 
 } // namespace
 
@@ -44,45 +52,36 @@ class NotifyTest : public tests::HermeticTest {
         R"("id":"3f2504e0-4f89-41d3-9a0c-0305e82c3301","startMinutes":1320}]})";
     const NotificationSettings m_settings{
         .enabled = true,
-        .windows = {{.id = QUuid(QStringLiteral("3f2504e0-4f89-41d3-9a0c-0305e82c3301")),
+        .windows = {{.id = QUuid(u"3f2504e0-4f89-41d3-9a0c-0305e82c3301"_s),
                      .startMinutes = 1320,
                      .endMinutes = 360}}};
 
 private Q_SLOTS:
     void allows() {
-        const NotificationWindow day;
+        const model::LocalZone berlin(QTimeZone("Europe/Berlin"));
+        const auto isAllowed = [&](QStringView moment,
+                                   const std::vector<NotificationWindow>& windows,
+                                   bool enabled = true) {
+            const auto at = *model::parseTimestamp(moment, model::FractionalSeconds::rejected);
+            return notify::allows({enabled, windows}, at, berlin);
+        };
+        const NotificationWindow day; // from nine to six
+        QVERIFY(!isAllowed(u"2026-01-10T07:59:59Z", {day}));
+        QVERIFY(isAllowed(u"2026-01-10T08:00:00Z", {day}));
+        QVERIFY(!isAllowed(u"2026-01-10T08:00:00Z", {day}, false));
+        QVERIFY(isAllowed(u"2026-01-10T16:59:59Z", {day}));
+        QVERIFY(!isAllowed(u"2026-01-10T17:00:00Z", {day}));
+        QVERIFY(!isAllowed(u"1966-01-10T07:59:59Z", {day}));
         const NotificationWindow night{.startMinutes = 22 * 60, .endMinutes = 6 * 60};
-        const NotificationWindow always{.allDay = true, .startMinutes = 0, .endMinutes = 0};
+        QVERIFY(isAllowed(u"2026-01-10T22:30:00Z", {night}));
+        QVERIFY(isAllowed(u"2026-01-10T04:59:59Z", {night}));
+        QVERIFY(!isAllowed(u"2026-01-10T05:00:00Z", {night}));
         const NotificationWindow empty{.startMinutes = 540, .endMinutes = 540};
         const NotificationWindow disabled{.enabled = false, .allDay = true};
-        const NotificationWindow afterTwo{.startMinutes = 120, .endMinutes = 180};
-        // In UTC, and whether allowed in Berlin
-        const std::tuple<const char*, bool, std::vector<NotificationWindow>> rows[] = {
-            {"2026-01-10T07:59:59Z", false, {day}},
-            {"2026-01-10T08:00:00Z", true, {day}},
-            {"2026-01-10T16:59:59Z", true, {day}},
-            {"2026-01-10T17:00:00Z", false, {day}},
-            {"1966-01-10T07:59:59Z", false, {day}},
-            {"2026-01-10T22:30:00Z", true, {night}},
-            {"2026-01-10T04:59:59Z", true, {night}},
-            {"2026-01-10T05:00:00Z", false, {night}},
-            {"2026-01-10T11:00:00Z", false, {night}},
-            {"2026-01-10T08:00:00Z", false, {empty, disabled}},
-            {"2026-01-10T08:00:00Z", true, {empty, disabled, day}},
-            {"2026-01-10T03:00:00Z", true, {always}},
-            {"2026-01-10T11:00:00Z", false, {}},
-            // The hour after two is skipped in spring and repeated in autumn.
-            {"2026-03-29T01:00:00Z", false, {afterTwo}},
-            {"2026-10-25T00:00:00Z", true, {afterTwo}},
-            {"2026-10-25T01:59:59Z", true, {afterTwo}}};
-        const model::LocalZone zone(QTimeZone("Europe/Berlin"));
-        for (const auto& [moment, isAllowed, windows] : rows) {
-            const auto at = *model::parseTimestamp(QString::fromLatin1(moment),
-                                                   model::FractionalSeconds::rejected);
-            QVERIFY2(notify::allows({.enabled = true, .windows = windows}, at, zone) == isAllowed,
-                     moment);
-            QVERIFY(!notify::allows({.enabled = false, .windows = windows}, at, zone));
-        }
+        QVERIFY(!isAllowed(u"2026-01-10T08:00:00Z", {empty, disabled}));
+        QVERIFY(isAllowed(u"2026-01-10T08:00:00Z", {empty, disabled, day}));
+        QVERIFY(isAllowed(u"2026-01-10T03:00:00Z",
+                          {{.allDay = true, .startMinutes = 0, .endMinutes = 0}}));
     }
 
     void layout() {
@@ -113,62 +112,51 @@ private Q_SLOTS:
         const QTemporaryDir directory;
         auto store = model::DefaultsStore::open(directory.path().toStdString() + "/defaults.conf");
         for (const char* stored : {"", R"({"enabled":true})"}) {
-            store->setData(QStringLiteral("notificationSettings"), stored);
+            store->setData(u"notificationSettings"_s, stored);
             const NotificationSettings loaded = notify::loadNotificationSettings(*store);
-            QVERIFY(!loaded.enabled && loaded.windows.size() == 1);
-            QVERIFY(!loaded.windows[0].id.isNull());
+            QVERIFY(!loaded.enabled && loaded.windows.size() == 1 &&
+                    !loaded.windows[0].id.isNull());
         }
         notify::saveNotificationSettings(*store, m_settings);
         QVERIFY(notify::loadNotificationSettings(*store) == m_settings);
     }
 
     void detectsResets() {
-        constexpr auto pending = QuotaSyncState::pending;
-        const std::pair<std::vector<Step>, int> rows[] = {
-            {{{85}, {2}}, 1},
-            {{{10.001}, {5}}, 1},
-            {{{85}, {5.001}}, 0},
-            {{{10}, {0}}, 0},
-            {{{0, 0}}, 0},
-            {{{50, 85}, {51, 0}}, 1},
-            {{{85, 85}, {0, 0}}, 1},
-            {{{85, 85}, {0, 85}, {0, 0}}, 2},
-            {{{85}, {7}, {0}}, 0},
-            {{{85}, {0}, {11}, {0}}, 2},
-            {{{85}, {.fiveHour = 0, .isAllowed = false}, {0}}, 0},
-            {{{85}, {.fiveHour = 0, .state = pending}, {0}}, 1},
-            {{{5}, {.fiveHour = 85, .state = pending}, {0}}, 0},
-            {{{85}, {.week = 85}, {0}}, 1}};
-        for (const auto& [steps, posts] : rows) {
-            tests::FakeNotificationCentre centre;
-            notify::QuotaNotifier notifier(centre);
+        const auto posts = [](const std::vector<Step>& steps) {
+            Notifier notifier;
             for (const Step& step : steps) {
-                // The other provider is never reset.
-                notifier.process({.providers = {entry(AIProvider::codex, {50, 50}),
-                                                entry(AIProvider::claude, step)}},
-                                 step.isAllowed ? anyTime : NotificationSettings{}, {},
-                                 model::LocalZone(QTimeZone::utc()));
+                notifier.process(AIProvider::claude, step);
+                notifier.process(AIProvider::codex, {50, 50}); // never reset
             }
-            QCOMPARE(centre.posts.size(), posts);
-        }
+            return notifier.centre.posts.size();
+        };
+        constexpr auto pending = QuotaSyncState::pending;
+        QCOMPARE(posts({{10.001}, {5}}), 1);
+        QCOMPARE(posts({{85}, {5.001}}), 0);
+        QCOMPARE(posts({{10}, {0}}), 0);
+        QCOMPARE(posts({{50, 85}, {51, 0}}), 1);
+        QCOMPARE(posts({{85, 85}, {0, 0}}), 1);
+        QCOMPARE(posts({{85, 85}, {0, 85}, {0, 0}}), 2);
+        QCOMPARE(posts({{85}, {7}, {0}}), 0);
+        QCOMPARE(posts({{85}, {0}, {11}, {0}}), 2);
+        QCOMPARE(posts({{85}, {.fiveHour = 0, .isAllowed = false}, {0}}), 0);
+        QCOMPARE(posts({{85}, {.fiveHour = 0, .state = pending}, {0}}), 1);
+        QCOMPARE(posts({{5}, {.fiveHour = 85, .state = pending}, {0}}), 0);
+        QCOMPARE(posts({{85}, {.week = 85}, {0}}), 1);
     }
 
     void namesTheProvider() {
-        tests::FakeNotificationCentre centre;
-        notify::QuotaNotifier notifier(centre);
-        for (const double used : {85, 0}) {
-            notifier.process({.providers = {entry(AIProvider::claude, {used}),
-                                            entry(AIProvider::codex, {used})}},
-                             anyTime, model::Timestamp{1750000000s + 123456us},
-                             model::LocalZone(QTimeZone::utc()));
+        Notifier notifier;
+        for (const AIProvider provider : model::allCases<AIProvider>) {
+            notifier.process(provider, {85});
+            notifier.process(provider, {0});
         }
-        QCOMPARE(centre.posts.size(), 2);
-        QCOMPARE(centre.posts[0].body, QStringLiteral("您的 Codex token 已经重置了。"));
-        const platform::Notification last{.identifier =
-                                              QStringLiteral("reset-claude-1750000000.123456"),
-                                          .title = QStringLiteral("Tallyvane"),
-                                          .body = QStringLiteral("您的 Claude token 已经重置了。")};
-        QVERIFY(centre.posts[1] == last);
+        QCOMPARE(notifier.centre.posts.size(), 2);
+        QCOMPARE(notifier.centre.posts[0].body, u"您的 Codex token 已经重置了。");
+        const platform::Notification last{.identifier = u"reset-claude-1750000000.123456"_s,
+                                          .title = u"Tallyvane"_s,
+                                          .body = u"您的 Claude token 已经重置了。"_s};
+        QVERIFY(notifier.centre.posts[1] == last);
     }
 };
 

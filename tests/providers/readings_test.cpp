@@ -6,13 +6,14 @@
 #include "support/home_files.h"
 #include "support/test_main.h"
 
-using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace tallyvane;
 
 namespace {
 
 constexpr model::Timestamp readAt = std::chrono::sys_days{std::chrono::year{2026} / 4 / 10};
-const QString none = QStringLiteral("-");
+const QString none = u"-"_s;
 
 QString text(const std::optional<model::Timestamp>& timestamp) {
     return timestamp ? model::formatTimestamp(*timestamp) : none;
@@ -27,7 +28,7 @@ QString text(const model::ProviderQuotaSnapshot& entry) {
         entry.syncedAt == readAt && entry.syncState == model::QuotaSyncState::current;
     const QStringList members{model::rawValue(entry.provider), entry.planName.value_or(none),
                               text(entry.fiveHour), text(entry.week)};
-    return isCurrent ? members.join(QStringLiteral(", ")) : QStringLiteral("not current");
+    return isCurrent ? members.join(u", "_s) : u"not current"_s;
 }
 
 QString signIn(const QByteArray& json) {
@@ -39,7 +40,7 @@ QString signIn(const QByteArray& json) {
 }
 
 QString usageReply(const QByteArray& json) {
-    const auto entry = providers::parseUsageReply(json, QStringLiteral("team_premium"), readAt);
+    const auto entry = providers::parseUsageReply(json, u"team_premium"_s, readAt);
     return entry ? text(*entry) : providers::quotaFailure(entry.error()).text;
 }
 
@@ -58,14 +59,12 @@ QString proxy(const QByteArray& input) {
     }
     const QNetworkProxy& chosen = **choice;
     if (chosen.type() == QNetworkProxy::NoProxy) {
-        return QStringLiteral("direct");
+        return u"direct"_s;
     }
     const bool isSocks = chosen.type() == QNetworkProxy::Socks5Proxy;
     const QString user = chosen.user() + u'|' + chosen.password() + u'@';
-    return QStringLiteral("%1://%2%3:%4")
-        .arg(isSocks ? QStringLiteral("socks5") : QStringLiteral("http"),
-             chosen.user().isEmpty() ? QString() : user, chosen.hostName())
-        .arg(chosen.port());
+    return (isSocks ? u"socks5://"_s : u"http://"_s) + (chosen.user().isEmpty() ? u""_s : user) +
+           chosen.hostName() + u':' + QString::number(chosen.port());
 }
 
 } // namespace
@@ -75,38 +74,32 @@ class ReadingsTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_data() {
-        QTest::addColumn<QByteArray>("input");
-        QTest::addColumn<QString>("expected");
-        QString file = QStringLiteral(TALLYVANE_TEST_DATA "/readings.txt");
-        const QStringList cases =
-            QString::fromUtf8(tests::readFile(file)).trimmed().split(QStringLiteral("\n\n"));
-        for (const QString& each : cases.sliced(1)) {
-            const QStringList lines = each.split(u'\n');
-            QTest::addRow("%s, %s", qPrintable(lines[0]), qPrintable(lines[1].left(200)))
-                << lines[1].toUtf8() << lines[2];
-        }
-    }
     void reads() {
         using Reader = QString (*)(const QByteArray&);
-        static const QMap<QByteArray, Reader> readers{{"sign-in", signIn},
-                                                      {"usage", usageReply},
-                                                      {"rate-limits", rateLimits},
-                                                      {"proxy", proxy}};
-        QFETCH(const QByteArray, input);
-        QTEST(readers[QByteArray(QTest::currentDataTag()).split(':').first()](input), "expected");
+        const std::map<QString, Reader> readers{{u"sign-in"_s, signIn},
+                                                {u"usage"_s, usageReply},
+                                                {u"rate-limits"_s, rateLimits},
+                                                {u"proxy"_s, proxy}};
+        const QByteArray file =
+            tests::readFile(QStringLiteral(TALLYVANE_TEST_DATA "/readings.txt"));
+        const QStringList cases = QString::fromUtf8(file).trimmed().split(u"\n\n"_s);
+        for (const QString& each : cases.sliced(1)) {
+            const QStringList lines = each.split(u'\n');
+            const QString name = lines[0] + u'\n';
+            const Reader reader = readers.at(lines[0].section(u':', 0, 0));
+            QCOMPARE(name + reader(lines[1].toUtf8()), name + lines[2]);
+        }
     }
 
     void servesOnlyTokensValidForAMinute() {
         providers::TokenCache cache;
-        const auto isServed = [&cache](std::optional<model::Timestamp> expiry) {
-            cache.replace({.accessToken = "t", .expiresAt = expiry, .subscriptionType = {}});
-            return cache.usableAt(readAt).has_value();
-        };
         QVERIFY(!cache.usableAt(readAt));
-        QVERIFY(!isServed(std::nullopt));
-        QVERIFY(!isServed(readAt + 60s));
-        QVERIFY(isServed(readAt + 60s + 1us));
+        const std::pair<std::optional<model::Timestamp>, bool> expiries[] = {
+            {std::nullopt, false}, {readAt + 60s, false}, {readAt + 60s + 1us, true}};
+        for (const auto& [expiry, isServed] : expiries) {
+            cache.replace({.accessToken = "t", .expiresAt = expiry, .subscriptionType = {}});
+            QCOMPARE(cache.usableAt(readAt).has_value(), isServed);
+        }
         cache.clear();
         QVERIFY(!cache.usableAt(readAt));
     }

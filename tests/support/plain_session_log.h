@@ -1,12 +1,9 @@
 #pragma once
 
-#include "history/log_tokens.h"
+#include "history/session_log_counter.h"
 
-#include <QtCore/QByteArrayView>
-
+#include <algorithm>
 #include <functional>
-#include <optional>
-#include <string_view>
 
 namespace tallyvane::tests {
 
@@ -14,19 +11,20 @@ using LineTokens = std::function<history::TokenSum(model::AIProvider, std::strin
 
 /// What one session log counts, the slow and plain way that SessionLogCounter must agree with.
 inline std::optional<history::TokenSum>
-plainLogTokens(model::AIProvider provider, std::string_view log,
+plainLogTokens(model::AIProvider provider, const QByteArray& log,
                const LineTokens& lineTokens = history::plainLineTokens) {
-    if (!QByteArrayView(log.data(), static_cast<qsizetype>(log.size())).isValidUtf8()) {
+    if (!log.isValidUtf8()) {
         return std::nullopt;
     }
     history::TokenSum sum;
-    for (std::size_t start = 0, end = 0; start < log.size(); start = end + 1) {
-        end = log.find('\n', start);
-        while (end != std::string_view::npos && end > 0 && log[end - 1] == '\r') {
-            end = log.find('\n', end + 1);
+    for (qsizetype start = 0, end = 0; start < log.size(); start = end + 1) {
+        end = log.indexOf('\n', start);
+        while (end > 0 && log[end - 1] == '\r') {
+            end = log.indexOf('\n', end + 1);
         }
-        end = std::min(end, log.size());
-        const auto line = lineTokens(provider, log.substr(start, end - start));
+        end = end < 0 ? log.size() : end;
+        const auto line =
+            lineTokens(provider, std::string_view(log.begin() + start, log.begin() + end));
         if (provider == model::AIProvider::claude) {
             sum.add(line);
         } else {
@@ -34,6 +32,23 @@ plainLogTokens(model::AIProvider provider, std::string_view log,
         }
     }
     return sum;
+}
+
+/// What `counter` makes of the log in blocks of at most `blockSize` bytes.
+inline std::optional<history::TokenSum> tokensInBlocks(history::SessionLogCounter& counter,
+                                                       model::AIProvider provider,
+                                                       QByteArrayView log, qsizetype blockSize) {
+    counter.begin(provider);
+    while (!log.isEmpty()) {
+        const std::span<char> space = counter.space();
+        const qsizetype size = std::min<qsizetype>({blockSize, std::ssize(space), log.size()});
+        std::ranges::copy(log.first(size), space.begin());
+        log = log.sliced(size);
+        if (!counter.take(static_cast<std::size_t>(size))) {
+            return std::nullopt;
+        }
+    }
+    return counter.finish();
 }
 
 } // namespace tallyvane::tests

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtCore/QFile>
+#include "support/home_files.h"
+
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QSslCertificate>
 
@@ -8,7 +9,6 @@
 #include <net/if.h>
 #include <sched.h>
 #include <sys/ioctl.h>
-#include <sys/mount.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -20,11 +20,10 @@ class PrivateNetwork {
 public:
     PrivateNetwork() {
         const QByteArray copy = m_directory.filePath(QStringLiteral("etc")).toUtf8();
-        if (::unshare(CLONE_NEWNET | CLONE_NEWNS) != 0 ||
-            ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 || !startLoopback() ||
-            std::system(("cp -a /etc " + copy + " && rm -r " + copy + "/ssl/certs/*").data()) !=
-                0 ||
-            ::mount(copy.data(), "/etc", nullptr, MS_BIND, nullptr) != 0) {
+        if (::unshare(CLONE_NEWNET | CLONE_NEWNS) != 0 || !startLoopback() ||
+            std::system(("mount --make-rprivate / && cp -a /etc " + copy + " && rm -r " + copy +
+                         "/ssl/certs/* && mount --bind " + copy + " /etc")
+                            .data()) != 0) {
             m_error = errno != 0 ? errno : ENOTSUP;
             return;
         }
@@ -43,10 +42,7 @@ public:
     }
 
     static void replace(const QByteArray& path, const QByteArray& content) {
-        QFile file(QString::fromUtf8(path));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            qFatal("could not write %s", path.data());
-        }
+        writeFile(QString::fromUtf8(path), content);
     }
 
 private:

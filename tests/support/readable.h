@@ -12,13 +12,12 @@ namespace tallyvane::tests {
 /// a terminal or are invisible, according to ICU's classes.
 inline bool isReadable(QStringView text, qsizetype maximumLength = 4096) {
     return text.size() <= maximumLength && text.isValidUtf16() &&
-           std::ranges::all_of(text.toUcs4(), [](char32_t character) {
-               const auto c = static_cast<UChar32>(character);
+           std::ranges::none_of(text.toUcs4(), [](char32_t c) {
                const bool isDirection =
                    (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
                const bool isTag = c >= 0xE0000 && c <= 0xE007F;
-               return c == '\n' ||
-                      (!u_isISOControl(c) && !isDirection && !isTag && !U_IS_UNICODE_NONCHAR(c));
+               const auto isControl = u_isISOControl(static_cast<UChar32>(c)) != 0 && c != '\n';
+               return isControl || isDirection || isTag || U_IS_UNICODE_NONCHAR(c);
            });
 }
 

@@ -36,8 +36,8 @@ public:
 
 private:
     void read() {
-        if (m_upstream) {
-            m_upstream->write(m_client->readAll());
+        if (m_upstream.isOpen()) {
+            m_upstream.write(m_client->readAll());
             return;
         }
         m_messages.append(m_client->readAll());
@@ -46,12 +46,11 @@ private:
         }
         m_client->write(m_replies.takeFirst());
         if (m_replies.isEmpty() && m_target) {
-            m_upstream.emplace();
-            connect(&*m_upstream, &QTcpSocket::readyRead, this,
-                    [this] { m_client->write(m_upstream->readAll()); });
-            connect(&*m_upstream, &QTcpSocket::disconnected, m_client,
+            connect(&m_upstream, &QTcpSocket::readyRead, this,
+                    [this] { m_client->write(m_upstream.readAll()); });
+            connect(&m_upstream, &QTcpSocket::disconnected, m_client,
                     &QTcpSocket::disconnectFromHost);
-            m_upstream->connectToHost(QHostAddress(QHostAddress::LocalHost), *m_target);
+            m_upstream.connectToHost(m_server.serverAddress(), *m_target);
         }
     }
 
@@ -59,7 +58,7 @@ private:
     std::optional<quint16> m_target;
     QTcpServer m_server;
     QTcpSocket* m_client = nullptr;
-    std::optional<QTcpSocket> m_upstream;
+    QTcpSocket m_upstream;
     QByteArrayList m_messages;
     int m_connections = 0;
 };

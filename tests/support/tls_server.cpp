@@ -8,6 +8,8 @@
 
 namespace tallyvane::tests {
 
+using namespace Qt::StringLiterals;
+
 ScriptedReply httpReply(int status, const QByteArray& body, const QByteArray& headers) {
     return {"HTTP/1.1 " + QByteArray::number(status) + " Scripted\r\nContent-Length: " +
             QByteArray::number(body.size()) + "\r\n" + headers + "\r\n" + body};
@@ -15,13 +17,13 @@ ScriptedReply httpReply(int status, const QByteArray& body, const QByteArray& he
 
 TlsIdentity makeTlsIdentity(const QString& name) {
     const QTemporaryDir directory;
-    QFile certificate(directory.filePath(QStringLiteral("certificate")));
-    QFile key(directory.filePath(QStringLiteral("key")));
+    QFile certificate(directory.filePath(u"certificate"_s));
+    QFile key(directory.filePath(u"key"_s));
     QProcess openssl;
-    openssl.startCommand(QStringLiteral("openssl req -x509 -nodes -newkey ec "
-                                        "-pkeyopt ec_paramgen_curve:prime256v1 -subj /CN=Test "
-                                        "-addext subjectAltName=%1 -keyout %2 -out %3")
-                             .arg(name, key.fileName(), certificate.fileName()));
+    openssl.startCommand(
+        u"openssl req -x509 -nodes -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 "
+        "-subj /CN=Test -addext subjectAltName=%1 -keyout %2 -out %3"_s.arg(
+            name, key.fileName(), certificate.fileName()));
     openssl.waitForFinished();
     if (!certificate.open(QIODevice::ReadOnly) || !key.open(QIODevice::ReadOnly)) {
         qFatal("openssl made no certificate: %s", openssl.readAllStandardError().constData());
@@ -47,7 +49,7 @@ TlsServer::TlsServer(const TlsIdentity& identity, QList<ScriptedReply> script,
 }
 
 QUrl TlsServer::url(const QString& path) const {
-    return QUrl(QStringLiteral("https://127.0.0.1:%1%2").arg(m_server.serverPort()).arg(path));
+    return QUrl(u"https://127.0.0.1:%1%2"_s.arg(m_server.serverPort()).arg(path));
 }
 
 void TlsServer::read(QTcpSocket* socket) {
@@ -63,21 +65,17 @@ void TlsServer::read(QTcpSocket* socket) {
         QFAIL("a request came that was not expected");
     }
     const ScriptedReply reply = m_script.first();
-    if (reply.ending != ScriptedReply::Ending::alwaysCloses) {
+    using Ending = ScriptedReply::Ending;
+    if (reply.ending != Ending::alwaysCloses) {
         m_script.removeFirst();
     }
     if (reply.before) {
         reply.before();
     }
     socket->write(reply.bytes);
-    switch (reply.ending) {
-    case ScriptedReply::Ending::closes:
-    case ScriptedReply::Ending::alwaysCloses:
+    if (reply.ending == Ending::closes || reply.ending == Ending::alwaysCloses) {
         socket->disconnectFromHost();
-        break;
-    case ScriptedReply::Ending::keepsOpen:
-        break;
-    case ScriptedReply::Ending::drips:
+    } else if (reply.ending == Ending::drips) {
         auto* timer = new QTimer(socket);
         connect(timer, &QTimer::timeout, this, [this, socket] {
             socket->write("x");

