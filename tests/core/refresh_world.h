@@ -33,14 +33,13 @@ struct World {
         const bool isCodex = assistant.provider == model::AIProvider::codex;
         const QString path = home.filePath(isCodex ? QStringLiteral(".codex/sessions/log.jsonl")
                                                    : QStringLiteral(".claude/projects/log.jsonl"));
-        const QByteArray line =
-            isCodex ? R"({"payload":{"type":"token_count","info":{"total_token_usage":)"
-                      R"({"total_tokens":%}}}})"
-                    : R"({"type":"assistant","message":{"usage":{"input_tokens":%}}})";
+        QByteArray line = isCodex
+                              ? R"({"payload":{"type":"token_count","info":)"
+                                R"({"total_token_usage":{"total_tokens":%}}}})"
+                              : R"({"type":"assistant","message":{"usage":{"input_tokens":%}}})";
+        writeFile(path, line.replace('%', QByteArray::number(qint64{tokens})));
         if (tokens == 0) {
             QFile::remove(path);
-        } else {
-            writeFile(path, QByteArray(line).replace('%', QByteArray::number(qint64{tokens})));
         }
         assistant.tokens = tokens;
     }
@@ -66,34 +65,32 @@ struct World {
 };
 
 /// Reports an assistant's figure as its weekly quota.
-class ScriptedClient final : public providers::QuotaClient {
-public:
-    ScriptedClient(World& world, Assistant& assistant) : m_world(world), m_assistant(assistant) {}
+struct ScriptedClient final : providers::QuotaClient {
+    ScriptedClient(World& itsWorld, Assistant& its) : world(itsWorld), assistant(its) {}
 
-    [[nodiscard]] model::AIProvider provider() const override { return m_assistant.provider; }
+    model::AIProvider provider() const override { return assistant.provider; }
 
-    [[nodiscard]] QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override {
-        m_assistant.requests << askedBy;
-        if (m_world.isHoldingAnswers) {
-            const QFuture<void> answered = m_world.heldAnswers.emplace_back().future();
+    QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override {
+        assistant.requests << askedBy;
+        if (world.isHoldingAnswers) {
+            const QFuture<void> answered = world.heldAnswers.emplace_back().future();
             co_await answered;
         }
-        if (m_assistant.isFailing) {
-            co_return std::unexpected(m_assistant.failure);
+        if (assistant.isFailing) {
+            co_return std::unexpected(assistant.failure);
         }
-        m_assistant.toldUsed << m_assistant.used;
+        assistant.toldUsed << assistant.used;
         model::ProviderQuotaSnapshot entry{.provider = provider(),
-                                           .syncedAt = m_world.clock.now(),
+                                           .syncedAt = world.clock.now(),
                                            .syncState = model::QuotaSyncState::current};
-        if (m_assistant.used) {
-            entry.week = model::QuotaWindowSnapshot{.usedPercent = *m_assistant.used};
+        if (assistant.used) {
+            entry.week = model::QuotaWindowSnapshot{.usedPercent = *assistant.used};
         }
         co_return entry;
     }
 
-private:
-    World& m_world;
-    Assistant& m_assistant;
+    World& world;
+    Assistant& assistant;
 };
 
 struct RecordingWidgetCentre final : platform::WidgetCentre {
@@ -106,7 +103,7 @@ struct RecordingWidgetCentre final : platform::WidgetCentre {
 struct Writer {
     explicit Writer(World& world, const QByteArray& zoneName = "UTC",
                     std::optional<model::QuotaSnapshot> shown = std::nullopt)
-        : zone(zoneName),
+        : zone(QTimeZone(zoneName)),
           locations{.dataHome = world.root / "data", .configHome = world.root / "config"},
           codexClient(world, world.assistants[0]),
           claudeClient(world, world.assistants[1]),
@@ -118,7 +115,7 @@ struct Writer {
                  .notifier = notifier,
                  .widgetCentre = widgetCentre,
                  .clock = world.clock,
-                 .zone = model::LocalZone(zone)},
+                 .zone = zone},
                 std::move(shown)) {}
 
     core::RefreshReport::Outcome refresh() {
@@ -126,7 +123,7 @@ struct Writer {
         return QCoro::waitFor(task).outcome;
     }
 
-    QTimeZone zone;
+    model::LocalZone zone;
     model::StoreLocations locations;
     model::SharedStore store{locations};
     model::DefaultsStore defaults =
