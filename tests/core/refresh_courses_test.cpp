@@ -10,11 +10,8 @@
 #include <unistd.h>
 
 using namespace tallyvane;
+using namespace tallyvane::tests;
 using namespace std::chrono_literals;
-using tests::Assistant;
-using tests::Figure;
-using tests::World;
-using tests::Writer;
 using Outcome = core::RefreshReport::Outcome;
 
 namespace {
@@ -22,20 +19,10 @@ namespace {
 /// What happens at each fsync(2). The program calls it before and after each rename(2), so a kill
 /// there covers every state that a kill during a refresh can leave behind.
 struct Disk {
-    enum class Fate { works, failsAtTimes, failsForSettings, killsProgram };
-
-    Fate fate = Fate::works;
+    enum Fate { works, failsAtTimes, failsForSettings, killsProgram } fate = works;
     int callsLeft = 0; ///< until the kill
     QRandomGenerator random;
     bool hasFailed = false;
-
-    [[nodiscard]] bool fails(int descriptor) {
-        if (fate == Fate::failsForSettings) {
-            const auto link = "/proc/self/fd/" + std::to_string(descriptor);
-            return std::filesystem::read_symlink(link).parent_path().filename() == "config";
-        }
-        return fate == Fate::failsAtTimes && random.bounded(3) == 0;
-    }
 };
 Disk disk;
 
@@ -44,10 +31,13 @@ Disk disk;
 /// Replaces the C library's.
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): that one is reserved
 int fsync(int descriptor) {
-    if (disk.fate == Disk::Fate::killsProgram && --disk.callsLeft <= 0) {
+    if (disk.fate == Disk::killsProgram && --disk.callsLeft <= 0) {
         ::raise(SIGKILL);
     }
-    if (disk.fails(descriptor)) {
+    const auto file = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
+    const bool isForSettings = file.parent_path().filename() == "config";
+    if ((disk.fate == Disk::failsForSettings && isForSettings) ||
+        (disk.fate == Disk::failsAtTimes && disk.random.bounded(3) == 0)) {
         disk.hasFailed = true;
         errno = ENOSPC;
         return -1;
@@ -70,11 +60,9 @@ public:
     /// What is wrong after the step; empty if nothing is.
     [[nodiscard]] QString step() {
         static constexpr std::array actions{
-            &Course::changeFigure,  &Course::changeFigure, &Course::changeFigure,
-            &Course::toggleFailure, &Course::changeLogs,   &Course::changeLogs,
-            &Course::restart,       &Course::moveClock,    &Course::refreshBoth,
-            &Course::refreshBoth,   &Course::refreshOne,   &Course::refreshOne,
-            &Course::refreshOne,    &Course::refreshOne,   &Course::refreshUntilKilled,
+            &Course::changeFigure, &Course::changeFigure, &Course::toggleFailure,
+            &Course::changeLogs,   &Course::restart,      &Course::refreshBoth,
+            &Course::refreshOne,   &Course::refreshOne,   &Course::refreshUntilKilled,
             &Course::toggleDisk};
         const auto roughActions = m_isRough ? 0U : 2U;
         (this->*actions.at(m_random.bounded(quint32{actions.size()} - roughActions)))();
@@ -95,11 +83,10 @@ private:
         return zones.at(m_random.bounded(quint32{zones.size()}));
     }
 
-    void restart() { start(m_writers.at(m_random.bounded(2))); }
-
-    /// By little enough that the history keeps every day of the course.
-    void moveClock() {
+    /// Sometimes before it ended, but never so much later that the history loses a day.
+    void restart() {
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(-30 * 60, 48 * 60)});
+        start(m_writers.at(m_random.bounded(2)));
     }
 
     void toggleFailure() {
@@ -107,27 +94,27 @@ private:
         assistant.isFailing = !assistant.isFailing;
     }
 
+    /// Mostly more.
+    double moreOrLess(double figure) {
+        const double step = m_random.bounded(1, 5000);
+        const std::array choices{0.0, std::max(figure - step, 0.0), figure + step};
+        return choices.at(std::min(m_random.bounded(6), 2));
+    }
+
     void changeFigure() {
         Assistant& assistant = anyAssistant();
-        const double percent = m_random.bounded(5000) / 100.0;
-        const double used = assistant.used.value_or(0);
-        const std::array<Figure, 4> choices{0, std::nullopt, std::max(used - percent, 0.0),
-                                            used + percent};
-        assistant.used = choices.at(std::min(m_random.bounded(6), 3));
+        const double used = moreOrLess(assistant.used.value_or(0) * 100) / 100;
+        assistant.used = m_random.bounded(6) == 0 ? Figure() : used;
     }
 
     void changeLogs() {
         Assistant& assistant = anyAssistant();
-        const std::int64_t tokens = 1 + m_random.bounded(1000);
-        const std::int64_t fewer = std::max<std::int64_t>(assistant.tokens - tokens, 0);
-        const std::array choices{std::int64_t{0}, fewer, assistant.tokens + tokens};
-        m_world.setTokens(assistant, choices.at(std::min(m_random.bounded(6), 2)));
+        m_world.setTokens(assistant, std::llround(moreOrLess(double(assistant.tokens))));
     }
 
     void toggleDisk() {
-        using Fate = Disk::Fate;
-        const Fate fault = m_random.bounded(2) == 0 ? Fate::failsAtTimes : Fate::failsForSettings;
-        disk.fate = disk.fate == Fate::works ? fault : Fate::works;
+        const auto fault = m_random.bounded(2) == 0 ? Disk::failsAtTimes : Disk::failsForSettings;
+        disk.fate = disk.fate == Disk::works ? fault : Disk::works;
     }
 
     void tellTokens() {
@@ -143,38 +130,34 @@ private:
     }
 
     void refreshBoth() {
-        const std::size_t firstOne = m_random.bounded(2);
-        Writer& first = *m_writers.at(firstOne);
-        Writer& second = *m_writers.at(1 - firstOne);
+        std::swap(m_writers[0], m_writers.at(m_random.bounded(2)));
         tellTokens();
         m_world.isHoldingAnswers = true;
-        const auto firstTask = first.model.refresh(providers::AskedBy::user);
-        const auto secondTask = second.model.refresh(providers::AskedBy::user);
+        const auto first = m_writers[0]->model.refresh(providers::AskedBy::user);
+        const auto second = m_writers[1]->model.refresh(providers::AskedBy::user);
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(120)});
         QCoreApplication::processEvents();
         m_world.letAnswer();
-        check(first, QCoro::waitFor(firstTask).outcome);
+        check(*m_writers[0], QCoro::waitFor(first).outcome);
         changeFigure();
         tellTokens();
         m_world.clock.advance(100ms); // the second one tries the lock again
-        check(second, QCoro::waitFor(secondTask).outcome);
+        check(*m_writers[1], QCoro::waitFor(second).outcome);
     }
 
     /// Refreshes in a child process that is killed at a random fsync(2).
     void refreshUntilKilled() {
         m_writers = {}; // threads do not survive a fork
         tellTokens();
-        for (Assistant& assistant : m_world.assistants) {
-            if (!assistant.isFailing) {
-                assistant.toldUsed << assistant.used;
-            }
+        for (Assistant& assistant : m_world.assistants) { // in the other process
+            assistant.toldUsed << (assistant.isFailing ? assistant.toldUsed.last()
+                                                       : assistant.used);
         }
         const QByteArray zone = randomZone();
-        const int call = m_random.bounded(1, 12);
+        const Disk killer{.fate = Disk::killsProgram, .callsLeft = m_random.bounded(1, 12)};
         const pid_t program = ::fork();
         if (program == 0) {
-            disk.fate = Disk::Fate::killsProgram;
-            disk.callsLeft = call;
+            disk = killer;
             Writer(m_world, zone).refresh();
             ::_exit(0);
         }
@@ -195,19 +178,19 @@ private:
         expect(snapshot || m_hasLost, "no snapshot is stored");
         for (Assistant& assistant : m_world.assistants) {
             const auto week =
-                snapshot ? model::entryFor(*snapshot, assistant.provider).week : std::nullopt;
+                snapshot ? model::entryFor(*snapshot, assistant.id).week : std::nullopt;
             const Figure stored = week ? Figure(week->usedPercent) : std::nullopt;
-            const Figure told = assistant.toldUsed.isEmpty() ? Figure() : assistant.toldUsed.last();
             // After a failed save, the next refresh starts from what the history accounts for.
             const bool isKept = stored == assistant.stored ||
                                 (m_hasLost && (!stored || assistant.toldUsed.contains(stored)));
-            expect(stored == told || (isKept && (!isPublished || assistant.isFailing)),
+            expect(stored == assistant.toldUsed.last() ||
+                       (isKept && (!isPublished || assistant.isFailing)),
                    "the stored figure is not the last one reported");
             assistant.stored = stored;
         }
 
         const QByteArray json =
-            tests::readFile(QString::fromStdString(by.store.baseURL() / "usage-history.json"));
+            readFile(QString::fromStdString(by.store.baseURL() / "usage-history.json"));
         const auto decoded = history::decodeHistory(json);
         expect(decoded || (json.isEmpty() && m_hasLost), "the history does not decode");
         const auto history = decoded.value_or(history::UsageHistory());
@@ -242,7 +225,7 @@ private:
             for (const history::UsageHistoryPoint& point : history.points) {
                 expect(point.estimatedQuotaConsumed >= 0 && point.estimatedLocalTokens >= 0,
                        "a negative figure");
-                const bool isIts = point.provider == assistant.provider;
+                const bool isIts = point.provider == assistant.id;
                 quota += isIts ? point.estimatedQuotaConsumed : 0;
                 tokens += isIts ? static_cast<double>(point.estimatedLocalTokens) : 0;
             }
@@ -289,19 +272,17 @@ private:
 
 /// The refresh cycle over days, in several processes. TALLYVANE_COURSES sets the number of courses,
 /// TALLYVANE_COURSE_SEED repeats one of them.
-class RefreshCoursesTest : public tests::HermeticTest {
+class RefreshCoursesTest : public HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
     void countsEverythingOnce() {
         constexpr int steps = 30;
-        bool isOne = false;
-        const quint32 given = qEnvironmentVariable("TALLYVANE_COURSE_SEED").toUInt(&isOne);
-        const int courses =
-            isOne ? 1 : qEnvironmentVariable("TALLYVANE_COURSES", QString::number(COURSES)).toInt();
-        QVERIFY(courses > 0);
+        const int given = qEnvironmentVariableIntValue("TALLYVANE_COURSE_SEED");
+        const int wanted = qEnvironmentVariableIntValue("TALLYVANE_COURSES");
+        const int courses = given > 0 ? 1 : std::max(wanted, COURSES);
         for (int i = 0; i < courses; ++i) {
-            const quint32 seed = isOne ? given : QRandomGenerator::global()->generate();
+            const int seed = given > 0 ? given : QRandomGenerator::global()->bounded(1, INT_MAX);
             Course course(seed);
             for (int step = 1; step <= steps; ++step) {
                 const QString wrong = course.step();

@@ -14,15 +14,24 @@ namespace tallyvane::tests {
 
 using Figure = std::optional<double>;
 
-/// One assistant: what its service reports now, and what it has reported so far.
-struct Assistant {
-    model::AIProvider provider;
+struct World;
+
+/// One assistant: what its service reports now, as its weekly quota, and what it has reported so
+/// far.
+struct Assistant final : providers::QuotaClient {
+    Assistant(World& itsWorld, model::AIProvider its) : world(itsWorld), id(its) {}
+
+    model::AIProvider provider() const override { return id; }
+    QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override;
+
+    World& world;
+    model::AIProvider id;
     Figure used;
     std::int64_t tokens = 0;
     bool isFailing = false;
     providers::QuotaFailure failure;
     QList<providers::AskedBy> requests;
-    QList<Figure> toldUsed;
+    QList<Figure> toldUsed{std::nullopt};
     QList<Figure> toldTokens; ///< nullopt where there were no logs
     Figure stored;
 };
@@ -30,7 +39,7 @@ struct Assistant {
 struct World {
     /// Writes a log that holds the assistant's tokens.
     void setTokens(Assistant& assistant, std::int64_t tokens) const {
-        const bool isCodex = assistant.provider == model::AIProvider::codex;
+        const bool isCodex = assistant.id == model::AIProvider::codex;
         const QString path = home.filePath(isCodex ? QStringLiteral(".codex/sessions/log.jsonl")
                                                    : QStringLiteral(".claude/projects/log.jsonl"));
         QByteArray line = isCodex
@@ -58,40 +67,29 @@ struct World {
                            : QDir::tempPath() + QStringLiteral("/tallyvane-XXXXXX")};
     std::filesystem::path root{home.path().toStdString()};
     ManualClock clock{std::chrono::sys_days{std::chrono::year{2026} / 3 / 1}};
-    std::array<Assistant, 2> assistants{Assistant{model::AIProvider::codex},
-                                        Assistant{model::AIProvider::claude}};
+    std::array<Assistant, 2> assistants{Assistant{*this, model::AIProvider::codex},
+                                        Assistant{*this, model::AIProvider::claude}};
     bool isHoldingAnswers = false;
     std::vector<QPromise<void>> heldAnswers;
 };
 
-/// Reports an assistant's figure as its weekly quota.
-struct ScriptedClient final : providers::QuotaClient {
-    ScriptedClient(World& itsWorld, Assistant& its) : world(itsWorld), assistant(its) {}
-
-    model::AIProvider provider() const override { return assistant.provider; }
-
-    QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override {
-        assistant.requests << askedBy;
-        if (world.isHoldingAnswers) {
-            const QFuture<void> answered = world.heldAnswers.emplace_back().future();
-            co_await answered;
-        }
-        if (assistant.isFailing) {
-            co_return std::unexpected(assistant.failure);
-        }
-        assistant.toldUsed << assistant.used;
-        model::ProviderQuotaSnapshot entry{.provider = provider(),
-                                           .syncedAt = world.clock.now(),
-                                           .syncState = model::QuotaSyncState::current};
-        if (assistant.used) {
-            entry.week = model::QuotaWindowSnapshot{.usedPercent = *assistant.used};
-        }
-        co_return entry;
+inline QCoro::Task<providers::QuotaResult> Assistant::fetch(providers::AskedBy askedBy) {
+    requests << askedBy;
+    if (world.isHoldingAnswers) {
+        const QFuture<void> answered = world.heldAnswers.emplace_back().future();
+        co_await answered;
     }
-
-    World& world;
-    Assistant& assistant;
-};
+    if (isFailing) {
+        co_return std::unexpected(failure);
+    }
+    toldUsed << used;
+    model::ProviderQuotaSnapshot entry{
+        .provider = id, .syncedAt = world.clock.now(), .syncState = model::QuotaSyncState::current};
+    if (used) {
+        entry.week = model::QuotaWindowSnapshot{.usedPercent = *used};
+    }
+    co_return entry;
+}
 
 struct RecordingWidgetCentre final : platform::WidgetCentre {
     QStringList calls;
@@ -105,12 +103,10 @@ struct Writer {
                     std::optional<model::QuotaSnapshot> shown = std::nullopt)
         : zone(QTimeZone(zoneName)),
           locations{.dataHome = world.root / "data", .configHome = world.root / "config"},
-          codexClient(world, world.assistants[0]),
-          claudeClient(world, world.assistants[1]),
           tokenEstimator(world.root),
           model({.store = store,
                  .defaults = defaults,
-                 .quotaClients = {codexClient, claudeClient},
+                 .quotaClients = {world.assistants[0], world.assistants[1]},
                  .tokenEstimator = tokenEstimator,
                  .notifier = notifier,
                  .widgetCentre = widgetCentre,
@@ -128,8 +124,6 @@ struct Writer {
     model::SharedStore store{locations};
     model::DefaultsStore defaults =
         model::DefaultsStore::openFirst(locations.defaultsSuite(), locations.standardDefaults());
-    ScriptedClient codexClient;
-    ScriptedClient claudeClient;
     history::LocalTokenEstimator tokenEstimator;
     FakeNotificationCentre notificationCentre;
     notify::QuotaNotifier notifier{notificationCentre};
