@@ -5,7 +5,8 @@
 #include <QtCore/QRandomGenerator>
 
 #include <csignal>
-#include <set>
+#include <map>
+#include <ranges>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -54,7 +55,7 @@ public:
     explicit Course(quint32 seed) : m_random(seed), m_isRough(m_random.bounded(2) == 0) {
         disk = {.random = QRandomGenerator(seed)};
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(2 * 24 * 60)});
-        std::ranges::for_each(m_writers, [this](auto& writer) { start(writer); });
+        startAll();
     }
 
     /// What is wrong after the step; empty if nothing is.
@@ -72,9 +73,10 @@ public:
 private:
     Assistant& anyAssistant() { return m_world.assistants.at(m_random.bounded(2)); }
 
-    void start(std::unique_ptr<Writer>& writer) {
-        writer.reset(); // waits for its thread
-        writer = std::make_unique<Writer>(m_world, randomZone());
+    void startAll() {
+        for (auto& writer : m_writers) {
+            writer = std::make_unique<Writer>(m_world, randomZone());
+        }
     }
 
     QByteArray randomZone() {
@@ -86,7 +88,7 @@ private:
     /// Sometimes before it ended, but never so much later that the history loses a day.
     void restart() {
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(-30 * 60, 48 * 60)});
-        start(m_writers.at(m_random.bounded(2)));
+        m_writers.at(m_random.bounded(2)) = std::make_unique<Writer>(m_world, randomZone());
     }
 
     void toggleFailure() {
@@ -166,7 +168,7 @@ private:
         expect(WIFEXITED(status) || WTERMSIG(status) == SIGKILL, "the program crashed");
         m_hasLost |= WIFSIGNALED(status);
         check(Writer(m_world, zone), WIFEXITED(status) ? Outcome::published : Outcome::notSaved);
-        std::ranges::for_each(m_writers, [this](auto& writer) { start(writer); });
+        startAll();
     }
 
     void check(const Writer& by, Outcome outcome) {
@@ -197,28 +199,6 @@ private:
         expect(!isPublished || history == by.model.history(),
                "the shown history differs from the stored one");
         checkDays(by.zone, history);
-        checkSums(history);
-    }
-
-    /// Only today's points may change, and each assistant has one a day.
-    void checkDays(const model::LocalZone& zone, const history::UsageHistory& history) {
-        const QDate today = history::localDay(m_world.clock.now(), zone);
-        const model::Timestamp start = history::startOfDay(today, zone);
-        std::set<QString> points;
-        for (const history::UsageHistoryPoint& point : history.points) {
-            const bool isOld = std::ranges::find(m_history.points, point) != m_history.points.end();
-            const bool isToday = history::localDay(point.date, zone) == today;
-            expect(isOld || isToday, "a day other than today changed");
-            expect(m_points.contains(history::id(point)) || point.date == start,
-                   "a point is not at the start of its day");
-            expect(points.insert(history::id(point)).second, "a day has two points");
-        }
-        expect(std::ranges::includes(points, m_points), "a point is lost");
-        m_history = history;
-        m_points = points;
-    }
-
-    void checkSums(const history::UsageHistory& history) {
         for (const Assistant& assistant : m_world.assistants) {
             double quota = 0;
             double tokens = 0;
@@ -232,6 +212,23 @@ private:
             compare(quota, assistant.toldUsed, "the quota is miscounted");
             compare(tokens, assistant.toldTokens, "the tokens are miscounted");
         }
+    }
+
+    /// Only today's points may change, and each assistant has one a day.
+    void checkDays(const model::LocalZone& zone, const history::UsageHistory& history) {
+        const QDate today = history::localDay(m_world.clock.now(), zone);
+        std::map<QString, history::UsageHistoryPoint> points;
+        for (const history::UsageHistoryPoint& point : history.points) {
+            const auto old = m_points.find(history::id(point));
+            expect(old == m_points.end()
+                       ? point.date == history::startOfDay(today, zone)
+                       : point == old->second || history::localDay(point.date, zone) == today,
+                   "a day other than today changed");
+            expect(points.emplace(history::id(point), point).second, "a day has two points");
+        }
+        expect(std::ranges::includes(points | std::views::keys, m_points | std::views::keys),
+               "a point is lost");
+        m_points = std::move(points);
     }
 
     /// What was counted must be the sum of all rises from one figure to the next. If figures were
@@ -263,8 +260,7 @@ private:
     bool m_hasLost = false; ///< that happened, so figures may have been lost
     World m_world;
     std::array<std::unique_ptr<Writer>, 2> m_writers;
-    history::UsageHistory m_history; ///< as last seen
-    std::set<QString> m_points;      ///< their identities
+    std::map<QString, history::UsageHistoryPoint> m_points; ///< of the history last seen, by id
     QString m_wrong;
 };
 
