@@ -268,40 +268,6 @@ private Q_SLOTS:
         QCOMPARE(program.state(), QProcess::Running);
     }
 
-    /// What it stored is then of the future.
-    void forgivesAClockSetBack() {
-        const std::pair<const char*, QByteArray> fakeClock[] = {
-            {"LD_PRELOAD", "/usr/$LIB/faketime/libfaketimeMT.so.1"},
-            {"FAKETIME_TIMESTAMP_FILE", inHome("clock").toUtf8()},
-            {"FAKETIME_NO_CACHE", "1"},
-            {"FAKETIME_DONT_FAKE_MONOTONIC", "1"},
-            {"FAKETIME_DISABLE_SHM", "1"}};
-        QFile::remove(historyFile());
-        tests::writeFile(inHome("clock"), "+2d");
-        for (const auto& [name, value] : fakeClock) {
-            qputenv(name, value);
-        }
-        const bool isUsable = tests::output(TALLYVANE_PROGRAM " --version") != "";
-        const Program program;
-        for (const auto& [name, value] : fakeClock) {
-            qunsetenv(name);
-        }
-        if (!isUsable) {
-            QVERIFY(IS_SANITIZED);
-            QSKIP("libfaketime and the address sanitizer exclude each other");
-        }
-        TALLYVANE_TRY_VERIFY(program.isIdle());
-        const QByteArray status = tests::output(TALLYVANE_PROGRAM " status");
-        QVERIFY2(status.count("synced just now") == 2 && !status.contains("-1"), status);
-        tests::writeFile(inHome("clock"), "+0");
-        QVERIFY(isTrue(refresh()));
-        const auto points = history::decodeHistory(tests::readFile(historyFile()))->points;
-        QCOMPARE(points.size(), std::size_t{4});
-        QVERIFY(points[2].date < points[0].date);
-        const QByteArray json = tests::readFile(inHome("data/Gaugewell/quota-snapshot.json"));
-        QVERIFY(model::decodeSnapshot(json)->updatedAt < points[0].date);
-    }
-
     void followsTheTimeZone() {
         const Program program;
         TALLYVANE_TRY_VERIFY(program.isIdle());
