@@ -2,8 +2,6 @@
 #include "support/tallyvane_program.h"
 #include "support/xfce_desktop.h"
 
-#include <QtCore/QDirIterator>
-
 #include <algorithm>
 #include <sys/inotify.h>
 
@@ -62,24 +60,23 @@ const QByteArray openEntry = "4";
 const QByteArray refreshEntry = "5";
 const QByteArray quitEntry = "7";
 
-/// The sizes of the program's visible windows.
-QList<QByteArray> windows() {
-    QList<QByteArray> sizes;
+/// The sizes of the program's visible windows, a line each.
+QByteArray windows() {
+    QByteArray sizes;
     for (const QByteArray& id :
          output("xdotool search --onlyvisible --name '^Tallyvane$'").split('\n')) {
         if (!id.isEmpty()) {
-            const QByteArray geometry = output("xdotool getwindowgeometry " + id);
-            sizes.append(geometry.mid(geometry.indexOf("Geometry: ") + 10).trimmed());
+            sizes += output("xdotool getwindowgeometry " + id + " | sed -n 's/.*Geometry: //p'");
         }
     }
     return sizes;
 }
 
-const QList<QByteArray> mainWindow{"820x700"};
+const QByteArray mainWindow = "820x700\n";
 
 bool isPanelOpen() {
-    const QList<QByteArray> sizes = windows();
-    return sizes.size() == 1 && sizes.first().startsWith("310x");
+    const QByteArray sizes = windows();
+    return sizes.startsWith("310x") && sizes.count('\n') == 1;
 }
 
 /// Clicks on the item. A click soon after the one that closed the panel does not open it.
@@ -190,7 +187,7 @@ private Q_SLOTS:
         TALLYVANE_TRY_COMPARE((output("dunstctl action"), windows()), mainWindow);
         const auto shownTexts = [] {
             return output("sh -c 'dunstctl close-all; dunstctl history'")
-                .count("您的 Codex token 已经重置了。");
+                .count("\"您的 Codex token 已经重置了。\"");
         };
         TALLYVANE_TRY_COMPARE(shownTexts(), 1);
         QVERIFY(hasClosed("ctrl+w"));
@@ -240,20 +237,15 @@ private Q_SLOTS:
         call("org.corvelle.Tallyvane", "/org/corvelle/Tallyvane",
              "org.freedesktop.Application.ActivateAction quit [] {}");
         QVERIFY(program.hasEnded());
-        QStringList files;
-        QDirIterator all(QDir::homePath(), QDir::Files | QDir::Hidden | QDir::System,
-                         QDirIterator::Subdirectories);
-        while (all.hasNext()) {
-            files << QDir::home().relativeFilePath(all.next());
-        }
-        files.removeIf([](const QString& file) { return file.startsWith(u"config/xfce4/"); });
-        files.sort();
-        QCOMPARE(files.join(u'\n'), QStringLiteral(".local/bin/codex\n"
-                                                   "config/group.corvelle.Gaugewell.conf\n"
-                                                   "data/Gaugewell/quota-snapshot.json\n"
-                                                   "data/Gaugewell/tallyvane.lock\n"
-                                                   "data/Gaugewell/usage-history.json\n"
-                                                   "tallyvane/gauges-mine-symbolic.svg"));
+        QCOMPARE(
+            output("find \"$HOME\" -path \"$HOME/config/xfce4\" -prune -o -not -type d -printf "
+                   "'%P\\n' | LC_ALL=C sort"),
+            ".local/bin/codex\n"
+            "config/group.corvelle.Gaugewell.conf\n"
+            "data/Gaugewell/quota-snapshot.json\n"
+            "data/Gaugewell/tallyvane.lock\n"
+            "data/Gaugewell/usage-history.json\n"
+            "tallyvane/gauges-mine-symbolic.svg\n");
     }
 
     /// Neither a codex that does not end nor a long count of the logs delays it.

@@ -8,8 +8,6 @@
 #include "support/tls_server.h"
 #include "support/xfce_desktop.h"
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QRandomGenerator>
 #include <QtCore/QTimeZone>
 #include <QtCore/QXmlStreamReader>
 #include <QtDBus/QDBusConnection>
@@ -53,30 +51,17 @@ QList<Process> processes() {
     return found;
 }
 
-/// An argument of this D-Bus type, among them what an object has not, and what is out of range;
-/// nothing that makes the program end, nor a message that the bus refuses for its size. Invalid for
-/// a type that no method had so far.
-QVariant randomArgument(const QString& type, QRandomGenerator& random) {
-    const auto oneOf = [&random](const auto& values) {
-        return values.at(random.bounded(std::ssize(values)));
-    };
-    const int id = oneOf(QList{INT_MIN, -1, 0, 3, 4, 5, 6, 99, INT_MAX}); // 7 is Quit
-    const QString text = oneOf(QStringList{{},
-                                           u"refresh"_s,
-                                           u"clicked"_s,
-                                           u"label"_s,
-                                           u"IconPixmap"_s,
-                                           QString(100'000, u'x'),
-                                           u"\u202e%1\n"_s});
+/// An argument of this D-Bus type that is, or holds, the number and the text. Invalid for a type
+/// that no method had so far.
+QVariant argument(const QString& type, int id, const QString& text) {
     const QVariantMap map{{text, id}, {u"activation-token"_s, text}};
-    const QList<platform::DBusMenuEvent> events(random.bounded(100),
-                                                {id, text, QDBusVariant(text), 0});
+    const QList<platform::DBusMenuEvent> events(100, {id, text, QDBusVariant(text), 0});
     return QVariantMap{{u"i"_s, id},
                        {u"u"_s, static_cast<uint>(id)},
                        {u"s"_s, text},
                        {u"v"_s, QVariant::fromValue(QDBusVariant(map))},
                        {u"as"_s, QStringList{text, text}},
-                       {u"ai"_s, QVariant::fromValue(QList<int>(random.bounded(1000), id))},
+                       {u"ai"_s, QVariant::fromValue(QList<int>(1000, id))},
                        {u"av"_s, QVariantList{id, text, map}},
                        {u"a{sv}"_s, map},
                        {u"a(isvu)"_s, QVariant::fromValue(events)}}
@@ -220,8 +205,17 @@ private Q_SLOTS:
         // cores.
         QVERIFY(program.process().read("limits").contains("Max core file size        1 "));
         platform::registerDBusMenuRecords();
-        const quint32 seed = QRandomGenerator::global()->generate();
-        QRandomGenerator random(seed);
+        // What an object has not, and what is out of range; nothing that makes the program end, nor
+        // a message that the bus refuses for its size.
+        const QList<std::pair<int, QString>> values{{INT_MIN, {}},
+                                                    {-1, u"refresh"_s},
+                                                    {0, u"clicked"_s},
+                                                    {4, u"clicked"_s},
+                                                    {5, u"clicked"_s},
+                                                    {3, u"label"_s},
+                                                    {6, u"IconPixmap"_s},
+                                                    {99, QString(100'000, u'x')},
+                                                    {INT_MAX, u"\u202e%1\n"_s}};
         QList<QDBusPendingCall> calls;
         for (const auto& path :
              {u"/org/corvelle/Tallyvane"_s, u"/StatusNotifierItem"_s, u"/MenuBar"_s}) {
@@ -243,10 +237,13 @@ private Q_SLOTS:
                 } else if (xml.isStartElement() && attributes.value("direction"_L1) == u"in") {
                     types.append(attributes.value("type"_L1).toString());
                 }
-                for (int i = 0; xml.isEndElement() && xml.name() == u"method" && i < 20; ++i) {
+                if (!xml.isEndElement() || xml.name() != u"method") {
+                    continue;
+                }
+                for (const auto& [id, text] : values) {
                     QVariantList arguments;
                     for (const QString& type : types) {
-                        arguments.append(randomArgument(type, random));
+                        arguments.append(argument(type, id, text));
                         QVERIFY2(arguments.last().isValid(), qPrintable(type));
                     }
                     calls.append(call(interface, method, arguments, path));
@@ -255,7 +252,6 @@ private Q_SLOTS:
             QVERIFY(calls.size() > before);
         }
         const qsizetype others = calls.size();
-        qInfo() << others << "calls, seed" << seed;
         for (int i = 0; i < 4000; ++i) {
             calls.append(refresh());
         }

@@ -10,8 +10,6 @@
 #include <QtCore/QRandomGenerator>
 #include <QtNetwork/QUdpSocket>
 
-#include <sys/mount.h>
-
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -79,7 +77,7 @@ cat
     }
 
     /// Runs a command of the shell in which $0 is the program.
-    void start(QProcess& started, const char* command = "exec \"$0\" refresh",
+    void start(QProcess& started, const QByteArray& command = "exec \"$0\" refresh",
                const QString& httpProxy = {}) const {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"HOME"_s, home);
@@ -90,7 +88,7 @@ cat
         started.setStandardOutputFile(path("output"));
         started.setStandardErrorFile(path("errors"));
         started.start(u"/bin/sh"_s,
-                      {u"-c"_s, QString::fromLatin1(command), QStringLiteral(TALLYVANE_PROGRAM)});
+                      {u"-c"_s, QString::fromUtf8(command), QStringLiteral(TALLYVANE_PROGRAM)});
     }
 };
 
@@ -235,38 +233,29 @@ private Q_SLOTS:
 
     /// Sometimes there is room for one of the program's files and not for another.
     void countsOnceOnANearlyFullDisk() {
-        Run& run = addRun({});
+        Run& run = addRun({}, {"127.0.0.9"});
+        tests::PrivateNetwork::replace("/etc/hosts", readFile(run.path("hosts")));
         run.installRisingCodex();
         const quint32 seed = QRandomGenerator::global()->generate();
         qInfo() << "seed" << seed;
         QRandomGenerator random(seed);
-        const QStringList places{run.path("data"), run.path("config")};
-        for (const QString& place : places) {
-            QVERIFY(QDir().mkpath(place));
-            QCOMPARE(::mount("none", QFile::encodeName(place).constData(), "tmpfs", 0, "size=64k"),
-                     0);
+        const QByteArray home = run.home.toUtf8();
+        for (const QByteArray place : {"/data", "/config"}) {
+            tests::output("mkdir -p " + home + place);
+            tests::output("mount -t tmpfs -o size=64k none " + home + place);
         }
-        const auto leaveRoom = [](const QString& place, qsizetype pages) {
-            constexpr qsizetype pageSize = 4096;
-            QFile filler(place + u"/filler"_s);
-            filler.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::Append);
-            while (filler.write(QByteArray(pageSize, 'x')) == pageSize) {
-            }
-            filler.resize(std::max<qint64>(filler.size() - pages * pageSize, 0));
-        };
         int failures = 0;
         for (int round = 0; round < FAULT_ROUNDS / 5; ++round) {
-            for (const QString& place : places) {
-                leaveRoom(place, random.bounded(7));
-            }
-            run.start(run.program);
+            const auto pages = [&random] { return QByteArray::number(4096 * random.bounded(7)); };
+            run.start(run.program, "leave() { head -c 64k /dev/zero >\"$HOME/$1/filler\"; "
+                                   "truncate -s -$2 \"$HOME/$1/filler\"; }; leave data " +
+                                       pages() + "; leave config " + pages() +
+                                       "; exec \"$0\" refresh");
             QVERIFY(run.program.hasEnded());
             failures += run.program.exitCode() == 1 ? 1 : 0;
         }
         QVERIFY(failures > 0 && run.countsNothingTwice());
-        for (const QString& place : places) {
-            ::umount(QFile::encodeName(place).constData());
-        }
+        tests::output("umount " + home + "/data " + home + "/config");
     }
 
     void keepsTheTokenToItself() {
