@@ -4,6 +4,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace tallyvane::app;
 using namespace tallyvane::model;
@@ -14,7 +15,7 @@ class StatusReportTest : public tallyvane::tests::HermeticTest {
 private Q_SLOTS:
     void text() {
         QuotaSnapshot snapshot = usedSnapshot(42, 80.4);
-        snapshot.providers[0].planName = QStringLiteral("Plus");
+        snapshot.providers[0].planName = u"Plus"_s;
         snapshot.providers[1].week =
             QuotaWindowSnapshot{.usedPercent = 0, .resetsAt = m_now + 7 * 24h};
         const WeekdayTimeFormat weekdayTime("en_US", LocalZone(QTimeZone::utc()));
@@ -32,49 +33,34 @@ private Q_SLOTS:
                     .startsWith(u"Codex, never synced\n  5 hours     -       Not available\n"));
     }
 
-    void waybar_data() {
-        QTest::addColumn<QuotaSnapshot>("snapshot");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("className");
-        const auto row = [](const char* className, const char* text, QuotaSnapshot snapshot) {
-            QTest::addRow("%s %s", className, text)
-                << snapshot << QString::fromLatin1(text) << QString::fromLatin1(className);
-        };
-        const auto changed = [](QuotaSnapshot snapshot, auto change) {
-            change(snapshot);
-            return snapshot;
-        };
-        row("ok", "25%", usedSnapshot(75, 42));
-        row("low", "24%", usedSnapshot(42, 75.6));
-        row("none", "", placeholderSnapshot(m_now));
-        row("stale", "20%", changed(usedSnapshot(42, 80), [](QuotaSnapshot& snapshot) {
-                snapshot.providers[1].syncState = QuotaSyncState::pending;
-            }));
-        row("ok", "58%", changed(usedSnapshot(42, 10), [](QuotaSnapshot& snapshot) {
-                snapshot.providers[1].syncState = QuotaSyncState::pending;
-            }));
-        row("stale", "57%", changed(usedSnapshot(43, 10), [](QuotaSnapshot& snapshot) {
-                snapshot.updatedAt -= 16min;
-            }));
-    }
-
     void waybar() {
-        QFETCH(QuotaSnapshot, snapshot);
-        QFETCH(QString, text);
-        QFETCH(QString, className);
-        const QString line = waybarLine(snapshot, m_now);
-        QCOMPARE(line.count(u'\n'), 1);
-        const QJsonObject json = QJsonDocument::fromJson(line.toUtf8()).object();
-        QCOMPARE(json[u"text"].toString(), text);
-        QCOMPARE(json[u"class"].toString(), className);
-        QCOMPARE(json[u"percentage"].toInt(), text.chopped(text.isEmpty() ? 0 : 1).toInt());
-        QVERIFY(json[u"tooltip"].toString().contains(u"\nClaude: "));
+        const auto check = [this](const char* className, const char* text,
+                                  const QuotaSnapshot& snapshot) {
+            const QString line = waybarLine(snapshot, m_now);
+            QVERIFY2(line.count(u'\n') == 1, text);
+            const QJsonDocument json = QJsonDocument::fromJson(line.toUtf8());
+            QCOMPARE(json[u"text"].toString(), QLatin1StringView(text));
+            QCOMPARE(json[u"class"].toString(), QLatin1StringView(className));
+            QCOMPARE(json[u"percentage"].toInt(), QByteArray(text).replace("%", "").toInt());
+            QVERIFY2(json[u"tooltip"].toString().contains(u"\nClaude: "), text);
+        };
+        check("ok", "25%", usedSnapshot(75, 42));
+        check("low", "24%", usedSnapshot(42, 75.6));
+        check("none", "", placeholderSnapshot(m_now));
+        QuotaSnapshot pending = usedSnapshot(42, 80);
+        pending.providers[1].syncState = QuotaSyncState::pending;
+        check("stale", "20%", pending);
+        pending.providers[1].fiveHour->usedPercent = 10;
+        check("ok", "58%", pending);
+        QuotaSnapshot old = usedSnapshot(43, 10);
+        old.updatedAt -= 16min;
+        check("stale", "57%", old);
     }
 
     void waybarEscapesMarkup() {
         QuotaSnapshot snapshot = usedSnapshot(1, 1);
         snapshot.providers[1].syncState = QuotaSyncState::pending;
-        snapshot.providers[1].statusMessage = QStringLiteral("<b>&");
+        snapshot.providers[1].statusMessage = u"<b>&"_s;
         QVERIFY(waybarLine(snapshot, m_now).contains(u"Claude: &lt;b&gt;&amp;"));
     }
 

@@ -1,21 +1,18 @@
 #include "core/refresh_world.h"
+#include "history/calendar_days.h"
 #include "support/test_main.h"
 
 #include <QtCore/QRandomGenerator>
 
 #include <csignal>
 #include <map>
-#include <set>
+#include <ranges>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace tallyvane;
+using namespace tallyvane::tests;
 using namespace std::chrono_literals;
-using model::AIProvider;
-using tests::Assistant;
-using tests::Figure;
-using tests::World;
-using tests::Writer;
 using Outcome = core::RefreshReport::Outcome;
 
 namespace {
@@ -23,20 +20,10 @@ namespace {
 /// What happens at each fsync(2). The program calls it before and after each rename(2), so a kill
 /// there covers every state that a kill during a refresh can leave behind.
 struct Disk {
-    enum class Fate { works, failsAtTimes, failsForSettings, killsProgram };
-
-    Fate fate = Fate::works;
+    enum Fate { works, failsAtTimes, failsForSettings, killsProgram } fate = works;
     int callsLeft = 0; ///< until the kill
     QRandomGenerator random;
     bool hasFailed = false;
-
-    [[nodiscard]] bool fails(int descriptor) {
-        if (fate == Fate::failsForSettings) {
-            const auto link = "/proc/self/fd/" + std::to_string(descriptor);
-            return std::filesystem::read_symlink(link).parent_path().filename() == "config";
-        }
-        return fate == Fate::failsAtTimes && random.bounded(3) == 0;
-    }
 };
 Disk disk;
 
@@ -45,10 +32,13 @@ Disk disk;
 /// Replaces the C library's.
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): that one is reserved
 int fsync(int descriptor) {
-    if (disk.fate == Disk::Fate::killsProgram && --disk.callsLeft <= 0) {
+    if (disk.fate == Disk::killsProgram && --disk.callsLeft <= 0) {
         ::raise(SIGKILL);
     }
-    if (disk.fails(descriptor)) {
+    const auto file = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
+    const bool isForSettings = file.parent_path().filename() == "config";
+    if ((disk.fate == Disk::failsForSettings && isForSettings) ||
+        (disk.fate == Disk::failsAtTimes && disk.random.bounded(3) == 0)) {
         disk.hasFailed = true;
         errno = ENOSPC;
         return -1;
@@ -58,56 +48,47 @@ int fsync(int descriptor) {
 
 namespace {
 
-const QByteArrayList zones =
-    QByteArray("UTC America/New_York Pacific/Kiritimati Pacific/Pago_Pago America/Santiago")
-        .split(' ');
-constexpr double tolerance = 1e-6;
-
-using Tally = QMap<QByteArray, int>; ///< how often each thing happened in all courses
-
 /// A random sequence of figures, logs, failures, processes and times. After each refresh the files
 /// must agree with what was reported.
 class Course {
 public:
-    Course(quint32 seed, Tally& tally) : m_random(seed), m_tally(tally) {
-        m_isRough = m_random.bounded(2) == 0;
+    explicit Course(quint32 seed) : m_random(seed), m_isRough(m_random.bounded(2) == 0) {
         disk = {.random = QRandomGenerator(seed)};
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(2 * 24 * 60)});
-        for (auto& writer : m_writers) {
-            start(writer);
-        }
+        startAll();
     }
 
     /// What is wrong after the step; empty if nothing is.
     [[nodiscard]] QString step() {
         static constexpr std::array actions{
-            &Course::changeFigure,  &Course::changeFigure, &Course::changeFigure,
-            &Course::toggleFailure, &Course::changeLogs,   &Course::changeLogs,
-            &Course::restart,       &Course::moveClock,    &Course::refreshBoth,
-            &Course::refreshBoth,   &Course::refreshOne,   &Course::refreshOne,
-            &Course::refreshOne,    &Course::refreshOne,   &Course::refreshUntilKilled,
+            &Course::changeFigure, &Course::changeFigure, &Course::toggleFailure,
+            &Course::changeLogs,   &Course::restart,      &Course::refreshBoth,
+            &Course::refreshOne,   &Course::refreshOne,   &Course::refreshUntilKilled,
             &Course::toggleDisk};
-        constexpr quint32 gentleActions = actions.size() - 2;
-        (this->*actions.at(
-                    m_random.bounded(m_isRough ? quint32{actions.size()} : gentleActions)))();
+        const auto roughActions = m_isRough ? 0U : 2U;
+        (this->*actions.at(m_random.bounded(quint32{actions.size()} - roughActions)))();
         return m_wrong;
     }
 
 private:
     Assistant& anyAssistant() { return m_world.assistants.at(m_random.bounded(2)); }
 
-    void start(std::unique_ptr<Writer>& writer) {
-        writer.reset(); // waits for its thread
-        writer = std::make_unique<Writer>(m_world, randomZone());
+    void startAll() {
+        for (auto& writer : m_writers) {
+            writer = std::make_unique<Writer>(m_world, randomZone());
+        }
     }
 
-    QByteArray randomZone() { return zones.at(m_random.bounded(int(zones.size()))); }
+    QByteArray randomZone() {
+        static constexpr std::array zones{"UTC", "America/New_York", "Pacific/Kiritimati",
+                                          "Pacific/Pago_Pago", "America/Santiago"};
+        return zones.at(m_random.bounded(quint32{zones.size()}));
+    }
 
-    void restart() { start(m_writers.at(m_random.bounded(2))); }
-
-    /// By little enough that the history keeps every day of the course.
-    void moveClock() {
+    /// Sometimes before it ended, but never so much later that the history loses a day.
+    void restart() {
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(-30 * 60, 48 * 60)});
+        m_writers.at(m_random.bounded(2)) = std::make_unique<Writer>(m_world, randomZone());
     }
 
     void toggleFailure() {
@@ -115,27 +96,27 @@ private:
         assistant.isFailing = !assistant.isFailing;
     }
 
+    /// Mostly more.
+    double moreOrLess(double figure) {
+        const double step = m_random.bounded(1, 5000);
+        const std::array choices{0.0, std::max(figure - step, 0.0), figure + step};
+        return choices.at(std::min(m_random.bounded(6), 2));
+    }
+
     void changeFigure() {
         Assistant& assistant = anyAssistant();
-        const double percent = m_random.bounded(5000) / 100.0;
-        const double used = assistant.used.value_or(0);
-        const std::array<Figure, 4> choices{0, std::nullopt, std::max(used - percent, 0.0),
-                                            used + percent};
-        assistant.used = choices.at(std::min(m_random.bounded(6), 3));
+        const double used = moreOrLess(assistant.used.value_or(0) * 100) / 100;
+        assistant.used = m_random.bounded(6) == 0 ? Figure() : used;
     }
 
     void changeLogs() {
         Assistant& assistant = anyAssistant();
-        const std::int64_t tokens = 1 + m_random.bounded(1000);
-        const std::int64_t fewer = std::max<std::int64_t>(assistant.tokens - tokens, 0);
-        const std::array choices{std::int64_t{0}, fewer, assistant.tokens + tokens};
-        m_world.setTokens(assistant, choices.at(std::min(m_random.bounded(6), 2)));
+        m_world.setTokens(assistant, std::llround(moreOrLess(double(assistant.tokens))));
     }
 
     void toggleDisk() {
-        using Fate = Disk::Fate;
-        const Fate fault = m_random.bounded(2) == 0 ? Fate::failsAtTimes : Fate::failsForSettings;
-        disk.fate = disk.fate == Fate::works ? fault : Fate::works;
+        const auto fault = m_random.bounded(2) == 0 ? Disk::failsAtTimes : Disk::failsForSettings;
+        disk.fate = disk.fate == Disk::works ? fault : Disk::works;
     }
 
     void tellTokens() {
@@ -151,129 +132,103 @@ private:
     }
 
     void refreshBoth() {
-        const std::size_t firstOne = m_random.bounded(2);
-        Writer& first = *m_writers.at(firstOne);
-        Writer& second = *m_writers.at(1 - firstOne);
+        std::swap(m_writers[0], m_writers.at(m_random.bounded(2)));
         tellTokens();
         m_world.isHoldingAnswers = true;
-        const auto firstTask = first.model.refresh(providers::AskedBy::user);
-        const auto secondTask = second.model.refresh(providers::AskedBy::user);
+        const auto first = m_writers[0]->model.refresh(providers::AskedBy::user);
+        const auto second = m_writers[1]->model.refresh(providers::AskedBy::user);
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(120)});
         QCoreApplication::processEvents();
         m_world.letAnswer();
-        check(first, QCoro::waitFor(firstTask).outcome);
+        check(*m_writers[0], QCoro::waitFor(first).outcome);
         changeFigure();
         tellTokens();
         m_world.clock.advance(100ms); // the second one tries the lock again
-        check(second, QCoro::waitFor(secondTask).outcome);
-        ++m_tally["turns taken"];
+        check(*m_writers[1], QCoro::waitFor(second).outcome);
     }
 
     /// Refreshes in a child process that is killed at a random fsync(2).
     void refreshUntilKilled() {
-        for (auto& writer : m_writers) {
-            writer.reset(); // threads do not survive a fork
-        }
+        m_writers = {}; // threads do not survive a fork
         tellTokens();
-        for (Assistant& assistant : m_world.assistants) {
-            if (!assistant.isFailing) {
-                assistant.toldUsed << assistant.used;
-            }
+        for (Assistant& assistant : m_world.assistants) { // in the other process
+            assistant.toldUsed << (assistant.isFailing ? assistant.toldUsed.last()
+                                                       : assistant.used);
         }
         const QByteArray zone = randomZone();
-        const int call = m_random.bounded(1, 12);
+        const Disk killer{.fate = Disk::killsProgram, .callsLeft = m_random.bounded(1, 12)};
         const pid_t program = ::fork();
         if (program == 0) {
-            disk.fate = Disk::Fate::killsProgram;
-            disk.callsLeft = call;
-            Writer writer(m_world, zone);
-            std::ignore = writer.refresh();
+            disk = killer;
+            Writer(m_world, zone).refresh();
             ::_exit(0);
         }
         int status = 0;
         ::waitpid(program, &status, 0);
         expect(WIFEXITED(status) || WTERMSIG(status) == SIGKILL, "the program crashed");
         m_hasLost |= WIFSIGNALED(status);
-        m_tally["kills"] += WIFSIGNALED(status) ? 1 : 0;
-        const Writer reader(m_world, zone);
-        check(reader, WIFEXITED(status) ? Outcome::published : Outcome::notSaved);
-        for (auto& writer : m_writers) {
-            start(writer);
-        }
+        check(Writer(m_world, zone), WIFEXITED(status) ? Outcome::published : Outcome::notSaved);
+        startAll();
     }
 
     void check(const Writer& by, Outcome outcome) {
-        ++m_tally["refreshes"];
         const bool isPublished = outcome == Outcome::published;
-        m_hasLost |= disk.hasFailed;
-        m_tally["disk failures"] += disk.hasFailed ? 1 : 0;
-        disk.hasFailed = false;
+        m_hasLost |= std::exchange(disk.hasFailed, false);
         expect(isPublished || m_hasLost, "nothing was saved although nothing failed");
 
         const auto snapshot = by.store.loadSnapshot();
         expect(snapshot || m_hasLost, "no snapshot is stored");
         for (Assistant& assistant : m_world.assistants) {
             const auto week =
-                snapshot ? model::entryFor(*snapshot, assistant.provider).week : std::nullopt;
+                snapshot ? model::entryFor(*snapshot, assistant.id).week : std::nullopt;
             const Figure stored = week ? Figure(week->usedPercent) : std::nullopt;
-            const Figure told = assistant.toldUsed.isEmpty() ? Figure() : assistant.toldUsed.last();
             // After a failed save, the next refresh starts from what the history accounts for.
             const bool isKept = stored == assistant.stored ||
                                 (m_hasLost && (!stored || assistant.toldUsed.contains(stored)));
-            expect(stored == told || (isKept && (!isPublished || assistant.isFailing)),
+            expect(stored == assistant.toldUsed.last() ||
+                       (isKept && (!isPublished || assistant.isFailing)),
                    "the stored figure is not the last one reported");
             assistant.stored = stored;
         }
 
         const QByteArray json =
-            tests::readFile(QString::fromStdString(by.store.baseURL() / "usage-history.json"));
+            readFile(QString::fromStdString(by.store.baseURL() / "usage-history.json"));
         const auto decoded = history::decodeHistory(json);
         expect(decoded || (json.isEmpty() && m_hasLost), "the history does not decode");
         const auto history = decoded.value_or(history::UsageHistory());
         expect(!isPublished || history == by.model.history(),
                "the shown history differs from the stored one");
         checkDays(by.zone, history);
-        checkSums(history);
-    }
-
-    /// Only today's points may change, and each assistant has one a day.
-    void checkDays(const QTimeZone& zone, const history::UsageHistory& history) {
-        const auto day = [](model::Timestamp moment, const QTimeZone& in) {
-            const auto seconds = std::chrono::floor<std::chrono::seconds>(moment);
-            return QDateTime::fromSecsSinceEpoch(seconds.time_since_epoch().count(), in).date();
-        };
-        const QDate today = day(m_world.clock.now(), zone);
-        std::set<std::tuple<AIProvider, QByteArray, QDate>> days;
-        std::map<QString, QTimeZone> zoneOf;
-        for (const history::UsageHistoryPoint& point : history.points) {
-            const bool isOld = std::ranges::find(m_history.points, point) != m_history.points.end();
-            expect(isOld || day(point.date, zone) == today, "a day other than today changed");
-            const auto known = m_zoneOf.find(history::id(point));
-            const QTimeZone& in = known == m_zoneOf.end() ? zone : known->second;
-            zoneOf.emplace(history::id(point), in);
-            expect(days.emplace(point.provider, in.id(), day(point.date, in)).second,
-                   "a day has two points");
-        }
-        expect(history.points.size() >= m_history.points.size(), "a point is lost");
-        m_history = history;
-        m_zoneOf = std::move(zoneOf);
-    }
-
-    void checkSums(const history::UsageHistory& history) {
         for (const Assistant& assistant : m_world.assistants) {
             double quota = 0;
             double tokens = 0;
             for (const history::UsageHistoryPoint& point : history.points) {
                 expect(point.estimatedQuotaConsumed >= 0 && point.estimatedLocalTokens >= 0,
                        "a negative figure");
-                if (point.provider == assistant.provider) {
-                    quota += point.estimatedQuotaConsumed;
-                    tokens += static_cast<double>(point.estimatedLocalTokens);
-                }
+                const bool isIts = point.provider == assistant.id;
+                quota += isIts ? point.estimatedQuotaConsumed : 0;
+                tokens += isIts ? static_cast<double>(point.estimatedLocalTokens) : 0;
             }
             compare(quota, assistant.toldUsed, "the quota is miscounted");
             compare(tokens, assistant.toldTokens, "the tokens are miscounted");
         }
+    }
+
+    /// Only today's points may change, and each assistant has one a day.
+    void checkDays(const model::LocalZone& zone, const history::UsageHistory& history) {
+        const QDate today = history::localDay(m_world.clock.now(), zone);
+        std::map<QString, history::UsageHistoryPoint> points;
+        for (const history::UsageHistoryPoint& point : history.points) {
+            const auto old = m_points.find(history::id(point));
+            expect(old == m_points.end()
+                       ? point.date == history::startOfDay(today, zone)
+                       : point == old->second || history::localDay(point.date, zone) == today,
+                   "a day other than today changed");
+            expect(points.emplace(history::id(point), point).second, "a day has two points");
+        }
+        expect(std::ranges::includes(points | std::views::keys, m_points | std::views::keys),
+               "a point is lost");
+        m_points = std::move(points);
     }
 
     /// What was counted must be the sum of all rises from one figure to the next. If figures were
@@ -289,6 +244,7 @@ private:
             before = figure;
             lastKnown = figure ? figure : lastKnown;
         }
+        constexpr double tolerance = 1e-6;
         expect(counted <= most + tolerance && (m_hasLost || std::abs(counted - exact) <= tolerance),
                what);
     }
@@ -300,13 +256,11 @@ private:
     }
 
     QRandomGenerator m_random;
-    Tally& m_tally;
-    bool m_isRough = false; ///< processes may be killed and the disk may fail
+    bool m_isRough;         ///< processes may be killed and the disk may fail
     bool m_hasLost = false; ///< that happened, so figures may have been lost
     World m_world;
     std::array<std::unique_ptr<Writer>, 2> m_writers;
-    history::UsageHistory m_history;       ///< as last seen
-    std::map<QString, QTimeZone> m_zoneOf; ///< the zone in which each point was made
+    std::map<QString, history::UsageHistoryPoint> m_points; ///< of the history last seen, by id
     QString m_wrong;
 };
 
@@ -314,28 +268,24 @@ private:
 
 /// The refresh cycle over days, in several processes. TALLYVANE_COURSES sets the number of courses,
 /// TALLYVANE_COURSE_SEED repeats one of them.
-class RefreshCoursesTest : public tests::HermeticTest {
+class RefreshCoursesTest : public HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
     void countsEverythingOnce() {
         constexpr int steps = 30;
-        bool isOne = false;
-        const quint32 given = qEnvironmentVariable("TALLYVANE_COURSE_SEED").toUInt(&isOne);
-        const int courses =
-            isOne ? 1 : qEnvironmentVariable("TALLYVANE_COURSES", QString::number(COURSES)).toInt();
-        Tally tally;
+        const int given = qEnvironmentVariableIntValue("TALLYVANE_COURSE_SEED");
+        const int wanted = qEnvironmentVariableIntValue("TALLYVANE_COURSES");
+        const int courses = given > 0 ? 1 : std::max(wanted, COURSES);
         for (int i = 0; i < courses; ++i) {
-            const quint32 seed = isOne ? given : QRandomGenerator::global()->generate();
-            Course course(seed, tally);
+            const int seed = given > 0 ? given : QRandomGenerator::global()->bounded(1, INT_MAX);
+            Course course(seed);
             for (int step = 1; step <= steps; ++step) {
                 const QString wrong = course.step();
                 const auto where = QStringLiteral("TALLYVANE_COURSE_SEED=%1, step %2: ");
                 QVERIFY2(wrong.isEmpty(), qPrintable(where.arg(seed).arg(step) + wrong));
             }
         }
-        qInfo() << courses << "courses:" << tally;
-        QVERIFY(tally["refreshes"] > 0);
     }
 };
 

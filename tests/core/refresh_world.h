@@ -14,15 +14,24 @@ namespace tallyvane::tests {
 
 using Figure = std::optional<double>;
 
-/// One assistant: what its service reports now, and what it has reported so far.
-struct Assistant {
-    model::AIProvider provider;
+struct World;
+
+/// One assistant: what its service reports now, as its weekly quota, and what it has reported so
+/// far.
+struct Assistant final : providers::QuotaClient {
+    Assistant(World& itsWorld, model::AIProvider its) : world(itsWorld), id(its) {}
+
+    model::AIProvider provider() const override { return id; }
+    QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override;
+
+    World& world;
+    model::AIProvider id;
     Figure used;
     std::int64_t tokens = 0;
     bool isFailing = false;
     providers::QuotaFailure failure;
     QList<providers::AskedBy> requests;
-    QList<Figure> toldUsed;
+    QList<Figure> toldUsed{std::nullopt};
     QList<Figure> toldTokens; ///< nullopt where there were no logs
     Figure stored;
 };
@@ -30,17 +39,16 @@ struct Assistant {
 struct World {
     /// Writes a log that holds the assistant's tokens.
     void setTokens(Assistant& assistant, std::int64_t tokens) const {
-        const bool isCodex = assistant.provider == model::AIProvider::codex;
+        const bool isCodex = assistant.id == model::AIProvider::codex;
         const QString path = home.filePath(isCodex ? QStringLiteral(".codex/sessions/log.jsonl")
                                                    : QStringLiteral(".claude/projects/log.jsonl"));
-        const QByteArray line =
-            isCodex ? R"({"payload":{"type":"token_count","info":{"total_token_usage":)"
-                      R"({"total_tokens":%}}}})"
-                    : R"({"type":"assistant","message":{"usage":{"input_tokens":%}}})";
+        QByteArray line = isCodex
+                              ? R"({"payload":{"type":"token_count","info":)"
+                                R"({"total_token_usage":{"total_tokens":%}}}})"
+                              : R"({"type":"assistant","message":{"usage":{"input_tokens":%}}})";
+        writeFile(path, line.replace('%', QByteArray::number(qint64{tokens})));
         if (tokens == 0) {
             QFile::remove(path);
-        } else {
-            writeFile(path, QByteArray(line).replace('%', QByteArray::number(qint64{tokens})));
         }
         assistant.tokens = tokens;
     }
@@ -59,42 +67,29 @@ struct World {
                            : QDir::tempPath() + QStringLiteral("/tallyvane-XXXXXX")};
     std::filesystem::path root{home.path().toStdString()};
     ManualClock clock{std::chrono::sys_days{std::chrono::year{2026} / 3 / 1}};
-    std::array<Assistant, 2> assistants{Assistant{model::AIProvider::codex},
-                                        Assistant{model::AIProvider::claude}};
+    std::array<Assistant, 2> assistants{Assistant{*this, model::AIProvider::codex},
+                                        Assistant{*this, model::AIProvider::claude}};
     bool isHoldingAnswers = false;
     std::vector<QPromise<void>> heldAnswers;
 };
 
-/// Reports an assistant's figure as its weekly quota.
-class ScriptedClient final : public providers::QuotaClient {
-public:
-    ScriptedClient(World& world, Assistant& assistant) : m_world(world), m_assistant(assistant) {}
-
-    [[nodiscard]] model::AIProvider provider() const override { return m_assistant.provider; }
-
-    [[nodiscard]] QCoro::Task<providers::QuotaResult> fetch(providers::AskedBy askedBy) override {
-        m_assistant.requests << askedBy;
-        if (m_world.isHoldingAnswers) {
-            const QFuture<void> answered = m_world.heldAnswers.emplace_back().future();
-            co_await answered;
-        }
-        if (m_assistant.isFailing) {
-            co_return std::unexpected(m_assistant.failure);
-        }
-        m_assistant.toldUsed << m_assistant.used;
-        model::ProviderQuotaSnapshot entry{.provider = provider(),
-                                           .syncedAt = m_world.clock.now(),
-                                           .syncState = model::QuotaSyncState::current};
-        if (m_assistant.used) {
-            entry.week = model::QuotaWindowSnapshot{.usedPercent = *m_assistant.used};
-        }
-        co_return entry;
+inline QCoro::Task<providers::QuotaResult> Assistant::fetch(providers::AskedBy askedBy) {
+    requests << askedBy;
+    if (world.isHoldingAnswers) {
+        const QFuture<void> answered = world.heldAnswers.emplace_back().future();
+        co_await answered;
     }
-
-private:
-    World& m_world;
-    Assistant& m_assistant;
-};
+    if (isFailing) {
+        co_return std::unexpected(failure);
+    }
+    toldUsed << used;
+    model::ProviderQuotaSnapshot entry{
+        .provider = id, .syncedAt = world.clock.now(), .syncState = model::QuotaSyncState::current};
+    if (used) {
+        entry.week = model::QuotaWindowSnapshot{.usedPercent = *used};
+    }
+    co_return entry;
+}
 
 struct RecordingWidgetCentre final : platform::WidgetCentre {
     QStringList calls;
@@ -106,19 +101,17 @@ struct RecordingWidgetCentre final : platform::WidgetCentre {
 struct Writer {
     explicit Writer(World& world, const QByteArray& zoneName = "UTC",
                     std::optional<model::QuotaSnapshot> shown = std::nullopt)
-        : zone(zoneName),
+        : zone(QTimeZone(zoneName)),
           locations{.dataHome = world.root / "data", .configHome = world.root / "config"},
-          codexClient(world, world.assistants[0]),
-          claudeClient(world, world.assistants[1]),
           tokenEstimator(world.root),
           model({.store = store,
                  .defaults = defaults,
-                 .quotaClients = {codexClient, claudeClient},
+                 .quotaClients = {world.assistants[0], world.assistants[1]},
                  .tokenEstimator = tokenEstimator,
                  .notifier = notifier,
                  .widgetCentre = widgetCentre,
                  .clock = world.clock,
-                 .zone = model::LocalZone(zone)},
+                 .zone = zone},
                 std::move(shown)) {}
 
     core::RefreshReport::Outcome refresh() {
@@ -126,13 +119,11 @@ struct Writer {
         return QCoro::waitFor(task).outcome;
     }
 
-    QTimeZone zone;
+    model::LocalZone zone;
     model::StoreLocations locations;
     model::SharedStore store{locations};
     model::DefaultsStore defaults =
         model::DefaultsStore::openFirst(locations.defaultsSuite(), locations.standardDefaults());
-    ScriptedClient codexClient;
-    ScriptedClient claudeClient;
     history::LocalTokenEstimator tokenEstimator;
     FakeNotificationCentre notificationCentre;
     notify::QuotaNotifier notifier{notificationCentre};

@@ -45,11 +45,9 @@ public:
     /// Waits until the program is on the bus.
     AccessibleProgram(const QDBusConnection& bus, qint64 processId) : m_bus(bus) {
         const auto find = [&] {
-            const QStringList services = bus.interface()->registeredServiceNames();
-            const auto found = std::ranges::find_if(services, [&](const QString& service) {
-                return bus.interface()->servicePid(service) == processId;
-            });
-            m_service = found == services.end() ? QString() : *found;
+            for (const QString& service : bus.interface()->registeredServiceNames().value()) {
+                m_service = bus.interface()->servicePid(service) == processId ? service : m_service;
+            }
             return !m_service.isEmpty();
         };
         if (!QTest::qWaitFor(find, patience)) {
@@ -62,7 +60,8 @@ public:
     [[nodiscard]] QStringList texts() const {
         QStringList texts;
         for (const Control& control : controls()) {
-            const QString content = property(control.path, "Description") + text(control.path);
+            const QDBusReply<QString> text = call(control.path, "Text", "GetText", {0, -1});
+            const QString content = property(control.path, "Description") + text.value();
             texts << control.name + QLatin1String(control.has(checked | selected) ? " (on)" : "") +
                          (content.isEmpty() ? content : QLatin1String(" | ") + content);
         }
@@ -98,8 +97,7 @@ private:
     [[nodiscard]] bool ask(const QString& name, const char* interface, const char* method,
                            const QVariantList& arguments = {}) const {
         const auto all = controls();
-        const auto found =
-            std::ranges::find_if(all, [&](const Control& control) { return control.name == name; });
+        const auto found = std::ranges::find(all, name, &Control::name);
         return found != all.end() &&
                QDBusReply<bool>(call(found->path, interface, method, arguments)).value();
     }
@@ -140,9 +138,6 @@ private:
             send(path, "org.freedesktop.DBus.Properties", "Get",
                  {QStringLiteral("org.a11y.atspi.Accessible"), QLatin1String(name)});
         return value.value().toString();
-    }
-    [[nodiscard]] QString text(const QString& path) const {
-        return QDBusReply<QString>(call(path, "Text", "GetText", {0, -1})).value();
     }
     [[nodiscard]] QDBusMessage call(const QString& path, const char* interface, const char* method,
                                     const QVariantList& arguments = {}) const {

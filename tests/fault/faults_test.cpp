@@ -10,65 +10,45 @@
 #include <QtCore/QRandomGenerator>
 #include <QtNetwork/QUdpSocket>
 
-#include <sys/mount.h>
-
 using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using tests::httpReply;
-using tests::patience;
+using tests::readFile;
 using tests::ScriptedReply;
+using tests::writeFile;
 
 namespace {
 
 const QByteArray accessToken = "tallyvane-test-5ecret";
-const QString service = QStringLiteral("api.anthropic.com");
 const QByteArray usage = R"({"five_hour":{"utilization":37.5}})";
-
-/// What goes wrong in one run, and the one line that the user then reads.
-struct Fault {
-    enum class Service {
-        trusted,
-        untrusted,
-        otherName,
-        absent,
-        unreachable,
-        unresolved,
-        atSecondAddress, ///< the first one does not answer
-    };
-
-    const char* name;
-    const char* expected; ///< the start of it; null when all is well in the end
-    QList<ScriptedReply> replies{httpReply(200, usage)};
-    Service service = Service::trusted;
-    const char* codex = "reply-amid-noise"; ///< of the scripted programs
-    std::chrono::seconds tokenLife = 1h;
-    QString httpProxy; ///< $http_proxy, which counts as the desktop's setting
-};
 
 /// The program on its way through one fault, in a home of its own.
 struct Run {
     QString home;
-    QString httpProxy;
     std::unique_ptr<tests::TlsServer> server;
+    QByteArray expected; ///< the start of the one line that the user reads; empty for none
     tests::RunningProgram program;
     tests::RunningProgram other; ///< a second one in the same home
 
-    void signIn(const QByteArray& accessToken, std::chrono::seconds life) const {
-        const auto expiry = (std::chrono::system_clock::now() + life).time_since_epoch() / 1ms;
-        tests::writeFile(home + QStringLiteral("/.claude/.credentials.json"),
-                         R"({"claudeAiOauth":{"accessToken":")" + accessToken +
-                             R"(","expiresAt":)" + QByteArray::number(qint64{expiry}) + "}}");
+    [[nodiscard]] QString path(const char* name) const { return home + u'/' + QLatin1String(name); }
+
+    void signIn(const QByteArray& accessToken) const {
+        const auto expiry = (std::chrono::system_clock::now() + 1h).time_since_epoch() / 1ms;
+        writeFile(path(".claude/.credentials.json"), R"({"claudeAiOauth":{"accessToken":")" +
+                                                         accessToken + R"(","expiresAt":)" +
+                                                         QByteArray::number(qint64{expiry}) + "}}");
     }
 
-    void installCodex(const QString& program) const {
-        QDir().mkpath(home + QStringLiteral("/.local/bin"));
-        QFile::link(program, home + QStringLiteral("/.local/bin/codex"));
+    void installCodex(const char* program) const {
+        QDir().mkpath(path(".local/bin"));
+        QFile::link(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") + QLatin1String(program),
+                    path(".local/bin/codex"));
     }
 
     /// Lets codex tell of a hundredth more of the weekly quota and of ten tokens more each time.
     void installRisingCodex() const {
-        QFile::remove(home + QStringLiteral("/.local/bin/codex")); // a link
-        tests::writeFile(home + QStringLiteral("/.local/bin/codex"), R"(#!/bin/sh
+        writeFile(path(".local/bin/codex"), R"(#!/bin/sh
 n=$(($(cat "$HOME/served") + 1))
 echo $n >"$HOME/served-$$" && mv "$HOME/served-$$" "$HOME/served"
 echo '{"payload":{"type":"token_count","info":{"total_token_usage":{"total_tokens":'$((n * 10))'}}}}' \
@@ -76,15 +56,15 @@ echo '{"payload":{"type":"token_count","info":{"total_token_usage":{"total_token
 echo '{"id":1,"result":{"rateLimits":{"secondary":{"usedPercent":'$n'e-2}}}}'
 cat
 )");
-        tests::writeFile(home + QStringLiteral("/served"), "0");
-        tests::writeFile(home + QStringLiteral("/.codex/sessions/log.jsonl"), {});
+        writeFile(path("served"), "0");
+        writeFile(path(".codex/sessions/log.jsonl"), {});
     }
 
     /// Whether the history holds something, and no more than that codex has told of.
     [[nodiscard]] bool countsNothingTwice() const {
-        const auto history = history::decodeHistory(
-            tests::readFile(home + QStringLiteral("/data/Gaugewell/usage-history.json")));
-        const int served = tests::readFile(home + QStringLiteral("/served")).trimmed().toInt();
+        const auto history =
+            history::decodeHistory(readFile(path("data/Gaugewell/usage-history.json")));
+        const int served = readFile(path("served")).trimmed().toInt();
         double quota = 0;
         std::int64_t tokens = 0;
         for (const auto& point : history.value_or(history::UsageHistory()).points) {
@@ -97,19 +77,18 @@ cat
     }
 
     /// Runs a command of the shell in which $0 is the program.
-    void start(const char* command) { start(command, program); }
-    void start(const char* command, QProcess& started) const {
+    void start(QProcess& started, const QByteArray& command = "exec \"$0\" refresh",
+               const QString& httpProxy = {}) const {
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("HOME"), home);
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), home + QStringLiteral("/data"));
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
-        environment.insert(QStringLiteral("http_proxy"), httpProxy);
+        environment.insert(u"HOME"_s, home);
+        environment.insert(u"XDG_DATA_HOME"_s, path("data"));
+        environment.insert(u"XDG_CONFIG_HOME"_s, path("config"));
+        environment.insert(u"http_proxy"_s, httpProxy);
         started.setProcessEnvironment(environment);
-        started.setStandardOutputFile(home + QStringLiteral("/output"));
-        started.setStandardErrorFile(home + QStringLiteral("/errors"));
-        started.start(QStringLiteral("/bin/sh"),
-                      {QStringLiteral("-c"), QString::fromLatin1(command),
-                       QStringLiteral(TALLYVANE_PROGRAM)});
+        started.setStandardOutputFile(path("output"));
+        started.setStandardErrorFile(path("errors"));
+        started.start(u"/bin/sh"_s,
+                      {u"-c"_s, QString::fromUtf8(command), QStringLiteral(TALLYVANE_PROGRAM)});
     }
 };
 
@@ -120,112 +99,43 @@ class FaultsTest : public tests::HermeticTest {
     Q_OBJECT
 
     tests::PrivateNetwork m_network;
-    const tests::TlsIdentity m_identity = tests::makeTlsIdentity(QStringLiteral("DNS:") + service);
+    const tests::TlsIdentity m_identity = tests::makeTlsIdentity(u"DNS:api.anthropic.com"_s);
     QUdpSocket m_silentResolver;
     tests::ScriptedProxy m_silentServer{{}};
     QTcpServer m_fullServer;
     QTcpSocket m_filling;
     std::vector<std::unique_ptr<Run>> m_runs;
-    const tests::SecretWatch m_watch{accessToken, QStringLiteral(".credentials.json")};
+    const tests::SecretWatch m_watch{accessToken, u".credentials.json"_s};
 
-    std::vector<Fault> faults() {
-        using Ending = ScriptedReply::Ending;
-        using Service = Fault::Service;
-        const char* const malformed =
-            "Claude: The answer of the Claude service was not understood.";
-        const char* const late = "Claude: The Claude service could not be reached: it took too "
-                                 "long to answer.";
-        const char* const refused =
-            "Claude: The Claude service did not accept the sign-in of Claude Code.";
-        const char* const silent = "Codex: Command timed out.";
-        ScriptedReply renewing = httpReply(401, accessToken);
-        renewing.before = [this] { m_runs.front()->signIn(accessToken + "-new", 1h); };
-        // Whatever has the token in it is what a service may say that echoes it.
-        const QByteArray echo =
-            "X-Echo: " + accessToken + "\r\nSet-Cookie: a=" + accessToken + "\r\n";
-        return {
-            {"401, then a new token", nullptr, {renewing, httpReply(200, usage, echo)}},
-            {.name = "expired sign-in",
-             .expected = "Claude: The sign-in of Claude Code has expired.",
-             .replies = {},
-             .tokenLife = 0s},
-            {"401 twice",
-             refused,
-             {httpReply(401, accessToken, echo), httpReply(401, accessToken, echo)}},
-            {"500",
-             "Claude: The Claude service answered with status 500.",
-             {{"HTTP/1.1 500 " + accessToken + "\r\n" + echo + "\r\n"}}},
-            {"redirect",
-             "Claude: The Claude service answered with status 302.",
-             {httpReply(302, {}, "Location: /" + accessToken + "\r\n")}},
-            {"huge body", malformed, {httpReply(200, usage + QByteArray(5 << 20, ' '))}},
-            {"silent", late, {{{}, Ending::keepsOpen}}},
-            {"dripping", late, {{"HTTP/1.1 200 " + accessToken + "\r\n\r\n", Ending::drips}}},
-            {"cut off",
-             "Claude: The Claude service could not be reached: ",
-             {{"HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n" + accessToken}}},
-            {"refused connection",
-             "Claude: The Claude service could not be reached: Connection refused",
-             {},
-             Service::absent},
-            {"no route",
-             "Claude: The Claude service could not be reached: Network unreachable",
-             {},
-             Service::unreachable},
-            {"untrusted certificate",
-             "Claude: The Claude service could not be reached: SSL",
-             {},
-             Service::untrusted},
-            {"certificate of another",
-             "Claude: The Claude service could not be reached: ",
-             {},
-             Service::otherName},
-            {"silent resolver", late, {}, Service::unresolved},
-            {.name = "silent server of the proxy script",
-             .expected = late,
-             .replies = {},
-             .httpProxy = QStringLiteral("pac+http://127.0.0.1:%1/pac").arg(m_silentServer.port())},
-            {.name = "silent address", .expected = nullptr, .service = Service::atSecondAddress},
-            {.name = "codex is no program", .expected = "Codex: ", .codex = "no-program"},
-            {.name = "codex floods", .expected = silent, .codex = "floods"},
-            {.name = "codex leaves a grandchild", .expected = silent, .codex = "launcher-ends"},
-            {.name = "codex stays behind a grandchild",
-             .expected = "Codex: Command failed (-1): sign in",
-             .codex = "launcher-stays"},
-            {.name = "codex does not obey", .expected = "Codex: ", .codex = "refuses-to-end"},
-        };
+    /// A home where the service is at these addresses: "%" is a server that gives the replies.
+    Run& addRun(const QList<ScriptedReply>& replies, const QByteArrayList& addresses = {"%"}) {
+        Run& run = *m_runs.emplace_back(std::make_unique<Run>());
+        run.home = u"%1/run-%2"_s.arg(QDir::homePath()).arg(m_runs.size());
+        run.signIn(accessToken);
+        const auto own = u"127.0.1.%1"_s.arg(m_runs.size());
+        if (addresses.contains("%")) {
+            run.server =
+                std::make_unique<tests::TlsServer>(m_identity, replies, QHostAddress(own), 443);
+        }
+        QByteArray hosts;
+        for (const QByteArray& address : addresses) {
+            hosts += (address == "%" ? own.toUtf8() : address) + " api.anthropic.com\n";
+        }
+        writeFile(run.path("hosts"), hosts);
+        return run;
     }
 
-    std::unique_ptr<Run> makeRun(const Fault& fault) {
-        auto run = std::make_unique<Run>();
-        const qsizetype number = std::ssize(m_runs) + 1;
-        run->home = QStringLiteral("%1/run-%2").arg(QDir::homePath()).arg(number);
-        run->httpProxy = fault.httpProxy;
-        run->signIn(accessToken, fault.tokenLife);
-        run->installCodex(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/") +
-                          QLatin1StringView(fault.codex));
-        using Service = Fault::Service;
-        QHostAddress address(QStringLiteral("127.0.1.%1").arg(number));
-        tests::TlsIdentity identity = m_identity;
-        if (fault.service == Service::unreachable) {
-            address = QHostAddress(QStringLiteral("192.0.2.1")); // reserved for documents
-        } else if (fault.service == Service::untrusted) {
-            identity = tests::makeTlsIdentity(QStringLiteral("DNS:") + service);
-        } else if (fault.service == Service::otherName) {
-            identity = tests::makeTlsIdentity();
-            tests::PrivateNetwork::trust(identity.certificate, "other");
-        }
-        if (fault.service != Service::absent && fault.service != Service::unreachable) {
-            run->server = std::make_unique<tests::TlsServer>(identity, fault.replies, address, 443);
-        }
-        const QByteArray line = (address.toString() + u' ' + service + u'\n').toUtf8();
-        QByteArray hosts = fault.service == Service::unresolved ? QByteArray() : line;
-        if (fault.service == Service::atSecondAddress) {
-            hosts =
-                (m_fullServer.serverAddress().toString() + u' ' + service + u'\n').toUtf8() + line;
-        }
-        tests::writeFile(run->home + QStringLiteral("/hosts"), hosts);
-        return run;
+    /// Lets the program refresh in a new home, and later tell `expected`.
+    void startRun(const char* expected, const QList<ScriptedReply>& replies,
+                  const QByteArrayList& addresses = {"%"}, const char* codex = "reply-amid-noise",
+                  const QString& httpProxy = {}) {
+        Run& run = addRun(replies, addresses);
+        run.expected = expected;
+        run.installCodex(codex);
+        run.start(run.program,
+                  "exec unshare --mount sh -c 'mount --bind \"$HOME/hosts\" /etc/hosts && "
+                  "exec \"$0\" refresh' \"$0\"",
+                  httpProxy);
     }
 
 public:
@@ -236,10 +146,10 @@ private Q_SLOTS:
         if (!m_network.isUsable()) {
             TALLYVANE_SKIP(std::strerror(errno)); // mostly: this user may not
         }
-        m_silentResolver.bind(QHostAddress(QStringLiteral("127.0.0.53")), 53);
+        m_silentResolver.bind(QHostAddress(u"127.0.0.53"_s), 53);
         // What comes once its queue is full, it does not answer.
         m_fullServer.setListenBacklogSize(0);
-        m_fullServer.listen(QHostAddress(QStringLiteral("127.0.2.1")), 443);
+        m_fullServer.listen(QHostAddress(u"127.0.2.1"_s), 443);
         m_fullServer.pauseAccepting();
         m_filling.connectToHost(m_fullServer.serverAddress(), 443);
         QVERIFY(m_filling.waitForConnected());
@@ -248,136 +158,104 @@ private Q_SLOTS:
         tests::PrivateNetwork::trust(m_identity.certificate, "service");
     }
 
-    void tellsWhatIsWrong_data() {
-        QTest::addColumn<std::size_t>("run");
-        QTest::addColumn<QByteArray>("expected");
-        for (const Fault& fault : faults()) {
-            QTest::newRow(fault.name)
-                << m_runs.size()
-                << (fault.expected == nullptr ? QByteArray()
-                                              : "tallyvane: " + QByteArray(fault.expected));
-            m_runs.push_back(makeRun(fault));
-        }
-        // All at once, since some take their time.
-        for (const auto& run : m_runs) {
-            run->start("exec unshare --mount sh -c 'mount --bind \"$HOME/hosts\" /etc/hosts && "
-                       "exec \"$0\" refresh' \"$0\"");
-        }
-    }
+    /// What the whole program waits for, by its own clock; all at once.
     void tellsWhatIsWrong() {
-        QFETCH(const std::size_t, run);
-        QFETCH(const QByteArray, expected);
-        const tests::RunningProgram& program = m_runs[run]->program;
-        QVERIFY(program.hasEnded());
-        const QByteArray errors = tests::readFile(m_runs[run]->home + QStringLiteral("/errors"));
-        QVERIFY2(errors.startsWith(expected), errors);
-        QCOMPARE(errors.count('\n'), expected.isEmpty() ? 0 : 1);
-        QCOMPARE(program.exitCode(), expected.isEmpty() ? 0 : 3);
+        const char* const late = "tallyvane: Claude: The Claude service could not be reached: it "
+                                 "took too long to answer.";
+        ScriptedReply renewing = httpReply(401, accessToken);
+        renewing.before = [this] { m_runs.front()->signIn(accessToken + "-new"); };
+        // Whatever has the token in it is what a service may say that echoes it.
+        const QByteArray echo =
+            "X-Echo: " + accessToken + "\r\nSet-Cookie: a=" + accessToken + "\r\n";
+        const ScriptedReply good = httpReply(200, usage, echo);
+        startRun("", {renewing, good});
+        startRun("", {good}, {"127.0.2.1", "%"}); // The first address is silent.
+        startRun("tallyvane: Claude: The Claude service answered with status 500.",
+                 {{"HTTP/1.1 500 " + accessToken + "\r\n" + echo + "\r\n"}});
+        startRun("tallyvane: Claude: The Claude service could not be reached: Network unreachable",
+                 {}, {"192.0.2.1"}); // It is reserved for documents.
+        startRun(late, {}, {});      // The resolver is silent.
+        const QString script = u"pac+http://127.0.0.1:%1/pac"_s.arg(m_silentServer.port());
+        startRun(late, {}, {"%"}, "reply-amid-noise", script);
+        startRun("tallyvane: Codex: Command timed out.", {good}, {"%"}, "launcher-ends");
+        startRun("tallyvane: Codex: ", {good}, {"%"}, "refuses-to-end");
+        for (const auto& run : m_runs) {
+            QVERIFY(run->program.hasEnded());
+            const QByteArray errors = readFile(run->path("errors"));
+            QVERIFY2(errors.startsWith(run->expected), errors);
+            QCOMPARE(errors.count('\n'), run->expected.isEmpty() ? 0 : 1);
+            QCOMPARE(run->program.exitCode(), run->expected.isEmpty() ? 0 : 3);
+        }
+        TALLYVANE_TRY_VERIFY(tests::processesIn(qgetenv("HOME")).isEmpty());
     }
 
-    void leavesNoProcess() {
-        TALLYVANE_TRY_COMPARE(tests::processesIn(QDir::homePath().toUtf8()).size(), 0);
-    }
-
-    /// Two programs at once in each home, and their ends at any time.
+    /// Of two programs at once in one home.
     void survivesKillsAtAnyInstant() {
         ScriptedReply reply = httpReply(200, usage);
         reply.ending = ScriptedReply::Ending::alwaysCloses;
-        std::array<Run*, 2> runs{};
-        QList<tests::RunningProgram*> programs;
-        for (Run*& run : runs) {
-            m_runs.push_back(makeRun({.replies = {reply}, .codex = "replies"}));
-            run = m_runs.back().get();
-            run->installRisingCodex();
-            programs << &run->program << &run->other;
-        }
-        tests::PrivateNetwork::replace("/etc/hosts",
-                                       tests::readFile(runs[0]->home + QStringLiteral("/hosts")));
-        const auto startAll = [&runs] {
-            for (Run* run : runs) {
-                run->start("exec \"$0\" refresh");
-                run->start("exec \"$0\" refresh", run->other);
-            }
+        Run& run = addRun({reply});
+        run.installRisingCodex();
+        tests::PrivateNetwork::replace("/etc/hosts", readFile(run.path("hosts")));
+        const std::array programs{&run.program, &run.other};
+        const auto startBoth = [&] {
+            run.start(run.program);
+            run.start(run.other);
         };
-        const auto haveEnded = [&programs] {
-            return std::ranges::all_of(programs, &tests::RunningProgram::hasEnded);
-        };
-        const auto refreshAll = [&] {
-            startAll();
-            return haveEnded() && std::ranges::all_of(programs, [](const QProcess* program) {
-                       return program->exitCode() == 0;
-                   });
+        const auto refreshBoth = [&] {
+            startBoth();
+            return run.program.hasEnded() && run.other.hasEnded() && run.program.exitCode() == 0 &&
+                   run.other.exitCode() == 0;
         };
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(refreshAll());
+        QVERIFY(refreshBoth());
         const auto length = static_cast<int>(timer.elapsed());
 
         const quint32 seed = QRandomGenerator::global()->generate();
         QRandomGenerator random(seed);
-        int kills = 0;
-        while (kills < FAULT_ROUNDS) {
+        qsizetype kills = 0;
+        for (int round = 0; round < FAULT_ROUNDS / 2; ++round) {
             const QObject scope; // no kill outlives its round
-            startAll();
+            startBoth();
             for (QProcess* program : programs) {
                 QTimer::singleShot(random.bounded(length), &scope, [program] { program->kill(); });
             }
-            QVERIFY(haveEnded());
-            for (const Run* run : runs) {
-                QVERIFY2(
-                    tests::areFilesWhole(run->home + QStringLiteral("/data")) &&
-                        model::DefaultsStore::open(
-                            (run->home + QStringLiteral("/config/group.corvelle.Gaugewell.conf"))
-                                .toStdString()),
-                    qPrintable(QString::number(seed)));
-            }
-            kills += static_cast<int>(
-                std::ranges::count(programs, QProcess::CrashExit, &QProcess::exitStatus));
+            QVERIFY(run.program.hasEnded() && run.other.hasEnded());
+            const auto settings = run.path("config/group.corvelle.Gaugewell.conf").toStdString();
+            QVERIFY2(tests::areFilesWhole(run.path("data")) && model::DefaultsStore::open(settings),
+                     qPrintable(QString::number(seed)));
+            kills += std::ranges::count(programs, QProcess::CrashExit, &QProcess::exitStatus);
         }
         qInfo() << kills << "kills within" << length << "ms, seed" << seed;
-        QVERIFY(refreshAll());
-        for (const Run* run : runs) {
-            QVERIFY(run->countsNothingTwice());
-        }
-        leavesNoProcess();
+        QVERIFY(kills > 0 && refreshBoth() && run.countsNothingTwice());
+        TALLYVANE_TRY_VERIFY(tests::processesIn(qgetenv("HOME")).isEmpty());
     }
 
     /// Sometimes there is room for one of the program's files and not for another.
     void countsOnceOnANearlyFullDisk() {
-        m_runs.push_back(makeRun({}));
-        Run& run = *m_runs.back();
+        Run& run = addRun({}, {"127.0.0.9"});
+        tests::PrivateNetwork::replace("/etc/hosts", readFile(run.path("hosts")));
         run.installRisingCodex();
         const quint32 seed = QRandomGenerator::global()->generate();
         qInfo() << "seed" << seed;
         QRandomGenerator random(seed);
-        const QStringList places{run.home + QStringLiteral("/data"),
-                                 run.home + QStringLiteral("/config")};
-        for (const QString& place : places) {
-            QVERIFY(QDir().mkpath(place));
-            QCOMPARE(::mount("none", QFile::encodeName(place).constData(), "tmpfs", 0, "size=64k"),
-                     0);
+        const QByteArray home = run.home.toUtf8();
+        for (const QByteArray place : {"/data", "/config"}) {
+            tests::output("mkdir -p " + home + place);
+            tests::output("mount -t tmpfs -o size=64k none " + home + place);
         }
-        const auto leaveRoom = [](const QString& place, qsizetype pages) {
-            constexpr qsizetype pageSize = 4096;
-            QFile filler(place + QStringLiteral("/filler"));
-            filler.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::Append);
-            while (filler.write(QByteArray(pageSize, 'x')) == pageSize) {
-            }
-            filler.resize(std::max<qint64>(filler.size() - pages * pageSize, 0));
-        };
         int failures = 0;
         for (int round = 0; round < FAULT_ROUNDS / 5; ++round) {
-            for (const QString& place : places) {
-                leaveRoom(place, random.bounded(7));
-            }
-            run.start("exec \"$0\" refresh");
+            const auto pages = [&random] { return QByteArray::number(4096 * random.bounded(7)); };
+            run.start(run.program, "leave() { head -c 64k /dev/zero >\"$HOME/$1/filler\"; "
+                                   "truncate -s -$2 \"$HOME/$1/filler\"; }; leave data " +
+                                       pages() + "; leave config " + pages() +
+                                       "; exec \"$0\" refresh");
             QVERIFY(run.program.hasEnded());
             failures += run.program.exitCode() == 1 ? 1 : 0;
         }
         QVERIFY(failures > 0 && run.countsNothingTwice());
-        for (const QString& place : places) {
-            ::umount(QFile::encodeName(place).constData());
-        }
+        tests::output("umount " + home + "/data " + home + "/config");
     }
 
     void keepsTheTokenToItself() {
