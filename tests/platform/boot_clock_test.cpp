@@ -13,18 +13,18 @@ private Q_SLOTS:
         platform::BootClock clock;
         for (const rlim_t descriptors : {1024, 0}) {
             const tests::DescriptorLimit limit(descriptors);
-            QList<QString> rung;
-            auto cancelled = clock.after(1ms, [&] { rung.append(QStringLiteral("cancelled")); });
-            const auto later = clock.after(20ms, [&] { rung.append(QStringLiteral("later")); });
+            QByteArrayList rung;
+            auto cancelled = clock.after(1ms, [&] { rung << "cancelled"; });
+            const auto later = clock.after(20ms, [&] { rung << "later"; });
             std::unique_ptr<platform::Alarm> atOnce;
-            const QString kept = QStringLiteral("kept by the action until its end");
+            const QByteArray kept = "kept by the action until its end";
             atOnce = clock.after(0ms, [&rung, &atOnce, kept] {
                 atOnce.reset(); // an action may destroy its alarm
-                rung.append(kept);
+                rung << kept;
             });
             cancelled.reset();
             QVERIFY(rung.isEmpty());
-            QTRY_COMPARE(rung, (QList{kept, QStringLiteral("later")}));
+            QTRY_COMPARE(rung, (QByteArrayList{kept, "later"}));
         }
     }
 };

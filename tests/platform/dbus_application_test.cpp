@@ -1,7 +1,7 @@
+#include "platform/bus_tools.h"
 #include "platform/linux/dbus_application.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/termination_signals.h"
-#include "support/private_bus.h"
 #include "support/test_main.h"
 
 #include <QCoro/QCoroFuture>
@@ -14,17 +14,10 @@
 #include <signal.h>
 
 using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using platform::DBusApplication;
 
 namespace {
-
-QDBusMessage call(const char* interface, const char* method, const QVariantList& arguments = {}) {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.corvelle.Tallyvane"), QStringLiteral("/org/corvelle/Tallyvane"),
-        QString::fromLatin1(interface), QString::fromLatin1(method));
-    message.setArguments(arguments);
-    return message;
-}
 
 QCoro::Task<bool> resultOf(QFuture<bool> refresh) {
     co_return co_await refresh;
@@ -36,22 +29,14 @@ class DBusApplicationTest : public tests::HermeticTest {
     Q_OBJECT
 
     std::optional<tests::PrivateBus> m_bus{std::in_place};
-    QDBusConnection m_caller =
-        QDBusConnection::connectToBus(m_bus->address(), QStringLiteral("caller"));
+    QDBusConnection m_caller = QDBusConnection::connectToBus(m_bus->address(), u"caller"_s);
     QPromise<bool> m_refresh;
     DBusApplication m_application{[this] { return resultOf(m_refresh.future()); }};
-    QList<QVariantList> m_widgetSignals; // member and arguments
 
-    /// Whether the application answers without an error.
-    bool accepts(const char* method, const QVariantList& arguments) {
-        return m_caller
-                   .call(call("org.freedesktop.Application", method, arguments),
-                         QDBus::BlockWithGui)
-                   .type() == QDBusMessage::ReplyMessage;
-    }
-    bool acceptsAction(const char* action) {
-        return accepts("ActivateAction",
-                       {QString::fromLatin1(action), QVariantList(), QVariantMap()});
+    /// What the application answers to a call of this method.
+    static QByteArray call(const QByteArray& call) {
+        return tests::callOnBus(u"org.corvelle.Tallyvane"_s, "/org/corvelle/Tallyvane",
+                                "org.freedesktop.Application." + call);
     }
 
 private Q_SLOTS:
@@ -63,24 +48,26 @@ private Q_SLOTS:
         const QSignalSpy activated(&m_application, &DBusApplication::activated);
         const QSignalSpy refreshRequested(&m_application, &DBusApplication::refreshRequested);
         const QSignalSpy quitRequested(&m_application, &DBusApplication::quitRequested);
-        const QVariantMap data{{QStringLiteral("desktop-startup-id"), QStringLiteral("X")}};
-        QVERIFY(accepts("Activate", {data}));
-        QVERIFY(accepts("Open", {QStringList(), QVariantMap()}));
-        QVERIFY(!acceptsAction("shout"));
-        QCOMPARE(activated, (QList<QVariantList>{{QStringLiteral("X")}, {QString()}}));
-        QVERIFY(acceptsAction("refresh"));
+        QCOMPARE(call("Activate \"{'activation-token': <'T'>, 'desktop-startup-id': <'X'>}\""),
+                 "()");
+        QCOMPARE(call("Open [] \"{'desktop-startup-id': <'X'>}\""), "()");
+        QVERIFY(call("ActivateAction shout [] {}").startsWith("Error"));
+        QCOMPARE(activated, (QList<QVariantList>{{u"T"_s}, {u"X"_s}}));
+        QCOMPARE(call("ActivateAction refresh [] {}"), "()");
         QVERIFY(refreshRequested.count() == 1 && quitRequested.isEmpty());
-        QVERIFY(acceptsAction("quit"));
+        QCOMPARE(call("ActivateAction quit [] {}"), "()");
         QVERIFY(refreshRequested.count() == 1 && quitRequested.count() == 1);
     }
 
     void repliesWhenTheRefreshHasEnded() {
+        const auto request = QDBusMessage::createMethodCall(
+            u"org.corvelle.Tallyvane"_s, u"/org/corvelle/Tallyvane"_s,
+            u"org.corvelle.Tallyvane.Control"_s, u"Refresh"_s);
         for (const bool isStored : {true, false}) {
             m_refresh = QPromise<bool>();
             m_refresh.start();
-            const QDBusPendingCall refresh =
-                m_caller.asyncCall(call("org.corvelle.Tallyvane.Control", "Refresh"));
-            QVERIFY(accepts("Activate", {QVariantMap()})); // replies keep the order of the calls
+            const QDBusPendingCall refresh = m_caller.asyncCall(request);
+            QCOMPARE(call("Activate {}"), "()"); // replies keep the order of the calls
             QVERIFY(!refresh.isFinished());
             m_refresh.addResult(isStored);
             m_refresh.finish();
@@ -90,19 +77,14 @@ private Q_SLOTS:
     }
 
     void notifiesWidgets() {
-        for (const char* member : {"TimelinesReloaded", "AllTimelinesReloaded"}) {
-            QVERIFY(m_caller.connect(QString(), QStringLiteral("/org/corvelle/Tallyvane"),
-                                     QStringLiteral("org.corvelle.Tallyvane.Widgets"),
-                                     QString::fromLatin1(member), this,
-                                     SLOT(receive(QDBusMessage))));
-        }
+        tests::SignalMonitor monitor(QDBusConnection::sessionBus().baseService());
         platform::DBusWidgetCentre centre;
-        centre.reloadTimelines(QStringLiteral("GaugewellWidget"));
+        centre.reloadTimelines(u"GaugewellWidget"_s);
         centre.reloadAllTimelines();
-        const QList<QVariantList> expected{
-            {QStringLiteral("TimelinesReloaded"), QStringLiteral("GaugewellWidget")},
-            {QStringLiteral("AllTimelinesReloaded")}};
-        QTRY_COMPARE(m_widgetSignals, expected);
+        const QByteArrayList expected{
+            "org.corvelle.Tallyvane.Widgets.TimelinesReloaded ('GaugewellWidget',)",
+            "org.corvelle.Tallyvane.Widgets.AllTimelinesReloaded ()"};
+        QCOMPARE(monitor.heard("AllTimelinesReloaded"), expected);
     }
 
     void quitsWithTheBus() {
@@ -126,11 +108,6 @@ private Q_SLOTS:
             const platform::TerminationSignals ignored([&calls] { ++calls; });
             QVERIFY(::signal(number, SIG_DFL) == SIG_IGN);
         }
-    }
-
-public Q_SLOTS:
-    void receive(const QDBusMessage& signal) {
-        m_widgetSignals.append(QVariantList{signal.member()} + signal.arguments());
     }
 };
 

@@ -27,8 +27,6 @@ public:
         }
     }
     ~ScriptedService() override { QDBusConnection::disconnectFromBus(m_bus.name()); }
-    ScriptedService(const ScriptedService&) = delete;
-    ScriptedService& operator=(const ScriptedService&) = delete;
 
     QString introspect(const QString& /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override {
