@@ -9,7 +9,6 @@
 #include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusMessage>
 #include <QtDBus/QDBusPendingCall>
-#include <QtTest/QSignalSpy>
 
 #include <signal.h>
 

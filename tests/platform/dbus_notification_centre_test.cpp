@@ -5,7 +5,6 @@
 #include "support/xfce_desktop.h"
 
 #include <QtDBus/QDBusConnectionInterface>
-#include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
 using namespace std::chrono_literals;

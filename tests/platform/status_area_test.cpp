@@ -5,7 +5,6 @@
 #include "support/scripted_service.h"
 
 #include <QtDBus/QDBusMetaType>
-#include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
 using namespace Qt::StringLiterals;

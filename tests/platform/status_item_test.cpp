@@ -3,8 +3,6 @@
 #include "support/scripted_service.h"
 #include "support/test_main.h"
 
-#include <QtTest/QSignalSpy>
-
 #include <sys/prctl.h>
 
 using namespace tallyvane;

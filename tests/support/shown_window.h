@@ -1,14 +1,13 @@
 #pragma once
 
+#include "support/gui_test_main.h"
 #include "support/idle_model.h"
 #include "ui/style/appearance.h"
 #include "ui/style/engine.h"
 
 #include <QtGui/QFont>
-#include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
-#include <QtTest/QTest>
 
 namespace tallyvane::tests {
 

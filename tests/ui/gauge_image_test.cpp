@@ -67,7 +67,6 @@ private Q_SLOTS:
         check({}, claudeCentre + QPointF(3.7, 0), Qt::red);
         check({}, codexCentre + QPointF(0, -4.2), Qt::transparent);
         check({}, codexCentre + QPointF(0.5, -0.5), Qt::transparent); // the sectors
-        check({.codex = 0}, codexCentre + QPointF(0.1, -2.5), Qt::transparent);
         check({.codex = 25}, codexCentre + QPointF(1.5, -1.5), Qt::red);
         check({.codex = 25}, codexCentre + QPointF(1.5, 1.5), Qt::transparent);
         check({.claude = 75}, claudeCentre + QPointF(-1.5, 1.5), Qt::red);

@@ -4,12 +4,11 @@
 #include "ui/dashboard/refresh_toast_model.h"
 #include "ui/dashboard/relative_times.h"
 
-#include <QtTest/QSignalSpy>
-
 #include <cmath>
 
 using namespace std::chrono_literals;
 using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using model::ProviderQuotaSnapshot;
 using model::QuotaSyncState;
 using ui::RefreshToastModel;
@@ -37,7 +36,7 @@ private Q_SLOTS:
             QCOMPARE(card.week.opacity, opacity);
             QVERIFY2(card.week.level == level, figure);
             QCOMPARE(card.week.resetText, QLatin1StringView(resetText));
-            QCOMPARE(card.fiveHour.figure, QStringLiteral("--"));
+            QCOMPARE(card.fiveHour.figure, u"--"_s);
             QVERIFY(card.isPending == (state == pending) && card.plan.isEmpty());
         };
         check(75, current, "25%", 0.25, 1, Ample, "in 30m");
@@ -47,10 +46,9 @@ private Q_SLOTS:
         check({}, current, "--", 0, 1, Unknown, "Reset unknown");
         check(10, pending, "90%", 0.9, 0.55, Unknown, "Sync pending");
         check({}, unavailable, "--", 0, 0.55, Unknown, "Not available");
-        const auto card =
-            ui::providerCard({.planName = QStringLiteral("Max 5x")}, m_now, m_weekdayTime);
-        QCOMPARE(card.name, QStringLiteral("Codex"));
-        QCOMPARE(card.plan, QStringLiteral("MAX 5X"));
+        const auto card = ui::providerCard({.planName = u"Max 5x"_s}, m_now, m_weekdayTime);
+        QCOMPARE(card.name, u"Codex"_s);
+        QCOMPARE(card.plan, u"MAX 5X"_s);
     }
 
     /// Each wait ends as soon as the text has changed, and not a millisecond earlier.
