@@ -36,19 +36,6 @@ private Q_SLOTS:
         QVERIFY(!isDark(AppAppearance::system, ColourPreference::none, Qt::white));
     }
 
-    void keepsTheAccentReadable() {
-        for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
-            QPalette palette;
-            palette.setColor(QPalette::Highlight, accent);
-            QGuiApplication::setPalette(palette);
-            m_idle.model.setAppearance(AppAppearance::light);
-            QVERIFY2(ui::contrast(m_appearance.accentFill(), Qt::white) >= 4.5, accent);
-            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::white) >= 4.5, accent);
-            m_idle.model.setAppearance(AppAppearance::dark);
-            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::black) >= 4.5, accent);
-        }
-    }
-
     void canBeRead() {
         const auto engine = ui::makeEngine(m_appearance);
         QQmlComponent component(engine.get());
@@ -77,13 +64,18 @@ private Q_SLOTS:
             check("text", 4.5, "window,panel,card,segment,window notice,panel rowHovered");
             check("text", 4.5, "window controlPressed,card controlPressed");
             check("secondaryText", 4.5, "window,panel,card,panel rowHovered");
-            check("accent", 4.5, "window,panel,card");
             check("destructive", 4.5, "card,card controlPressed");
-            check("whiteText", 4.5, "accentFill");
             check("tertiaryText", 3, "window,panel,card");
             check("warning", 3, "window notice,card");
             check("success", 3, "segment");
             check("indigo", 3, "card");
+            for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
+                QPalette palette;
+                palette.setColor(QPalette::Highlight, accent);
+                QGuiApplication::setPalette(palette);
+                check("accent", 4.5, "window,panel,card");
+                check("whiteText", 4.5, "accentFill");
+            }
         }
     }
 

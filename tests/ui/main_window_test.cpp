@@ -9,7 +9,6 @@
 using namespace std::chrono_literals;
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
-using platform::LoginItemStatus;
 using std::chrono::sys_days;
 using std::chrono::year;
 
@@ -230,7 +229,7 @@ private Q_SLOTS:
         QVERIFY(open.text("status").contains(u"autostart"));
         open.setLoginItemBroken(false);
         open.press(Qt::Key_Space);
-        QCOMPARE(open.loginItem.status(), LoginItemStatus::enabled);
+        QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
         for (const auto& [choice, isDark] :
              {std::pair{model::AppAppearance::light, false}, {model::AppAppearance::dark, true}}) {
             open.press("appearance", Qt::Key_Right);
@@ -239,30 +238,30 @@ private Q_SLOTS:
         }
         open.press("clearHistory", Qt::Key_Space);
         QVERIFY(open.idle.model.history().points.empty());
-        QCOMPARE(open.text("status"), u"Usage history cleared."_s);
     }
 
     void asksOnce() {
         OpenWindow open;
         QVERIFY(!open.item("continue"));
-        open.window.close();
-        open.questions = 1;
+        const auto ask = [&open] {
+            open.window.close();
+            open.questions = 1;
+            open.show();
+        };
+        ask();
+        open.press("notNow", Qt::Key_Space);
+        QTRY_VERIFY(!open.item("notNow"));
+        QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::notRegistered);
         open.setLoginItemBroken(true);
-        open.show();
+        ask();
         open.open(3); // The question comes first.
         QVERIFY(open.item("updated"));
         open.press("wanted", Qt::Key_Return);
         QVERIFY(open.text("error").contains(u"autostart"));
         open.setLoginItemBroken(false);
         open.press(Qt::Key_Return);
-        QCOMPARE(open.loginItem.status(), LoginItemStatus::enabled);
+        QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
         QTRY_VERIFY(!open.item("continue"));
-        open.window.close();
-        open.questions = 1;
-        open.show();
-        open.press("notNow", Qt::Key_Space);
-        QTRY_VERIFY(!open.item("notNow"));
-        QCOMPARE(open.loginItem.status(), LoginItemStatus::enabled);
     }
 
     void keepsItsLayout() {

@@ -118,7 +118,6 @@ private Q_SLOTS:
 
     void staysOnTheScreen() {
         const std::pair<QPoint, QPoint> rows[] = {{{1000, 10}, {845, 38}},
-                                                  {{1000, 1075}, {845, 832}},
                                                   {{1915, 10}, {1602, 38}},
                                                   {{3, 1075}, {8, 832}},
                                                   {{900, 300}, {745, 308}}};
