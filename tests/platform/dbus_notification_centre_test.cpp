@@ -1,7 +1,6 @@
 #include "platform/linux/dbus_notification_centre.h"
 #include "platform/linux/notification_settings_page.h"
 #include "support/scripted_service.h"
-#include "support/test_main.h"
 #include "support/xfce_desktop.h"
 
 #include <QtDBus/QDBusConnectionInterface>
@@ -15,30 +14,29 @@ namespace {
 
 /// A daemon that names itself `name`, or never answers if that is empty. It gives notifications the
 /// id 7.
-struct ScriptedDaemon {
-    [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const {
+struct ScriptedDaemon final : tests::ScriptedService {
+    explicit ScriptedDaemon(const QString& ownName)
+        : ScriptedService({u"org.freedesktop.Notifications"_s},
+                          u"/org/freedesktop/Notifications"_s),
+          name(ownName) {}
+
+    [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const override {
         return name.isEmpty()                 ? QDBusMessage()
                : call.member() == "Notify"_L1 ? call.createReply(7U)
                : call.member() == "Get"_L1    ? call.createReply(tests::variant(isInhibited))
                                               : call.createReply(name);
     }
-    void emitSignal(const char* signal, uint id, const QString& text) {
-        service.emitSignal("", "org.freedesktop.Notifications", signal, {id, text});
+    void tell(const QString& signal, uint id, const QString& text) {
+        emitSignal({}, u"org.freedesktop.Notifications"_s, signal, {id, text});
     }
 
     QString name;
     bool isInhibited = false;
-    tests::ScriptedService service{{u"org.freedesktop.Notifications"_s},
-                                   u"/org/freedesktop/Notifications"_s,
-                                   [this](const QDBusMessage& call) { return reply(call); }};
 };
 
-bool isOwned(const QString& name) {
-    return QDBusConnection::sessionBus().interface()->isServiceRegistered(name);
-}
-
 bool hasDaemon() {
-    return isOwned(u"org.freedesktop.Notifications"_s);
+    return QDBusConnection::sessionBus().interface()->isServiceRegistered(
+        u"org.freedesktop.Notifications"_s);
 }
 
 } // namespace
@@ -73,7 +71,7 @@ private Q_SLOTS:
                  "notifications/application/org-corvelle-tallyvane/ enable false"},
         };
         qputenv("GSETTINGS_BACKEND", "keyfile");
-        QTRY_VERIFY(isOwned(u"org.xfce.Xfconf"_s));
+        tests::output("gdbus wait --session --timeout 30 org.xfce.Xfconf");
         for (const auto& [daemon, command] : rows) {
             QTRY_VERIFY(!hasDaemon());
             const QTemporaryDir configuration;
@@ -110,8 +108,8 @@ private Q_SLOTS:
         const QSignalSpy activated(&m_centre, &DBusNotificationCentre::activated);
         const QString identifier = u"reset-claude-1750000000.5"_s;
         m_centre.post({.identifier = identifier, .title = u"Title"_s, .body = u"您的"_s});
-        QTRY_COMPARE(daemon.service.calls.size(), 2);
-        QVariantList arguments = daemon.service.calls.at(1).arguments();
+        QTRY_COMPARE(daemon.calls.size(), 2);
+        QVariantList arguments = daemon.calls.at(1).arguments();
         const QVariantMap hints{{u"desktop-entry"_s, u"org.corvelle.Tallyvane"_s},
                                 {u"sound-name"_s, u"message-new-instant"_s},
                                 {u"urgency"_s, QVariant::fromValue(uchar{1})},
@@ -120,20 +118,20 @@ private Q_SLOTS:
         const QStringList actions{u"default"_s, u"Open Tallyvane"_s};
         QCOMPARE(arguments, (QVariantList{u"Tallyvane"_s, 0U, u"org.corvelle.Tallyvane"_s,
                                           u"Title"_s, u"您的"_s, actions, -1}));
-        daemon.emitSignal("ActionInvoked", 8, u"default"_s); // not ours
-        daemon.emitSignal("ActionInvoked", 7, u"other"_s);
-        daemon.emitSignal("ActivationToken", 7, u"token"_s);
-        daemon.emitSignal("ActionInvoked", 7, u"default"_s);
+        daemon.tell(u"ActionInvoked"_s, 8, u"default"_s); // not ours
+        daemon.tell(u"ActionInvoked"_s, 7, u"other"_s);
+        daemon.tell(u"ActivationToken"_s, 7, u"token"_s);
+        daemon.tell(u"ActionInvoked"_s, 7, u"default"_s);
         QTRY_COMPARE(activated, QList<QVariantList>{{u"token"_s}});
     }
 
     void aSilentDaemonBlocksNobody() {
-        const ScriptedDaemon daemon;
+        const ScriptedDaemon daemon{{}};
         DBusNotificationCentre centre({}, 100ms);
         centre.post({});
         auto answer = centre.isAuthorized();
         QVERIFY(!answer.isReady());
-        QTRY_COMPARE(daemon.service.calls.size(), 2); // the event loop runs
+        QTRY_COMPARE(daemon.calls.size(), 2); // the event loop runs
         QVERIFY(QCoro::waitFor(std::move(answer)));
     }
 

@@ -4,7 +4,6 @@
 #include "support/gnome_keyring.h"
 #include "support/private_bus.h"
 #include "support/scripted_service.h"
-#include "support/test_main.h"
 
 #include <QtCore/QTimer>
 #include <QtNetwork/QLocalServer>
@@ -59,8 +58,7 @@ private Q_SLOTS:
     void reportsASilentService() {
         auto bus = std::make_unique<tests::PrivateBus>();
         tests::ScriptedService keyring({u"org.freedesktop.secrets"_s},
-                                       u"/org/freedesktop/secrets"_s,
-                                       [](const QDBusMessage&) { return QDBusMessage(); });
+                                       u"/org/freedesktop/secrets"_s);
         QCOMPARE(reasonWithoutBlocking(), u"it did not answer in time"_s);
         QVERIFY(!keyring.calls.isEmpty());
         keyring.calls.clear();

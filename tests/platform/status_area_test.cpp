@@ -21,9 +21,13 @@ const QString animations = u"enable-animations"_s;
 
 /// The settings of a desktop that prefers dark windows: its portal, and Xfconf if `isPanelDark` has
 /// a value.
-struct Desktop {
-    [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const {
-        if (call.member() == u"ReadAll") {
+struct Desktop final : tests::ScriptedService {
+    explicit Desktop(std::optional<bool> isDark = {})
+        : ScriptedService({u"org.freedesktop.portal.Desktop"_s, u"org.xfce.Xfconf"_s}, u"/org"_s),
+          isPanelDark(isDark) {}
+
+    [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const override {
+        if (call.member() == "ReadAll"_L1) {
             Settings settings{{appearanceGroup, {{colourScheme, uint{1}}}},
                               {gnomeGroup, {{animations, false}, {colourScheme, uint{2}}}}};
             const QStringList groups = call.arguments().constFirst().toStringList();
@@ -33,20 +37,16 @@ struct Desktop {
         return isPanelDark ? call.createReply(tests::variant(*isPanelDark))
                            : call.createErrorReply(QDBusError::InvalidArgs, {});
     }
-
     void change(const QString& group, const QString& key, const QVariant& value) {
-        service.emitSignal("/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
-                           "SettingChanged", {group, key, tests::variant(value)});
+        emitSignal(u"/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s,
+                   u"SettingChanged"_s, {group, key, tests::variant(value)});
     }
     void changePanel(const QString& key, bool value) {
-        service.emitSignal("/xfce/Xfconf", "org.xfce.Xfconf", "PropertyChanged",
-                           {u"xfce4-panel"_s, key, tests::variant(value)});
+        emitSignal(u"/xfce/Xfconf"_s, u"org.xfce.Xfconf"_s, u"PropertyChanged"_s,
+                   {u"xfce4-panel"_s, key, tests::variant(value)});
     }
 
     std::optional<bool> isPanelDark;
-    tests::ScriptedService service{{u"org.freedesktop.portal.Desktop"_s, u"org.xfce.Xfconf"_s},
-                                   u"/org"_s,
-                                   [this](const QDBusMessage& call) { return reply(call); }};
 };
 
 } // namespace
