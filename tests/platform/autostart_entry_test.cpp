@@ -3,41 +3,41 @@
 #include "support/test_main.h"
 
 using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using platform::AutostartEntry;
 
 namespace {
 
-/// The folders of a user and of the system, with a program in a folder of $PATH.
-struct Desk {
-    explicit Desk(const char* programName = "tally vane") {
-        places.program = root / "bin" / programName;
-        tests::writeFile(QFile(places.program).fileName(), {});
-    }
+/// The login item of a program of this name in ~/bin, a folder of $PATH.
+AutostartEntry entryFor(const char* program) {
+    const auto inHome = [](const char* name) { return tests::inHome(name).toStdString(); };
+    return AutostartEntry({.userDirectory = inHome("user"),
+                           .systemDirectories = {inHome("xdg1"), inHome("xdg2")},
+                           .program = inHome("bin/") + program,
+                           .searchPath = {tests::inHome("bin")}});
+}
 
-    /// Writes an entry in which BIN stands for the program's folder.
-    void write(const std::filesystem::path& directory, QByteArray lines) const {
-        tests::writeFile(QFile(directory / "org.corvelle.Tallyvane.desktop").fileName(),
-                         "[Desktop Entry]\n" + lines.replace("BIN", bin()));
-    }
-    [[nodiscard]] QByteArray bin() const { return QFile(root / "bin").fileName().toUtf8(); }
-    [[nodiscard]] AutostartEntry entry() const { return AutostartEntry(places); }
-    [[nodiscard]] platform::LoginItemStatus status() const { return entry().status(); }
-
-    QTemporaryDir directory;
-    std::filesystem::path root{directory.path().toStdString()};
-    platform::AutostartPlaces places{.userDirectory = root / "autostart",
-                                     .systemDirectories = {root / "xdg1", root / "xdg2"},
-                                     .searchPath = {QString::fromUtf8(bin())}};
-    QString userFile =
-        directory.filePath(QStringLiteral("autostart/org.corvelle.Tallyvane.desktop"));
-};
+/// Writes an entry in which BIN stands for the program's folder.
+void write(const char* folder, QByteArray lines) {
+    tests::writeFile(tests::inHome(folder) + "/org.corvelle.Tallyvane.desktop"_L1,
+                     "[Desktop Entry]\n" + lines.replace("BIN", tests::inHome("bin").toUtf8()));
+}
 
 } // namespace
 
 class AutostartEntryTest : public tests::HermeticTest {
     Q_OBJECT
 
+    AutostartEntry m_entry = entryFor("tally vane");
+    const QString m_userFile = tests::inHome("user/org.corvelle.Tallyvane.desktop");
+
 private Q_SLOTS:
+    void init() {
+        HermeticTest::init();
+        tests::clearHome();
+        tests::writeFile(tests::inHome("bin/tally vane"), {});
+    }
+
     void reads() {
         using enum platform::LoginItemStatus;
         const std::pair<const char*, platform::LoginItemStatus> rows[] = {
@@ -53,11 +53,10 @@ private Q_SLOTS:
             {"TryExec=absent\nExec=\"tally vane\"\n", notFound},
             {"", notFound},
         };
-        const Desk desk;
-        QCOMPARE(desk.status(), notRegistered);
+        QCOMPARE(m_entry.status(), notRegistered);
         for (const auto& [lines, expected] : rows) {
-            desk.write(desk.places.userDirectory, lines);
-            QVERIFY2(desk.status() == expected, lines);
+            write("user", lines);
+            QVERIFY2(m_entry.status() == expected, lines);
         }
     }
 
@@ -67,42 +66,40 @@ private Q_SLOTS:
             {"a\\b", "a\\\\\\\\b"},       {"a\nb", "a\\nb"},   {"café", "café"},
         };
         for (const auto& [name, quoted] : rows) {
-            const Desk desk(name);
-            QVERIFY(desk.entry().enable());
-            const QByteArray text = tests::readFile(desk.userFile);
-            QVERIFY2(text.contains("\nExec=\"" + desk.bin() + '/' + quoted + "\" --background\n"),
-                     text);
-            QCOMPARE(desk.status(), platform::LoginItemStatus::enabled);
+            tests::writeFile(tests::inHome("bin/") + QString::fromUtf8(name), {});
+            AutostartEntry entry = entryFor(name);
+            QVERIFY(entry.enable());
+            const QByteArray text = tests::readFile(m_userFile);
+            QVERIFY2(text.contains("/bin/" + QByteArray(quoted) + "\" --background\n"), text);
+            QCOMPARE(entry.status(), platform::LoginItemStatus::enabled);
         }
     }
 
     void changesOnlyTheUsersFile() {
         using enum platform::LoginItemStatus;
-        const Desk desk;
-        QVERIFY(desk.entry().enable());
-        QCOMPARE(desk.status(), enabled);
-        QVERIFY(!(QFile::permissions(desk.userFile) & (QFile::ReadGroup | QFile::ReadOther)));
-        QVERIFY(desk.entry().disable());
-        QVERIFY(!QFile::exists(desk.userFile));
-        QVERIFY(desk.entry().disable()); // already gone
+        QVERIFY(m_entry.enable());
+        QCOMPARE(m_entry.status(), enabled);
+        QVERIFY(!(QFile::permissions(m_userFile) & (QFile::ReadGroup | QFile::ReadOther)));
+        QVERIFY(m_entry.disable());
+        QVERIFY(!QFile::exists(m_userFile));
+        QVERIFY(m_entry.disable()); // already gone
 
-        desk.write(desk.places.systemDirectories[1], "Exec=\"tally vane\"\n");
-        QCOMPARE(desk.status(), enabled);
-        QVERIFY(desk.entry().disable());
-        QCOMPARE(desk.status(), requiresApproval);
-        QVERIFY(desk.entry().enable());
-        QCOMPARE(desk.status(), enabled);
-        QVERIFY(QFile::remove(desk.userFile));
-        desk.write(desk.places.systemDirectories[0], "Hidden=true\n");
-        QCOMPARE(desk.status(), requiresApproval);
+        write("xdg2", "Exec=\"tally vane\"\n");
+        QCOMPARE(m_entry.status(), enabled);
+        QVERIFY(m_entry.disable());
+        QCOMPARE(m_entry.status(), requiresApproval);
+        QVERIFY(m_entry.enable());
+        QCOMPARE(m_entry.status(), enabled);
+        QVERIFY(QFile::remove(m_userFile));
+        write("xdg1", "Hidden=true\n");
+        QCOMPARE(m_entry.status(), requiresApproval);
     }
 
     void namesTheFileThatFailed() {
-        const Desk desk;
-        std::filesystem::create_directories(desk.userFile.toStdString() + "/obstacle");
-        for (const auto& result : {desk.entry().enable(), desk.entry().disable()}) {
+        std::filesystem::create_directories(m_userFile.toStdString() + "/obstacle");
+        for (const auto& result : {m_entry.enable(), m_entry.disable()}) {
             QVERIFY(!result);
-            QVERIFY2(result.error().contains(desk.userFile), qPrintable(result.error()));
+            QVERIFY2(result.error().contains(m_userFile), qPrintable(result.error()));
         }
     }
 };

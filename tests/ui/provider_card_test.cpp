@@ -43,6 +43,7 @@ private Q_SLOTS:
         check(75.1, current, "25%", 0.249, 1, Low, "in 30m");
         check(99.5, current, "1%", 0.005, 1, Low, "in 30m");
         check(130, current, "0%", 0, 1, Low, "in 30m");
+        check(-5, current, "100%", 1, 1, Ample, "in 30m");
         check({}, current, "--", 0, 1, Unknown, "Reset unknown");
         check(10, pending, "90%", 0.9, 0.55, Unknown, "Sync pending");
         check({}, unavailable, "--", 0, 0.55, Unknown, "Not available");

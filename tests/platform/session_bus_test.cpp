@@ -1,13 +1,20 @@
+#include "platform/bus_tools.h"
+#include "platform/linux/dbus_application.h"
 #include "platform/linux/dbus_notification_centre.h"
+#include "platform/linux/dbus_widget_centre.h"
 #include "platform/linux/notification_settings_page.h"
 #include "support/scripted_service.h"
 #include "support/xfce_desktop.h"
 
+#include <QCoro/QCoroFuture>
+#include <QtCore/QPromise>
 #include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusPendingCall>
 
 using namespace tallyvane;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+using platform::DBusApplication;
 using platform::DBusNotificationCentre;
 
 namespace {
@@ -39,20 +46,78 @@ bool hasDaemon() {
         u"org.freedesktop.Notifications"_s);
 }
 
+QCoro::Task<bool> resultOf(QFuture<bool> refresh) {
+    co_return co_await refresh;
+}
+
+/// What the application answers to a call of this method.
+QByteArray call(const QByteArray& call) {
+    return tests::callOnBus(u"org.corvelle.Tallyvane"_s, "/org/corvelle/Tallyvane",
+                            "org.freedesktop.Application." + call);
+}
+
 } // namespace
 
-class DBusNotificationCentreTest : public tests::HermeticTest {
+/// What the program offers on the session bus, and the notifications that it posts there.
+class SessionBusTest : public tests::HermeticTest {
     Q_OBJECT
 
     std::optional<tests::XfceDesktop> m_desktop{std::in_place};
+    QPromise<bool> m_refresh;
+    DBusApplication m_application{[this] { return resultOf(m_refresh.future()); }};
     DBusNotificationCentre m_centre{{u"/usr/bin"_s}};
 
     [[nodiscard]] bool isOn() { return QCoro::waitFor(m_centre.isAuthorized()); }
 
 private Q_SLOTS:
+    void initTestCase() {
+        QCOMPARE(m_application.registerOnBus(), DBusApplication::Registration::owner);
+    }
+
     void init() {
         HermeticTest::init();
         QTRY_VERIFY(!hasDaemon());
+    }
+
+    void answersTheDesktop() {
+        const QSignalSpy activated(&m_application, &DBusApplication::activated);
+        const QSignalSpy refreshRequested(&m_application, &DBusApplication::refreshRequested);
+        const QSignalSpy quitRequested(&m_application, &DBusApplication::quitRequested);
+        QCOMPARE(call("Activate \"{'activation-token': <'T'>, 'desktop-startup-id': <'X'>}\""),
+                 "()");
+        QCOMPARE(call("Open [] \"{'desktop-startup-id': <'X'>}\""), "()");
+        QVERIFY(call("ActivateAction shout [] {}").startsWith("Error"));
+        QCOMPARE(activated, (QList<QVariantList>{{u"T"_s}, {u"X"_s}}));
+        QCOMPARE(call("ActivateAction refresh [] {}"), "()");
+        QVERIFY(refreshRequested.count() == 1 && quitRequested.isEmpty());
+        QCOMPARE(call("ActivateAction quit [] {}"), "()");
+        QVERIFY(refreshRequested.count() == 1 && quitRequested.count() == 1);
+    }
+
+    void repliesWhenTheRefreshHasEnded() {
+        const auto request = QDBusMessage::createMethodCall(
+            u"org.corvelle.Tallyvane"_s, u"/org/corvelle/Tallyvane"_s,
+            u"org.corvelle.Tallyvane.Control"_s, u"Refresh"_s);
+        m_refresh.start();
+        const QDBusPendingCall refresh =
+            QDBusConnection::connectToBus(m_desktop->bus.address(), u"caller"_s).asyncCall(request);
+        QCOMPARE(call("Activate {}"), "()"); // replies keep the order of the calls
+        QVERIFY(!refresh.isFinished());
+        m_refresh.addResult(true);
+        m_refresh.finish();
+        QTRY_VERIFY(refresh.isFinished());
+        QCOMPARE(refresh.reply().arguments(), QVariantList{true});
+    }
+
+    void notifiesWidgets() {
+        tests::SignalMonitor monitor(QDBusConnection::sessionBus().baseService());
+        platform::DBusWidgetCentre centre;
+        centre.reloadTimelines(u"GaugewellWidget"_s);
+        centre.reloadAllTimelines();
+        const QByteArrayList expected{
+            "org.corvelle.Tallyvane.Widgets.TimelinesReloaded ('GaugewellWidget',)",
+            "org.corvelle.Tallyvane.Widgets.AllTimelinesReloaded ()"};
+        QCOMPARE(monitor.heard("AllTimelinesReloaded"), expected);
     }
 
     void nobodyToCall() {
@@ -151,13 +216,15 @@ private Q_SLOTS:
         QCOMPARE(page(u"sway"_s), QStringList());
     }
 
-    void noBus() {
+    void endsWithTheBus() {
+        const QSignalSpy quitRequested(&m_application, &DBusApplication::quitRequested);
         m_desktop.reset();
-        QTRY_VERIFY(!QDBusConnection::sessionBus().isConnected());
+        QTRY_COMPARE(quitRequested.count(), 1);
+        QCOMPARE(m_application.registerOnBus(), DBusApplication::Registration::noBus);
         m_centre.post({});
         QVERIFY(!isOn());
     }
 };
 
-TALLYVANE_TEST(DBusNotificationCentreTest)
-#include "dbus_notification_centre_test.moc"
+TALLYVANE_TEST(SessionBusTest)
+#include "session_bus_test.moc"

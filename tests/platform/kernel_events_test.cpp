@@ -1,11 +1,14 @@
 #include "platform/linux/boot_clock.h"
+#include "platform/linux/termination_signals.h"
 #include "support/descriptor_limit.h"
 #include "support/test_main.h"
+
+#include <signal.h>
 
 using namespace tallyvane;
 using namespace std::chrono_literals;
 
-class BootClockTest : public tests::HermeticTest {
+class KernelEventsTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -27,7 +30,23 @@ private Q_SLOTS:
             QTRY_COMPARE(rung, (QByteArrayList{kept, "later"}));
         }
     }
+
+    void catchesTerminationSignals() {
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+            ::signal(number, SIG_DFL); // the test library has handlers of its own
+            int calls = 0;
+            {
+                const platform::TerminationSignals signals([&calls] { ++calls; });
+                ::raise(number);
+                QCOMPARE(calls, 0);
+                QTRY_COMPARE(calls, 1);
+            }
+            QVERIFY(::signal(number, SIG_IGN) == SIG_DFL);
+            const platform::TerminationSignals ignored([&calls] { ++calls; });
+            QVERIFY(::signal(number, SIG_DFL) == SIG_IGN);
+        }
+    }
 };
 
-TALLYVANE_TEST(BootClockTest)
-#include "boot_clock_test.moc"
+TALLYVANE_TEST(KernelEventsTest)
+#include "kernel_events_test.moc"
