@@ -123,6 +123,11 @@ private Q_SLOTS:
     void nobodyToCall() {
         m_centre.post({});
         QVERIFY(!isOn());
+        // A daemon that the bus cannot start.
+        tests::writeFile(tests::inHome("services/daemon.service"),
+                         "[D-BUS Service]\nName=org.freedesktop.Notifications\nExec=/bin/false\n");
+        tests::callOnBus(u"org.freedesktop.DBus"_s, "/", "org.freedesktop.DBus.ReloadConfig");
+        QVERIFY(!isOn());
     }
 
     void canBeTurnedOff() {

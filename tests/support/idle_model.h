@@ -8,6 +8,8 @@
 #include "support/fake_secret_store.h"
 #include "support/manual_clock.h"
 
+#include <QtCore/QTemporaryDir>
+
 namespace tallyvane::tests {
 
 /// An AppModel for views, in a home of its own. Neither assistant is signed in; the Codex CLI is
