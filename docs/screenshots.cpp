@@ -2,7 +2,7 @@
 // dark, into the folder that is named.
 
 #include "core/fixtures.h"
-#include "support/fake_login_item.h"
+#include "platform/linux/autostart_entry.h"
 #include "support/idle_model.h"
 #include "support/test_main.h"
 #include "ui/dashboard/main_window.h"
@@ -69,7 +69,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
     appearance.setMotionReduced(true);
     const auto engine = ui::makeEngine(appearance);
     const auto givenEngine = [&]() -> QQmlEngine& { return *engine; };
-    tests::FakeLoginItem loginItem;
+    platform::AutostartEntry loginItem({});
     bool isToAsk = false;
     ui::MainWindow mainWindow(givenEngine, {.model = idle.model,
                                             .appearance = appearance,

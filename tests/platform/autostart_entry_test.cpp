@@ -1,118 +1,105 @@
-#include "model/file_io.h"
 #include "platform/linux/autostart_entry.h"
 #include "support/home_files.h"
 #include "support/test_main.h"
 
 using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using platform::AutostartEntry;
-using platform::LoginItemStatus;
 
 namespace {
 
-/// The folders of a user and of the system, with a program in a folder of $PATH.
-struct Desk {
-    explicit Desk(const char* programName = "tally vane") {
-        places.program = root / "bin" / programName;
-        tests::writeFile(QFile(places.program).fileName(), {});
-    }
+/// The login item of a program of this name in ~/bin, a folder of $PATH.
+AutostartEntry entryFor(const char* program) {
+    const auto inHome = [](const char* name) { return tests::inHome(name).toStdString(); };
+    return AutostartEntry({.userDirectory = inHome("user"),
+                           .systemDirectories = {inHome("xdg1"), inHome("xdg2")},
+                           .program = inHome("bin/") + program,
+                           .searchPath = {tests::inHome("bin")}});
+}
 
-    /// Writes an entry in which BIN stands for the program's folder.
-    void write(const std::filesystem::path& directory, QByteArray text) const {
-        text.replace("BIN", bin());
-        tests::writeFile(QFile(directory / "org.corvelle.Tallyvane.desktop").fileName(), text);
-    }
-    [[nodiscard]] QByteArray bin() const { return QFile(root / "bin").fileName().toUtf8(); }
-
-    [[nodiscard]] AutostartEntry entry() const { return AutostartEntry(places); }
-    [[nodiscard]] LoginItemStatus status() const { return entry().status(); }
-    [[nodiscard]] std::filesystem::path userFile() const {
-        return places.userDirectory / "org.corvelle.Tallyvane.desktop";
-    }
-
-    QTemporaryDir directory;
-    std::filesystem::path root{directory.path().toStdString()};
-    platform::AutostartPlaces places{
-        .userDirectory = root / "config" / "autostart",
-        .systemDirectories = {root / "xdg1" / "autostart", root / "xdg2" / "autostart"},
-        .searchPath = {QString::fromUtf8(bin())}};
-};
+/// Writes an entry in which BIN stands for the program's folder.
+void write(const char* folder, QByteArray lines) {
+    tests::writeFile(tests::inHome(folder) + "/org.corvelle.Tallyvane.desktop"_L1,
+                     "[Desktop Entry]\n" + lines.replace("BIN", tests::inHome("bin").toUtf8()));
+}
 
 } // namespace
 
 class AutostartEntryTest : public tests::HermeticTest {
     Q_OBJECT
 
+    AutostartEntry m_entry = entryFor("tally vane");
+    const QString m_userFile = tests::inHome("user/org.corvelle.Tallyvane.desktop");
+
 private Q_SLOTS:
+    void init() {
+        HermeticTest::init();
+        tests::clearHome();
+        tests::writeFile(tests::inHome("bin/tally vane"), {});
+    }
+
     void reads() {
-        using enum LoginItemStatus;
-        const std::pair<QByteArray, LoginItemStatus> rows[] = {
+        using enum platform::LoginItemStatus;
+        const std::pair<const char*, platform::LoginItemStatus> rows[] = {
             {"Exec=\"BIN/tally vane\" --background\n", enabled},
             {"# Hidden=true\n\n Exec = \"tally vane\" \r\n", enabled},
             {"Exec=\"BIN/tally\\svane\"\n", enabled},
-            {"Hidden=false\nExec=\"tally vane\"\n", enabled},
-            {"Hidden=true\nExec=\"tally vane\"\n", requiresApproval},
+            {"Hidden=false\nX-GNOME-Autostart-enabled=true\nExec=\"tally vane\"\n", enabled},
             {"Exec=\"tally vane\"\nHidden=1\n", requiresApproval}, // by an old program
             {"Hidden=false\nHidden=true\nExec=\"tally vane\"\n", requiresApproval},
-            {"X-GNOME-Autostart-enabled=true\nExec=\"tally vane\"\n", enabled},
             {"Exec=\"tally vane\"\nX-GNOME-Autostart-enabled=false\n", requiresApproval},
             {"Exec=\"tally vane\"\n[Desktop Action x]\nHidden=true\n", enabled},
             {"Exec=BIN/tally\n", notFound},
-            {"Exec=BIN\n", notFound}, // a folder
-            {"TryExec=BIN/tally vane\nExec=\"tally vane\"\n", enabled},
             {"TryExec=absent\nExec=\"tally vane\"\n", notFound},
             {"", notFound},
         };
-        const Desk desk;
-        QCOMPARE(desk.status(), notRegistered);
+        QCOMPARE(m_entry.status(), notRegistered);
         for (const auto& [lines, expected] : rows) {
-            desk.write(desk.places.userDirectory, "[Desktop Entry]\n" + lines);
-            QVERIFY2(desk.status() == expected, lines);
+            write("user", lines);
+            QVERIFY2(m_entry.status() == expected, lines);
         }
     }
 
     void quotesEveryName() {
         const std::pair<const char*, const char*> rows[] = {
             {"tally vane", "tally vane"}, {"100%d", "100%%d"}, {"a\"b`c$d", "a\\\\\"b\\\\`c\\\\$d"},
-            {"a\\b", "a\\\\\\\\b"},       {"a\nb", "a\\nb"},   {"caf\xc3\xa9", "caf\xc3\xa9"},
+            {"a\\b", "a\\\\\\\\b"},       {"a\nb", "a\\nb"},   {"café", "café"},
         };
         for (const auto& [name, quoted] : rows) {
-            const Desk desk(name);
-            QVERIFY(desk.entry().enable());
-            const QByteArray text = *model::readFile(desk.userFile(), 9999);
-            const QByteArray exec = "\nExec=\"" + desk.bin() + '/' + quoted + "\" --background\n";
-            QVERIFY2(text.contains(exec), text.constData());
-            QCOMPARE(desk.status(), LoginItemStatus::enabled);
+            tests::writeFile(tests::inHome("bin/") + QString::fromUtf8(name), {});
+            AutostartEntry entry = entryFor(name);
+            QVERIFY(entry.enable());
+            const QByteArray text = tests::readFile(m_userFile);
+            QVERIFY2(text.contains("/bin/" + QByteArray(quoted) + "\" --background\n"), text);
+            QCOMPARE(entry.status(), platform::LoginItemStatus::enabled);
         }
     }
 
     void changesOnlyTheUsersFile() {
-        const Desk desk;
-        QVERIFY(desk.entry().enable());
-        QCOMPARE(desk.status(), LoginItemStatus::enabled);
-        const auto permissions = std::filesystem::status(desk.userFile()).permissions();
-        QVERIFY((permissions & ~std::filesystem::perms::owner_all) == std::filesystem::perms::none);
-        QVERIFY(desk.entry().disable());
-        QVERIFY(!std::filesystem::exists(desk.userFile()));
-        QVERIFY(desk.entry().disable()); // already gone
+        using enum platform::LoginItemStatus;
+        QVERIFY(m_entry.enable());
+        QCOMPARE(m_entry.status(), enabled);
+        QVERIFY(!(QFile::permissions(m_userFile) & (QFile::ReadGroup | QFile::ReadOther)));
+        QVERIFY(m_entry.disable());
+        QVERIFY(!QFile::exists(m_userFile));
+        QVERIFY(m_entry.disable()); // already gone
 
-        desk.write(desk.places.systemDirectories[1], "[Desktop Entry]\nExec=\"tally vane\"\n");
-        QCOMPARE(desk.status(), LoginItemStatus::enabled);
-        QVERIFY(desk.entry().disable());
-        QCOMPARE(desk.status(), LoginItemStatus::requiresApproval);
-        QVERIFY(desk.entry().enable());
-        QCOMPARE(desk.status(), LoginItemStatus::enabled);
-        std::filesystem::remove(desk.userFile());
-        desk.write(desk.places.systemDirectories[0], "[Desktop Entry]\nHidden=true\n");
-        QCOMPARE(desk.status(), LoginItemStatus::requiresApproval);
+        write("xdg2", "Exec=\"tally vane\"\n");
+        QCOMPARE(m_entry.status(), enabled);
+        QVERIFY(m_entry.disable());
+        QCOMPARE(m_entry.status(), requiresApproval);
+        QVERIFY(m_entry.enable());
+        QCOMPARE(m_entry.status(), enabled);
+        QVERIFY(QFile::remove(m_userFile));
+        write("xdg1", "Hidden=true\n");
+        QCOMPARE(m_entry.status(), requiresApproval);
     }
 
     void namesTheFileThatFailed() {
-        const Desk desk;
-        std::filesystem::create_directories(desk.userFile() / "obstacle");
-        for (const auto& result : {desk.entry().enable(), desk.entry().disable()}) {
+        std::filesystem::create_directories(m_userFile.toStdString() + "/obstacle");
+        for (const auto& result : {m_entry.enable(), m_entry.disable()}) {
             QVERIFY(!result);
-            QVERIFY2(result.error().contains(QFile(desk.userFile()).fileName()),
-                     qPrintable(result.error()));
+            QVERIFY2(result.error().contains(m_userFile), qPrintable(result.error()));
         }
     }
 };

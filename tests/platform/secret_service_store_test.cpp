@@ -4,51 +4,35 @@
 #include "support/gnome_keyring.h"
 #include "support/private_bus.h"
 #include "support/scripted_service.h"
-#include "support/test_main.h"
 
 #include <QtCore/QTimer>
-#include <QtDBus/QDBusObjectPath>
 #include <QtNetwork/QLocalServer>
 
 #include <list>
 
 using namespace tallyvane;
 using namespace std::chrono_literals;
-
-namespace {
-
-const QString service = QStringLiteral("Claude Code-credentials");
-
-bool lockKeyring(const tests::PrivateBus& bus) {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.secrets"), QStringLiteral("/org/freedesktop/secrets"),
-        QStringLiteral("org.freedesktop.Secret.Service"), QStringLiteral("Lock"));
-    call << QVariant::fromValue(
-        QList{QDBusObjectPath(QStringLiteral("/org/freedesktop/secrets/collection/login"))});
-    return QDBusConnection::connectToBus(bus.address(), bus.address()).call(call).type() ==
-           QDBusMessage::ReplyMessage;
-}
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 class SecretServiceStoreTest : public tests::HermeticTest {
     Q_OBJECT
 
+    const QString m_service = u"Claude Code-credentials"_s;
+
     /// The reason why a lookup with little patience fails; empty if it blocks the event loop.
-    static QString reasonWithoutBlocking() {
+    [[nodiscard]] QString reasonWithoutBlocking() const {
         int ticks = 0;
         QTimer ticker;
         connect(&ticker, &QTimer::timeout, [&ticks] { ++ticks; });
         ticker.start(1);
         platform::SecretServiceStore store(100ms);
-        auto lookup = store.lookup(service);
-        const bool isReady = QTest::qWaitFor([&lookup] { return lookup.isReady(); }, 10'000);
-        return isReady && ticks > 0 ? reason(QCoro::waitFor(lookup)) : QString();
+        const QString told = reason(QCoro::waitFor(store.lookup(m_service)));
+        return ticks > 0 ? told : QString();
     }
 
     /// Why there is no secret, or "found".
     static QString reason(const platform::SecretLookup& result) {
-        return result ? QStringLiteral("found") : result.error().reason;
+        return result ? u"found"_s : result.error().reason;
     }
 
 private Q_SLOTS:
@@ -58,29 +42,28 @@ private Q_SLOTS:
         const auto lookup = [&store](const QString& name) {
             return QCoro::waitFor(store.lookup(name));
         };
-        QCOMPARE(reason(lookup(service)), QString()); // nobody has the name
+        QCOMPARE(reason(lookup(m_service)), QString()); // nobody has the name
         const tests::GnomeKeyring keyring;
-        QTRY_VERIFY(tests::GnomeKeyring::store(QStringLiteral("other"), "wrong"));
-        QCOMPARE(reason(lookup(service)), QString());
-        QVERIFY(tests::GnomeKeyring::store(QStringLiteral("service"), "s\xc3\xa9"
-                                                                      "cret"));
-        QCOMPARE(lookup(service).value().bytes, QByteArray("s\xc3\xa9"
-                                                           "cret"));
-        QCOMPARE(reason(lookup(QStringLiteral("Other"))), QString());
-        QVERIFY(lockKeyring(bus));
-        QCOMPARE(reason(lookup(service)), QString());
+        QTRY_VERIFY(tests::GnomeKeyring::store(u"other"_s, "wrong"));
+        QCOMPARE(reason(lookup(m_service)), QString());
+        QVERIFY(tests::GnomeKeyring::store(u"service"_s, "sécret"));
+        QCOMPARE(lookup(m_service).value().bytes, "sécret");
+        QCOMPARE(reason(lookup(u"Other"_s)), QString());
+        tests::callOnBus(u"org.freedesktop.secrets"_s, "/org/freedesktop/secrets",
+                         "org.freedesktop.Secret.Service.Lock "
+                         "\"['/org/freedesktop/secrets/collection/login']\"");
+        QCOMPARE(reason(lookup(m_service)), QString());
     }
 
     void reportsASilentService() {
         auto bus = std::make_unique<tests::PrivateBus>();
-        tests::ScriptedService keyring({QStringLiteral("org.freedesktop.secrets")},
-                                       QStringLiteral("/org/freedesktop/secrets"),
-                                       [](const QDBusMessage&) { return QDBusMessage(); });
-        QCOMPARE(reasonWithoutBlocking(), QStringLiteral("it did not answer in time"));
+        tests::ScriptedService keyring({u"org.freedesktop.secrets"_s},
+                                       u"/org/freedesktop/secrets"_s);
+        QCOMPARE(reasonWithoutBlocking(), u"it did not answer in time"_s);
         QVERIFY(!keyring.calls.isEmpty());
         keyring.calls.clear();
         platform::SecretServiceStore store(1h);
-        auto lookup = store.lookup(service);
+        auto lookup = store.lookup(m_service);
         QTRY_VERIFY(!keyring.calls.isEmpty());
         bus.reset(); // ends the lookup, but not the program
         QCOMPARE(reason(QCoro::waitFor(std::move(lookup))), QString());
@@ -97,9 +80,7 @@ private Q_SLOTS:
             for (int i = 0; i <= spare; ++i) {
                 all.pop_front();
             }
-            auto lookup = store.lookup(service);
-            QTRY_VERIFY(lookup.isReady());
-            const QString told = reason(QCoro::waitFor(lookup));
+            const QString told = reason(QCoro::waitFor(store.lookup(m_service)));
             QVERIFY2(told.isEmpty() || told == u"Too many open files", qPrintable(told));
             QVERIFY(spare > 0 || !told.isEmpty());
         }
@@ -108,9 +89,9 @@ private Q_SLOTS:
     void reportsASilentBus() {
         const QTemporaryDir directory;
         QLocalServer bus;
-        QVERIFY(bus.listen(directory.filePath(QStringLiteral("bus"))));
+        QVERIFY(bus.listen(directory.filePath(u"bus"_s)));
         qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + bus.fullServerName().toUtf8());
-        QCOMPARE(reasonWithoutBlocking(), QStringLiteral("it did not answer in time"));
+        QCOMPARE(reasonWithoutBlocking(), u"it did not answer in time"_s);
         QVERIFY(bus.hasPendingConnections());
     }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "platform/linux/dbus_widget_centre.h"
 #include "providers/claude/claude_quota_client.h"
 #include "providers/codex/codex_quota_client.h"
 #include "support/fake_notification_centre.h"
@@ -14,11 +15,6 @@ namespace tallyvane::tests {
 /// An AppModel for views, in a home of its own. Neither assistant is signed in; the Codex CLI is
 /// installed once a test puts a program named "codex" there.
 class IdleModel {
-    struct SilentWidgetCentre final : platform::WidgetCentre {
-        void reloadTimelines(const QString& /*kind*/) override {}
-        void reloadAllTimelines() override {}
-    };
-
     QTemporaryDir m_home;
     std::filesystem::path m_root{m_home.path().toStdString()};
     model::StoreLocations m_locations{.dataHome = m_root / "data", .configHome = m_root / "config"};
@@ -45,7 +41,7 @@ public:
 
 private:
     FakeSecretStore m_secrets;
-    SilentWidgetCentre m_widgetCentre;
+    platform::DBusWidgetCentre m_widgetCentre;
     model::SharedStore m_store{m_locations};
     model::DefaultsStore m_defaults = model::DefaultsStore::openFirst(
         m_locations.defaultsSuite(), m_locations.standardDefaults());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/home_files.h"
 #include "support/running_program.h"
 
 namespace tallyvane::tests {
@@ -9,18 +10,17 @@ namespace tallyvane::tests {
 class PrivateBus {
 public:
     PrivateBus() {
-        QFile configuration(m_directory.filePath(QStringLiteral("configuration")));
-        configuration.open(QIODevice::WriteOnly);
-        configuration.write(
-            "<busconfig><type>session</type><listen>unix:path=" + m_directory.path().toUtf8() +
-            "/bus</listen><servicedir>" + qgetenv("HOME") +
-            "/services</servicedir><limit name='max_replies_per_connection'>50000</limit><policy "
-            "context='default'><allow send_destination='*' eavesdrop='true'/>"
-            "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>");
-        configuration.close();
+        const QString configuration = m_directory.filePath(QStringLiteral("configuration"));
+        writeFile(configuration,
+                  "<busconfig><type>session</type><listen>unix:path=" +
+                      m_directory.path().toUtf8() + "/bus</listen><servicedir>" + qgetenv("HOME") +
+                      "/services</servicedir><limit "
+                      "name='max_replies_per_connection'>50000</limit><policy "
+                      "context='default'><allow send_destination='*' eavesdrop='true'/>"
+                      "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>");
         m_daemon.start(QStringLiteral("dbus-daemon"),
                        {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                        QStringLiteral("--config-file=") + configuration.fileName()});
+                        QStringLiteral("--config-file=") + configuration});
         // The address is printed when the bus listens.
         if (!m_daemon.waitForReadyRead()) {
             qFatal("dbus-daemon did not start");
@@ -37,5 +37,14 @@ private:
     RunningProgram m_daemon;
     QByteArray m_address;
 };
+
+/// What gdbus prints for a call on the bus of the environment: the reply as GVariant text, or the
+/// error. `call` is a method and, quoted for the shell, its arguments.
+inline QByteArray callOnBus(const QString& service, const QByteArray& path,
+                            const QByteArray& call) {
+    return output("gdbus call --session --dest " + service.toUtf8() + " --object-path " + path +
+                  " --method " + call + " 2>&1")
+        .trimmed();
+}
 
 } // namespace tallyvane::tests

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "support/gui_test_main.h"
 #include "support/idle_model.h"
 #include "ui/style/appearance.h"
 #include "ui/style/engine.h"
 
 #include <QtGui/QFont>
-#include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
-#include <QtTest/QTest>
 
 namespace tallyvane::tests {
 
@@ -31,7 +30,13 @@ public:
     /// Including those that a Repeater made, which are no QObject children of the root.
     [[nodiscard]] QList<QQuickItem*> items(const char* name) const {
         QList<QQuickItem*> found;
-        collect(root(), QLatin1StringView(name), found);
+        QList<QQuickItem*> all{root()};
+        for (qsizetype i = 0; i < all.size(); ++i) {
+            if (all[i]->objectName() == QLatin1StringView(name) && all[i]->isVisible()) {
+                found << all[i];
+            }
+            all += all[i]->childItems();
+        }
         return found;
     }
     [[nodiscard]] QQuickItem* item(const char* name) const { return items(name).value(0); }
@@ -73,16 +78,6 @@ protected:
     ~ShownWindow() {
         QGuiApplication::setFont(QFont());
         QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-    }
-
-private:
-    static void collect(QQuickItem* in, QLatin1StringView name, QList<QQuickItem*>& found) {
-        if (in->objectName() == name && in->isVisible()) {
-            found << in;
-        }
-        for (QQuickItem* child : in->childItems()) {
-            collect(child, name, found);
-        }
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 #include <filesystem>

@@ -5,27 +5,13 @@
 #include "ui/style/engine.h"
 
 #include <QtGui/QFont>
+#include <QtGui/QPainter>
 #include <QtGui/QPalette>
 #include <QtQml/QQmlComponent>
-#include <QtTest/QSignalSpy>
 
 using namespace tallyvane;
 using model::AppAppearance;
 using platform::ColourPreference;
-
-namespace {
-
-/// `colour`, which may be translucent, drawn over `ground`.
-QColor onto(const QColor& ground, const QColor& colour) {
-    const auto mix = [alpha = colour.alphaF()](float below, float above) {
-        return below + (above - below) * alpha;
-    };
-    return QColor::fromRgbF(mix(ground.redF(), colour.redF()),
-                            mix(ground.greenF(), colour.greenF()),
-                            mix(ground.blueF(), colour.blueF()));
-}
-
-} // namespace
 
 class AppearanceTest : public tests::HermeticTest {
     Q_OBJECT
@@ -50,19 +36,6 @@ private Q_SLOTS:
         QVERIFY(!isDark(AppAppearance::system, ColourPreference::none, Qt::white));
     }
 
-    void keepsTheAccentReadable() {
-        for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
-            QPalette palette;
-            palette.setColor(QPalette::Highlight, accent);
-            QGuiApplication::setPalette(palette);
-            m_idle.model.setAppearance(AppAppearance::light);
-            QVERIFY2(ui::contrast(m_appearance.accentFill(), Qt::white) >= 4.5, accent);
-            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::white) >= 4.5, accent);
-            m_idle.model.setAppearance(AppAppearance::dark);
-            QVERIFY2(ui::contrast(m_appearance.accentInk(), Qt::black) >= 4.5, accent);
-        }
-    }
-
     void canBeRead() {
         const auto engine = ui::makeEngine(m_appearance);
         QQmlComponent component(engine.get());
@@ -71,19 +44,19 @@ private Q_SLOTS:
                           {});
         const std::unique_ptr<QObject> holder(component.create());
         QVERIFY2(holder, qPrintable(component.errorString()));
-        const auto colour =
-            [theme = holder->property("theme").value<QObject*>()](const QByteArray& name) {
-                return theme->property(name.constData()).value<QColor>();
-            };
+        const auto* theme = holder->property("theme").value<QObject*>();
+        const auto colour = [=](const QByteArray& name) {
+            return theme->property(name).value<QColor>();
+        };
         // A ground may be several layers, from back to front.
         const auto check = [&](const QByteArray& ink, double least, const QByteArray& grounds) {
             for (const QByteArray& layers : grounds.split(',')) {
-                QColor ground;
+                QImage ground(1, 1, QImage::Format_RGB32);
                 for (const QByteArray& layer : layers.split(' ')) {
-                    ground = onto(ground, colour(layer));
+                    QPainter(&ground).fillRect(ground.rect(), colour(layer));
                 }
-                QVERIFY2(ui::contrast(colour(ink), ground) >= least,
-                         (ink + " on " + layers).constData());
+                QVERIFY2(ui::contrast(colour(ink), ground.pixelColor(0, 0)) >= least,
+                         ink + " on " + layers);
             }
         };
         for (const auto choice : {AppAppearance::light, AppAppearance::dark}) {
@@ -91,13 +64,18 @@ private Q_SLOTS:
             check("text", 4.5, "window,panel,card,segment,window notice,panel rowHovered");
             check("text", 4.5, "window controlPressed,card controlPressed");
             check("secondaryText", 4.5, "window,panel,card,panel rowHovered");
-            check("accent", 4.5, "window,panel,card");
             check("destructive", 4.5, "card,card controlPressed");
-            check("whiteText", 4.5, "accentFill");
             check("tertiaryText", 3, "window,panel,card");
             check("warning", 3, "window notice,card");
             check("success", 3, "segment");
             check("indigo", 3, "card");
+            for (const char* accent : {"#ffffff", "#ffff00", "#3daee9", "#303060", "#000000"}) {
+                QPalette palette;
+                palette.setColor(QPalette::Highlight, accent);
+                QGuiApplication::setPalette(palette);
+                check("accent", 4.5, "window,panel,card");
+                check("whiteText", 4.5, "accentFill");
+            }
         }
     }
 

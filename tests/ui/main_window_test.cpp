@@ -1,14 +1,14 @@
 #include "core/fixtures.h"
-#include "support/fake_login_item.h"
-#include "support/gui_test_main.h"
+#include "platform/linux/autostart_entry.h"
+#include "support/home_files.h"
 #include "support/shown_window.h"
 #include "ui/dashboard/main_window.h"
 
-#include <QtTest/QSignalSpy>
+#include <QtGui/QAccessible>
 
 using namespace std::chrono_literals;
 using namespace tallyvane;
-using platform::LoginItemStatus;
+using namespace Qt::StringLiterals;
 using std::chrono::sys_days;
 using std::chrono::year;
 
@@ -27,6 +27,11 @@ struct OpenWindow final : tests::ShownWindow {
     void show() {
         window.open();
         QVERIFY(QTest::qWaitForWindowActive(view()));
+    }
+    /// Whether the login item, if changed, reports that it could not be.
+    void setLoginItemBroken(bool isBroken) const {
+        const QString folder = idle.home().filePath(u"autostart"_s);
+        isBroken ? tests::writeFile(folder, {}) : void(QFile::remove(folder));
     }
     /// Opens the page with this number.
     void open(int page) const {
@@ -51,7 +56,9 @@ struct OpenWindow final : tests::ShownWindow {
     }
 
     model::LocalZone zone;
-    tests::FakeLoginItem loginItem;
+    platform::AutostartEntry loginItem{
+        {.userDirectory = idle.home().filePath(u"autostart"_s).toStdString(),
+         .program = "/bin/sh"}};
     int questions = 0; ///< how many times the window may ask
     int settingsOpened = 0;
     ui::MainWindow window{
@@ -63,7 +70,7 @@ struct OpenWindow final : tests::ShownWindow {
          .notificationCentre = idle.notificationCentre,
          .locale = "de_DE",
          .zone = zone,
-         .website = QUrl(QStringLiteral("https://maker.example")),
+         .website = QUrl(u"https://maker.example"_s),
          .openNotificationSettings = [this] { ++settingsOpened; },
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
 };
@@ -76,13 +83,12 @@ class MainWindowTest : public tests::HermeticTest {
 private Q_SLOTS:
     void dashboard() {
         OpenWindow open;
-        QCOMPARE(open.text("website"), QStringLiteral("maker.example"));
-        QCOMPARE(open.viewModel()->dashboard()->codex().week.resetText,
-                 QStringLiteral("Mo., 04:00"));
+        QCOMPARE(open.text("website"), u"maker.example"_s);
+        QCOMPARE(open.viewModel()->dashboard()->codex().week.resetText, u"Mo., 04:00"_s);
         open.idle.clock.advance(59s);
-        QCOMPARE(open.text("updated"), QStringLiteral("Updated 2 min ago"));
+        QCOMPARE(open.text("updated"), u"Updated 2 min ago"_s);
         open.idle.clock.advance(1s);
-        QCOMPARE(open.text("updated"), QStringLiteral("Updated 3 min ago"));
+        QCOMPARE(open.text("updated"), u"Updated 3 min ago"_s);
 
         const QSignalSpy requested(&open.window, &ui::MainWindow::refreshRequested);
         open.press("refresh", Qt::Key_Space);
@@ -93,11 +99,11 @@ private Q_SLOTS:
                 [&] { isEnabled << open.item("refresh")->isEnabled(); });
         QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
         QCOMPARE(isEnabled, QList({false, true}));
-        QCOMPARE(open.text("updated"), QStringLiteral("Updated just now"));
-        QCOMPARE(open.text("lastError"), QStringLiteral("Could not find Codex CLI."));
+        QCOMPARE(open.text("updated"), u"Updated just now"_s);
+        QCOMPARE(open.text("lastError"), u"Could not find Codex CLI."_s);
 
         QVERIFY(QFile::copy(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/replies"),
-                            open.idle.home().filePath(QStringLiteral("codex"))));
+                            open.idle.home().filePath(u"codex"_s)));
         QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
         QVERIFY(!open.item("lastError"));
     }
@@ -108,8 +114,7 @@ private Q_SLOTS:
             const OpenWindow open;
             QCOMPARE(open.items("plan").size(), 2);
             for (const QQuickItem* plan : open.items("plan")) {
-                QTRY_VERIFY2(!plan->property("truncated").toBool(),
-                             qPrintable(QString::number(size)));
+                QTRY_VERIFY2(!plan->property("truncated").toBool(), QByteArray::number(size));
             }
         }
     }
@@ -121,39 +126,42 @@ private Q_SLOTS:
         open.open(2);
         const QSignalSpy changed(open.viewModel()->history(), &ui::HistoryModel::changed);
         open.idle.clock.advance(1min);
-        QVERIFY2(changed.count() > 0 && changed.count() <= 60,
-                 QByteArray::number(changed.count()).constData());
+        QVERIFY2(changed.count() > 0 && changed.count() <= 60, QByteArray::number(changed.count()));
     }
 
     void history() {
         OpenWindow open;
         open.open(2);
-        QCOMPARE(open.text("subtitle"), QStringLiteral("% of quota used"));
+        QCOMPARE(open.text("subtitle"), u"% of quota used"_s);
         auto* chart = open.viewModel()->history();
         open.press("chart", Qt::Key_Left);
-        QCOMPARE(chart->hoveredText(),
-                 QStringLiteral("Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%"));
+        QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%"_s);
         open.press(Qt::Key_Left);
-        QCOMPARE(chart->hoveredTitle(), QStringLiteral("Fr., 20. Nov. 2026"));
+        QCOMPARE(chart->hoveredTitle(), u"Fr., 20. Nov. 2026"_s);
         chart->hover(0);
-        QCOMPARE(chart->hoveredTitle(), QStringLiteral("So., 8. Nov. 2026"));
+        QCOMPARE(chart->hoveredTitle(), u"So., 8. Nov. 2026"_s);
         open.press("metric", Qt::Key_Right);
-        open.press("period", Qt::Key_Right);
-        QCOMPARE(open.text("subtitle"), QStringLiteral("Estimated tokens used"));
+        // What assistive programs do to a button that can be on.
+        auto* periods = QAccessible::queryAccessibleInterface(open.item("period"));
+        const auto isMonthly = [=] { return periods->child(1)->state().checked; };
+        QVERIFY(!isMonthly());
+        periods->child(1)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QVERIFY(isMonthly() && !periods->child(0)->state().checked);
+        QCOMPARE(open.text("subtitle"), u"Estimated tokens used"_s);
         chart->hover(1);
-        QCOMPARE(chart->hoveredText(), QStringLiteral("November 2026, Codex 13\u00A0Mio. tokens, "
-                                                      "Claude 8,8\u00A0Mio. tokens"));
+        QCOMPARE(chart->hoveredText(),
+                 u"November 2026, Codex 13\u00A0Mio. tokens, Claude 8,8\u00A0Mio. tokens"_s);
 
         open.press("heatmap", Qt::Key_Down);
-        QCOMPARE(open.text("told"), QStringLiteral("Sa., 21. Nov. 2026: 204.000 tokens"));
+        QCOMPARE(open.text("told"), u"Sa., 21. Nov. 2026: 204.000 tokens"_s);
         open.press("filter", Qt::Key_Right);
         open.press("heatmap", Qt::Key_Down);
-        QCOMPARE(open.text("told"), QStringLiteral("Sa., 21. Nov. 2026: 120.000 tokens"));
+        QCOMPARE(open.text("told"), u"Sa., 21. Nov. 2026: 120.000 tokens"_s);
         open.press(Qt::Key_Down); // Sunday is in the future.
         open.press(Qt::Key_Left);
-        QVERIFY(open.text("told").startsWith(QLatin1StringView("Sa., 14. Nov.")));
+        QVERIFY(open.text("told").startsWith("Sa., 14. Nov."_L1));
         open.idle.model.clearHistory();
-        QVERIFY(open.text("told").endsWith(QLatin1StringView(": 0 tokens")));
+        QVERIFY(open.text("told").endsWith(": 0 tokens"_L1));
         QVERIFY(chart->isEmpty() && !chart->isHovered());
     }
 
@@ -185,7 +193,7 @@ private Q_SLOTS:
         OpenWindow open;
         open.idle.notificationCentre.isOn = false;
         open.open(3);
-        QCOMPARE(open.text("start"), QStringLiteral("09:00"));
+        QCOMPARE(open.text("start"), u"09:00"_s);
         open.press("openSettings", Qt::Key_Space);
         QCOMPARE(open.settingsOpened, 1);
         open.idle.notificationCentre.isOn = true;
@@ -198,13 +206,13 @@ private Q_SLOTS:
         QCOMPARE(open.timeWindow().startMinutes, 0);
         QCOMPARE(open.timeWindow().endMinutes, 1439);
         open.type("end", "25:00");
-        QCOMPARE(open.text("end"), QStringLiteral("23:59"));
+        QCOMPARE(open.text("end"), u"23:59"_s);
         open.press(Qt::Key_Up);
         QCOMPARE(open.timeWindow().endMinutes, 14);
         open.press("allDay", Qt::Key_Space);
         QVERIFY(open.timeWindow().allDay && !open.item("start"));
         open.press(Qt::Key_Space);
-        QCOMPARE(open.text("start"), QStringLiteral("00:00"));
+        QCOMPARE(open.text("start"), u"00:00"_s);
 
         open.press("addWindow", Qt::Key_Space);
         QTRY_COMPARE(open.items("remove").size(), 2);
@@ -215,13 +223,13 @@ private Q_SLOTS:
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
         QTRY_COMPARE(open.items("remove").size(), 1);
 
-        open.loginItem.isRefusing = true;
+        open.setLoginItemBroken(true);
         open.press("launchAtLogin", Qt::Key_Space);
         QVERIFY(!open.item("launchAtLogin")->property("checked").toBool());
-        QCOMPARE(open.text("status"), QStringLiteral("Refused"));
-        open.loginItem.isRefusing = false;
+        QVERIFY(open.text("status").contains(u"autostart"));
+        open.setLoginItemBroken(false);
         open.press(Qt::Key_Space);
-        QCOMPARE(open.loginItem.state, LoginItemStatus::enabled);
+        QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
         for (const auto& [choice, isDark] :
              {std::pair{model::AppAppearance::light, false}, {model::AppAppearance::dark, true}}) {
             open.press("appearance", Qt::Key_Right);
@@ -230,30 +238,30 @@ private Q_SLOTS:
         }
         open.press("clearHistory", Qt::Key_Space);
         QVERIFY(open.idle.model.history().points.empty());
-        QCOMPARE(open.text("status"), QStringLiteral("Usage history cleared."));
     }
 
     void asksOnce() {
         OpenWindow open;
         QVERIFY(!open.item("continue"));
-        open.window.close();
-        open.questions = 1;
-        open.loginItem.isRefusing = true;
-        open.show();
+        const auto ask = [&open] {
+            open.window.close();
+            open.questions = 1;
+            open.show();
+        };
+        ask();
+        open.press("notNow", Qt::Key_Space);
+        QTRY_VERIFY(!open.item("notNow"));
+        QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::notRegistered);
+        open.setLoginItemBroken(true);
+        ask();
         open.open(3); // The question comes first.
         QVERIFY(open.item("updated"));
         open.press("wanted", Qt::Key_Return);
-        QCOMPARE(open.text("error"), QStringLiteral("Refused"));
-        open.loginItem.isRefusing = false;
+        QVERIFY(open.text("error").contains(u"autostart"));
+        open.setLoginItemBroken(false);
         open.press(Qt::Key_Return);
-        QCOMPARE(open.loginItem.state, LoginItemStatus::enabled);
+        QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
         QTRY_VERIFY(!open.item("continue"));
-        open.window.close();
-        open.questions = 1;
-        open.show();
-        open.press("notNow", Qt::Key_Space);
-        QTRY_VERIFY(!open.item("notNow"));
-        QCOMPARE(open.loginItem.state, LoginItemStatus::enabled);
     }
 
     void keepsItsLayout() {

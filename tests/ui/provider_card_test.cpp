@@ -4,12 +4,11 @@
 #include "ui/dashboard/refresh_toast_model.h"
 #include "ui/dashboard/relative_times.h"
 
-#include <QtTest/QSignalSpy>
-
 #include <cmath>
 
 using namespace std::chrono_literals;
 using namespace tallyvane;
+using namespace Qt::StringLiterals;
 using model::ProviderQuotaSnapshot;
 using model::QuotaSyncState;
 using ui::RefreshToastModel;
@@ -37,20 +36,20 @@ private Q_SLOTS:
             QCOMPARE(card.week.opacity, opacity);
             QVERIFY2(card.week.level == level, figure);
             QCOMPARE(card.week.resetText, QLatin1StringView(resetText));
-            QCOMPARE(card.fiveHour.figure, QStringLiteral("--"));
+            QCOMPARE(card.fiveHour.figure, u"--"_s);
             QVERIFY(card.isPending == (state == pending) && card.plan.isEmpty());
         };
         check(75, current, "25%", 0.25, 1, Ample, "in 30m");
         check(75.1, current, "25%", 0.249, 1, Low, "in 30m");
         check(99.5, current, "1%", 0.005, 1, Low, "in 30m");
         check(130, current, "0%", 0, 1, Low, "in 30m");
+        check(-5, current, "100%", 1, 1, Ample, "in 30m");
         check({}, current, "--", 0, 1, Unknown, "Reset unknown");
         check(10, pending, "90%", 0.9, 0.55, Unknown, "Sync pending");
         check({}, unavailable, "--", 0, 0.55, Unknown, "Not available");
-        const auto card =
-            ui::providerCard({.planName = QStringLiteral("Max 5x")}, m_now, m_weekdayTime);
-        QCOMPARE(card.name, QStringLiteral("Codex"));
-        QCOMPARE(card.plan, QStringLiteral("MAX 5X"));
+        const auto card = ui::providerCard({.planName = u"Max 5x"_s}, m_now, m_weekdayTime);
+        QCOMPARE(card.name, u"Codex"_s);
+        QCOMPARE(card.plan, u"MAX 5X"_s);
     }
 
     /// Each wait ends as soon as the text has changed, and not a millisecond earlier.
@@ -59,48 +58,44 @@ private Q_SLOTS:
         for (const auto distance :
              {-90s, 0s, 59s, 61s, 119s, 3599s, 3600s, 7300s, 86399s, 86400s, 90000s, 200000s}) {
             const auto age = [&](model::Timestamp now) { return model::ageText(m_now, now); };
-            const auto later = m_now + distance;
-            const auto ageWait = *ui::untilAgeTextChanges(m_now, later);
-            QVERIFY(age(later + ageWait) != age(later));
-            QCOMPARE(age(later + ageWait - 1ms), age(later));
-
             const auto reset = [&](model::Timestamp now) {
                 return model::resetText(m_now, entry, now, m_weekdayTime);
             };
+            const auto changesAfter = [](const auto& text, model::Timestamp now, auto wait) {
+                return text(now + wait) != text(now) && text(now + wait - 1ms) == text(now);
+            };
+            const auto later = m_now + distance;
+            QVERIFY(changesAfter(age, later, *ui::untilAgeTextChanges(m_now, later)));
             const auto earlier = m_now - distance;
-            const auto resetWait = ui::untilResetTextChanges(m_now, earlier);
-            QCOMPARE(resetWait.has_value(), distance > 0s);
-            if (resetWait) {
-                QVERIFY(reset(earlier + *resetWait) != reset(earlier));
-                QCOMPARE(reset(earlier + *resetWait - 1ms), reset(earlier));
-            }
+            const auto wait = ui::untilResetTextChanges(m_now, earlier);
+            QCOMPARE(wait.has_value(), distance > 0s);
+            QVERIFY(!wait || changesAfter(reset, earlier, *wait));
         }
         QVERIFY(!ui::untilAgeTextChanges({}, m_now));
         QVERIFY(!ui::untilResetTextChanges({}, m_now));
     }
 
     void toast() {
+        using enum RefreshToastModel::State;
         tests::ManualClock clock(m_now);
         RefreshToastModel toast(clock);
-        const QSignalSpy changes(&toast, &RefreshToastModel::stateChanged);
+        QList<int> states;
+        connect(&toast, &RefreshToastModel::stateChanged, [&] { states << toast.state(); });
         toast.setRefreshing(false);
-        QCOMPARE(changes.count(), 0);
         toast.setRefreshing(true);
         toast.dismiss();
         toast.setRefreshing(false);
         toast.setRefreshing(true); // before the toast is hidden
         clock.advance(1h);
-        QCOMPARE(toast.state(), RefreshToastModel::Refreshing);
         toast.setRefreshing(false);
         clock.advance(1699ms);
-        QCOMPARE(toast.state(), RefreshToastModel::Refreshed);
+        QCOMPARE(states, (QList<int>{Refreshing, Refreshed, Refreshing, Refreshed}));
         clock.advance(1ms);
-        QCOMPARE(toast.state(), RefreshToastModel::Hidden);
-        QCOMPARE(changes.count(), 5);
+        QCOMPARE(toast.state(), Hidden);
         toast.setRefreshing(true);
         toast.setRefreshing(false);
         toast.dismiss();
-        QCOMPARE(toast.state(), RefreshToastModel::Hidden);
+        QCOMPARE(toast.state(), Hidden);
         QCOMPARE(clock.pendingAlarms(), 0U);
     }
 };

@@ -69,6 +69,7 @@ T.Control {
                 Accessible.role: Accessible.RadioButton
                 Accessible.name: text
                 Accessible.onPressAction: if (enabled) root.choose(index)
+                Accessible.onToggleAction: if (enabled) root.choose(index)
 
                 contentItem: TextLabel {
                     horizontalAlignment: Text.AlignHCenter
