@@ -2,7 +2,7 @@
 #include "core/launch_at_login.h"
 #include "history/calendar_days.h"
 #include "model/shared_store.h"
-#include "support/fake_login_item.h"
+#include "platform/login_item.h"
 #include "support/test_main.h"
 
 #include <set>
@@ -10,6 +10,20 @@
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace {
+
+struct RefusingLoginItem final : platform::LoginItem {
+    explicit RefusingLoginItem(platform::LoginItemStatus fixed) : state(fixed) {}
+
+    [[nodiscard]] platform::LoginItemStatus status() const override { return state; }
+    std::expected<void, QString> enable() override { return std::unexpected(u"on"_s); }
+    std::expected<void, QString> disable() override { return std::unexpected(u"off"_s); }
+
+    platform::LoginItemStatus state;
+};
+
+} // namespace
 
 class StartTest : public tests::HermeticTest {
     Q_OBJECT
@@ -33,13 +47,9 @@ private Q_SLOTS:
         using enum platform::LoginItemStatus;
         for (const auto status : {enabled, notRegistered, requiresApproval, notFound}) {
             const bool isOn = status == enabled;
-            tests::FakeLoginItem item;
-            item.state = status;
-            item.isRefusing = true;
-            QVERIFY(core::setLaunchAtLogin(item, isOn) && !core::setLaunchAtLogin(item, !isOn));
-            item.isRefusing = false;
-            QVERIFY(core::setLaunchAtLogin(item, !isOn));
-            QCOMPARE(item.state, isOn ? notRegistered : enabled);
+            RefusingLoginItem item(status);
+            QVERIFY(core::setLaunchAtLogin(item, isOn));
+            QCOMPARE(core::setLaunchAtLogin(item, !isOn).error(), isOn ? u"off"_s : u"on"_s);
         }
     }
 

@@ -87,6 +87,9 @@ providers::CommandReply collected(QByteArrayView stream, QByteArrayView sizes) {
 
 } // namespace
 
+// Named like the programs.
+// NOLINTBEGIN(readability-identifier-naming)
+
 /// A token must not end the header that it goes into.
 void credentials(const QByteArray& input) {
     if (const auto record = providers::parseSignInRecord(input)) {
@@ -249,5 +252,7 @@ void usage_reply(const QByteArray& input) {
         require(stored({.providers = {*entry}}).providers.size() == 1);
     }
 }
+
+// NOLINTEND(readability-identifier-naming)
 
 } // namespace tallyvane::fuzz

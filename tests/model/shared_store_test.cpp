@@ -22,6 +22,7 @@ QByteArray diskCalls; ///< 'f' and 'd': file or directory flushed; 'r': renamed
 } // namespace
 
 // These replace the C library's functions in the statically linked code.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" int fsync(int descriptor) {
     struct stat status{};
     ::fstat(descriptor, &status);
@@ -36,6 +37,7 @@ extern "C" int rename(const char* from, const char* to) noexcept {
     diskCalls += 'r';
     return ::renameat(AT_FDCWD, from, AT_FDCWD, to);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace {
 

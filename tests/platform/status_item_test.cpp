@@ -125,8 +125,8 @@ private Q_SLOTS:
         const QByteArrayList expected{
             "org.kde.StatusNotifierItem.NewTitle ()", "org.kde.StatusNotifierItem.NewIcon ()",
             "org.kde.StatusNotifierItem.NewToolTip ()",
-            "com.canonical.dbusmenu.ItemsPropertiesUpdated ([(3, {'enabled': <true>, "
-            "'label': <'Refresh'>})], @a(ias) [])",
+            ("com.canonical.dbusmenu.ItemsPropertiesUpdated ([(3, {'enabled': <true>, "
+             "'label': <'Refresh'>})], @a(ias) [])"),
             "com.canonical.dbusmenu.LayoutUpdated (uint32 3, 0)"};
         QCOMPARE(monitor.heard("LayoutUpdated"), expected);
     }
