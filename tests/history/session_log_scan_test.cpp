@@ -7,6 +7,8 @@
 #include <csignal>
 #include <fstream>
 #include <linux/capability.h>
+#include <poll.h>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -203,14 +205,18 @@ private Q_SLOTS:
 
     void stopsReadingAFileThatGrowsTooLarge() {
         const fs::path log = write("a.jsonl", "");
-        const std::jthread writer([&log](const std::stop_token& stop) {
-            while (!stop.stop_requested()) {
-                fs::resize_file(log, 24'000'000); // holes read as NUL
+        TALLYVANE_TRY_VERIFY(std::invoke([&] {
+            fs::resize_file(log, 24'000'000); // holes read as NUL
+            const int events = ::inotify_init1(IN_CLOEXEC);
+            ::inotify_add_watch(events, log.c_str(), IN_ACCESS);
+            std::jthread writer([&] {
+                pollfd firstRead{.fd = events, .events = POLLIN};
+                ::poll(&firstRead, 1, tests::patience);
                 fs::resize_file(log, 48'000'000);
-            }
-        });
-        TALLYVANE_TRY_VERIFY(std::invoke([this] {
+            });
             const history::ScanReport report = scan();
+            writer.join();
+            ::close(events);
             return report.readBytes > 0 && report.skippedFiles.contains(SkipReason::tooLarge);
         }));
     }
