@@ -1,5 +1,5 @@
-#include "platform/bus_tools.h"
 #include "platform/linux/status_item/status_item.h"
+#include "support/private_bus.h"
 #include "support/scripted_service.h"
 
 #include <sys/prctl.h>
@@ -56,7 +56,7 @@ class StatusItemTest : public tests::HermeticTest {
                                 "com.canonical.dbusmenu." + call);
     }
     QByteArray property(const QByteArray& name) {
-        return tests::itemProperty(m_program.baseService(), name);
+        return callItem("org.freedesktop.DBus.Properties.Get org.kde.StatusNotifierItem " + name);
     }
 
 private Q_SLOTS:
@@ -75,8 +75,6 @@ private Q_SLOTS:
                  "'ToolTip': <('', @a(iiay) [], 'a &lt; b &amp; c\\nd', '')>, 'WindowId': <0>, "
                  "'XAyatanaLabel': <'37%'>, 'XAyatanaLabelGuide': <'100%'>, "
                  "'XAyatanaOrderingIndex': <uint32 0>},)");
-        QVERIFY(property("Nothing").contains("UnknownProperty"));
-        QVERIFY(callItem("org.kde.StatusNotifierItem.Nothing").contains("Unknown"));
     }
 
     void fitsItsHost() {
@@ -112,23 +110,34 @@ private Q_SLOTS:
     void sendsOnlyChanges() {
         platform::StatusItem item(m_id, m_program);
         fill(item);
-        tests::SignalMonitor monitor(m_program.baseService());
+        tests::RunningProgram monitor("gdbus monitor --session --dest " +
+                                      m_program.baseService().toUtf8());
+        // What the monitor has printed since the last call, up to a line that contains `last`.
+        const auto heard = [&monitor](const char* last) {
+            QByteArray text;
+            void(QTest::qWaitFor([&] {
+                text += monitor.readAll();
+                return text.contains(last) && text.endsWith('\n');
+            }));
+            return text;
+        };
+        heard("is owned by"); // it is listening
         fill(item);
         item.setLabel(u"36%"_s, u"100%"_s);
-        QCOMPARE(monitor.heard("Label"),
-                 QByteArrayList{"org.kde.StatusNotifierItem.XAyatanaNewLabel ('36%', '100%')"});
         item.setTitle(u"T"_s);
         item.setIcon({});
         item.setToolTip({});
         item.setMenu({menu.at(0), menu.at(1), {3, u"Refresh"_s}, menu.at(3)});
         item.setMenu(menu.sliced(1));
-        const QByteArrayList expected{
-            "org.kde.StatusNotifierItem.NewTitle ()", "org.kde.StatusNotifierItem.NewIcon ()",
-            "org.kde.StatusNotifierItem.NewToolTip ()",
-            ("com.canonical.dbusmenu.ItemsPropertiesUpdated ([(3, {'enabled': <true>, "
-             "'label': <'Refresh'>})], @a(ias) [])"),
-            "com.canonical.dbusmenu.LayoutUpdated (uint32 3, 0)"};
-        QCOMPARE(monitor.heard("LayoutUpdated"), expected);
+        QCOMPARE(
+            heard("LayoutUpdated"),
+            "/StatusNotifierItem: org.kde.StatusNotifierItem.XAyatanaNewLabel ('36%', '100%')\n"
+            "/StatusNotifierItem: org.kde.StatusNotifierItem.NewTitle ()\n"
+            "/StatusNotifierItem: org.kde.StatusNotifierItem.NewIcon ()\n"
+            "/StatusNotifierItem: org.kde.StatusNotifierItem.NewToolTip ()\n"
+            "/MenuBar: com.canonical.dbusmenu.ItemsPropertiesUpdated "
+            "([(3, {'enabled': <true>, 'label': <'Refresh'>})], @a(ias) [])\n"
+            "/MenuBar: com.canonical.dbusmenu.LayoutUpdated (uint32 3, 0)\n");
     }
 
     void answersForItsMenu() {
@@ -150,9 +159,7 @@ private Q_SLOTS:
              "([(0, @a{sv} {}), (1, {}), (2, {'type': <'separator'>}), (3, {}), (4, {})],)"},
             {"GetProperty 4 label", "(<'Quit'>,)"},
             {"GetProperty 4 type", "InvalidArgs"},
-            {"GetProperty 9 type", "InvalidArgs"},
             {"AboutToShow 0", "(false,)"},
-            {"AboutToShow 9", "InvalidArgs"},
             {"AboutToShowGroup '[0, 9]'", "(@ai [], [9])"},
             {"Event 9 clicked '<0>' 0", "InvalidArgs"},
         };
@@ -198,9 +205,6 @@ private Q_SLOTS:
         }
         QTRY_VERIFY(!item.isHostAvailable());
         QCOMPARE(changes.count(), 8);
-        platform::StatusItem lonely(m_id, QDBusConnection(u"none"_s));
-        fill(lonely);
-        QVERIFY(!lonely.isHostAvailable());
     }
 };
 
