@@ -9,14 +9,9 @@
 
 using namespace tallyvane::platform;
 
-static QCoro::Task<bool> crash() {
-    std::_Exit(1);
-    co_return false;
-}
-
 int main(int argc, char** argv) {
     const QCoreApplication program(argc, argv);
-    DBusApplication application(crash);
+    DBusApplication application([]() -> QCoro::Task<bool> { std::_Exit(1); });
     if (application.registerOnBus() == DBusApplication::Registration::owner) {
         std::puts("owner");
         std::fflush(stdout);
