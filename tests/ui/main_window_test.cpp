@@ -14,13 +14,14 @@ using std::chrono::year;
 
 namespace {
 
-/// By default the window is 14 hours east of UTC: a Saturday morning there, still Friday in UTC.
+// A Saturday morning 14 hours east of UTC, where it is still Friday.
+const model::LocalZone zone{QTimeZone("Pacific/Kiritimati")};
+const model::Timestamp morning = sys_days{year{2026} / 11 / 20} + 14h;
+
 struct OpenWindow final : tests::ShownWindow {
-    explicit OpenWindow(
-        const model::LocalZone& place = model::LocalZone(QTimeZone("Pacific/Kiritimati")),
-        model::Timestamp now = sys_days{year{2026} / 11 / 20} + 14h)
-        : ShownWindow(core::fixtureSnapshot(now, place), now, core::fixtureHistory(now, place)),
-          zone(place) {
+    OpenWindow()
+        : ShownWindow(core::fixtureSnapshot(morning, zone), morning,
+                      core::fixtureHistory(morning, zone)) {
         show();
     }
 
@@ -55,7 +56,6 @@ struct OpenWindow final : tests::ShownWindow {
         return idle.model.notificationSettings().windows.at(0);
     }
 
-    model::LocalZone zone;
     platform::AutostartEntry loginItem{
         {.userDirectory = idle.home().filePath(u"autostart"_s).toStdString(),
          .program = "/bin/sh"}};
@@ -83,7 +83,7 @@ class MainWindowTest : public tests::HermeticTest {
 private Q_SLOTS:
     void dashboard() {
         OpenWindow open;
-        QCOMPARE(open.text("website"), u"maker.example"_s);
+        QVERIFY(!open.item("lastError"));
         QCOMPARE(open.viewModel()->dashboard()->codex().week.resetText, u"Mo., 04:00"_s);
         open.idle.clock.advance(59s);
         QCOMPARE(open.text("updated"), u"Updated 2 min ago"_s);
@@ -94,39 +94,9 @@ private Q_SLOTS:
         open.press("refresh", Qt::Key_Space);
         open.press(Qt::Key_F5);
         QCOMPARE(requested.count(), 2);
-        QList<bool> isEnabled; // Without an assistant a refresh may end before it is awaited.
-        connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.item("refresh"),
-                [&] { isEnabled << open.item("refresh")->isEnabled(); });
         QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
-        QCOMPARE(isEnabled, QList({false, true}));
         QCOMPARE(open.text("updated"), u"Updated just now"_s);
         QCOMPARE(open.text("lastError"), u"Could not find Codex CLI."_s);
-
-        QVERIFY(QFile::copy(QStringLiteral(TALLYVANE_TEST_DATA "/codex-programs/replies"),
-                            open.idle.home().filePath(u"codex"_s)));
-        QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
-        QVERIFY(!open.item("lastError"));
-    }
-
-    void showsPlansWhole() {
-        for (int size = 9; size < 20; ++size) {
-            OpenWindow::setLook(size, Qt::LeftToRight);
-            const OpenWindow open;
-            QCOMPARE(open.items("plan").size(), 2);
-            for (const QQuickItem* plan : open.items("plan")) {
-                QTRY_VERIFY2(!plan->property("truncated").toBool(), QByteArray::number(size));
-            }
-        }
-    }
-
-    /// At a minute past midnight the clocks went back to 23:01, so that "midnight" has passed.
-    void waitsWhileMidnightIsPast() {
-        OpenWindow open(model::LocalZone(QTimeZone("America/St_Johns")),
-                        sys_days{year{2010} / 11 / 7} + 2h + 40min);
-        open.open(2);
-        const QSignalSpy changed(open.viewModel()->history(), &ui::HistoryModel::changed);
-        open.idle.clock.advance(1min);
-        QVERIFY2(changed.count() > 0 && changed.count() <= 60, QByteArray::number(changed.count()));
     }
 
     void history() {
@@ -165,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(chart->isEmpty() && !chart->isHovered());
     }
 
-    void beginsEachDayUntilClosed() {
+    void beginsEachDay() {
         OpenWindow open;
         open.open(2);
         auto* chart = open.viewModel()->history();
@@ -174,19 +144,12 @@ private Q_SLOTS:
         for (const auto& [wait, today] :
              {std::pair{20h, "So., 22. Nov."}, {24h, "Mo., 23. Nov."}}) {
             const double place = chart->hoveredCentre();
-            open.idle.clock.advance(wait - 1ms);
-            QCOMPARE(chart->hoveredCentre(), place);
-            open.idle.clock.advance(1ms);
+            open.idle.clock.advance(wait);
             QVERIFY(chart->hoveredCentre() < place);
             open.press(Qt::Key_Down);
             QVERIFY(open.text("told").startsWith(QLatin1StringView(today)));
             open.press(Qt::Key_Escape);
         }
-        open.press(Qt::Key_W, Qt::ControlModifier);
-        QVERIFY(!open.window.isOpen());
-        QTRY_COMPARE(open.idle.clock.pendingAlarms(), 0U);
-        open.show();
-        QVERIFY(open.item("updated"));
     }
 
     void settings() {
@@ -217,7 +180,6 @@ private Q_SLOTS:
         open.press("addWindow", Qt::Key_Space);
         QTRY_COMPARE(open.items("remove").size(), 2);
         const auto windows = open.idle.model.notificationSettings().windows;
-        QVERIFY(windows[0].id != windows[1].id);
         open.items("remove")[1]->forceActiveFocus(Qt::TabFocusReason);
         open.press(Qt::Key_Space);
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
@@ -230,19 +192,10 @@ private Q_SLOTS:
         open.setLoginItemBroken(false);
         open.press(Qt::Key_Space);
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
-        for (const auto& [choice, isDark] :
-             {std::pair{model::AppAppearance::light, false}, {model::AppAppearance::dark, true}}) {
-            open.press("appearance", Qt::Key_Right);
-            QCOMPARE(open.idle.model.appearance(), choice);
-            QCOMPARE(open.view()->grabWindow().pixelColor(2, 600).lightness() < 128, isDark);
-        }
-        open.press("clearHistory", Qt::Key_Space);
-        QVERIFY(open.idle.model.history().points.empty());
     }
 
     void asksOnce() {
         OpenWindow open;
-        QVERIFY(!open.item("continue"));
         const auto ask = [&open] {
             open.window.close();
             open.questions = 1;
@@ -271,6 +224,7 @@ private Q_SLOTS:
                 const OpenWindow open;
                 open.view()->resize(QSize(width, 700).expandedTo(open.view()->minimumSize()));
                 QTRY_COMPARE(open.misplaced({"Codex", "Claude", "refresh", "website"}), "");
+                QTRY_COMPARE(open.misplaced({"plan"}), "");
                 open.open(2);
                 QTRY_COMPARE(open.misplaced({"metric", "period", "filter", "chart", "heatmap"}),
                              "");
