@@ -80,12 +80,8 @@ private Q_SLOTS:
     }
 
     void announcesEachChange() {
-        m_idle.model.setAppearance(AppAppearance::light);
-        m_appearance.setSystemColourScheme(ColourPreference::none);
         const QSignalSpy changed(&m_appearance, &ui::Appearance::changed);
         m_idle.model.setAppearance(AppAppearance::light);
-        QCOMPARE(changed.count(), 0);
-        m_idle.model.setAppearance(AppAppearance::system);
         m_appearance.setSystemColourScheme(ColourPreference::dark);
         m_appearance.setMotionReduced(true);
         QCOMPARE(changed.count(), 3);
