@@ -172,6 +172,8 @@ private Q_SLOTS:
         QCOMPARE(open.text("end"), u"23:59"_s);
         open.press(Qt::Key_Up);
         QCOMPARE(open.timeWindow().endMinutes, 14);
+        open.press(Qt::Key_Down);
+        QCOMPARE(open.timeWindow().endMinutes, 1439);
         open.press("allDay", Qt::Key_Space);
         QVERIFY(open.timeWindow().allDay && !open.item("start"));
         open.press(Qt::Key_Space);
