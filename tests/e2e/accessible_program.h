@@ -4,7 +4,7 @@
 
 #include <QtCore/QTemporaryDir>
 #include <QtDBus/QDBusArgument>
-#include <QtDBus/QDBusConnectionInterface>
+#include <QtDBus/QDBusConnection>
 #include <QtDBus/QDBusReply>
 
 #include <algorithm>
@@ -38,30 +38,20 @@ public:
         QDBusConnection::connectToBus(address(), QStringLiteral("accessibility"));
 };
 
-/// What assistive programs see of a running program, and do with it: AT-SPI 2, as at-spi2-core 2.46
-/// has it.
-class AccessibleProgram {
+/// What assistive programs see of all programs on their bus, and do with it: AT-SPI 2, as
+/// at-spi2-core 2.46 has it.
+class AccessiblePrograms {
 public:
-    /// Waits until the program is on the bus.
-    AccessibleProgram(const QDBusConnection& bus, qint64 processId) : m_bus(bus) {
-        const auto find = [&] {
-            for (const QString& service : bus.interface()->registeredServiceNames().value()) {
-                m_service = bus.interface()->servicePid(service) == processId ? service : m_service;
-            }
-            return !m_service.isEmpty();
-        };
-        if (!QTest::qWaitFor(find, patience)) {
-            qWarning("The program does not speak to assistive programs");
-        }
-    }
+    explicit AccessiblePrograms(const QDBusConnection& bus) : m_bus(bus) {}
 
     /// What every control is called, from the top, followed by " (on)" for one that is checked or
     /// selected, and by its description or content after " | ".
     [[nodiscard]] QStringList texts() const {
         QStringList texts;
         for (const Control& control : controls()) {
-            const QDBusReply<QString> text = call(control.path, "Text", "GetText", {0, -1});
-            const QString content = property(control.path, "Description") + text.value();
+            const QDBusReply<QString> text =
+                call(control, "org.a11y.atspi.Text", "GetText", {0, -1});
+            const QString content = property(control, "Description") + text.value();
             texts << control.name + QLatin1String(control.has(checked | selected) ? " (on)" : "") +
                          (content.isEmpty() ? content : QLatin1String(" | ") + content);
         }
@@ -71,11 +61,13 @@ public:
     /// Does what the first control of this name is for, as soon as it is there. Returns whether it
     /// was before `patience` was over.
     [[nodiscard]] bool press(const QString& name) const {
-        return QTest::qWaitFor([&] { return ask(name, "Action", "DoAction", {0}); }, patience);
-    }
-    /// Gives the first control of this name the keyboard focus, likewise.
-    [[nodiscard]] bool focus(const QString& name) const {
-        return QTest::qWaitFor([&] { return ask(name, "Component", "GrabFocus"); }, patience);
+        const auto isDone = [&] {
+            const auto all = controls();
+            const auto found = std::ranges::find(all, name, &Control::name);
+            return found != all.end() &&
+                   QDBusReply<bool>(call(*found, "org.a11y.atspi.Action", "DoAction", {0})).value();
+        };
+        return QTest::qWaitFor(isDone, patience);
     }
 
 private:
@@ -86,73 +78,61 @@ private:
         visible = 1U << 30U,
     };
     struct Control {
-        QString path;
+        QString service;
+        QDBusObjectPath path;
         QString name;
-        uint states;
+        uint states = 0;
 
         [[nodiscard]] bool has(uint anyOf) const { return (states & anyOf) != 0; }
     };
 
-    /// Asks the first control of this name for something that answers whether it was done.
-    [[nodiscard]] bool ask(const QString& name, const char* interface, const char* method,
-                           const QVariantList& arguments = {}) const {
-        const auto all = controls();
-        const auto found = std::ranges::find(all, name, &Control::name);
-        return found != all.end() &&
-               QDBusReply<bool>(call(found->path, interface, method, arguments)).value();
-    }
-
     /// Everything that is visible and has a name.
     [[nodiscard]] std::vector<Control> controls() const {
         std::vector<Control> controls;
-        collectBelow(QStringLiteral("/org/a11y/atspi/accessible/root"), controls);
+        collectBelow({.service = QStringLiteral("org.a11y.atspi.Registry"),
+                      .path = QDBusObjectPath("/org/a11y/atspi/accessible/root")},
+                     controls);
         return controls;
     }
-    void collectBelow(const QString& parent, std::vector<Control>& controls) const {
-        const QDBusMessage answer = call(parent, "Accessible", "GetChildren");
+    void collectBelow(const Control& parent, std::vector<Control>& controls) const {
+        const QDBusMessage answer = call(parent, "org.a11y.atspi.Accessible", "GetChildren");
         if (answer.type() != QDBusMessage::ReplyMessage) {
             return; // gone meanwhile
         }
         const auto children = answer.arguments().constFirst().value<QDBusArgument>();
         children.beginArray();
         while (!children.atEnd()) {
-            QString service;
-            QDBusObjectPath child;
+            Control control;
             children.beginStructure();
-            children >> service >> child;
+            children >> control.service >> control.path;
             children.endStructure();
-            const QDBusReply<QList<uint>> states = call(child.path(), "Accessible", "GetState");
-            const Control control{.path = child.path(),
-                                  .name = property(child.path(), "Name"),
-                                  .states = states.value().value(0)};
+            control.name = property(control, "Name");
+            const QDBusReply<QList<uint>> states =
+                call(control, "org.a11y.atspi.Accessible", "GetState");
+            control.states = states.value().value(0);
             if (control.has(visible) && !control.name.isEmpty()) {
                 controls.push_back(control);
             }
-            collectBelow(control.path, controls);
+            collectBelow(control, controls);
         }
         children.endArray();
     }
 
-    [[nodiscard]] QString property(const QString& path, const char* name) const {
+    [[nodiscard]] QString property(const Control& of, const char* name) const {
         const QDBusReply<QVariant> value =
-            send(path, "org.freedesktop.DBus.Properties", "Get",
+            call(of, "org.freedesktop.DBus.Properties", "Get",
                  {QStringLiteral("org.a11y.atspi.Accessible"), QLatin1String(name)});
         return value.value().toString();
     }
-    [[nodiscard]] QDBusMessage call(const QString& path, const char* interface, const char* method,
+    [[nodiscard]] QDBusMessage call(const Control& of, const char* interface, const char* method,
                                     const QVariantList& arguments = {}) const {
-        return send(path, "org.a11y.atspi." + QByteArray(interface), method, arguments);
-    }
-    [[nodiscard]] QDBusMessage send(const QString& path, const QByteArray& interface,
-                                    const char* method, const QVariantList& arguments) const {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            m_service, path, QString::fromUtf8(interface), QLatin1String(method));
+            of.service, of.path.path(), QLatin1String(interface), QLatin1String(method));
         message.setArguments(arguments);
         return m_bus.call(message);
     }
 
     const QDBusConnection m_bus;
-    QString m_service;
 };
 
 } // namespace tallyvane::tests
