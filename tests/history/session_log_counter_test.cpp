@@ -1,4 +1,3 @@
-#include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 #include "support/test_main.h"
 
@@ -110,17 +109,12 @@ private Q_SLOTS:
                                    3);
             claudeRows.emplace_back(claudeLine(beyond) + '\n' + claudeLine("4"), 4);
         }
-        const auto libraryTokens = [](AIProvider provider, std::string_view line) {
-            const auto tokens = tests::libraryLineTokens(provider, line);
-            return tokens ? *tokens : history::plainLineTokens(provider, line);
-        };
         history::SessionLogCounter counter;
         const auto check = [&](AIProvider provider, const Rows& rows) {
             for (const auto& [log, expected] : rows) {
                 const QByteArray start = log.first(std::min<qsizetype>(log.size(), 300));
                 const auto plain = tests::plainLogTokens(provider, log);
                 QVERIFY2((plain ? std::optional(plain->value) : std::nullopt) == expected, start);
-                QVERIFY2(tests::plainLogTokens(provider, log, libraryTokens) == plain, start);
                 for (const qsizetype blockSize : {1'000'000, 61, 1}) {
                     QVERIFY2((log.size() >= 100'000 && blockSize == 1) ||
                                  tests::tokensInBlocks(counter, provider, log, blockSize) == plain,
