@@ -166,11 +166,11 @@ private Q_SLOTS:
     }
 
     void givesUpAfterFifteenSeconds() {
-        const auto check = [this](const ScriptedReply& reply, int drips) {
-            tests::TlsServer server(m_identity, {reply});
+        for (const char* answered : {"", "HTTP/1.1 200 OK\r\n\r\n{"}) {
+            tests::TlsServer server(m_identity, {{answered, Ending::keepsOpen}});
             auto client = clientOf(server);
             const auto task = client.fetch(AskedBy::user);
-            TALLYVANE_TRY_VERIFY(server.requests().size() == 1 && server.drips() >= drips);
+            TALLYVANE_TRY_COMPARE(server.requests().size(), 1);
             m_clock.advance(5s);
             m_clock.suspend(1h);
             m_clock.advance(10s - 1ms);
@@ -178,9 +178,7 @@ private Q_SLOTS:
             QVERIFY(!task.isReady());
             m_clock.advance(1ms);
             QCOMPARE(outcome(QCoro::waitFor(task)), tooLate);
-        };
-        check({{}, Ending::keepsOpen}, 0);
-        check({"HTTP/1.1 200 OK\r\n\r\n", Ending::drips}, 20);
+        }
     }
 
     /// Only the proxy can resolve the server's name.
@@ -238,7 +236,7 @@ private Q_SLOTS:
             m_clock.advance(15s);
             QCOMPARE(outcome(QCoro::waitFor(task)), tooLate);
         }
-        QCOMPARE(silent.connections(), 1);
+        QCOMPARE(silent.messages().size(), 1);
         qunsetenv("http_proxy");
         silent.close();
         QCOMPARE(fetch(client), figures);
@@ -263,14 +261,13 @@ private Q_SLOTS:
         check("Retry-After: Fri, 10 Apr 2026 00:10:00 GMT", 10min);
         check("Retry-After: Thu, 09 Apr 2026 00:00:00 GMT", 0s);
         check("Retry-After: -1", 0s);
-        check("X-Nothing: 1", 0s);
 
         // The user may ask nevertheless.
         tests::TlsServer server(m_identity,
                                 {httpReply(429, {}, "Retry-After: 120\r\n"), answer, answer});
         auto client = clientOf(server);
-        QCOMPARE(fetch(client, AskedBy::timer), limited);
-        QCOMPARE(fetch(client, AskedBy::user), figures);
+        QCOMPARE(fetch(client), limited);
+        QCOMPARE(fetch(client), figures);
         QCOMPARE(fetch(client, AskedBy::timer), figures);
     }
 
