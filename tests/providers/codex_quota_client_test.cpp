@@ -136,12 +136,9 @@ private Q_SLOTS:
             QCOMPARE(collected({useless}), u"Command timed out.");
         }
 
-        const QByteArray blank(ResponseCollector::maximumErrorSize - 5, ' ');
-        for (const QByteArrayList& errors : {{"  bo", "om \n"},
-                                             {"\x1b[31mbo\x1b[1;4mom \n\x1b[0m\n"},
-                                             QByteArrayList{blank, "boom\xc3\xa9", "more"}}) {
-            QCOMPARE(collected({}, errors), u"Command failed (-1): boom");
-        }
+        const QByteArray blank(ResponseCollector::maximumErrorSize - 9, ' ');
+        QCOMPARE(collected({}, {blank, "\x1b[4mboom\xc3\xa9", "more"}),
+                 u"Command failed (-1): boom");
         for (const char* silent : {" \n", "\x1b[0m\n\x1b[K", "boom \xff\xfe boom"}) {
             QCOMPARE(collected({}, {silent}), u"Command timed out.");
         }

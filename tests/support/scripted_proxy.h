@@ -24,11 +24,6 @@ public:
     }
 
     [[nodiscard]] quint16 port() const { return m_server.serverPort(); }
-    /// Ends all connections and takes no more.
-    void close() {
-        m_server.close();
-        m_client->abort();
-    }
     /// What the client said to the proxy itself.
     [[nodiscard]] const QByteArrayList& messages() const { return m_messages; }
 

@@ -42,8 +42,6 @@ public:
               const QHostAddress& address = QHostAddress::LocalHost, quint16 port = 0);
 
     [[nodiscard]] QUrl url(const QString& path) const;
-    /// Makes every further connection be refused.
-    void stop() { m_server.close(); }
 
     /// The request line and header lines of each request so far.
     [[nodiscard]] const QList<QByteArrayList>& requests() const { return m_requests; }

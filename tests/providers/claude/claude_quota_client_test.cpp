@@ -153,7 +153,6 @@ private Q_SLOTS:
               figures);
         check("no length", {{ok + "\r\n" + usage}}, figures);
         check("not JSON", {httpReply(200, "<html>")}, malformed);
-        check("not HTTP", {{"220 mail.example ESMTP\r\n"}}, malformed);
         const QByteArray interims = interim.repeated(megabytes.size() / interim.size());
         for (const QByteArray& endless :
              {interims, ok + "\r\n" + megabytes, ok + "X: " + megabytes}) {
@@ -195,7 +194,7 @@ private Q_SLOTS:
             source.network.proxy.httpsProxy = QString::fromLatin1(variable).arg(proxy.port());
             providers::ClaudeQuotaClient client(source, m_secrets, m_clock);
             const auto task = client.fetch(AskedBy::user);
-            if (replies.isEmpty() && !messages.isEmpty()) {
+            if (replies.isEmpty()) {
                 TALLYVANE_TRY_COMPARE(proxy.messages().size(), messages.size());
                 m_clock.advance(15s);
             }
@@ -216,12 +215,7 @@ private Q_SLOTS:
               {"\5", "quota.invalid"}, figures);
         check("127.0.0.1:%1", {"HTTP/1.1 407 No\r\nContent-Length: 1\r\n\r\n"}, {"CONNECT "},
               unreachable + "proxy: status 407.");
-        check("127.0.0.1:%1", {"HTTP/1.1 200 Go\r\nX: " + QByteArray(1024 * 1024, ' ')},
-              {"CONNECT "}, malformed);
         check("127.0.0.1:%1", {}, {"CONNECT "}, unreachable + "proxy: it took too long to answer.");
-        check("https://user:pw@127.0.0.1:%1", {}, {},
-              unreachable + "https_proxy asks for a proxy of the kind \"https\", which is not "
-                            "supported.");
     }
 
     void waitsForNoProxyScript() {
@@ -238,8 +232,6 @@ private Q_SLOTS:
         }
         QCOMPARE(silent.messages().size(), 1);
         qunsetenv("http_proxy");
-        silent.close();
-        QCOMPARE(fetch(client), figures);
     }
 
     void pausesTheTimer() {
@@ -290,7 +282,6 @@ private Q_SLOTS:
         check(roots + "/mine", {}, true);
         check({}, "/nowhere:" + roots, true);
         check({}, {}, false);
-        check("/nowhere", "/nowhere", false);
     }
 
     void sendsNothingToOthers() {
@@ -298,8 +289,6 @@ private Q_SLOTS:
         auto source = sourceOf(server);
         source.tls->setCaCertificates({m_namedIdentity.certificate});
         QVERIFY(fetchFrom(source).startsWith(unreachable + "SSL handshake failed"));
-        server.stop();
-        QCOMPARE(fetchFrom(source), unreachable + "Connection refused.");
         QVERIFY(server.requests().isEmpty());
     }
 };
