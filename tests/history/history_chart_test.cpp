@@ -82,7 +82,6 @@ private Q_SLOTS:
     void heatmapGrid() {
         // Weeks, first weekday, first day, number of future days
         const std::tuple<int, Qt::DayOfWeek, QDate, int> rows[] = {
-            {0, Qt::Monday, {}, 0},
             {1, Qt::Sunday, QDate(2026, 11, 15), 0},
             {2, Qt::Saturday, QDate(2026, 11, 14), 6},
             {26, Qt::Monday, QDate(2026, 5, 25), 1}};

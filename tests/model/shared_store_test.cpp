@@ -14,6 +14,22 @@ namespace fs = std::filesystem;
 
 namespace {
 
+const QString mirrorKey = u"quotaSnapshotData"_s;
+
+QuotaSnapshot snapshotUsing(double usedPercent) {
+    QuotaSnapshot snapshot = placeholderSnapshot({});
+    snapshot.providers[0].week = QuotaWindowSnapshot{.usedPercent = usedPercent};
+    return snapshot;
+}
+
+bool isPrivate(const fs::path& path, fs::perms owners = fs::perms::owner_all) {
+    return fs::status(path).permissions() == owners;
+}
+
+void write(const fs::path& path, const QByteArray& content) {
+    tests::writeFile(QString::fromStdString(path), content);
+}
+
 QByteArray diskCalls; ///< 'f' and 'd': file or directory flushed; 'r': renamed
 
 } // namespace
@@ -32,26 +48,6 @@ extern "C" int rename(const char* from, const char* to) noexcept {
     return ::renameat(AT_FDCWD, from, AT_FDCWD, to);
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
-
-namespace {
-
-const QString mirrorKey = u"quotaSnapshotData"_s;
-
-QuotaSnapshot snapshotUsing(double usedPercent) {
-    QuotaSnapshot snapshot = placeholderSnapshot({});
-    snapshot.providers[0].week = QuotaWindowSnapshot{.usedPercent = usedPercent};
-    return snapshot;
-}
-
-bool isPrivate(const fs::path& path, fs::perms owners = fs::perms::owner_all) {
-    return fs::status(path).permissions() == owners;
-}
-
-void write(const fs::path& path, const QByteArray& content) {
-    tests::writeFile(QString::fromStdString(path), content);
-}
-
-} // namespace
 
 class SharedStoreTest : public tests::HermeticTest {
     Q_OBJECT
