@@ -106,6 +106,9 @@ private Q_SLOTS:
         fetch.reset();
         QCOMPARE(runningPrograms(), 2);
         QCOMPARE(::kill(-tests::readFile(inHome("ready")).trimmed().toInt(), SIGKILL), 0);
+        // After the grace, the guardian does that.
+        fetch.emplace(QStringList{program("refuses-to-end")}, 50ms);
+        TALLYVANE_TRY_VERIFY(fetch->outcome);
     }
 
     void collectsTheReply() {
