@@ -26,7 +26,8 @@ public:
                 alarm->due += duration;
             }
         }
-        advance(duration);
+        m_now += duration;
+        advance({});
     }
 
     /// Moves on by `duration`, ringing each alarm in it at its own time.
