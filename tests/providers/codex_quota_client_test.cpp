@@ -73,7 +73,6 @@ private Q_SLOTS:
         check("launcher-stays", u"Command failed (-1): sign in");
         check("floods", u"Command timed out.");
         check("no-interpreter", u"No such file or directory");
-        check("no-program", u"Exec format error");
     }
 
     void timesOut() {
