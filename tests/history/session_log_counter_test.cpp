@@ -1,4 +1,3 @@
-#include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
 #include "support/test_main.h"
 
@@ -66,12 +65,11 @@ private Q_SLOTS:
                                   "123456789012345678901234567890", "[1e999,-1E+999,1e-999]"}) {
             codexRows.emplace_back(beside(valid), 7);
         }
-        for (const char* bad : {"01",      "1.",         ".5",          "+1",     "1e",
-                                "-",       "0x1",        "truex",       "NaN",    "\"\t\"",
-                                R"("\x")", R"("\u12")",  R"("\u12g4")", "[1,]",   "[,]",
-                                "{\"a\"}", "{\"a\":1,}", "{1:1}",       "'a'",    "[1}",
-                                "/**/1",   "1\f",        "\"",          "[",      "",
-                                "\"\\",    "\"\tnull",   "\"\\u12g41",  "[\"\t1]"}) {
+        for (const char* bad :
+             {"01",         "1.",     ".5",      "+1",        "1e",          "-",    "truex",
+              "NaN",        "\"\t\"", R"("\x")", R"("\u12")", R"("\u12g4")", "[1,]", "{\"a\"}",
+              "{\"a\":1,}", "{1:1}",  "'a'",     "[1}",       "/**/1",       "1\f",  "\"",
+              "[",          "",       "\"\\",    "\"\tnull",  "\"\\u12g41"}) {
             codexRows.emplace_back(beside(bad) + '\n' + total("4"), 4);
         }
         const std::pair<qint64, QByteArrayList> numbers[] = {
@@ -103,24 +101,19 @@ private Q_SLOTS:
             {total("3"), 0}};
         for (const QByteArray beyond :
              {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
-              "18446744073709551616", "123456789012345678901234567890.5", "1e30", "-1e30", "1e400",
-              "-1e400", "1e99999999999999999999", "9223372036854775808.0"}) {
+              "123456789012345678901234567890.5", "-1e30", "1e400", "1e99999999999999999999",
+              "9223372036854775808.0"}) {
             codexRows.emplace_back(codexLine(R"({"input_tokens":3,"total_tokens":)" + beyond +
                                              R"(,"output_tokens":)" + beyond + '}'),
                                    3);
             claudeRows.emplace_back(claudeLine(beyond) + '\n' + claudeLine("4"), 4);
         }
-        const auto libraryTokens = [](AIProvider provider, std::string_view line) {
-            const auto tokens = tests::libraryLineTokens(provider, line);
-            return tokens ? *tokens : history::plainLineTokens(provider, line);
-        };
         history::SessionLogCounter counter;
         const auto check = [&](AIProvider provider, const Rows& rows) {
             for (const auto& [log, expected] : rows) {
                 const QByteArray start = log.first(std::min<qsizetype>(log.size(), 300));
                 const auto plain = tests::plainLogTokens(provider, log);
                 QVERIFY2((plain ? std::optional(plain->value) : std::nullopt) == expected, start);
-                QVERIFY2(tests::plainLogTokens(provider, log, libraryTokens) == plain, start);
                 for (const qsizetype blockSize : {1'000'000, 61, 1}) {
                     QVERIFY2((log.size() >= 100'000 && blockSize == 1) ||
                                  tests::tokensInBlocks(counter, provider, log, blockSize) == plain,

@@ -43,8 +43,6 @@ struct Desk {
                     {{AIProvider::codex, codexTokens}, {AIProvider::claude, claudeTokens}}, now);
     }
 
-    UsageHistory recorded(Used before, Used after) { return record(before, after).value().history; }
-
     /// Today's tokens of Codex in the history once its total is `total`.
     std::int64_t tokens(std::int64_t total) {
         return record(1, 1, total)->history.points[0].estimatedLocalTokens;
@@ -76,8 +74,6 @@ private Q_SLOTS:
                                                .estimatedLocalTokens = 182340}}};
         QCOMPARE(*history::encodeHistory(history), m_json);
         QVERIFY(history::decodeHistory(m_json) == history);
-        QVERIFY(history::decodeHistory("{\"schemaVersion\":1,\"points\":[],\"x\":0}") ==
-                UsageHistory{});
     }
 
     void decodesStrictly() {
@@ -91,15 +87,8 @@ private Q_SLOTS:
             changes.emplace_back(key, "x");
         }
         for (const auto& [place, change] : changes) {
-            QVERIFY2(m_json.contains(place), place);
             QVERIFY2(!history::decodeHistory(QByteArray(m_json).replace(place, change)), change);
         }
-    }
-
-    void identifies() {
-        QCOMPARE(history::id({.date = Timestamp{1738281600s}}), u"codex-1738281600.0");
-        QCOMPARE(history::id({Timestamp{1738281600s + 250ms}, AIProvider::claude}),
-                 u"claude-1738281600.25");
     }
 
     void addsUpADay() {
@@ -147,72 +136,24 @@ private Q_SLOTS:
         QCOMPARE(desk.tokens(std::numeric_limits<std::int64_t>::max()), 500);
     }
 
-    /// The logs disappear and reappear while another program counts.
-    void prefersStoredBaselines() {
+    void keepsNinetyDaysOfTheZone() {
         Desk desk;
-        history::TokenBaselines others(desk.defaults);
-        QCOMPARE(desk.tokens(100), 0);
-        for (const std::int64_t total : {1000, 0}) {
-            QVERIFY(others.move({{AIProvider::codex, total}}));
-        }
-        QCOMPARE(desk.tokens(1000), 0);
-        QCOMPARE(desk.tokens(1001), 1);
-    }
-
-    void startsAPointPerDay() {
-        Desk desk;
-        desk.now = at(u"2026-03-10T23:59:59Z");
-        desk.recorded(1, 2);
-        desk.now += 1s;
-        QCOMPARE(desk.recorded(2, 4).points.size(), 4U);
-        // In the traveller's new zone it is still the day of the second point.
         desk.zone = model::LocalZone(QTimeZone("America/New_York"));
-        const UsageHistory history = desk.recorded(4, 7);
-        QCOMPARE(history.points.size(), 4U);
-        QCOMPARE(history.points[2].estimatedQuotaConsumed, 2.0 + 3.0);
-        QCOMPARE(history.points[0].estimatedQuotaConsumed, 1.0);
-    }
-
-    void daysFollowTheZone() {
-        const auto check = [](const char* zone, QStringView now, QStringView today,
-                              QStringView ninetyDaysBefore) {
-            Desk desk;
-            desk.zone = model::LocalZone(QTimeZone(zone));
-            desk.now = at(now);
-            const Timestamp oldest = at(ninetyDaysBefore);
-            QVERIFY(history::saveHistory(
-                desk.store,
-                {.schemaVersion = 2, .points = {{.date = oldest - 1s}, {.date = oldest}}}));
-            const UsageHistory history = desk.recorded(1, 2);
-            QCOMPARE(history.schemaVersion, 2);
-            QVERIFY2(history.points.size() == 3 && history.points[0].date == oldest &&
-                         history.points[1].date == at(today),
-                     zone);
-        };
-        check("UTC", u"2026-03-10T00:00:00Z", u"2026-03-10T00:00:00Z", u"2025-12-10T00:00:00Z");
-        check("Europe/Berlin", u"2026-03-29T21:59:59Z", u"2026-03-28T23:00:00Z",
-              u"2025-12-28T23:00:00Z");
-        check("America/New_York", u"2025-11-02T23:00:00Z", u"2025-11-02T04:00:00Z",
-              u"2025-08-04T04:00:00Z");
-        // Midnight is skipped, repeated, and close to a change.
-        check("America/Santiago", u"2025-09-07T12:00:00Z", u"2025-09-07T04:00:00Z",
-              u"2025-06-09T04:00:00Z");
-        check("America/Havana", u"2026-11-01T12:00:00Z", u"2026-11-01T04:00:00Z",
-              u"2026-08-03T04:00:00Z");
-        check("Australia/Lord_Howe", u"2026-04-05T12:00:00Z", u"2026-04-04T13:00:00Z",
-              u"2026-01-04T13:00:00Z");
+        desk.now = at(u"2025-11-02T23:00:00Z"); // The clocks went back in the morning.
+        const Timestamp oldest = at(u"2025-08-04T04:00:00Z");
+        QVERIFY(history::saveHistory(
+            desk.store, {.schemaVersion = 2, .points = {{.date = oldest - 1s}, {.date = oldest}}}));
+        const UsageHistory history = desk.record(1, 2)->history;
+        QCOMPARE(history.schemaVersion, 2);
+        QCOMPARE(history.points.size(), 3U);
+        QCOMPARE(history.points[0].date, oldest);
+        QCOMPARE(history.points[1].date, at(u"2025-11-02T04:00:00Z"));
     }
 
     void copesWithADamagedFile() {
         Desk desk;
         QVERIFY(desk.store.saveHistory(R"({"schemaVersion":1,"points":[{"provider":"x"}]})"));
-        QCOMPARE(desk.recorded(1, 2).points.size(), 2U);
-
-        std::filesystem::remove(desk.store.baseURL() / "usage-history.json");
-        std::filesystem::create_directory(desk.store.baseURL() / "usage-history.json");
-        const auto failed = desk.record(1, 2, 10);
-        QVERIFY(!failed && failed.error().message.contains(u"usage-history.json"));
-        QCOMPARE(desk.defaults.integer(u"token-baseline.codex"_s), 10);
+        QCOMPARE(desk.record(1, 2)->history.points.size(), 2U);
     }
 };
 

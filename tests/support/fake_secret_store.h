@@ -10,14 +10,13 @@ namespace tallyvane::tests {
 class FakeSecretStore final : public platform::SecretStore {
 public:
     QMap<QString, QByteArray> items;
-    QString error; ///< why it cannot be asked
     int lookups = 0;
 
     QCoro::Task<platform::SecretLookup> lookup(QString service) override {
         ++lookups;
         const auto item = items.constFind(service);
         if (item == items.constEnd()) {
-            co_return std::unexpected(platform::SecretStoreError{error});
+            co_return std::unexpected(platform::SecretStoreError{});
         }
         co_return platform::Secret{*item};
     }

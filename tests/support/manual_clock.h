@@ -26,16 +26,21 @@ public:
                 alarm->due += duration;
             }
         }
-        advance(duration);
+        m_now += duration;
+        advance({});
     }
 
     /// Moves on by `duration`, ringing each alarm in it at its own time.
     void advance(std::chrono::milliseconds duration) {
         const model::Timestamp end = m_now + duration;
-        while (ManualAlarm* next = earliestUntil(end)) {
-            m_now = std::max(m_now, next->due);
-            m_pending.remove(next);
-            const auto action = next->action;
+        for (;;) {
+            const auto next = std::ranges::min_element(m_pending, {}, &ManualAlarm::due);
+            if (next == m_pending.end() || (*next)->due > end) {
+                break;
+            }
+            m_now = std::max(m_now, (*next)->due);
+            const auto action = (*next)->action;
+            m_pending.erase(next);
             action();
         }
         m_now = end;
@@ -58,12 +63,6 @@ private:
         std::function<void()> action;
         platform::SuspendedTime suspended;
     };
-
-    ManualAlarm* earliestUntil(model::Timestamp end) {
-        const auto earliest = std::ranges::min_element(
-            m_pending, {}, [](const ManualAlarm* alarm) { return alarm->due; });
-        return earliest != m_pending.end() && (*earliest)->due <= end ? *earliest : nullptr;
-    }
 
     model::Timestamp m_now;
     std::list<ManualAlarm*> m_pending;

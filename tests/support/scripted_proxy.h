@@ -15,7 +15,6 @@ public:
     explicit ScriptedProxy(QByteArrayList replies, std::optional<quint16> target = std::nullopt)
         : m_replies(std::move(replies)), m_target(target) {
         connect(&m_server, &QTcpServer::newConnection, this, [this] {
-            ++m_connections;
             m_client = m_server.nextPendingConnection();
             connect(m_client, &QTcpSocket::readyRead, this, [this] { read(); });
         });
@@ -25,12 +24,6 @@ public:
     }
 
     [[nodiscard]] quint16 port() const { return m_server.serverPort(); }
-    [[nodiscard]] int connections() const { return m_connections; }
-    /// Ends all connections and takes no more.
-    void close() {
-        m_server.close();
-        m_client->abort();
-    }
     /// What the client said to the proxy itself.
     [[nodiscard]] const QByteArrayList& messages() const { return m_messages; }
 
@@ -60,7 +53,6 @@ private:
     QTcpSocket* m_client = nullptr;
     QTcpSocket m_upstream;
     QByteArrayList m_messages;
-    int m_connections = 0;
 };
 
 } // namespace tallyvane::tests

@@ -3,7 +3,6 @@
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QTimer>
 #include <QtTest/QTest>
 
 namespace tallyvane::tests {
@@ -75,13 +74,6 @@ void TlsServer::read(QTcpSocket* socket) {
     socket->write(reply.bytes);
     if (reply.ending == Ending::closes || reply.ending == Ending::alwaysCloses) {
         socket->disconnectFromHost();
-    } else if (reply.ending == Ending::drips) {
-        auto* timer = new QTimer(socket);
-        connect(timer, &QTimer::timeout, this, [this, socket] {
-            socket->write("x");
-            ++m_drips;
-        });
-        timer->start(1);
     }
 }
 

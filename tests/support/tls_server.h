@@ -16,7 +16,6 @@ struct ScriptedReply {
         closes,
         alwaysCloses, ///< the same for every further request
         keepsOpen,
-        drips, ///< a byte a millisecond
     };
 
     QByteArray bytes; ///< sent as they stand
@@ -43,13 +42,9 @@ public:
               const QHostAddress& address = QHostAddress::LocalHost, quint16 port = 0);
 
     [[nodiscard]] QUrl url(const QString& path) const;
-    /// Makes every further connection be refused.
-    void stop() { m_server.close(); }
 
     /// The request line and header lines of each request so far.
     [[nodiscard]] const QList<QByteArrayList>& requests() const { return m_requests; }
-    /// How many single bytes were dripped.
-    [[nodiscard]] int drips() const { return m_drips; }
 
 private:
     void read(QTcpSocket* socket);
@@ -57,7 +52,6 @@ private:
     QSslServer m_server;
     QList<ScriptedReply> m_script;
     QList<QByteArrayList> m_requests;
-    int m_drips = 0;
 };
 
 } // namespace tallyvane::tests

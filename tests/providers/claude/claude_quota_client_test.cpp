@@ -153,24 +153,21 @@ private Q_SLOTS:
               figures);
         check("no length", {{ok + "\r\n" + usage}}, figures);
         check("not JSON", {httpReply(200, "<html>")}, malformed);
-        check("not HTTP", {{"220 mail.example ESMTP\r\n"}}, malformed);
         const QByteArray interims = interim.repeated(megabytes.size() / interim.size());
         for (const QByteArray& endless :
              {interims, ok + "\r\n" + megabytes, ok + "X: " + megabytes}) {
             check("endless", {{endless, Ending::keepsOpen}}, malformed);
         }
-        for (const QByteArray& part : {ok, ok + "Content-Length: 99\r\n\r\n{}"}) {
-            check("closed too early", {{part}},
-                  unreachable + "The TLS/SSL connection has been closed.");
-        }
+        check("closed too early", {{ok + "Content-Length: 99\r\n\r\n{}"}},
+              unreachable + "The TLS/SSL connection has been closed.");
     }
 
     void givesUpAfterFifteenSeconds() {
-        const auto check = [this](const ScriptedReply& reply, int drips) {
-            tests::TlsServer server(m_identity, {reply});
+        for (const char* answered : {"", "HTTP/1.1 200 OK\r\n\r\n{"}) {
+            tests::TlsServer server(m_identity, {{answered, Ending::keepsOpen}});
             auto client = clientOf(server);
             const auto task = client.fetch(AskedBy::user);
-            TALLYVANE_TRY_VERIFY(server.requests().size() == 1 && server.drips() >= drips);
+            TALLYVANE_TRY_COMPARE(server.requests().size(), 1);
             m_clock.advance(5s);
             m_clock.suspend(1h);
             m_clock.advance(10s - 1ms);
@@ -178,9 +175,7 @@ private Q_SLOTS:
             QVERIFY(!task.isReady());
             m_clock.advance(1ms);
             QCOMPARE(outcome(QCoro::waitFor(task)), tooLate);
-        };
-        check({{}, Ending::keepsOpen}, 0);
-        check({"HTTP/1.1 200 OK\r\n\r\n", Ending::drips}, 20);
+        }
     }
 
     /// Only the proxy can resolve the server's name.
@@ -197,7 +192,7 @@ private Q_SLOTS:
             source.network.proxy.httpsProxy = QString::fromLatin1(variable).arg(proxy.port());
             providers::ClaudeQuotaClient client(source, m_secrets, m_clock);
             const auto task = client.fetch(AskedBy::user);
-            if (replies.isEmpty() && !messages.isEmpty()) {
+            if (replies.isEmpty()) {
                 TALLYVANE_TRY_COMPARE(proxy.messages().size(), messages.size());
                 m_clock.advance(15s);
             }
@@ -218,12 +213,7 @@ private Q_SLOTS:
               {"\5", "quota.invalid"}, figures);
         check("127.0.0.1:%1", {"HTTP/1.1 407 No\r\nContent-Length: 1\r\n\r\n"}, {"CONNECT "},
               unreachable + "proxy: status 407.");
-        check("127.0.0.1:%1", {"HTTP/1.1 200 Go\r\nX: " + QByteArray(1024 * 1024, ' ')},
-              {"CONNECT "}, malformed);
         check("127.0.0.1:%1", {}, {"CONNECT "}, unreachable + "proxy: it took too long to answer.");
-        check("https://user:pw@127.0.0.1:%1", {}, {},
-              unreachable + "https_proxy asks for a proxy of the kind \"https\", which is not "
-                            "supported.");
     }
 
     void waitsForNoProxyScript() {
@@ -238,10 +228,8 @@ private Q_SLOTS:
             m_clock.advance(15s);
             QCOMPARE(outcome(QCoro::waitFor(task)), tooLate);
         }
-        QCOMPARE(silent.connections(), 1);
+        QCOMPARE(silent.messages().size(), 1);
         qunsetenv("http_proxy");
-        silent.close();
-        QCOMPARE(fetch(client), figures);
     }
 
     void pausesTheTimer() {
@@ -263,14 +251,13 @@ private Q_SLOTS:
         check("Retry-After: Fri, 10 Apr 2026 00:10:00 GMT", 10min);
         check("Retry-After: Thu, 09 Apr 2026 00:00:00 GMT", 0s);
         check("Retry-After: -1", 0s);
-        check("X-Nothing: 1", 0s);
 
         // The user may ask nevertheless.
         tests::TlsServer server(m_identity,
                                 {httpReply(429, {}, "Retry-After: 120\r\n"), answer, answer});
         auto client = clientOf(server);
-        QCOMPARE(fetch(client, AskedBy::timer), limited);
-        QCOMPARE(fetch(client, AskedBy::user), figures);
+        QCOMPARE(fetch(client), limited);
+        QCOMPARE(fetch(client), figures);
         QCOMPARE(fetch(client, AskedBy::timer), figures);
     }
 
@@ -293,7 +280,6 @@ private Q_SLOTS:
         check(roots + "/mine", {}, true);
         check({}, "/nowhere:" + roots, true);
         check({}, {}, false);
-        check("/nowhere", "/nowhere", false);
     }
 
     void sendsNothingToOthers() {
@@ -301,8 +287,6 @@ private Q_SLOTS:
         auto source = sourceOf(server);
         source.tls->setCaCertificates({m_namedIdentity.certificate});
         QVERIFY(fetchFrom(source).startsWith(unreachable + "SSL handshake failed"));
-        server.stop();
-        QCOMPARE(fetchFrom(source), unreachable + "Connection refused.");
         QVERIFY(server.requests().isEmpty());
     }
 };
