@@ -6,6 +6,7 @@ target_include_directories(tallyvane_options INTERFACE ${PROJECT_SOURCE_DIR}/src
 target_compile_definitions(tallyvane_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 target_compile_options(tallyvane_options INTERFACE
+    -pthread
     -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wno-sign-conversion             # part of -Wconversion for clang alone
     -Wno-missing-field-initializers # a record's other fields keep their defaults
@@ -67,6 +68,7 @@ function(tallyvane_qml_module folder)
         URI ${ARG_URI}
         VERSION 1.0
         RESOURCE_PREFIX /
+        NO_PLUGIN
         ${cache}
         DEPENDENCIES QtQuick ${ARG_DEPENDENCIES}
         QML_FILES ${ARG_QML} ${ARG_SINGLETONS}
@@ -79,6 +81,9 @@ function(tallyvane_qml_module folder)
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${target}
         PUBLIC ${ARG_PUBLIC}
-        PRIVATE tallyvane_options ${ARG_PRIVATE}
-        INTERFACE ${target}plugin $<TARGET_OBJECTS:${target}plugin_init>)
+        PRIVATE tallyvane_options ${ARG_PRIVATE})
+    # Nothing refers to the object that registers the types, but for this: the function in it.
+    string(REPLACE . _ function qml_register_types_${ARG_URI})
+    string(LENGTH ${function} length)
+    target_link_options(${target} INTERFACE LINKER:--undefined=_Z${length}${function}v)
 endfunction()
