@@ -52,8 +52,7 @@ private:
     QStringList m_searchPath;
     std::chrono::milliseconds m_patience;
     bool m_isListening = false;
-    QHash<uint, QString>
-        m_tokens; ///< by id of a shown notification: its activation token, if known
+    QHash<uint, QString> m_tokens; ///< activation tokens, by id of the notification
 };
 
 } // namespace tallyvane::platform
