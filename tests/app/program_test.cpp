@@ -181,6 +181,16 @@ private Q_SLOTS:
         QVERIFY(bus.hasPendingConnections());
     }
 
+    void refreshesWhenTheRunningProgramCrashes() {
+        const tests::PrivateBus bus;
+        tests::RunningProgram desktop(CRASHING_PROGRAM);
+        QVERIFY(desktop.waitForReadyRead());
+        const Run own = run("refresh");
+        QCOMPARE(own.exitCode, 3);
+        QVERIFY2(own.error.contains(u"Could not find Codex CLI."), qPrintable(own.error));
+        QVERIFY(desktop.hasEnded());
+    }
+
     void doesNotRefreshBesideAProgramThatFails() {
         const tests::PrivateBus bus;
         auto other = QDBusConnection::connectToBus(bus.address(), bus.address());

@@ -17,17 +17,33 @@ using Outcome = core::RefreshReport::Outcome;
 
 namespace {
 
-/// How many calls of fsync(2) are left until this program is killed at one. The program calls it
-/// before and after each rename(2), so that covers every state that a kill during a refresh can
-/// leave behind.
-int callsLeft = INT_MAX;
+/// What happens at each fsync(2). The program calls it before and after each rename(2), so a kill
+/// there covers every state that a kill during a refresh can leave behind.
+struct Disk {
+    enum Fate { works, failsAtTimes, failsForSettings, killsProgram } fate = works;
+    int callsLeft = 0; ///< until the kill
+    QRandomGenerator random;
+    bool hasFailed = false;
+};
+Disk disk;
 
 } // namespace
 
 /// Replaces the C library's.
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): that one is reserved
-int fsync(int /*descriptor*/) {
-    return --callsLeft > 0 ? 0 : ::raise(SIGKILL);
+int fsync(int descriptor) {
+    if (disk.fate == Disk::killsProgram && --disk.callsLeft <= 0) {
+        ::raise(SIGKILL);
+    }
+    const auto file = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor));
+    const bool isForSettings = file.parent_path().filename() == "config";
+    if ((disk.fate == Disk::failsForSettings && isForSettings) ||
+        (disk.fate == Disk::failsAtTimes && disk.random.bounded(3) == 0)) {
+        disk.hasFailed = true;
+        errno = ENOSPC;
+        return -1;
+    }
+    return 0;
 }
 
 namespace {
@@ -36,7 +52,8 @@ namespace {
 /// must agree with what was reported.
 class Course {
 public:
-    explicit Course(quint32 seed) : m_random(seed), m_mayKill(m_random.bounded(2) == 0) {
+    explicit Course(quint32 seed) : m_random(seed), m_isRough(m_random.bounded(2) == 0) {
+        disk = {.random = QRandomGenerator(seed)};
         m_world.clock.advance(std::chrono::minutes{m_random.bounded(2 * 24 * 60)});
         startAll();
     }
@@ -46,9 +63,10 @@ public:
         static constexpr std::array actions{
             &Course::changeFigure, &Course::changeFigure, &Course::toggleFailure,
             &Course::changeLogs,   &Course::restart,      &Course::refreshBoth,
-            &Course::refreshOne,   &Course::refreshOne,   &Course::refreshUntilKilled};
-        const auto last = quint32{actions.size()} - (m_mayKill ? 0U : 1U);
-        (this->*actions.at(m_random.bounded(last)))();
+            &Course::refreshOne,   &Course::refreshOne,   &Course::refreshUntilKilled,
+            &Course::toggleDisk};
+        const auto roughActions = m_isRough ? 0U : 2U;
+        (this->*actions.at(m_random.bounded(quint32{actions.size()} - roughActions)))();
         return m_wrong;
     }
 
@@ -96,6 +114,11 @@ private:
         m_world.setTokens(assistant, std::llround(moreOrLess(double(assistant.tokens))));
     }
 
+    void toggleDisk() {
+        const auto fault = m_random.bounded(2) == 0 ? Disk::failsAtTimes : Disk::failsForSettings;
+        disk.fate = disk.fate == Disk::works ? fault : Disk::works;
+    }
+
     void tellTokens() {
         for (Assistant& assistant : m_world.assistants) {
             assistant.toldTokens << (assistant.tokens == 0 ? Figure() : Figure(assistant.tokens));
@@ -133,10 +156,10 @@ private:
                                                        : assistant.used);
         }
         const QByteArray zone = randomZone();
-        const int calls = m_random.bounded(1, 12);
+        const Disk killer{.fate = Disk::killsProgram, .callsLeft = m_random.bounded(1, 12)};
         const pid_t program = ::fork();
         if (program == 0) {
-            callsLeft = calls;
+            disk = killer;
             Writer(m_world, zone).refresh();
             ::_exit(0);
         }
@@ -150,7 +173,8 @@ private:
 
     void check(const Writer& by, Outcome outcome) {
         const bool isPublished = outcome == Outcome::published;
-        expect(isPublished || m_hasLost, "nothing was saved although nothing was killed");
+        m_hasLost |= std::exchange(disk.hasFailed, false);
+        expect(isPublished || m_hasLost, "nothing was saved although nothing failed");
 
         const auto snapshot = by.store.loadSnapshot();
         expect(snapshot || m_hasLost, "no snapshot is stored");
@@ -232,8 +256,8 @@ private:
     }
 
     QRandomGenerator m_random;
-    bool m_mayKill;
-    bool m_hasLost = false; ///< a program was killed, so figures may have been lost
+    bool m_isRough;         ///< processes may be killed and the disk may fail
+    bool m_hasLost = false; ///< that happened, so figures may have been lost
     World m_world;
     std::array<std::unique_ptr<Writer>, 2> m_writers;
     std::map<QString, history::UsageHistoryPoint> m_points; ///< of the history last seen, by id

@@ -3,6 +3,8 @@
 #include "support/xfce_desktop.h"
 
 #include <algorithm>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
@@ -217,13 +219,36 @@ private Q_SLOTS:
         }
     }
 
-    void doesNotWaitForCodexToQuit() {
+    /// Neither a codex that does not end nor a long count of the logs delays it.
+    void quitsAtOnce() {
         installCodex(63, "trap '' TERM\nsleep 1000");
+        constexpr int logs = 400;
+        const QByteArray folder = inHome(".codex/sessions").toUtf8();
+        QVERIFY(QDir::home().mkpath(QStringLiteral(".codex/sessions")));
+        for (int number = 100; number < 100 + logs; ++number) {
+            QFile log(inHome(".codex/sessions/%1.jsonl").arg(number));
+            QVERIFY(log.open(QIODevice::WriteOnly) && log.resize(4 << 20));
+        }
+        const int notifier = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+        QVERIFY(::inotify_add_watch(notifier, folder.data(), IN_OPEN) > 0);
+        qsizetype opened = 0;
+        const auto countOpened = [&] {
+            QByteArray events(1 << 20, Qt::Uninitialized);
+            // A name of nine characters fills sixteen bytes.
+            constexpr qsizetype eventSize = sizeof(inotify_event) + 16;
+            const auto size = ::read(notifier, events.data(), static_cast<size_t>(events.size()));
+            opened += std::max<qsizetype>(size, 0) / eventSize;
+            return opened;
+        };
         const Tallyvane program("--background");
-        TALLYVANE_TRY_VERIFY(running("codex") > 0);
+        TALLYVANE_TRY_VERIFY(running("codex") > 0 && countOpened() > 1);
         choose(quitEntry);
-        QVERIFY(program.hasEnded() && program.exitStatus() == QProcess::NormalExit);
+        QVERIFY(program.hasEnded());
         QVERIFY(running("codex") > 0);
+        QVERIFY2(countOpened() < logs, qPrintable(QString::number(opened)));
+        ::close(notifier);
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
     }
 
     void goesOnWhenItIsReplaced() {

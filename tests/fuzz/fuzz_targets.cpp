@@ -1,5 +1,6 @@
 // One function per fuzz target checks one input, and aborts where something does not hold.
 
+#include "fuzz/readable.h"
 #include "history/usage_history.h"
 #include "model/foreign_text.h"
 #include "model/ini_text.h"
@@ -13,7 +14,6 @@
 #include "providers/response_collector.h"
 #include "support/library_line_tokens.h"
 #include "support/plain_session_log.h"
-#include "support/readable.h"
 
 #include <cstring>
 

@@ -3,8 +3,11 @@
 #include "support/home_files.h"
 #include "support/test_main.h"
 
+#include <csignal>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace tallyvane;
@@ -99,6 +102,35 @@ private Q_SLOTS:
         QVERIFY(store.saveSnapshot(snapshotUsing(2)) && isPrivate(store.baseURL()));
     }
 
+    void survivesAFullDisk() {
+        if (::geteuid() != 0 || ::mount("none", m_root.c_str(), "tmpfs", 0, "size=256k") != 0) {
+            TALLYVANE_SKIP("mounting a small file system needs root");
+        }
+        const SharedStore store(m_locations);
+        const auto before = store.saveSnapshot(snapshotUsing(1));
+        QFile filler(m_root / "filler");
+        const bool isOpen = filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        while (filler.write(QByteArray(4096, 'x')) > 0) {
+        }
+        filler.close();
+        const auto after = store.saveSnapshot(snapshotUsing(2));
+        auto suite = DefaultsStore::open(m_locations.defaultsSuite());
+        const auto preference = suite->setText(u"appearance"_s, u"dark"_s);
+        const auto mirror = suite->data(mirrorKey);
+        const auto stored = store.loadSnapshot();
+        ::mount("none", m_root.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr);
+        const auto readOnly = SharedStore({.dataHome = m_root / "new"}).saveHistory("[]");
+        ::umount(m_root.c_str());
+
+        QVERIFY(isOpen && before && !after && !preference && !readOnly);
+        const QString messages =
+            preference.error().message + after.error().message + readOnly.error().message;
+        QVERIFY2(messages.count(u"No space left") == 2 && messages.contains(u"Read-only"),
+                 qPrintable(messages));
+        QVERIFY(stored == snapshotUsing(1));
+        QCOMPARE(mirror, *encodeSnapshot(snapshotUsing(1)));
+    }
+
     void flushesTheFileThenRenamesThenFlushesTheDirectory() {
         const fs::path path = m_root / "file";
         diskCalls.clear();
@@ -163,7 +195,14 @@ private Q_SLOTS:
         QVERIFY(first && *first);
         const auto second = store.tryLock();
         QVERIFY(second && !*second);
-        first->reset();
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::pause();
+        }
+        first->reset(); // the child has inherited the descriptor and so the lock
+        QVERIFY(!*store.tryLock());
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
         QVERIFY(*store.tryLock());
         fs::remove_all(store.baseURL());
         QVERIFY(*store.tryLock());

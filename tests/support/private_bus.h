@@ -14,9 +14,8 @@ public:
         writeFile(configuration,
                   "<busconfig><type>session</type><listen>unix:path=" +
                       m_directory.path().toUtf8() + "/bus</listen><servicedir>" + qgetenv("HOME") +
-                      "/services</servicedir><limit "
-                      "name='max_replies_per_connection'>50000</limit><policy "
-                      "context='default'><allow send_destination='*' eavesdrop='true'/>"
+                      "/services</servicedir><policy context='default'><allow send_destination='*' "
+                      "eavesdrop='true'/>"
                       "<allow eavesdrop='true'/><allow own='*'/></policy></busconfig>");
         m_daemon.start(QStringLiteral("dbus-daemon"),
                        {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
