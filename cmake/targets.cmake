@@ -74,9 +74,6 @@ function(tallyvane_qml_module folder)
         QML_FILES ${ARG_QML} ${ARG_SINGLETONS}
         SOURCES ${ARG_SOURCES}
         RESOURCES ${ARG_RESOURCES})
-    get_target_property(sources ${target} SOURCES)
-    list(FILTER sources INCLUDE REGEX qmlcache)
-    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w) # not our code
     # The generated registration includes the headers of a module by their bare names.
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${target}

@@ -18,7 +18,7 @@ namespace {
 const QByteArray accessToken = "tallyvane-test-5ecret";
 
 /// The program on its way through one fault, in a home of its own.
-struct Run {
+struct Trial {
     QString home;
     QByteArray expected; ///< the start of the one line that the user reads; empty for none
     tests::TlsServer server;
@@ -36,7 +36,7 @@ class FaultsTest : public tests::HermeticTest {
     QUdpSocket m_silentResolver;
     QTcpServer m_fullServer;
     QTcpSocket m_filling;
-    std::vector<std::unique_ptr<Run>> m_runs;
+    std::vector<std::unique_ptr<Trial>> m_runs;
     const tests::SecretWatch m_watch{accessToken};
 
     /// Lets the program refresh in a new home, and later tell `expected`. The service is at these
@@ -46,10 +46,10 @@ class FaultsTest : public tests::HermeticTest {
         const auto number = m_runs.size() + 1;
         const QString home = u"%1/run-%2"_s.arg(QDir::homePath()).arg(number);
         const QString ownAddress = u"127.0.1.%1"_s.arg(number);
-        Run& run = *m_runs.emplace_back(
-            new Run{.home = home,
-                    .expected = expected,
-                    .server = {m_identity, replies, QHostAddress(ownAddress), 443}});
+        Trial& run = *m_runs.emplace_back(
+            new Trial{.home = home,
+                      .expected = expected,
+                      .server = {m_identity, replies, QHostAddress(ownAddress), 443}});
         QByteArray hosts;
         for (const QByteArray& address : addresses) {
             hosts += address + " api.anthropic.com\n";
