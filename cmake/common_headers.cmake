@@ -1,5 +1,5 @@
 # What nearly every file includes, compiled once for all targets that link tallyvane_options.
-# Presets switch it off (CMAKE_DISABLE_PRECOMPILE_HEADERS) where a missing #include must show.
+# The release preset does without, so that a missing #include shows.
 
 file(WRITE ${PROJECT_BINARY_DIR}/common_headers.cpp "")
 add_library(tallyvane_common_headers OBJECT ${PROJECT_BINARY_DIR}/common_headers.cpp)
