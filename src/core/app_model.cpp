@@ -236,3 +236,5 @@ QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, As
 }
 
 } // namespace tallyvane::core
+
+#include "moc_app_model.cpp"

@@ -70,7 +70,7 @@ def uses(root, names, problems):
                     yield where, folder_of(file), None, f'Qt{coro[1]}' if coro else module
                 elif included.split('/')[0] in folders and '/' in included:
                     yield where, folder_of(file), folder_of(included), None
-                elif not included.endswith('.moc'):
+                elif not re.fullmatch(r'\w+\.moc|moc_\w+\.cpp', included):
                     problems.append(f'{where}: "{included}" is not a path from src/')
         elif path.name == 'CMakeLists.txt' and '/' in file:
             text = re.sub(r'#.*', '', path.read_text(encoding='utf-8'))

@@ -137,3 +137,5 @@ Windows* DesktopProgram::windows() {
 }
 
 } // namespace tallyvane::app
+
+#include "moc_desktop_program.cpp"

@@ -111,3 +111,5 @@ QColor StatusArea::ink() const {
 }
 
 } // namespace tallyvane::app
+
+#include "moc_status_area.cpp"

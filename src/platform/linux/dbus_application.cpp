@@ -161,3 +161,4 @@ std::expected<bool, CallError> refreshRunning() {
 } // namespace tallyvane::platform
 
 #include "dbus_application.moc"
+#include "moc_dbus_application.cpp"

@@ -163,3 +163,5 @@ void DBusNotificationCentre::forget(uint id) {
 }
 
 } // namespace tallyvane::platform
+
+#include "moc_dbus_notification_centre.cpp"

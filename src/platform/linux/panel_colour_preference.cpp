@@ -47,3 +47,5 @@ void PanelColourPreference::takeDarkMode(const QVariant& isDark) {
 }
 
 } // namespace tallyvane::platform
+
+#include "moc_panel_colour_preference.cpp"

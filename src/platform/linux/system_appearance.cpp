@@ -74,3 +74,5 @@ void SystemAppearance::take(const QString& group, const QString& key, const QVar
 }
 
 } // namespace tallyvane::platform
+
+#include "moc_system_appearance.cpp"

@@ -54,3 +54,5 @@ void DashboardModel::update() {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_dashboard_model.cpp"

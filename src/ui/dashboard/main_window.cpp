@@ -90,3 +90,5 @@ void MainWindow::setHasStatusHost(bool hasStatusHost) {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_main_window.cpp"

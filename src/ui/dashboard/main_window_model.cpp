@@ -67,3 +67,5 @@ void MainWindowModel::waitForMidnight() {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_main_window_model.cpp"

@@ -50,3 +50,5 @@ ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Time
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_provider_card.cpp"

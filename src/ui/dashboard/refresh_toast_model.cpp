@@ -22,3 +22,5 @@ void RefreshToastModel::dismiss() {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_refresh_toast_model.cpp"

@@ -133,3 +133,5 @@ void HeatmapModel::step(int by) {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_heatmap_model.cpp"

@@ -187,3 +187,5 @@ void HistoryModel::setHoveredDate(std::optional<QDate> date) {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_history_model.cpp"

@@ -23,3 +23,5 @@ void MenuBarQuotaViewModel::updateRows() {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_menu_bar_quota_view_model.cpp"

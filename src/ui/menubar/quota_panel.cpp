@@ -128,3 +128,5 @@ QWindow* QuotaPanel::window() const {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_quota_panel.cpp"

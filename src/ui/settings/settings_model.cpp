@@ -134,3 +134,5 @@ void SettingsModel::showWindows() {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_settings_model.cpp"

@@ -92,3 +92,5 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event) {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_appearance.cpp"

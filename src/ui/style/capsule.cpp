@@ -16,3 +16,5 @@ void Capsule::paint(QPainter* painter) {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_capsule.cpp"

@@ -19,3 +19,5 @@ QHash<int, QByteArray> RecordListBase::roleNames() const {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_record_list.cpp"

@@ -30,3 +30,5 @@ void SymbolImage::paint(QPainter* painter) {
 }
 
 } // namespace tallyvane::ui
+
+#include "moc_symbol_image.cpp"

@@ -166,3 +166,5 @@ void DBusMenu::trigger(int id) {
 }
 
 } // namespace tallyvane::platform
+
+#include "moc_dbus_menu.cpp"

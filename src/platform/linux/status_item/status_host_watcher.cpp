@@ -96,3 +96,5 @@ void StatusHostWatcher::ask(QCoro::Task<Reply> call, Take take) {
 }
 
 } // namespace tallyvane::platform
+
+#include "moc_status_host_watcher.cpp"

@@ -235,3 +235,5 @@ void StatusItem::send(const QString& signal, const QVariantList& arguments) {
 }
 
 } // namespace tallyvane::platform
+
+#include "moc_status_item.cpp"
