@@ -1,7 +1,7 @@
 # What nearly every file includes, compiled once for all targets that link tallyvane_options.
 # The release preset does without, so that a missing #include shows.
 
-file(WRITE ${PROJECT_BINARY_DIR}/common_headers.cpp "")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/common_headers.cpp CONTENT "")
 add_library(tallyvane_common_headers OBJECT ${PROJECT_BINARY_DIR}/common_headers.cpp)
 set_target_properties(tallyvane_common_headers PROPERTIES AUTOMOC OFF)
 target_link_libraries(tallyvane_common_headers PRIVATE tallyvane_options QCoro6::Core)

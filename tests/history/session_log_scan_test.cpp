@@ -4,11 +4,14 @@
 
 #include <QtCore/QTimer>
 
+#include <csignal>
 #include <fstream>
 #include <poll.h>
 #include <sys/fsuid.h>
 #include <sys/inotify.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -155,6 +158,36 @@ private Q_SLOTS:
         QCOMPARE(scan().error, std::errc::too_many_files_open);
     }
 
+    void toleratesConcurrentChanges() {
+        std::string text;
+        while (text.size() < 600'000) { // several blocks
+            text += codexLine(5);
+        }
+        for (const char* name : {"grows.jsonl", "shrinks.jsonl", "vanishes.jsonl", "pipe.jsonl"}) {
+            write(name, text);
+        }
+        {
+            const std::jthread writer([&](const std::stop_token& stop) {
+                while (!stop.stop_requested()) {
+                    std::ofstream(m_codex / "grows.jsonl", std::ios::app) << codexLine(5);
+                    fs::resize_file(m_codex / "shrinks.jsonl", 7);
+                    fs::remove(m_codex / "vanishes.jsonl");
+                    fs::remove(m_codex / "pipe.jsonl");
+                    ::mkfifo((m_codex / "pipe.jsonl").c_str(), 0600);
+                    write("shrinks.jsonl", text);
+                    write("vanishes.jsonl", text);
+                    fs::remove(m_codex / "pipe.jsonl");
+                    write("pipe.jsonl", text);
+                }
+            });
+            for (int round = 0; round < 20; ++round) {
+                const qint64 codex = scan().totals.at(AIProvider::codex);
+                QVERIFY2(codex >= 5 && codex <= 20, QByteArray::number(codex));
+            }
+        }
+        QVERIFY(scan().totals == totals(20, 0));
+    }
+
     void stopsReadingAFileThatGrowsTooLarge() {
         const fs::path log = write("a.jsonl", "");
         TALLYVANE_TRY_VERIFY(std::invoke([&] {
@@ -171,6 +204,24 @@ private Q_SLOTS:
             ::close(events);
             return report.readBytes > 0 && report.skippedFiles.contains(SkipReason::tooLarge);
         }));
+    }
+
+    void abortsOnOverflow() {
+        constexpr auto most = std::numeric_limits<qint64>::max();
+        write("a.jsonl", codexLine(most));
+        QVERIFY(scan().totals == totals(most, 0));
+        write("b.jsonl", codexLine(1));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            constexpr rlimit noCoreFile{};
+            ::setrlimit(RLIMIT_CORE, &noCoreFile);
+            ::signal(SIGABRT, SIG_DFL); // not Qt Test's handler
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+            ::_exit(scan().countedFiles);
+        }
+        int status = 0;
+        QCOMPARE(::waitpid(child, &status, 0), child);
+        QVERIFY(WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT);
     }
 
     void estimatesBesideTheEventLoop() {
