@@ -79,6 +79,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
                                             .locale = "en_US",
                                             .zone = utc,
                                             .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
+                                            .codexProgram = idle.codexSetting(),
                                             .openNotificationSettings = [] {},
                                             .takeLaunchQuestion = [&] { return isToAsk; }});
     mainWindow.open();

@@ -49,6 +49,15 @@ QList<OptionUsage> optionsOf(const QString& command) {
     return options;
 }
 
+/// Each short form after `prefix`, such as "-h".
+QString shortForms(const OptionUsage& option, const QString& prefix, const QString& after) {
+    QString text;
+    for (const QChar letter : QString(option.letters)) {
+        text += prefix + letter + after;
+    }
+    return text;
+}
+
 QStringList commandNames() {
     QStringList names;
     std::ranges::transform(commandUsages, std::back_inserter(names), &CommandUsage::name);
@@ -95,8 +104,9 @@ QString zsh() {
     }
     QString general;
     for (const OptionUsage& option : generalOptionUsages) {
-        general += QStringLiteral("    '(- *)'{-%1,--%2}'[%3]'\n")
-                       .arg(option.letter, option.name, option.text);
+        general += QStringLiteral("    '(- *)'{%1--%2}'[%3]'\n")
+                       .arg(shortForms(option, QStringLiteral("-"), QStringLiteral(",")),
+                            option.name, option.text);
     }
     QString cases;
     for (const QString& command : commandNamesAndNone()) {
@@ -138,8 +148,9 @@ QString fish() {
                     .arg(condition, option.name, option.text);
     }
     for (const OptionUsage& option : generalOptionUsages) {
-        text += QStringLiteral("complete -c tallyvane -s %1 -l %2 -d '%3'\n")
-                    .arg(option.letter, option.name, option.text);
+        text += QStringLiteral("complete -c tallyvane%1 -l %2 -d '%3'\n")
+                    .arg(shortForms(option, QStringLiteral(" -s "), QString()), option.name,
+                         option.text);
     }
     return text;
 }

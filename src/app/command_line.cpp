@@ -13,10 +13,25 @@ namespace {
 
 QCommandLineOption parserOption(const OptionUsage& usage) {
     QStringList names{usage.name};
-    if (!usage.letter.isEmpty()) {
-        names.append(usage.letter);
+    for (const QChar letter : QString(usage.letters)) {
+        names.append(letter);
     }
     return QCommandLineOption(names);
+}
+
+/// The parser's complaint, with an unknown option as it was typed.
+QString complaint(const QCommandLineParser& parser, const QStringList& arguments) {
+    for (const QString& name : parser.unknownOptionNames()) {
+        const auto typed = std::ranges::find_if(arguments, [&](const QString& argument) {
+            const bool isLong = argument.startsWith(QStringLiteral("--"));
+            return isLong ? argument.sliced(2).section(u'=', 0, 0) == name
+                          : argument.startsWith(u'-') && argument.contains(name);
+        });
+        if (typed != arguments.end()) {
+            return QStringLiteral("Unknown option '%1'.").arg(*typed);
+        }
+    }
+    return parser.errorText();
 }
 
 } // namespace
@@ -30,7 +45,7 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
         parser.addOption(parserOption(option));
     }
     if (!parser.parse(arguments)) {
-        return std::unexpected(parser.errorText());
+        return std::unexpected(complaint(parser, arguments));
     }
     if (parser.isSet(QStringLiteral("help"))) {
         return CommandLine{.command = Command::help};
@@ -40,9 +55,7 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
     }
 
     const QStringList words = parser.positionalArguments();
-    if (words.size() > 1) {
-        return std::unexpected(QStringLiteral("Unexpected argument '%1'.").arg(words[1]));
-    }
+    qsizetype maximumWords = 0;
     CommandLine commandLine;
     if (!words.isEmpty()) {
         const auto known = std::ranges::find(commandUsages, words[0], &CommandUsage::name);
@@ -50,9 +63,14 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
             return std::unexpected(QStringLiteral("Unknown command '%1'.").arg(words[0]));
         }
         commandLine.command = known->command;
+        maximumWords = known->maximumWords;
     }
-
     const QString command = words.value(0);
+    commandLine.words = words.sliced(std::min<qsizetype>(words.size(), 1));
+    if (commandLine.words.size() > maximumWords) {
+        return std::unexpected(
+            QStringLiteral("Unexpected argument '%1'.").arg(commandLine.words[maximumWords]));
+    }
     for (const OptionUsage& option : commandOptionUsages) {
         const QString commands = option.commands;
         if (parser.isSet(option.name) && !commands.split(QStringLiteral(", ")).contains(command)) {
@@ -72,6 +90,7 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
     } else if (waybar) {
         commandLine.outputFormat = OutputFormat::waybar;
     }
+    commandLine.isOnline = parser.isSet(QStringLiteral("online"));
     if (parser.isSet(QStringLiteral("background"))) {
         commandLine.startMode = StartMode::background;
     }

@@ -7,7 +7,7 @@
 
 namespace tallyvane::app {
 
-enum class Command { desktop, refresh, status, history, tokens, help, version };
+enum class Command { desktop, refresh, status, history, tokens, doctor, config, help, version };
 enum class StartMode { withWindow, background };
 enum class OutputFormat { text, json, waybar };
 
@@ -16,6 +16,8 @@ struct CommandLine {
     Command command = Command::desktop;
     OutputFormat outputFormat = OutputFormat::text; ///< waybar only with `status`
     StartMode startMode = StartMode::withWindow;    ///< of the desktop program
+    bool isOnline = false;                          ///< with `doctor`: ask the service too
+    QStringList words;                              ///< of `config`: what follows the command
 
     bool operator==(const CommandLine&) const = default;
 };

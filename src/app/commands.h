@@ -8,10 +8,10 @@ namespace tallyvane::app {
 
 // The commands of the command line. Those that use the session bus need a QCoreApplication.
 
-/// Runs one refresh cycle and prints its result, with the reason for each failure on standard
-/// error. A running desktop program does the refresh instead, so that two programs never write at
-/// once.
-[[nodiscard]] ExitCode runRefresh(const Environment& environment);
+/// Runs one refresh cycle and prints its result, with the reason for each failure and what to do
+/// about it on standard error. A running desktop program does the refresh instead, so that two
+/// programs never write at once.
+[[nodiscard]] ExitCode runRefresh(const Environment& environment, OutputFormat format);
 
 /// Prints the stored snapshot, without a refresh.
 [[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format);
@@ -26,6 +26,16 @@ namespace tallyvane::app {
 /// Counts the tokens in the local session logs and prints the totals, the files counted and
 /// skipped, the bytes read and the time taken.
 [[nodiscard]] ExitCode runTokens(const Environment& environment, OutputFormat format);
+
+/// Checks everything that figures depend on and prints a line per check, with what to do about each
+/// fault. Starts no program that the user has not chosen; sends a request to the Claude service
+/// only if `isOnline`. Succeeds if a refresh would work for at least one provider.
+[[nodiscard]] ExitCode runDoctor(const Environment& environment, OutputFormat format,
+                                 bool isOnline);
+
+/// Shows or changes the settings: `words` are "list", "get KEY", "set KEY VALUE" or "unset KEY". A
+/// running program takes a change at once.
+[[nodiscard]] ExitCode runConfig(const Environment& environment, const QStringList& words);
 
 /// Replaces this process with `tallyvane-desktop`, from this program's folder or from libexec,
 /// whose argument 0 is then this program's absolute path. If a desktop program is already running,

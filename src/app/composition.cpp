@@ -3,6 +3,9 @@
 #include "core/fixtures.h"
 #include "platform/linux/session_bus.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QProcessEnvironment>
+
 #include <algorithm>
 #include <sys/resource.h>
 
@@ -22,14 +25,36 @@ void forbidCoreFiles() {
 
 } // namespace
 
+providers::CodexPlaces codexPlaces(const Environment& environment) {
+    return providers::codexPlaces(QFile(environment.home).fileName(),
+                                  QFile(environment.locations.dataHome).fileName(),
+                                  environment.searchPath);
+}
+
+platform::AutostartPlaces autostartPlaces(const Environment& environment,
+                                          const std::filesystem::path& program) {
+    platform::AutostartPlaces places{.userDirectory =
+                                         environment.locations.configHome / "autostart",
+                                     .program = program,
+                                     .searchPath = environment.searchPath};
+    for (const std::filesystem::path& directory : environment.systemConfigDirectories) {
+        places.systemDirectories.push_back(directory / "autostart");
+    }
+    return places;
+}
+
+model::DefaultsStore openDefaults(const Environment& environment) {
+    return model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
+                                           environment.locations.standardDefaults());
+}
+
 Composition::Composition(const Environment& environment)
     : notificationCentre(environment.searchPath),
       store(environment.locations),
-      defaults(model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
-                                               environment.locations.standardDefaults())),
-      processRunner(clock),
-      codexClient(providers::codexCandidates(QString::fromStdString(environment.home.string())),
-                  processRunner, clock),
+      defaults(openDefaults(environment)),
+      codexProgram(defaults, codexPlaces(environment)),
+      processRunner(clock, QProcessEnvironment::systemEnvironment()),
+      codexClient(codexProgram, processRunner, clock),
       claudeClient({.credentialsFile = environment.home / ".claude" / ".credentials.json",
                     .network = environment.network},
                    secrets, clock),

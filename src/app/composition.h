@@ -2,6 +2,7 @@
 
 #include "app/environment.h"
 #include "core/app_model.h"
+#include "platform/linux/autostart_entry.h"
 #include "platform/linux/boot_clock.h"
 #include "platform/linux/dbus_notification_centre.h"
 #include "platform/linux/dbus_widget_centre.h"
@@ -10,6 +11,15 @@
 #include "providers/codex/codex_quota_client.h"
 
 namespace tallyvane::app {
+
+[[nodiscard]] providers::CodexPlaces codexPlaces(const Environment& environment);
+
+/// `program` is what to start at login, an absolute path.
+[[nodiscard]] platform::AutostartPlaces autostartPlaces(const Environment& environment,
+                                                        const std::filesystem::path& program);
+
+/// The preferences and token baselines.
+[[nodiscard]] model::DefaultsStore openDefaults(const Environment& environment);
 
 /// The model and its collaborators, in order of construction. Must outlive the event loop:
 /// suspended coroutines resume on it. In fixture mode the model starts from the fixtures.
@@ -26,6 +36,7 @@ struct Composition {
     platform::DBusNotificationCentre notificationCentre;
     model::SharedStore store;
     model::DefaultsStore defaults;
+    providers::CodexProgram codexProgram;
     providers::ProcessRunner processRunner;
     providers::CodexQuotaClient codexClient;
     providers::ClaudeQuotaClient claudeClient;

@@ -13,13 +13,17 @@ namespace {
 ExitCode run(const CommandLine& commandLine) {
     switch (commandLine.command) {
     case Command::refresh:
-        return runRefresh(readEnvironment());
+        return runRefresh(readEnvironment(), commandLine.outputFormat);
     case Command::status:
         return runStatus(readEnvironment(), commandLine.outputFormat);
     case Command::history:
         return runHistory(readEnvironment(), commandLine.outputFormat);
     case Command::tokens:
         return runTokens(readEnvironment(), commandLine.outputFormat);
+    case Command::doctor:
+        return runDoctor(readEnvironment(), commandLine.outputFormat, commandLine.isOnline);
+    case Command::config:
+        return runConfig(readEnvironment(), commandLine.words);
     case Command::help:
         return print(helpText()) ? ExitCode::success : ExitCode::failure;
     case Command::version:

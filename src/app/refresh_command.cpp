@@ -1,6 +1,8 @@
 #include "app/commands.h"
 #include "app/composition.h"
+#include "app/refresh_result.h"
 #include "app/resource_check.h"
+#include "model/foreign_text.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
 
@@ -10,79 +12,66 @@ namespace {
 
 const QString progressText = QStringLiteral("Asking Codex and Claude ...");
 
-/// Prints what the running program stored.
-ExitCode reportStored(const Environment& environment) {
-    const auto snapshot = model::SharedStore(environment.locations).loadSnapshot();
-    if (!snapshot) {
-        printError(QStringLiteral("The running program stored nothing that can be read."));
-        return ExitCode::failure;
+void printFailures(const core::RefreshReport& report) {
+    for (const auto& [provider, failure] : report.failures) {
+        printError(QStringLiteral("%1: %2").arg(model::displayName(provider), failure.text));
+        printAdvice(failure.advice);
     }
-    bool isCurrent = true;
-    for (const model::ProviderQuotaSnapshot& entry : snapshot->providers) {
-        if (entry.syncState != model::QuotaSyncState::current) {
-            isCurrent = false;
-            // The full reason is shown on screen only, never stored.
-            printError(QStringLiteral("%1: %2").arg(
-                model::displayName(entry.provider),
-                entry.statusMessage.value_or(
-                    QStringLiteral("Not refreshed; the running program's window tells why."))));
+    for (const auto& reason : {report.uncounted, report.notSaved}) {
+        if (reason) {
+            printError(*reason);
         }
     }
-    if (!printStatusText(environment, *snapshot, platform::BootClock().now())) {
-        return ExitCode::failure;
-    }
-    return isCurrent ? ExitCode::success : ExitCode::providerFailed;
 }
 
-ExitCode refreshHere(const Environment& environment) {
+ExitCode printResult(const Environment& environment, const RefreshResult& result,
+                     OutputFormat format) {
+    const bool isStored = result.report.outcome == core::RefreshReport::Outcome::published;
+    if (format == OutputFormat::json) {
+        const QString json = QString::fromUtf8(encodeRefreshResult(result)) + u'\n';
+        if (!print(isTerminal(stdout) ? json : model::maskedAddresses(json))) {
+            return ExitCode::failure;
+        }
+    } else {
+        printFailures(result.report);
+        if (isStored &&
+            !printStatusText(environment, result.snapshot, platform::BootClock().now())) {
+            return ExitCode::failure;
+        }
+    }
+    if (!isStored || result.report.uncounted) {
+        return ExitCode::failure;
+    }
+    return result.report.failures.empty() ? ExitCode::success : ExitCode::providerFailed;
+}
+
+RefreshResult refreshHere(const Environment& environment) {
+    const ProgressLine progress(progressText);
     Composition composition(environment);
-    core::AppModel& model = composition.model;
-    core::RefreshReport report;
-    {
-        const ProgressLine progress(progressText);
-        report = QCoro::waitFor(model.refresh(providers::AskedBy::user));
-    }
-    for (const auto& [provider, reason] : report.failures) {
-        printError(QStringLiteral("%1: %2").arg(model::displayName(provider), reason));
-    }
-    if (report.uncounted) {
-        printError(*report.uncounted);
-    }
-    if (report.outcome == core::RefreshReport::Outcome::notSaved) {
-        printError(model.lastError().value_or(QString()));
-        return ExitCode::failure;
-    }
-    if (!printStatusText(environment, model.snapshot(), composition.clock.now()) ||
-        report.uncounted) {
-        return ExitCode::failure;
-    }
-    return report.failures.empty() ? ExitCode::success : ExitCode::providerFailed;
+    core::RefreshReport report =
+        QCoro::waitFor(composition.model.refresh(providers::AskedBy::user));
+    return {.report = std::move(report), .snapshot = composition.model.snapshot()};
+}
+
+/// What the running program did.
+std::expected<QString, platform::CallError> refreshThere() {
+    const ProgressLine progress(progressText);
+    return platform::refreshRunning();
 }
 
 } // namespace
 
-ExitCode runRefresh(const Environment& environment) {
+ExitCode runRefresh(const Environment& environment, OutputFormat format) {
     if (!checkResources(refreshResources)) {
         return ExitCode::failure;
     }
     leaveSilentSessionBus();
-    std::expected<bool, platform::CallError> stored = false;
-    {
-        const ProgressLine progress(progressText);
-        stored = platform::refreshRunning();
+    const auto reply = refreshThere();
+    if (!reply && reply.error() == platform::CallError::notRunning) {
+        return printResult(environment, refreshHere(environment), format);
     }
-    if (!stored && stored.error() == platform::CallError::notRunning) {
-        return refreshHere(environment);
-    }
-    if (!stored) {
-        return reportNoAnswer();
-    }
-    if (!*stored) {
-        printError(QStringLiteral("The running program could not store the result; its window "
-                                  "tells why."));
-        return ExitCode::failure;
-    }
-    return reportStored(environment);
+    const auto result = reply ? decodeRefreshResult(reply->toUtf8()) : std::nullopt;
+    return result ? printResult(environment, *result, format) : reportNoAnswer();
 }
 
 } // namespace tallyvane::app

@@ -35,6 +35,12 @@ void printError(const QString& message) {
     write(stderr, QStringLiteral("tallyvane: %1\n").arg(text));
 }
 
+void printAdvice(const QString& advice) {
+    if (!advice.isEmpty()) {
+        write(stderr, QStringLiteral("  %1\n").arg(advice));
+    }
+}
+
 void endProgram(int exitCode) {
     std::fflush(nullptr);
     std::_Exit(exitCode);

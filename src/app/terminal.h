@@ -18,6 +18,9 @@ enum class ExitCode { success = 0, failure = 1, usage = 2, providerFailed = 3, n
 /// terminal: a journal would keep them.
 void printError(const QString& message);
 
+/// Writes what the user can do about the error before to standard error, indented.
+void printAdvice(const QString& advice);
+
 /// Flushes the output and exits without running destructors: those of Qt's host look-ups would wait
 /// minutes for a silent resolver.
 [[noreturn]] void endProgram(int exitCode);

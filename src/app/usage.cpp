@@ -10,9 +10,11 @@ namespace {
 UsageSection optionSection(const QString& heading, std::span<const OptionUsage> options) {
     UsageSection section{.heading = heading};
     for (const OptionUsage& option : options) {
-        const QString letter =
-            option.letter.isEmpty() ? QString() : QStringLiteral("-%1, ").arg(option.letter);
-        section.entries.append({QStringLiteral("%1--%2").arg(letter, option.name), option.text});
+        QString term;
+        for (const QChar letter : QString(option.letters)) {
+            term += QStringLiteral("-%1, ").arg(letter);
+        }
+        section.entries.append({QStringLiteral("%1--%2").arg(term, option.name), option.text});
     }
     return section;
 }

@@ -1,5 +1,6 @@
 #include "core/app_model.h"
 
+#include "core/preferences.h"
 #include "history/usage_history_recorder.h"
 #include "platform/spawn.h"
 
@@ -20,7 +21,6 @@ using Place = providers::QuotaFailure::Place;
 
 namespace {
 
-const QString appearanceKey = QStringLiteral("appearance");
 const QString widgetKind = QStringLiteral("GaugewellWidget");
 
 /// Longer than any refresh takes.
@@ -62,13 +62,18 @@ AppModel::AppModel(const Services& services, std::optional<QuotaSnapshot> snapsh
     }
     m_snapshot = snapshot.value_or(model::placeholderSnapshot(services.clock.now()));
     m_history = history.value_or(history::UsageHistory{});
-    m_appearance = model::fromRawValue<model::AppAppearance>(services.defaults.text(appearanceKey))
-                       .value_or(model::AppAppearance::system);
-    m_notificationSettings = notify::loadNotificationSettings(services.defaults);
+    reloadPreferences();
+}
+
+void AppModel::reloadPreferences() {
+    model::DefaultsStore& defaults = m_services.defaults;
+    m_appearance = loadAppearance(defaults);
+    m_notificationSettings = notify::loadNotificationSettings(defaults);
+    Q_EMIT preferencesReloaded();
 }
 
 void AppModel::setAppearance(model::AppAppearance appearance) {
-    showError(m_services.defaults.setText(appearanceKey, model::rawValue(appearance)));
+    showError(saveAppearance(m_services.defaults, appearance));
     m_appearance = appearance;
 }
 
@@ -123,7 +128,7 @@ QCoro::Task<RefreshReport> AppModel::refresh(AskedBy askedBy) {
     co_return report;
 }
 
-QCoro::Task<bool> AppModel::refreshOrJoin() {
+QCoro::Task<RefreshReport> AppModel::refreshOrJoin() {
     // Awaits the future rather than isRefreshingChanged: if the next refresh started before every
     // waiting caller had resumed, the second signal would resume the rest twice.
     if (!m_isRefreshing) {
@@ -131,7 +136,7 @@ QCoro::Task<bool> AppModel::refreshOrJoin() {
     }
     const QFuture<RefreshReport> end = m_end;
     const RefreshReport report = co_await end;
-    co_return report.outcome == RefreshReport::Outcome::published;
+    co_return report;
 }
 
 QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
@@ -163,8 +168,7 @@ QuotaSnapshot AppModel::previousSnapshot() {
 QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
     const auto locked = co_await lockStore();
     if (!locked) {
-        m_lastError = locked.error();
-        co_return RefreshReport{.outcome = RefreshReport::Outcome::notSaved};
+        co_return notSaved({}, locked.error());
     }
     const QuotaSnapshot previous = previousSnapshot();
     std::stop_source stopTokens;
@@ -180,8 +184,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
     RefreshReport report{.failures = answers.failures};
 
     if (const auto saved = m_services.store.saveSnapshot(current); !saved) {
-        m_lastError = saved.error().message;
-        report.outcome = RefreshReport::Outcome::notSaved;
+        report = notSaved(report, saved.error().message);
         stopTokens.request_stop();
         co_await tokenTask;
         co_return report;
@@ -194,21 +197,27 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
         previous, current, totals.value_or(history::TokenTotals()), m_services.clock.now());
     if (!recorded) {
         // Until the next refresh, the stored snapshot is then newer than the one shown.
-        m_lastError = recorded.error().message;
-        report.outcome = RefreshReport::Outcome::notSaved;
-        co_return report;
+        co_return notSaved(report, recorded.error().message);
     }
     report.uncounted = totals ? recorded->uncounted : history::scanFailureText(totals.error());
     m_recordedSnapshot = current;
 
     m_history = recorded->history;
     m_snapshot = current;
+    m_failures = answers.failures;
     m_services.notifier.process(current, m_notificationSettings, m_services.clock.now(),
                                 m_services.zone);
     m_lastError = answers.errorLine ? answers.errorLine : report.uncounted;
     m_services.widgetCentre.reloadTimelines(widgetKind);
     m_services.widgetCentre.reloadAllTimelines();
     co_return report;
+}
+
+RefreshReport AppModel::notSaved(RefreshReport report, const QString& reason) {
+    m_lastError = reason;
+    report.outcome = RefreshReport::Outcome::notSaved;
+    report.notSaved = reason;
+    return report;
 }
 
 QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, AskedBy askedBy) {
@@ -227,7 +236,7 @@ QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, As
         const AIProvider provider = m_services.quotaClients[i].get().provider();
         const providers::QuotaFailure& failure = fetched.error();
         answers.entries.push_back(staleEntry(previous, provider, failure));
-        answers.failures[provider] = failure.text;
+        answers.failures[provider] = failure;
         if (failure.shownAt == Place::errorLine && !answers.errorLine) {
             answers.errorLine = failure.text;
         }

@@ -44,17 +44,21 @@ struct Services {
     model::LocalZone zone;
 };
 
+/// Why providers gave no figures.
+using Failures = std::map<model::AIProvider, providers::QuotaFailure>;
+
 /// The result of AppModel::refresh.
 struct RefreshReport {
     enum class Outcome {
         published,      ///< the new figures are saved and shown
         alreadyRunning, ///< another refresh was in progress, so this call did nothing
-        notSaved,       ///< a file could not be written; AppModel::lastError has the reason
+        notSaved,       ///< a file could not be written
     };
 
     Outcome outcome = Outcome::published;
-    std::map<model::AIProvider, QString> failures; ///< messages for the user
+    Failures failures;
     std::optional<QString> uncounted; ///< message for the user if new tokens were not counted
+    std::optional<QString> notSaved;  ///< message for the user: why the result was not saved
 };
 
 /// The program's state and its refresh cycle. Main thread only. Must outlive the event loop:
@@ -74,6 +78,8 @@ public:
     /// Message for the user if the last refresh or save failed. A provider's failure appears here
     /// only if it is not shown beside that provider's figures.
     [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
+    /// Why providers gave no figures in the last refresh.
+    [[nodiscard]] Failures failures() const { return m_failures; }
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {
         return m_notificationSettings;
@@ -84,6 +90,9 @@ public:
 
     /// Also stores them; a failure to do so goes to lastError().
     void setNotificationSettings(const notify::NotificationSettings& settings);
+
+    /// Takes over the appearance and the notification settings that another program has stored.
+    void reloadPreferences();
 
     /// Empties the history, in memory and on disk; write errors are ignored. Keeps the token
     /// baselines, so that the next refresh counts only new tokens.
@@ -101,23 +110,25 @@ public:
     /// fixture mode.
     void startAutoRefresh(const LaunchContext& context);
 
-    /// Refreshes on the user's behalf, or waits for the refresh in progress. Returns whether new
-    /// figures were published.
-    QCoro::Task<bool> refreshOrJoin();
+    /// Refreshes on the user's behalf, or waits for the refresh in progress.
+    QCoro::Task<RefreshReport> refreshOrJoin();
 
 Q_SIGNALS:
+    /// After reloadPreferences(): other settings may have changed too.
+    void preferencesReloaded();
     // Emitted only when the value differs.
     void snapshotChanged();
     void historyChanged();
     void isRefreshingChanged();
     void lastErrorChanged();
+    void failuresChanged();
     void appearanceChanged();
     void notificationSettingsChanged();
 
 private:
     struct Answers {
         std::vector<model::ProviderQuotaSnapshot> entries;
-        std::map<model::AIProvider, QString> failures;
+        Failures failures;
         std::optional<QString> errorLine;
     };
 
@@ -129,6 +140,7 @@ private:
     /// The figures that the next refresh is compared with.
     [[nodiscard]] model::QuotaSnapshot previousSnapshot();
     void showError(const std::expected<void, model::FileError>& saved);
+    RefreshReport notSaved(RefreshReport report, const QString& reason);
 
     Services m_services;
     history::TokenBaselines m_baselines;
@@ -145,6 +157,7 @@ private:
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_isRefreshing, &AppModel::isRefreshingChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<QString>, m_lastError,
                                &AppModel::lastErrorChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, Failures, m_failures, &AppModel::failuresChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::AppAppearance, m_appearance,
                                &AppModel::appearanceChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, notify::NotificationSettings, m_notificationSettings,

@@ -22,7 +22,8 @@ std::unexpected<ProcessRunnerError> launchFailed(const QString& reason) {
 /// A child whose output goes to `collector`. The destructor ends it without waiting for it.
 class Child {
 public:
-    Child(const QString& executable, const QStringList& arguments, const QByteArray& input,
+    Child(const QString& executable, const QStringList& arguments,
+          const QProcessEnvironment& environment, const QByteArray& input,
           std::chrono::milliseconds grace, ResponseCollector& collector, QObject& owner)
         : m_process(new QProcess(&owner)) {
         if (!m_guardian.isReady()) {
@@ -44,6 +45,7 @@ public:
                              }
                          });
         m_guardian.guard(*process, grace);
+        process->setProcessEnvironment(environment);
         process->start(executable, arguments);
     }
 
@@ -82,6 +84,20 @@ std::optional<QString> findExecutable(const QStringList& candidates) {
     return found != candidates.end() ? std::optional(*found) : std::nullopt;
 }
 
+QProcessEnvironment childEnvironment(QProcessEnvironment environment, const QString& program) {
+    const QString variable = QStringLiteral("PATH");
+    constexpr auto maximumLinks = 40; // as the kernel has it
+    // Without the variable, programs search these.
+    QString folders = environment.value(variable, QStringLiteral("/usr/bin:/bin"));
+    QString path = program;
+    for (int links = 0; links <= maximumLinks && !path.isEmpty(); ++links) {
+        folders += (folders.isEmpty() ? QString() : QStringLiteral(":")) + QFileInfo(path).path();
+        path = QFile::symLinkTarget(path);
+    }
+    environment.insert(variable, folders);
+    return environment;
+}
+
 ProcessRunner::~ProcessRunner() {
     // ~QProcess would kill a running program and wait for it. The guardians end the programs.
     for (QProcess* process : m_processes.findChildren<QProcess*>()) {
@@ -96,7 +112,8 @@ QCoro::Task<CommandReply> ProcessRunner::requestRateLimits(QString executable,
     const auto giveUp = [&collector] { collector.timeoutFired(); };
     // The child makes no progress while the machine is suspended.
     const auto alarm = m_clock.after(timeout, giveUp, platform::SuspendedTime::doesNotCount);
-    const Child child(executable, arguments, input, m_grace, collector, m_processes);
+    const Child child(executable, arguments, childEnvironment(m_environment, executable), input,
+                      m_grace, collector, m_processes);
     co_return co_await collector.waitForResult();
 }
 

@@ -22,10 +22,17 @@ struct QuotaFailure {
         besideFigures, ///< the status message beside the provider's old figures
     };
 
-    QString text; ///< one sentence; may name the user's account, so never stored
+    QString text;   ///< one sentence; may name the user's account, so never stored
+    QString advice; ///< one sentence: what the user can do
     Place shownAt = Place::errorLine;
     /// For `Place::besideFigures` only: the status message, which is stored, or nullopt for none.
     std::optional<QString> shortText;
+    /// A program that would help, at this absolute path; not to be started before the user agreed.
+    /// Empty if there is none.
+    QString foundProgram;
+
+    [[nodiscard]] QString sentences() const { return text + u' ' + advice; }
+    bool operator==(const QuotaFailure&) const = default;
 };
 
 using QuotaResult = std::expected<model::ProviderQuotaSnapshot, QuotaFailure>;

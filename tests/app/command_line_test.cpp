@@ -30,7 +30,7 @@ private Q_SLOTS:
                                                             {"statuses", "statuses"},
                                                             {"refresh status", "status"},
                                                             {"refresh --background", "background"},
-                                                            {"refresh --json", "status"},
+                                                            {"config --json", "status"},
                                                             {"--waybar", "status"},
                                                             {"status --json --waybar", "exclude"},
                                                             {"status --json=1", "json"}};

@@ -1,4 +1,4 @@
-#include "model/shared_store.h"
+#include "app/refresh_result.h"
 #include "platform/linux/dbus_application.h"
 #include "support/private_bus.h"
 #include "support/tallyvane_program.h"
@@ -45,8 +45,9 @@ void installCodex(const char* script) {
     install(".local/bin/codex", script);
 }
 
-QCoro::Task<bool> stored(bool isStored) {
-    co_return isStored;
+QCoro::Task<platform::DBusApplication::RefreshAnswer> answer(app::RefreshResult result) {
+    co_return platform::DBusApplication::RefreshAnswer{
+        .report = QString::fromUtf8(encodeRefreshResult(result))};
 }
 
 } // namespace
@@ -82,15 +83,62 @@ private Q_SLOTS:
                      qPrintable(answer.output + answer.error));
         };
         check("\"$0\" --help", 0, "Examples:\n  tallyvane refresh\n", "");
-        check("\"$0\" --version", 0, "tallyvane ", "");
+        check("\"$0\" help", 0, "Examples:\n  tallyvane refresh\n", "");
+        for (const char* version : {"\"$0\" --version", "\"$0\" -V", "\"$0\" version"}) {
+            check(version, 0, "tallyvane ", "");
+        }
         check("\"$0\" --help >/dev/full", 1, "", "No space left");
         check("\"$0\" status --colour", 2, "",
-              "tallyvane: Unknown option 'colour'. Try 'tallyvane --help'.\n");
+              "tallyvane: Unknown option '--colour'. Try 'tallyvane --help'.\n");
         check("\"$0\" status", 4, "", "tallyvane refresh");
         check("\"$0\" status --waybar", 4, R"("class":"none")", "tallyvane refresh");
         check("\"$0\" history", 4, "", "No history");
         check("rm -r \"$HOME/data\"; echo >\"$HOME/data\"; \"$0\" refresh", 1, "",
               "quota-snapshot.json");
+    }
+
+    void keepsTheSettings() {
+        installCodex("");
+        const std::pair<const char*, const char*> rows[] = {
+            {"appearance", "dark"},           {"launch-at-login", "on"},
+            {"notifications", "on"},          {"notification-windows", "22:00-06:30, off all-day"},
+            {"notification-windows", "none"}, {"codex-path", "$HOME/.local/bin/codex"}};
+        for (const auto& [key, value] : rows) {
+            const QString after = u" %1 "_s.arg(QLatin1StringView(key));
+            const QString command = u"\"$0\" config set"_s + after + u'"' +
+                                    QLatin1StringView(value) + u"\" && \"$0\" config get"_s + after;
+            QString expected = QString::fromLatin1(value) + u'\n';
+            const Run set = runShell(command);
+            QCOMPARE(set.output, expected.replace(u"$HOME"_s, QDir::homePath()));
+            QCOMPARE(set.error, QString());
+        }
+        QCOMPARE(
+            run("config list").output,
+            u"appearance = dark\nlaunch-at-login = on\nnotifications = on\n"
+            "notification-windows = none\ncodex-path = %1\n"_s.arg(inHome(".local/bin/codex")));
+        for (const auto& [key, value] : rows) {
+            QCOMPARE(runShell(u"\"$0\" config unset "_s + QLatin1StringView(key)).exitCode, 0);
+        }
+        QCOMPARE(run("config").output, u"appearance = system\nlaunch-at-login = off\n"
+                                       "notifications = off\nnotification-windows = 09:00-18:00\n"
+                                       "codex-path = \n"_s);
+
+        const std::pair<const char*, int> mistakes[] = {{"set appearance Dark", 2},
+                                                        {"set notifications yes", 2},
+                                                        {"set notification-windows 9", 2},
+                                                        {"set notification-windows 24:00-25:00", 2},
+                                                        {"set colour red", 2},
+                                                        {"set appearance", 2},
+                                                        {"get", 2},
+                                                        {"list appearance", 2},
+                                                        {"put appearance dark", 2},
+                                                        {"set codex-path codex", 1},
+                                                        {"set codex-path /missing", 1}};
+        for (const auto& [words, exitCode] : mistakes) {
+            const Run refused = runShell(u"\"$0\" config "_s + QLatin1StringView(words));
+            QVERIFY2(refused.exitCode == exitCode && refused.error.count(u'\n') == 1, words);
+        }
+        QCOMPARE(run("config get codex-path").output, u"\n"_s);
     }
 
     void becomesTheDesktopProgram() {
@@ -108,18 +156,11 @@ private Q_SLOTS:
 
     void goesThroughTheRunningProgram() {
         const tests::PrivateBus bus;
-        const model::SharedStore store({.dataHome = inHome("data").toStdString()});
         const auto now =
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
-        model::QuotaSnapshot snapshot = model::placeholderSnapshot(now);
-        for (model::ProviderQuotaSnapshot& entry : snapshot.providers) {
-            entry.syncState = model::QuotaSyncState::current;
-            entry.syncedAt = now;
-        }
-        std::function<QCoro::Task<bool>()> refresh = [&] {
-            return stored(store.saveSnapshot(snapshot).has_value());
-        };
-        platform::DBusApplication desktop([&refresh] { return refresh(); });
+        app::RefreshResult result{.snapshot = model::placeholderSnapshot(now)};
+        result.snapshot.providers[1].syncedAt = now;
+        platform::DBusApplication desktop([&result] { return answer(result); });
         const QSignalSpy activated(&desktop, &platform::DBusApplication::activated);
         QCOMPARE(desktop.registerOnBus(), platform::DBusApplication::Registration::owner);
 
@@ -127,20 +168,26 @@ private Q_SLOTS:
         QCOMPARE(current.exitCode, 0);
         QVERIFY2(current.output.contains(u"Claude, synced just now") && current.error.isEmpty(),
                  qPrintable(current.output + current.error));
+        QCOMPARE(run("refresh --json").output.toUtf8(), encodeRefreshResult(result) + '\n');
 
-        snapshot.providers[0].syncState = model::QuotaSyncState::pending;
-        snapshot.providers[1].syncState = model::QuotaSyncState::pending;
-        snapshot.providers[1].statusMessage = u"Rate limited"_s;
-        const Run pending = run("refresh");
-        QCOMPARE(pending.exitCode, 3);
-        QCOMPARE(pending.error, u"tallyvane: Codex: Not refreshed; the running program's window "
-                                "tells why.\ntallyvane: Claude: Rate limited\n"_s);
+        result.report.failures[model::AIProvider::codex] = {.text = u"Gone, a@b.example."_s,
+                                                            .advice = u"Look."_s};
+        const Run failed = run("refresh");
+        QCOMPARE(failed.exitCode, 3);
+        QCOMPARE(failed.error, u"tallyvane: Codex: Gone, (e-mail address).\n  Look.\n"_s);
+        QVERIFY(!run("refresh --json").output.contains(u"a@b.example"));
 
-        refresh = [] { return stored(false); };
-        QCOMPARE(run("refresh").exitCode, 1);
+        result.report.outcome = core::RefreshReport::Outcome::notSaved;
+        result.report.notSaved = u"Disk full."_s;
+        const Run unsaved = run("refresh");
+        QCOMPARE(unsaved.exitCode, 1);
+        QVERIFY(unsaved.output.isEmpty() && unsaved.error.endsWith(u"Disk full.\n"_s));
 
         QCOMPARE(run("--background").exitCode, 0);
         QCOMPARE(activated.count(), 0);
+        const QSignalSpy reloaded(&desktop, &platform::DBusApplication::reloadRequested);
+        QCOMPARE(run("config set appearance dark").exitCode, 0);
+        QCOMPARE(reloaded.count(), 1);
         QCOMPARE(runShell(u"XDG_ACTIVATION_TOKEN=token \"$0\""_s).exitCode, 0);
         QCOMPARE(activated.value(0), QVariantList{u"token"_s});
     }
@@ -207,7 +254,7 @@ private Q_SLOTS:
                 refresh.output.contains(u"Claude, never synced\n"),
             qPrintable(refresh.output));
         QVERIFY2(refresh.error.startsWith(u"tallyvane: Claude: ") &&
-                     refresh.error.count(u'\n') == 1,
+                     refresh.error.endsWith(u"\n  Start 'claude' in a terminal and sign in.\n"),
                  qPrintable(refresh.error));
         QCOMPARE(run("status").output, refresh.output);
         const QByteArray stored = tests::readFile(inHome("data/Gaugewell/quota-snapshot.json"));

@@ -46,7 +46,7 @@ private Q_SLOTS:
         world.isHoldingAnswers = true;
         const auto first = model.refresh(AskedBy::user);
         QCOMPARE(writer.refresh(), Outcome::alreadyRunning);
-        std::list<QCoro::Task<bool>> joined;
+        std::list<QCoro::Task<core::RefreshReport>> joined;
         for (int i = 0; i < 3; ++i) {
             joined.push_back(model.refreshOrJoin());
         }
@@ -59,8 +59,8 @@ private Q_SLOTS:
         });
         world.letAnswer();
         const core::RefreshReport report = QCoro::waitFor(first);
-        for (const QCoro::Task<bool>& each : joined) {
-            QVERIFY(QCoro::waitFor(each));
+        for (const auto& each : joined) {
+            QCOMPARE(QCoro::waitFor(each).outcome, Outcome::published);
         }
 
         QCOMPARE(report.outcome, Outcome::published);
@@ -77,7 +77,8 @@ private Q_SLOTS:
             World world;
             auto& [codex, claude] = world.assistants;
             codex.failure = {.text = u"Codex failed."_s};
-            claude.failure = {u"Claude failed."_s, claudePlace, status};
+            claude.failure = {
+                .text = u"Claude failed."_s, .shownAt = claudePlace, .shortText = status};
             codex.isFailing = claude.isFailing = true;
             auto before = syncedSnapshot(world.clock.now(), 7);
             before = hasSynced ? before : model::placeholderSnapshot(before.updatedAt);
@@ -87,6 +88,7 @@ private Q_SLOTS:
             const auto task = writer.model.refresh(AskedBy::user);
             QCOMPARE(QCoro::waitFor(task).failures.size(), 2U);
             QCOMPARE(writer.model.lastError(), codex.failure.text);
+            QVERIFY(writer.model.failures().at(model::AIProvider::claude) == claude.failure);
             const model::QuotaSnapshot after = writer.model.snapshot();
             for (std::size_t i = 0; i < 2; ++i) {
                 auto expected = before.providers[i];
@@ -157,7 +159,7 @@ private Q_SLOTS:
             const auto joined = writer.model.refreshOrJoin();
             world.letAnswer();
             QCOMPARE(QCoro::waitFor(refresh).outcome, Outcome::notSaved);
-            QVERIFY(!QCoro::waitFor(joined));
+            QCOMPARE(QCoro::waitFor(joined).notSaved, writer.model.lastError());
             QVERIFY2(writer.model.lastError()->contains(QLatin1StringView(name)), name);
             QVERIFY(writer.model.snapshot() == before && !writer.model.isRefreshing());
             QVERIFY(writer.model.history().points.empty());

@@ -70,7 +70,7 @@ QStringList dashboard(const QStringList& codex) {
 Updated just now
 · Auto-refreshes every 5 min
 Refresh
-Claude | 5h: --, Not available; Week: --, Not available
+Claude | 5h: --, Not available; Week: --, Not available; No sign-in of Claude Code was found. Start 'claude' in a terminal and sign in.
 )") << codex
     << QUrl(QStringLiteral(TALLYVANE_WEBSITE)).host());
 }
@@ -90,6 +90,9 @@ Light
 Dark
 Background refresh
 The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.
+Codex program
+Codex program | Automatic
+In use: ~/.local/bin/codex, found by Tallyvane.
 Reset notifications
 Notify when a quota resets
 Sends a desktop alert when Codex or Claude's quota resets during an enabled window. Requires the menu bar app to be running.
@@ -168,6 +171,7 @@ Continue
         QVERIFY(seen.press(u"Refresh"_s));
         const QStringList oldFigures = dashboard(lines(R"(
 Command failed (-1): signed out
+Start 'codex' in a terminal to see whether it works there.
 Codex PLUS | 5h: 37%, Sync pending; Week: 83%, Sync pending
 Sync pending
 )"));

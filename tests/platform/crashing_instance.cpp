@@ -11,7 +11,8 @@ using namespace tallyvane::platform;
 
 int main(int argc, char** argv) {
     const QCoreApplication program(argc, argv);
-    DBusApplication application([]() -> QCoro::Task<bool> { std::_Exit(1); });
+    DBusApplication application(
+        []() -> QCoro::Task<DBusApplication::RefreshAnswer> { std::_Exit(1); });
     if (application.registerOnBus() == DBusApplication::Registration::owner) {
         std::puts("owner");
         std::fflush(stdout);

@@ -35,18 +35,25 @@ bool hasNoChild() {
 /// One fetch and its clock.
 struct Fetch {
     /// The grace is longer than any test looks.
-    explicit Fetch(const QStringList& candidates, std::chrono::milliseconds grace = 1min)
-        : runner(clock, grace), client(candidates, runner, clock) {
+    explicit Fetch(const QStringList& candidates, std::chrono::milliseconds grace = 1min,
+                   const QStringList& others = {})
+        : program(defaults, {.standard = candidates, .others = others}),
+          runner(clock, QProcessEnvironment::systemEnvironment(), grace),
+          client(program, runner, clock) {
         QCoro::connect(client.fetch(providers::AskedBy::user), &context,
                        [this](const providers::QuotaResult& result) {
                            outcome = result ? *result->planName : result.error().text;
+                           failure = result ? providers::QuotaFailure() : result.error();
                        });
     }
 
     tests::ManualClock clock{model::Timestamp{}};
+    model::DefaultsStore defaults = *model::DefaultsStore::open(inHome("settings").toStdString());
+    providers::CodexProgram program;
     providers::ProcessRunner runner;
     providers::CodexQuotaClient client;
     std::optional<QString> outcome;
+    providers::QuotaFailure failure;
     QObject context;
 };
 
@@ -73,6 +80,83 @@ private Q_SLOTS:
         check("launcher-stays", u"Command failed (-1): sign in");
         check("floods", u"Command timed out.");
         check("no-interpreter", u"No such file or directory");
+    }
+
+    /// Its "node", which is not in PATH, lies beside the link to it.
+    void startsALauncherOfAVersionManager() {
+        const QByteArray reply = R"({"id":1,"result":{"rateLimits":{"planType":"plus"}}})";
+        const QString version = inHome(".nvm/versions/node/v22.11.0/");
+        const QString script = version + u"lib/node_modules/@openai/codex/bin/codex.js"_s;
+        tests::writeFile(version + u"bin/node"_s, "#!/bin/sh\necho '" + reply + "'; read rest\n");
+        tests::writeFile(script, "#!/usr/bin/env node\n");
+        QVERIFY(QFile::link(script, version + u"bin/codex"_s));
+        QVERIFY(QFile::link(version + u"bin/codex"_s, inHome("codex")));
+        const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
+        qputenv("PATH", "/nonexistent");
+        Fetch fetch({inHome("codex")});
+        TALLYVANE_TRY_COMPARE(fetch.outcome, u"Plus"_s);
+
+        QProcessEnvironment before;
+        before.insert(u"PATH"_s, u"/bin::/sbin"_s);
+        before.insert(u"OTHER"_s, u"x"_s);
+        const auto after = providers::childEnvironment(before, u"/opt/x/codex"_s);
+        QCOMPARE(after.toStringList(), (QStringList{u"OTHER=x"_s, u"PATH=/bin::/sbin:/opt/x"_s}));
+    }
+
+    void offersWhatItFindsButDoesNotStartIt() {
+        const QByteArray marks = "#!/bin/sh\ntouch " + inHome("ready").toUtf8() + '\n';
+        for (const char* name :
+             {"path/codex", ".bun/bin/codex", ".nvm/versions/node/v9.0.0/bin/codex",
+              ".nvm/versions/node/v22.2.0/bin/codex", ".nvm/versions/node/v22.11.0/bin/codex",
+              "data/mise/installs/node/latest/bin/codex", "data/mise/installs/node/22/bin/codex"}) {
+            tests::writeFile(inHome(name), marks);
+        }
+        QVERIFY(QDir::home().mkpath(u".volta/bin/codex"_s));
+        const auto places =
+            providers::codexPlaces(QDir::homePath(), inHome("data"), {inHome("path")});
+        QStringList found = Fetch({}, 1min, places.others).program.findElsewhere();
+        found.removeIf([](const QString& path) { return !path.startsWith(QDir::homePath()); });
+        QCOMPARE(found.replaceInStrings(QDir::homePath(), u"~"_s),
+                 (QStringList{u"~/.nvm/versions/node/v22.11.0/bin/codex"_s,
+                              u"~/.nvm/versions/node/v22.2.0/bin/codex"_s,
+                              u"~/.nvm/versions/node/v9.0.0/bin/codex"_s,
+                              u"~/data/mise/installs/node/22/bin/codex"_s,
+                              u"~/data/mise/installs/node/latest/bin/codex"_s,
+                              u"~/.bun/bin/codex"_s, u"~/path/codex"_s}));
+
+        Fetch refused({}, 1min, {inHome(".nvm/versions/node/*/bin")});
+        QCOMPARE(refused.outcome, u"Could not find Codex CLI."_s);
+        QCOMPARE(refused.failure.foundProgram, inHome(".nvm/versions/node/v22.11.0/bin/codex"));
+        QVERIFY(refused.failure.advice.endsWith(u"config set codex-path "_s +
+                                                refused.failure.foundProgram));
+        QVERIFY(!QFile::exists(inHome("ready")));
+    }
+
+    void startsWhatTheUserChose() {
+        QVERIFY(Fetch({}).program.choose(program("reply-amid-noise")));
+        Fetch fetch({program("hangs")});
+        TALLYVANE_TRY_COMPARE(fetch.outcome, u"Plus"_s);
+
+        const auto refusal = [&](const QString& path) {
+            const auto chosen = fetch.program.choose(path);
+            return chosen ? QString() : chosen.error();
+        };
+        QCOMPARE(refusal(u"codex"_s), u"Not an absolute path: codex"_s);
+        QCOMPARE(refusal(u"/missing/codex"_s), u"Could not find /missing/codex."_s);
+        QCOMPARE(refusal(u"/etc/passwd"_s), u"Not an executable file: /etc/passwd"_s);
+        QCOMPARE(fetch.program.path(), program("reply-amid-noise"));
+
+        // The manager of versions moves the program.
+        const QString before = inHome("v1/codex");
+        tests::writeFile(before, "#!/bin/sh\n");
+        QVERIFY(fetch.program.choose(before));
+        QVERIFY(QFile::remove(before));
+        tests::writeFile(inHome("v2/codex"), "#!/bin/sh\n");
+        Fetch moved({}, 1min, {inHome("*")});
+        QCOMPARE(moved.outcome, u"Could not find %1."_s.arg(before));
+        QCOMPARE(moved.failure.foundProgram, inHome("v2/codex"));
+        QVERIFY(fetch.program.choose({}));
+        QCOMPARE(fetch.program.path(), program("hangs"));
     }
 
     void timesOut() {

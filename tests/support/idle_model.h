@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "core/program_setting.h"
 #include "platform/linux/dbus_widget_centre.h"
 #include "providers/claude/claude_quota_client.h"
 #include "providers/codex/codex_quota_client.h"
@@ -36,6 +37,17 @@ public:
 
     [[nodiscard]] QDir home() const { return QDir(m_home.path()); }
 
+    [[nodiscard]] core::ProgramSetting codexSetting() {
+        const auto state = [this]() -> core::ProgramSetting::State {
+            const auto path = m_codexProgram.path();
+            return {.path = path.value_or(QString()),
+                    .chosen = m_codexProgram.chosen(),
+                    .error = path ? QString() : providers::description(path.error())};
+        };
+        const auto choose = [this](const QString& path) { return m_codexProgram.choose(path); };
+        return {.state = state, .choose = choose, .home = m_home.path()};
+    }
+
     ManualClock clock;
     FakeNotificationCentre notificationCentre;
 
@@ -45,9 +57,12 @@ private:
     model::SharedStore m_store{m_locations};
     model::DefaultsStore m_defaults = model::DefaultsStore::openFirst(
         m_locations.defaultsSuite(), m_locations.standardDefaults());
-    providers::ProcessRunner m_runner{clock};
-    providers::CodexQuotaClient m_codexClient{
-        {m_home.filePath(QStringLiteral("codex"))}, m_runner, clock};
+    providers::CodexProgram m_codexProgram{
+        m_defaults,
+        {.standard = {m_home.filePath(QStringLiteral("codex"))},
+         .others = {m_home.filePath(QStringLiteral(".nvm/versions/node/*/bin"))}}};
+    providers::ProcessRunner m_runner{clock, QProcessEnvironment::systemEnvironment()};
+    providers::CodexQuotaClient m_codexClient{m_codexProgram, m_runner, clock};
     providers::ClaudeQuotaClient m_claudeClient{
         {.credentialsFile = m_root / "credentials.json"}, m_secrets, clock};
     history::LocalTokenEstimator m_tokenEstimator{m_root};

@@ -5,6 +5,7 @@
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
 
+using namespace Qt::StringLiterals;
 using namespace tallyvane;
 using model::ProviderQuotaSnapshot;
 using model::QuotaSyncState;
@@ -84,7 +85,7 @@ private Q_SLOTS:
                               const GaugeValues& gauges, const char* tooltip) {
             const model::QuotaSnapshot snapshot{.providers = entries};
             QVERIFY2(ui::gaugeValues(snapshot) == gauges, tooltip);
-            QCOMPARE(ui::tooltipLines(snapshot).join(u'|'), QString::fromUtf8(tooltip));
+            QCOMPARE(ui::tooltipLines(snapshot, {}).join(u'|'), QString::fromUtf8(tooltip));
         };
         using enum model::AIProvider;
         check({{.provider = codex, .fiveHour = used(99.5)}}, {.codex = 0.5},
@@ -97,6 +98,8 @@ private Q_SLOTS:
               "Tallyvane: 20%|Codex: 5H 87%  ·  WK 63%|Claude: 5H 19%  ·  WK 100%");
         check({{.provider = claude, .fiveHour = used(60), .syncState = QuotaSyncState::pending}},
               {.claude = 40}, "Tallyvane: 40%|Codex: 5H 0%  ·  WK 0%|Claude: Sync pending");
+        QCOMPARE(ui::tooltipLines({}, {{codex, {.text = u"No."_s, .advice = u"Do."_s}}}).last(),
+                 u"No. Do."_s);
     }
 };
 

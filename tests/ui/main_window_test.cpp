@@ -71,6 +71,7 @@ struct OpenWindow final : tests::ShownWindow {
          .locale = "de_DE",
          .zone = zone,
          .website = QUrl(u"https://maker.example"_s),
+         .codexProgram = idle.codexSetting(),
          .openNotificationSettings = [this] { ++settingsOpened; },
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
 };

@@ -1,26 +1,17 @@
 #include "app/desktop/desktop_program.h"
 
+#include "app/refresh_result.h"
 #include "model/quota_display.h"
 #include "platform/linux/notification_settings_page.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtGui/QDesktopServices>
 
 namespace tallyvane::app {
 
 namespace {
-
-platform::AutostartPlaces autostartPlaces(const Environment& environment) {
-    platform::AutostartPlaces places{
-        .userDirectory = environment.locations.configHome / "autostart",
-        .program = QCoreApplication::arguments().constFirst().toStdString(),
-        .searchPath = environment.searchPath};
-    for (const std::filesystem::path& directory : environment.systemConfigDirectories) {
-        places.systemDirectories.push_back(directory / "autostart");
-    }
-    return places;
-}
 
 std::filesystem::path iconFolder(const Environment& environment) {
     return environment.runtimeDirectory.empty() ? std::filesystem::path()
@@ -45,9 +36,10 @@ public:
 DesktopProgram::DesktopProgram(const Environment& environment)
     : m_environment(environment),
       m_composition(environment),
-      m_loginItem(autostartPlaces(environment)),
+      m_loginItem(
+          autostartPlaces(environment, QCoreApplication::arguments().constFirst().toStdString())),
       m_statusArea(m_composition.model, m_appearance, iconFolder(environment)),
-      m_application([this] { return m_composition.model.refreshOrJoin(); }) {
+      m_application([this] { return refreshAndReport(); }) {
     connect(&m_statusArea, &StatusArea::clicked, this,
             [this](QPoint position, const QString& token) {
                 const ActivationToken passedOn(token);
@@ -66,6 +58,8 @@ DesktopProgram::DesktopProgram(const Environment& environment)
             &DesktopProgram::openMainWindow);
     connect(&m_application, &platform::DBusApplication::refreshRequested, &m_composition.model,
             &core::AppModel::startRefresh);
+    connect(&m_application, &platform::DBusApplication::reloadRequested, this,
+            &DesktopProgram::reloadSettings);
     // Queued, so that the caller gets its reply first.
     connect(&m_application, &platform::DBusApplication::quitRequested, qApp,
             &QCoreApplication::quit, Qt::QueuedConnection);
@@ -89,6 +83,50 @@ std::optional<ExitCode> DesktopProgram::start(StartMode mode) {
     return std::nullopt;
 }
 
+QCoro::Task<platform::DBusApplication::RefreshAnswer> DesktopProgram::refreshAndReport() {
+    const core::RefreshReport report = co_await m_composition.model.refreshOrJoin();
+    platform::DBusApplication::RefreshAnswer answer;
+    answer.isStored = report.outcome == core::RefreshReport::Outcome::published;
+    answer.report = QString::fromUtf8(
+        encodeRefreshResult({.report = report, .snapshot = m_composition.model.snapshot()}));
+    co_return answer;
+}
+
+void DesktopProgram::reloadSettings() {
+    m_composition.model.reloadPreferences();
+    refreshWithChosenCodex();
+}
+
+void DesktopProgram::refreshWithChosenCodex() {
+    core::AppModel& model = m_composition.model;
+    const QString chosen = m_composition.codexProgram.chosen();
+    if (std::exchange(m_chosenCodex, chosen) == chosen) {
+        return;
+    }
+    if (model.isRefreshing()) { // perhaps with the program of before
+        connect(&model, &core::AppModel::isRefreshingChanged, &model, &core::AppModel::startRefresh,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+    } else {
+        model.startRefresh();
+    }
+}
+
+core::ProgramSetting DesktopProgram::codexSetting() {
+    const auto state = [this]() -> core::ProgramSetting::State {
+        const providers::CodexProgram& program = m_composition.codexProgram;
+        const auto path = program.path();
+        return {.path = path.value_or(QString()),
+                .chosen = program.chosen(),
+                .error = path ? QString() : providers::description(path.error())};
+    };
+    const auto choose = [this](const QString& path) {
+        auto chosen = m_composition.codexProgram.choose(path);
+        refreshWithChosenCodex();
+        return chosen;
+    };
+    return {.state = state, .choose = choose, .home = QFile(m_environment.home).fileName()};
+}
+
 void DesktopProgram::openMainWindow(const QString& activationToken) {
     const ActivationToken passedOn(activationToken);
     if (Windows* shown = windows()) {
@@ -104,6 +142,7 @@ WindowsContext DesktopProgram::windowsContext() {
             .clock = m_composition.clock,
             .loginItem = m_loginItem,
             .notificationCentre = m_composition.notificationCentre,
+            .codexProgram = codexSetting(),
             .launchContext = m_environment.launchContext,
             .timeLocale = m_environment.timeLocale,
             .zone = m_environment.zone,

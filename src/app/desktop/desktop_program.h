@@ -21,12 +21,18 @@ public:
     [[nodiscard]] std::optional<ExitCode> start(StartMode mode);
 
 private:
+    void reloadSettings();
+    /// Does nothing unless the choice has changed since the last call.
+    void refreshWithChosenCodex();
+    [[nodiscard]] core::ProgramSetting codexSetting();
+    QCoro::Task<platform::DBusApplication::RefreshAnswer> refreshAndReport();
     void openMainWindow(const QString& activationToken);
     [[nodiscard]] WindowsContext windowsContext();
     [[nodiscard]] Windows* windows();
 
     Environment m_environment;
     Composition m_composition;
+    QString m_chosenCodex = m_composition.codexProgram.chosen(); ///< at the last look
     platform::AutostartEntry m_loginItem;
     platform::SystemAppearance m_appearance;
     StatusArea m_statusArea;

@@ -30,6 +30,7 @@ public:
                                   .locale = context.timeLocale,
                                   .zone = context.zone,
                                   .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
+                                  .codexProgram = context.codexProgram,
                                   .openNotificationSettings = context.openNotificationSettings,
                                   .takeLaunchQuestion = [&defaults = context.defaults,
                                                          launch = context.launchContext] {

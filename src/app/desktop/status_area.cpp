@@ -29,8 +29,11 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
       m_item(QString(platform::applicationId)) {
     m_item.setTitle(QStringLiteral("Tallyvane"));
     showSnapshot();
+    showToolTip();
     showMenu();
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showSnapshot);
+    connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showToolTip);
+    connect(&model, &core::AppModel::failuresChanged, this, &StatusArea::showToolTip);
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showMenu);
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
     connect(&appearance, &platform::SystemAppearance::changed, this, &StatusArea::showSnapshot);
@@ -61,7 +64,10 @@ void StatusArea::showSnapshot() {
     icon.symbolicFile = m_iconFiles.add(ui::symbolicSvg(drawing(22)));
     m_item.setIcon(icon);
     m_item.setLabel(model::labelText(snapshot), QStringLiteral("100%"));
-    m_item.setToolTip(ui::tooltipLines(snapshot));
+}
+
+void StatusArea::showToolTip() {
+    m_item.setToolTip(ui::tooltipLines(m_model.snapshot(), m_model.failures()));
 }
 
 void StatusArea::showMenu() {

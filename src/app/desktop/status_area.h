@@ -33,6 +33,7 @@ Q_SIGNALS:
 
 private:
     void showSnapshot();
+    void showToolTip();
     void showMenu();
     void choose(int entry);
     [[nodiscard]] QColor ink() const;

@@ -2,6 +2,7 @@
 
 #include "core/app_model.h"
 #include "core/launch_context.h"
+#include "core/program_setting.h"
 #include "platform/colour_preference.h"
 #include "platform/login_item.h"
 #include "platform/notification_centre.h"
@@ -21,6 +22,7 @@ struct WindowsContext {
     platform::Clock& clock;
     platform::LoginItem& loginItem;
     platform::NotificationCentre& notificationCentre;
+    core::ProgramSetting codexProgram;
     core::LaunchContext launchContext;
     std::string timeLocale;
     model::LocalZone zone;

@@ -85,21 +85,33 @@ class ControlAdaptor final : public QDBusAbstractAdaptor {
 
 public:
     ControlAdaptor(DBusApplication* application, DBusApplication::Refresh refresh)
-        : QDBusAbstractAdaptor(application), m_refresh(std::move(refresh)) {}
+        : QDBusAbstractAdaptor(application),
+          m_application(application),
+          m_refresh(std::move(refresh)) {}
 
 public Q_SLOTS:
     bool Refresh(const QDBusMessage& call) {
         call.setDelayedReply(true);
-        spawn(answer(call, m_refresh()));
+        spawn(answer(call, &DBusApplication::RefreshAnswer::isStored));
         return false; // not sent: the reply is delayed
     }
 
-private:
-    static QCoro::Task<> answer(QDBusMessage call, QCoro::Task<bool> refresh) {
-        const bool isStored = co_await refresh;
-        QDBusConnection::sessionBus().send(call.createReply(isStored));
+    QString RefreshReport(const QDBusMessage& call) {
+        call.setDelayedReply(true);
+        spawn(answer(call, &DBusApplication::RefreshAnswer::report));
+        return {};
     }
 
+    void ReloadSettings() { Q_EMIT m_application->reloadRequested(); }
+
+private:
+    template <typename Part>
+    QCoro::Task<> answer(QDBusMessage call, Part DBusApplication::RefreshAnswer::*part) {
+        const DBusApplication::RefreshAnswer result = co_await m_refresh();
+        QDBusConnection::sessionBus().send(call.createReply(result.*part));
+    }
+
+    DBusApplication* m_application;
     DBusApplication::Refresh m_refresh;
 };
 
@@ -150,12 +162,22 @@ std::expected<void, CallError> activateRunning(const QString& token) {
     return {};
 }
 
-std::expected<bool, CallError> refreshRunning() {
-    const auto reply = callRunning(controlInterface, QStringLiteral("Refresh"), {}, refreshTimeout);
+std::expected<QString, CallError> refreshRunning() {
+    const auto reply =
+        callRunning(controlInterface, QStringLiteral("RefreshReport"), {}, refreshTimeout);
     if (!reply) {
         return std::unexpected(reply.error());
     }
-    return reply->arguments().value(0).toBool();
+    return reply->arguments().value(0).toString();
+}
+
+std::expected<void, CallError> reloadRunning() {
+    const auto reply =
+        callRunning(controlInterface, QStringLiteral("ReloadSettings"), {}, activationTimeout);
+    if (!reply) {
+        return std::unexpected(reply.error());
+    }
+    return {};
 }
 
 } // namespace tallyvane::platform

@@ -12,7 +12,7 @@ namespace tallyvane::platform {
 
 /// The running program's object /org/corvelle/Tallyvane: org.freedesktop.Application (Desktop Entry
 /// Specification, "D-Bus Activation") with the actions "refresh" and "quit", and
-/// org.corvelle.Tallyvane.Control, whose Refresh() -> b replies when the refresh has ended.
+/// org.corvelle.Tallyvane.Control, which docs/interfaces.md describes.
 class DBusApplication : public QObject {
     Q_OBJECT
 
@@ -23,9 +23,14 @@ public:
         noBus,          ///< unknown, and there will be no calls
     };
 
-    /// Refreshes, or joins the refresh that is running, and returns whether new figures were
-    /// stored. What the task uses must outlive the event loop.
-    using Refresh = std::function<QCoro::Task<bool>()>;
+    struct RefreshAnswer {
+        bool isStored = false; ///< whether new figures were stored
+        QString report;        ///< the result as JSON
+    };
+
+    /// Refreshes, or joins the refresh that is running. What the task uses must outlive the event
+    /// loop.
+    using Refresh = std::function<QCoro::Task<RefreshAnswer>()>;
 
     explicit DBusApplication(Refresh refresh);
 
@@ -36,6 +41,7 @@ Q_SIGNALS:
     /// A request to show the window. The caller's token (xdg-activation) may be empty.
     void activated(const QString& token);
     void refreshRequested(); ///< without waiting for its end
+    void reloadRequested();  ///< of the settings, which another program has changed
     void quitRequested();    ///< by a caller, or because the bus is gone
 };
 
@@ -49,8 +55,11 @@ enum class CallError {
 /// Makes the running program show its window. Blocks for at most five seconds.
 [[nodiscard]] std::expected<void, CallError> activateRunning(const QString& token);
 
-/// Makes the running program refresh and returns whether new figures were stored. Blocks until the
-/// refresh has ended, at most two minutes.
-[[nodiscard]] std::expected<bool, CallError> refreshRunning();
+/// Makes the running program refresh and returns the result as JSON. Blocks until the refresh has
+/// ended, at most two minutes.
+[[nodiscard]] std::expected<QString, CallError> refreshRunning();
+
+/// Makes the running program read the settings again. Blocks for at most five seconds.
+[[nodiscard]] std::expected<void, CallError> reloadRunning();
 
 } // namespace tallyvane::platform

@@ -15,7 +15,7 @@ ClaudeQuotaClient::ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretS
 
 QCoro::Task<QuotaResult> ClaudeQuotaClient::fetch(AskedBy askedBy) {
     if (m_pause && askedBy == AskedBy::timer) {
-        co_return std::unexpected(quotaFailure(ClaudeQuotaError{Kind::rateLimited}));
+        co_return std::unexpected(quotaFailure(rateLimited()));
     }
     const ClaudeQuotaError notAccepted{Kind::httpStatus, 401};
     Attempt result = co_await attempt();
@@ -69,7 +69,7 @@ QCoro::Task<ClaudeQuotaClient::Attempt> ClaudeQuotaClient::request(Credentials c
     }
     if (response->status == 429) {
         pause(retryAfter(response->retryAfter, m_clock.now()));
-        co_return std::unexpected(ClaudeQuotaError{Kind::rateLimited});
+        co_return std::unexpected(rateLimited());
     }
     m_pause.reset();
     if (response->status != 200) {
@@ -79,9 +79,16 @@ QCoro::Task<ClaudeQuotaClient::Attempt> ClaudeQuotaClient::request(Credentials c
 }
 
 void ClaudeQuotaClient::pause(std::chrono::seconds duration) {
+    m_pauseEnd = m_clock.now() + duration;
     if (duration > std::chrono::seconds::zero()) {
         m_pause = m_clock.after(duration, [this] { m_pause.reset(); });
     }
+}
+
+ClaudeQuotaError ClaudeQuotaClient::rateLimited() const {
+    using std::chrono::seconds;
+    return {.kind = Kind::rateLimited,
+            .pause = std::chrono::ceil<seconds>(m_pauseEnd - m_clock.now())};
 }
 
 } // namespace tallyvane::providers

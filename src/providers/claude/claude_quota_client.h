@@ -41,6 +41,7 @@ private:
     QCoro::Task<std::expected<Credentials, ClaudeQuotaError>> loadCredentials(model::Timestamp now);
     QCoro::Task<Attempt> request(Credentials credentials);
     void pause(std::chrono::seconds duration);
+    [[nodiscard]] ClaudeQuotaError rateLimited() const;
 
     ClaudeQuotaSource m_source;
     platform::SecretStore& m_secrets;
@@ -48,6 +49,7 @@ private:
     TokenCache m_cache;
     NetworkSetupFinder m_setupFinder;
     std::unique_ptr<platform::Alarm> m_pause; ///< set while the timer's requests are paused
+    model::Timestamp m_pauseEnd;
 };
 
 } // namespace tallyvane::providers

@@ -2,6 +2,8 @@
 
 #include "providers/quota_client.h"
 
+#include <chrono>
+
 namespace tallyvane::providers {
 
 /// Why the Claude service gave no figures.
@@ -20,6 +22,7 @@ struct ClaudeQuotaError {
     /// In English. For `Kind::transport`, what went wrong. For `Kind::noCredentials`, why the
     /// keyring could not be read, or empty if it could.
     QString reason;
+    std::chrono::seconds pause{}; ///< for `Kind::rateLimited`: what is left of the service's pause
 
     bool operator==(const ClaudeQuotaError&) const = default;
 };

@@ -1,5 +1,6 @@
 #include "providers/codex/codex_quota_client.h"
 
+#include "providers/advice.h"
 #include "providers/codex/rate_limits_reply.h"
 
 namespace tallyvane::providers {
@@ -18,24 +19,29 @@ constexpr std::chrono::seconds timeout{20};
 
 } // namespace
 
-QStringList codexCandidates(const QString& homeDirectory) {
-    return {QStringLiteral("/opt/homebrew/bin/codex"), QStringLiteral("/usr/local/bin/codex"),
-            homeDirectory + QStringLiteral("/.local/bin/codex")};
+QuotaFailure CodexQuotaClient::noProgram(const ProcessRunnerError& error) const {
+    const Trouble trouble =
+        m_program.chosen().isEmpty() ? Trouble::noCodex : Trouble::codexPathUnusable;
+    QuotaFailure failure{.text = description(error), .advice = advice(trouble)};
+    if (const QStringList found = m_program.findElsewhere(); !found.isEmpty()) {
+        failure.foundProgram = found.constFirst();
+        failure.advice = foundProgramAdvice(found.constFirst());
+    }
+    return failure;
 }
 
 QCoro::Task<QuotaResult> CodexQuotaClient::fetch(AskedBy /*askedBy*/) {
-    const std::optional<QString> executable = findExecutable(m_candidates);
+    const auto executable = m_program.path();
     if (!executable) {
-        const ProcessRunnerError notFound{ProcessRunnerError::Kind::executableNotFound,
-                                          QStringLiteral("Codex CLI")};
-        co_return std::unexpected(QuotaFailure{description(notFound)});
+        co_return std::unexpected(noProgram(executable.error()));
     }
     const QStringList arguments{QStringLiteral("app-server")};
     const QByteArray input(requests);
     const CommandReply reply =
         co_await m_runner.requestRateLimits(*executable, arguments, input, timeout);
     if (!reply) {
-        co_return std::unexpected(QuotaFailure{description(reply.error())});
+        co_return std::unexpected(QuotaFailure{.text = description(reply.error()),
+                                               .advice = advice(Trouble::codexNotAnswering)});
     }
     co_return parseRateLimitsReply(*reply, m_clock.now());
 }

@@ -1,6 +1,7 @@
 #include "providers/codex/rate_limits_reply.h"
 
 #include "model/foreign_text.h"
+#include "providers/advice.h"
 #include "providers/process_runner_error.h"
 #include "providers/reply_reading.h"
 
@@ -48,13 +49,18 @@ QuotaResult parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now)
             QStringLiteral("Codex returned an unknown error."));
         const ProcessRunnerError failed{ProcessRunnerError::Kind::failed,
                                         model::readableText(message)};
-        return std::unexpected(QuotaFailure{description(failed)});
+        // "codex account authentication required to read rate limits" (CLI 0.169)
+        const bool isNotSignedIn = message.contains(QStringLiteral("authentication required"));
+        return std::unexpected(QuotaFailure{
+            .text = description(failed),
+            .advice = advice(isNotSignedIn ? Trouble::codexNotSignedIn : Trouble::codexAnswer)});
     }
     const QJsonValue limits =
         reply[QLatin1StringView{"result"}].toObject()[QLatin1StringView{"rateLimits"}];
     if (!limits.isObject()) {
         return std::unexpected(
-            QuotaFailure{QStringLiteral("The reply of the Codex CLI could not be read.")});
+            QuotaFailure{.text = QStringLiteral("The reply of the Codex CLI could not be read."),
+                         .advice = advice(Trouble::codexAnswer)});
     }
     const QJsonObject rateLimits = limits.toObject();
 

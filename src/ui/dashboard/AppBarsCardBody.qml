@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Dashboard
+import Tallyvane.Style
 
 /// The bars of one provider's card.
 Item {
@@ -34,6 +35,13 @@ Item {
             //: The weekly quota window, as short as possible
             label: qsTr("Week")
             row: root.card.week
+        }
+        Caption {
+            objectName: "trouble"
+            Layout.fillWidth: true
+            visible: text !== ""
+            text: root.card.trouble
+            Accessible.ignored: true
         }
     }
 }

@@ -54,6 +54,10 @@ ColumnLayout {
         Layout.fillWidth: true
         visible: message !== ""
         message: root.viewModel.lastError
+        advice: root.viewModel.advice
+        //: %1 is a program's path
+        action: root.viewModel.foundProgram === "" ? "" : qsTr("Use %1").arg(root.viewModel.foundProgram)
+        onAccepted: root.viewModel.useFoundProgram()
     }
     ProviderQuotaCard {
         objectName: "Codex"

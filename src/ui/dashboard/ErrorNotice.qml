@@ -7,8 +7,13 @@ Rectangle {
     id: root
 
     required property string message
+    property string advice
+    property string action
     property bool isWhole: false
     readonly property double brief: 3 * metrics.height
+
+    /// The user wants the action.
+    signal accepted
 
     onMessageChanged: isWhole = false
     implicitHeight: content.implicitHeight + 2 * Theme.largeSpacing
@@ -35,6 +40,9 @@ Rectangle {
             size: Theme.scaled(18)
             color: Theme.warning
         }
+        ColumnLayout {
+            spacing: Theme.spacing
+
         Item {
             Layout.fillWidth: true
             implicitHeight: root.isWhole ? whole.contentHeight : Math.min(whole.contentHeight, root.brief)
@@ -61,6 +69,22 @@ Rectangle {
             FocusRing {
                 shown: whole.activeFocus
             }
+        }
+        TextLabel {
+            objectName: "advice"
+            Layout.fillWidth: true
+            visible: text !== ""
+            text: root.advice
+            color: Theme.secondaryText
+            wrapMode: Text.Wrap
+        }
+        PushButton {
+            objectName: "useFoundProgram"
+            Layout.maximumWidth: parent.width
+            visible: root.action !== ""
+            text: root.action
+            onClicked: root.accepted()
+        }
         }
         PushButton {
             Layout.alignment: Qt.AlignTop

@@ -5,14 +5,17 @@
 namespace tallyvane::ui {
 
 DashboardModel::DashboardModel(const core::AppModel& model, platform::Clock& clock,
-                               model::WeekdayTimeFormat weekdayTime, const QUrl& website)
+                               model::WeekdayTimeFormat weekdayTime, const QUrl& website,
+                               core::ProgramSetting codexProgram)
     : m_model(model),
       m_clock(clock),
       m_weekdayTime(std::move(weekdayTime)),
       m_website(website),
+      m_codexProgram(std::move(codexProgram)),
       m_toast(clock) {
     connect(&model, &core::AppModel::snapshotChanged, this, &DashboardModel::update);
     connect(&model, &core::AppModel::lastErrorChanged, this, &DashboardModel::update);
+    connect(&model, &core::AppModel::failuresChanged, this, &DashboardModel::update);
     connect(&model, &core::AppModel::isRefreshingChanged, this, [this] {
         m_toast.setRefreshing(isRefreshing());
         Q_EMIT isRefreshingChanged();
@@ -21,17 +24,33 @@ DashboardModel::DashboardModel(const core::AppModel& model, platform::Clock& clo
     update();
 }
 
+void DashboardModel::useFoundProgram() {
+    // If that fails, the next refresh says why.
+    (void)m_codexProgram.choose(m_shown.failure.foundProgram);
+}
+
 void DashboardModel::update() {
     const model::Timestamp now = m_clock.now();
     const model::QuotaSnapshot snapshot = m_model.snapshot();
+    const core::Failures failures = m_model.failures();
     const auto card = [&](model::AIProvider provider) {
-        return providerCard(model::entryFor(snapshot, provider), now, m_weekdayTime);
+        ProviderCard shown = providerCard(model::entryFor(snapshot, provider), now, m_weekdayTime);
+        const auto failed = failures.find(provider);
+        if (failed != failures.end() && failed->second.text != m_model.lastError()) {
+            shown.trouble = failed->second.sentences();
+        }
+        return shown;
     };
     Shown shown{.codex = card(model::AIProvider::codex),
                 .claude = card(model::AIProvider::claude),
                 //: %1 is how long ago, such as "5 min ago"
                 .updated = tr("Updated %1").arg(model::ageText(snapshot.updatedAt, now)),
                 .lastError = m_model.lastError().value_or(QString())};
+    for (const auto& [provider, failure] : failures) {
+        if (failure.text == shown.lastError) {
+            shown.failure = failure;
+        }
+    }
 
     auto wait = untilAgeTextChanges(snapshot.updatedAt, now);
     for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "core/program_setting.h"
 #include "model/weekday_time_format.h"
 #include "ui/dashboard/provider_card.h"
 #include "ui/dashboard/refresh_toast_model.h"
@@ -16,6 +17,8 @@ class DashboardModel : public QObject {
     Q_PROPERTY(tallyvane::ui::ProviderCard claude READ claude NOTIFY changed)
     Q_PROPERTY(QString updated READ updated NOTIFY changed)
     Q_PROPERTY(QString lastError READ lastError NOTIFY changed)
+    Q_PROPERTY(QString advice READ advice NOTIFY changed)
+    Q_PROPERTY(QString foundProgram READ foundProgram NOTIFY changed)
     Q_PROPERTY(bool isRefreshing READ isRefreshing NOTIFY isRefreshingChanged)
     Q_PROPERTY(tallyvane::ui::RefreshToastModel* toast READ toast CONSTANT)
     Q_PROPERTY(QUrl website READ website CONSTANT)
@@ -24,13 +27,22 @@ class DashboardModel : public QObject {
 public:
     /// `model` and `clock` must outlive it. `website` is the maker's.
     DashboardModel(const core::AppModel& model, platform::Clock& clock,
-                   model::WeekdayTimeFormat weekdayTime, const QUrl& website);
+                   model::WeekdayTimeFormat weekdayTime, const QUrl& website,
+                   core::ProgramSetting codexProgram);
 
     [[nodiscard]] ProviderCard codex() const { return m_shown.codex; }
     [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
     [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
     /// Empty if there is none.
     [[nodiscard]] QString lastError() const { return m_shown.lastError; }
+    /// What the user can do about lastError(); may be empty.
+    [[nodiscard]] QString advice() const { return m_shown.failure.advice; }
+    /// A program that would help, with "~" for the home directory; may be empty.
+    [[nodiscard]] QString foundProgram() const {
+        return m_codexProgram.shortened(m_shown.failure.foundProgram);
+    }
+    /// Uses that program from now on.
+    Q_INVOKABLE void useFoundProgram();
     [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
     [[nodiscard]] RefreshToastModel* toast() { return &m_toast; }
     [[nodiscard]] QUrl website() const { return m_website; }
@@ -47,6 +59,7 @@ private:
         ProviderCard claude;
         QString updated;
         QString lastError;
+        providers::QuotaFailure failure; ///< the one behind lastError, if it is a provider's
 
         bool operator==(const Shown&) const = default;
     };
@@ -57,6 +70,7 @@ private:
     platform::Clock& m_clock;
     model::WeekdayTimeFormat m_weekdayTime;
     QUrl m_website;
+    core::ProgramSetting m_codexProgram;
     RefreshToastModel m_toast;
     Shown m_shown;
     std::unique_ptr<platform::Alarm> m_nextChange;

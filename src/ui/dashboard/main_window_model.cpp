@@ -8,7 +8,7 @@ namespace tallyvane::ui {
 MainWindowModel::MainWindowModel(MainWindowContext context)
     : m_with(std::move(context)),
       m_dashboard(m_with.model, m_with.clock, model::WeekdayTimeFormat(m_with.locale, m_with.zone),
-                  m_with.website),
+                  m_with.website, m_with.codexProgram),
       m_launchPrompt(m_with.loginItem) {
     connect(&m_dashboard, &DashboardModel::refreshRequested, this,
             &MainWindowModel::refreshRequested);
@@ -36,9 +36,9 @@ HeatmapModel* MainWindowModel::heatmap() {
 
 SettingsModel* MainWindowModel::settings() {
     if (!m_settings) {
-        m_settings = std::make_unique<SettingsModel>(m_with.model, m_with.loginItem,
-                                                     m_with.notificationCentre, labels(),
-                                                     m_with.openNotificationSettings);
+        m_settings = std::make_unique<SettingsModel>(
+            m_with.model, m_with.loginItem, m_with.notificationCentre, labels(),
+            m_with.codexProgram, m_with.openNotificationSettings);
     }
     return m_settings.get();
 }

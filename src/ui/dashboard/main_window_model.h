@@ -18,6 +18,7 @@ struct MainWindowContext {
     std::string locale; ///< of times, days and numbers; a POSIX or BCP 47 name
     model::LocalZone zone;
     QUrl website; ///< the maker's
+    core::ProgramSetting codexProgram;
     /// Opens the desktop's notification settings; empty on a desktop without any.
     std::function<void()> openNotificationSettings;
     /// Called when the window opens: whether it should ask if the program may start at login.

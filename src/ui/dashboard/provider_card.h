@@ -52,6 +52,7 @@ class ProviderCard {
     Q_PROPERTY(QColor accent MEMBER accent)
     Q_PROPERTY(bool isPending MEMBER isPending)
     Q_PROPERTY(QUrl usagePage MEMBER usagePage)
+    Q_PROPERTY(QString trouble MEMBER trouble)
     Q_PROPERTY(tallyvane::ui::QuotaRow fiveHour MEMBER fiveHour)
     Q_PROPERTY(tallyvane::ui::QuotaRow week MEMBER week)
 
@@ -62,6 +63,7 @@ public:
     QColor accent;
     bool isPending = false;
     QUrl usagePage;
+    QString trouble; ///< why the figures are not current and what to do; may be empty
     QuotaRow fiveHour;
     QuotaRow week;
 

@@ -18,11 +18,15 @@ GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot) {
             .claude = gaugeValue(entryFor(snapshot, model::AIProvider::claude))};
 }
 
-QStringList tooltipLines(const model::QuotaSnapshot& snapshot) {
+QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failures& failures) {
     const QString label = model::labelText(snapshot);
     const QString name = QStringLiteral("Tallyvane");
-    return QStringList{label.isEmpty() ? name : QStringLiteral("%1: %2").arg(name, label)} +
-           model::summaryLines(snapshot);
+    QStringList lines = {label.isEmpty() ? name : QStringLiteral("%1: %2").arg(name, label)};
+    lines += model::summaryLines(snapshot);
+    for (const auto& [provider, failure] : failures) {
+        lines += failure.sentences();
+    }
+    return lines;
 }
 
 } // namespace tallyvane::ui

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/quota_snapshot.h"
+#include "core/app_model.h"
 
 #include <QtCore/QStringList>
 
@@ -19,7 +19,8 @@ struct GaugeValues {
 [[nodiscard]] GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot);
 
 /// Plain text: a title with the smallest figure, as some panels show nothing else, then a line per
-/// provider.
-[[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot);
+/// provider, and lines on why figures are missing and what to do.
+[[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot,
+                                       const core::Failures& failures);
 
 } // namespace tallyvane::ui

@@ -12,12 +12,13 @@ LinkRow {
     required property string name
     required property url usagePage
     required property string summary
+    required property string trouble
 
     horizontalPadding: Theme.spacing
     verticalPadding: Theme.smallSpacing
     destination: usagePage
     text: name
-    Accessible.description: summary
+    Accessible.description: trouble === "" ? summary : summary + "; " + trouble
 
     contentItem: RowLayout {
         spacing: Theme.spacing
@@ -44,5 +45,10 @@ LinkRow {
             size: Theme.smallSymbolSize
             color: Theme.tertiaryText
         }
+    }
+
+    HelpTip {
+        visible: root.trouble !== "" && root.hovered && !root.down
+        text: root.trouble
     }
 }

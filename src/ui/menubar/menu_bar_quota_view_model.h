@@ -14,11 +14,13 @@ class ProviderRow {
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QUrl usagePage MEMBER usagePage)
     Q_PROPERTY(QString summary MEMBER summary)
+    Q_PROPERTY(QString trouble MEMBER trouble)
 
 public:
     QString name;
     QUrl usagePage;
     QString summary;
+    QString trouble; ///< why the figures are not current and what to do; may be empty
 
     bool operator==(const ProviderRow&) const = default;
 };

@@ -54,6 +54,54 @@ ColumnLayout {
             Layout.fillWidth: true
             text: qsTr("The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.")
         }
+        Divider {
+            Layout.fillWidth: true
+        }
+        AdaptiveRow {
+            columnSpacing: Theme.spacing
+
+            TextLabel {
+                id: codexLabel
+
+                text: qsTr("Codex program")
+            }
+            RowLayout {
+                spacing: Theme.spacing
+
+                TextEntry {
+                    objectName: "codexPath"
+                    Layout.fillWidth: true
+                    implicitWidth: Theme.scaled(260)
+                    readonly property string stored: root.viewModel.codexPath
+
+                    title: codexLabel.text
+                    placeholderText: qsTr("Automatic")
+                    onStoredChanged: text = stored
+                    Component.onCompleted: text = stored
+                    onEditingFinished: {
+                        if (text !== stored) {
+                            root.viewModel.setCodexPath(text);
+                        }
+                    }
+                    Keys.onEscapePressed: event => {
+                        event.accepted = text !== stored;
+                        text = stored;
+                    }
+                }
+                PushButton {
+                    objectName: "codexAutomatic"
+                    visible: root.viewModel.codexPath !== ""
+                    text: qsTr("Automatic")
+                    onClicked: root.viewModel.setCodexPath("")
+                }
+            }
+        }
+        Caption {
+            objectName: "codexState"
+            Layout.fillWidth: true
+            text: root.viewModel.codexState
+            color: root.viewModel.isCodexFound ? Theme.secondaryText : Theme.destructive
+        }
     }
     SettingsSection {
         title: qsTr("Reset notifications")

@@ -1,19 +1,16 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Tallyvane.Settings
 import Tallyvane.Style
 
 /// A time of day that can be typed or changed by the arrow keys and the wheel.
-T.TextField {
+TextEntry {
     id: root
 
     required property SettingsModel viewModel
     /// Minutes after midnight.
     required property int minutes
-    /// The field's name for screen readers.
-    required property string title
 
     /// The user chose another time.
     signal picked(minutes: int)
@@ -34,11 +31,6 @@ T.TextField {
     onMinutesChanged: showMinutes()
     Component.onCompleted: showMinutes()
     onEditingFinished: pick(typed())
-    onActiveFocusChanged: {
-        if (activeFocus) {
-            selectAll();
-        }
-    }
     Keys.onUpPressed: pick(viewModel.stepped(typed(), 1))
     Keys.onDownPressed: pick(viewModel.stepped(typed(), -1))
     Keys.onEscapePressed: event => {
@@ -47,21 +39,8 @@ T.TextField {
     }
 
     implicitWidth: metrics.width + leftPadding + rightPadding
-    implicitHeight: Math.max(Theme.scaled(30), contentHeight + topPadding + bottomPadding)
-    leftPadding: Theme.spacing + 2
-    rightPadding: leftPadding
-    topPadding: Theme.smallSpacing
-    bottomPadding: topPadding
     horizontalAlignment: TextInput.AlignHCenter
-    verticalAlignment: TextInput.AlignVCenter
-    font: Theme.body
-    color: Theme.text
-    selectionColor: Theme.accentFill
-    selectedTextColor: Theme.whiteText
-    selectByMouse: true
     inputMethodHints: Qt.ImhTime
-    Accessible.role: Accessible.EditableText
-    Accessible.name: title
 
     TextMetrics {
         id: metrics
@@ -72,14 +51,5 @@ T.TextField {
     WheelHandler {
         enabled: root.activeFocus
         onWheel: event => root.pick(root.viewModel.stepped(root.typed(), event.angleDelta.y > 0 ? 1 : -1))
-    }
-    background: Rectangle {
-        radius: Theme.radius
-        color: Theme.control
-        border.color: Theme.outline
-
-        FocusRing {
-            shown: root.activeFocus
-        }
     }
 }

@@ -24,14 +24,19 @@ int minuteOfDay(std::int64_t minutes) {
 
 SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginItem,
                              platform::NotificationCentre& notificationCentre,
-                             const model::LocaleLabels& labels,
+                             const model::LocaleLabels& labels, core::ProgramSetting codexProgram,
                              std::function<void()> openNotificationSettings)
     : m_model(model),
       m_loginItem(loginItem),
       m_notificationCentre(notificationCentre),
       m_labels(labels),
+      m_codexProgram(std::move(codexProgram)),
       m_openNotificationSettings(std::move(openNotificationSettings)) {
     connect(&model, &core::AppModel::appearanceChanged, this, &SettingsModel::appearanceChanged);
+    connect(&model, &core::AppModel::preferencesReloaded, this,
+            &SettingsModel::launchesAtLoginChanged);
+    connect(&model, &core::AppModel::preferencesReloaded, this, &SettingsModel::codexChanged);
+    connect(&model, &core::AppModel::snapshotChanged, this, &SettingsModel::codexChanged);
     connect(&model, &core::AppModel::notificationSettingsChanged, this, [this] {
         showWindows();
         Q_EMIT notificationSettingsChanged();
@@ -49,7 +54,9 @@ bool SettingsModel::launchesAtLogin() const {
 
 void SettingsModel::show() {
     m_statusMessage = QString();
+    m_refusal = QString();
     Q_EMIT launchesAtLoginChanged();
+    Q_EMIT codexChanged();
     readAuthorization();
 }
 
@@ -58,6 +65,35 @@ void SettingsModel::setLaunchesAtLogin(bool wanted) {
         m_statusMessage = done.error();
     }
     Q_EMIT launchesAtLoginChanged(); // after a failure too, so that the switch springs back
+}
+
+QString SettingsModel::codexPath() const {
+    return m_codexProgram.shortened(m_codexProgram.state().chosen);
+}
+
+QString SettingsModel::codexState() const {
+    if (!m_refusal.isEmpty()) {
+        return m_refusal;
+    }
+    const core::ProgramSetting::State state = m_codexProgram.state();
+    if (!state.error.isEmpty()) {
+        return state.error;
+    }
+    //: %1 is a program's path
+    return (state.chosen.isEmpty() ? tr("In use: %1, found by Tallyvane.")
+                                   //: %1 is a program's path
+                                   : tr("In use: %1, chosen by you."))
+        .arg(m_codexProgram.shortened(state.path));
+}
+
+bool SettingsModel::isCodexFound() const {
+    return m_refusal.isEmpty() && m_codexProgram.state().error.isEmpty();
+}
+
+void SettingsModel::setCodexPath(const QString& path) {
+    const auto done = m_codexProgram.choose(m_codexProgram.expanded(path.trimmed()));
+    m_refusal = done ? QString() : done.error();
+    Q_EMIT codexChanged();
 }
 
 void SettingsModel::setNotifies(bool notifies) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "core/program_setting.h"
 #include "model/locale_labels.h"
 #include "platform/login_item.h"
 #include "platform/notification_centre.h"
@@ -36,6 +37,9 @@ class SettingsModel : public QObject {
     QML_UNCREATABLE("Made with the main window")
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
     Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY launchesAtLoginChanged)
+    Q_PROPERTY(QString codexPath READ codexPath NOTIFY codexChanged)
+    Q_PROPERTY(QString codexState READ codexState NOTIFY codexChanged)
+    Q_PROPERTY(bool isCodexFound READ isCodexFound NOTIFY codexChanged)
     Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
     Q_PROPERTY(bool isAuthorized READ isAuthorized NOTIFY isAuthorizedChanged)
     Q_PROPERTY(bool hasNotificationSettings READ hasNotificationSettings CONSTANT)
@@ -47,7 +51,7 @@ public:
     /// settings; it is empty on a desktop without any.
     SettingsModel(core::AppModel& model, platform::LoginItem& loginItem,
                   platform::NotificationCentre& notificationCentre,
-                  const model::LocaleLabels& labels,
+                  const model::LocaleLabels& labels, core::ProgramSetting codexProgram,
                   std::function<void()> openNotificationSettings);
 
     /// A model::AppAppearance, as a picker's index.
@@ -55,6 +59,11 @@ public:
     void setAppearance(int appearance);
 
     [[nodiscard]] bool launchesAtLogin() const; ///< according to the desktop
+    /// The path that the user chose, with "~" for the home directory; empty: automatic.
+    [[nodiscard]] QString codexPath() const;
+    /// Which program is in use and where it comes from, or why there is none.
+    [[nodiscard]] QString codexState() const;
+    [[nodiscard]] bool isCodexFound() const;
     [[nodiscard]] bool notifies() const { return m_model.notificationSettings().enabled; }
     void setNotifies(bool notifies);
     /// Whether the desktop shows this program's notifications; true until that is known.
@@ -67,6 +76,9 @@ public:
     /// status message.
     Q_INVOKABLE void show();
     Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
+    /// `path` may begin with "~/"; empty: automatic. A path that cannot be used changes nothing,
+    /// and codexState() says why.
+    Q_INVOKABLE void setCodexPath(const QString& path);
     Q_INVOKABLE void openNotificationSettings();
     Q_INVOKABLE void addWindow();
     Q_INVOKABLE void changeWindow(const QString& windowId, bool allDay, int startMinutes,
@@ -84,6 +96,7 @@ public:
 Q_SIGNALS:
     void appearanceChanged();
     void launchesAtLoginChanged();
+    void codexChanged();
     void notificationSettingsChanged();
     void isAuthorizedChanged();
     void statusMessageChanged();
@@ -96,6 +109,8 @@ private:
     platform::LoginItem& m_loginItem;
     platform::NotificationCentre& m_notificationCentre;
     const model::LocaleLabels& m_labels;
+    core::ProgramSetting m_codexProgram;
+    QString m_refusal; ///< of the last path
     std::function<void()> m_openNotificationSettings;
     Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(SettingsModel, bool, m_isAuthorized, true,
                                          &SettingsModel::isAuthorizedChanged)

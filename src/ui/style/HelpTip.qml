@@ -8,7 +8,7 @@ T.ToolTip {
 
     x: parent ? (parent.width - width) / 2 : 0
     y: parent ? parent.height + Theme.smallSpacing : 0
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitWidth: Math.min(implicitContentWidth + leftPadding + rightPadding, Theme.scaled(290))
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     margins: Theme.spacing
     horizontalPadding: Theme.spacing
@@ -19,6 +19,7 @@ T.ToolTip {
     contentItem: TextLabel {
         text: root.text
         font: Theme.caption
+        wrapMode: Text.Wrap
         Accessible.ignored: true
     }
     background: Rectangle {

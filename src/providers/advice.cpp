@@ -1,0 +1,51 @@
+#include "providers/advice.h"
+
+#include <QtCore/QRegularExpression>
+
+namespace tallyvane::providers {
+
+QString advice(Trouble trouble) {
+    switch (trouble) {
+    case Trouble::noClaudeSignIn:
+        return QStringLiteral("Start 'claude' in a terminal and sign in.");
+    case Trouble::claudeSignInExpired:
+        return QStringLiteral("Start 'claude' once; it renews its sign-in by itself.");
+    case Trouble::claudeNotReached:
+        return QStringLiteral("Check the network connection; 'tallyvane doctor --online' says "
+                              "more.");
+    case Trouble::claudeAnswer:
+        return QStringLiteral("Nothing needs to be done; the next refresh asks again.");
+    case Trouble::noCodex:
+        return QStringLiteral("Install the Codex CLI, or choose its program in the settings.");
+    case Trouble::codexPathUnusable:
+        return QStringLiteral("Choose another program in the settings, or go back to automatic "
+                              "with 'tallyvane config unset codex-path'.");
+    case Trouble::codexNotSignedIn:
+        return QStringLiteral("Run 'codex login' in a terminal.");
+    case Trouble::codexNotAnswering:
+    case Trouble::codexAnswer:
+        break;
+    }
+    return QStringLiteral("Start 'codex' in a terminal to see whether it works there.");
+}
+
+QString rateLimitAdvice(std::chrono::seconds pause) {
+    const auto minutes = std::chrono::ceil<std::chrono::minutes>(pause).count();
+    return minutes <= 5 ? QStringLiteral("It is asked again within five minutes.")
+                        : QStringLiteral("It is asked again in about %1 minutes.").arg(minutes);
+}
+
+QString foundProgramAdvice(const QString& path) {
+    return QStringLiteral("To use the one found in another place: %1").arg(codexPathCommand(path));
+}
+
+QString codexPathCommand(const QString& path) {
+    static const QRegularExpression plain(QStringLiteral("^[\\w/.+@:,-]+$"));
+    QString word = path;
+    if (!plain.match(path).hasMatch()) {
+        word = u'\'' + word.replace(u'\'', QStringLiteral("'\\''")) + u'\'';
+    }
+    return QStringLiteral("tallyvane config set codex-path ") + word;
+}
+
+} // namespace tallyvane::providers

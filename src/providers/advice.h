@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <chrono>
+
+/// What the user can do about a failure: one sentence each, for windows and the command line alike.
+namespace tallyvane::providers {
+
+enum class Trouble {
+    noClaudeSignIn,
+    claudeSignInExpired,
+    claudeNotReached, ///< no connection to the service
+    claudeAnswer,     ///< the service's answer gave no figures
+    noCodex,
+    codexPathUnusable, ///< the path that the user chose holds no program
+    codexNotSignedIn,
+    codexNotAnswering,
+    codexAnswer, ///< the CLI said something else
+};
+
+[[nodiscard]] QString advice(Trouble trouble);
+
+/// While the service asks for a pause, of which this much is left; zero if it did not say how much.
+[[nodiscard]] QString rateLimitAdvice(std::chrono::seconds pause);
+
+/// When there is a usable program at `path`, which must not be started before the user agreed.
+[[nodiscard]] QString foundProgramAdvice(const QString& path);
+
+/// The command that makes the program at `path` the Codex CLI to use, for a shell.
+[[nodiscard]] QString codexPathCommand(const QString& path);
+
+} // namespace tallyvane::providers
