@@ -5,6 +5,7 @@
 #include "model/foreign_text.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
+#include "providers/advice.h"
 
 namespace tallyvane::app {
 
@@ -16,6 +17,9 @@ void printFailures(const core::RefreshReport& report) {
     for (const auto& [provider, failure] : report.failures) {
         printError(QStringLiteral("%1: %2").arg(model::displayName(provider), failure.text));
         printAdvice(failure.advice);
+        if (!failure.foundProgram.isEmpty()) {
+            printAdvice(providers::codexPathCommand(failure.foundProgram));
+        }
     }
     for (const auto& reason : {report.uncounted, report.notSaved}) {
         if (reason) {

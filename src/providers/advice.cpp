@@ -17,6 +17,8 @@ QString advice(Trouble trouble) {
         return QStringLiteral("Nothing needs to be done; the next refresh asks again.");
     case Trouble::noCodex:
         return QStringLiteral("Install the Codex CLI, or choose its program in the settings.");
+    case Trouble::codexElsewhere:
+        return QStringLiteral("A Codex CLI was found in another place; it is used once you agree.");
     case Trouble::codexPathUnusable:
         return QStringLiteral("Choose another program in the settings, or go back to automatic "
                               "with 'tallyvane config unset codex-path'.");
@@ -33,10 +35,6 @@ QString rateLimitAdvice(std::chrono::seconds pause) {
     const auto minutes = std::chrono::ceil<std::chrono::minutes>(pause).count();
     return minutes <= 5 ? QStringLiteral("It is asked again within five minutes.")
                         : QStringLiteral("It is asked again in about %1 minutes.").arg(minutes);
-}
-
-QString foundProgramAdvice(const QString& path) {
-    return QStringLiteral("To use the one found in another place: %1").arg(codexPathCommand(path));
 }
 
 QString codexPathCommand(const QString& path) {

@@ -13,6 +13,7 @@ enum class Trouble {
     claudeNotReached, ///< no connection to the service
     claudeAnswer,     ///< the service's answer gave no figures
     noCodex,
+    codexElsewhere,    ///< where programs are started only once the user agreed
     codexPathUnusable, ///< the path that the user chose holds no program
     codexNotSignedIn,
     codexNotAnswering,
@@ -23,9 +24,6 @@ enum class Trouble {
 
 /// While the service asks for a pause, of which this much is left; zero if it did not say how much.
 [[nodiscard]] QString rateLimitAdvice(std::chrono::seconds pause);
-
-/// When there is a usable program at `path`, which must not be started before the user agreed.
-[[nodiscard]] QString foundProgramAdvice(const QString& path);
 
 /// The command that makes the program at `path` the Codex CLI to use, for a shell.
 [[nodiscard]] QString codexPathCommand(const QString& path);

@@ -1,3 +1,4 @@
+#include "providers/advice.h"
 #include "providers/codex/codex_quota_client.h"
 #include "support/home_files.h"
 #include "support/manual_clock.h"
@@ -127,8 +128,9 @@ private Q_SLOTS:
         Fetch refused({}, 1min, {inHome(".nvm/versions/node/*/bin")});
         QCOMPARE(refused.outcome, u"Could not find Codex CLI."_s);
         QCOMPARE(refused.failure.foundProgram, inHome(".nvm/versions/node/v22.11.0/bin/codex"));
-        QVERIFY(refused.failure.advice.endsWith(u"config set codex-path "_s +
-                                                refused.failure.foundProgram));
+        QVERIFY(refused.failure.advice.contains(u"once you agree"));
+        QCOMPARE(providers::codexPathCommand(u"/a b/it's"_s),
+                 u"tallyvane config set codex-path '/a b/it'\\''s'"_s);
         QVERIFY(!QFile::exists(inHome("ready")));
     }
 

@@ -40,6 +40,7 @@ struct OpenWindow final : tests::ShownWindow {
     }
     void type(const char* name, const char* text) const {
         item(name)->forceActiveFocus(Qt::TabFocusReason);
+        press(Qt::Key_A, Qt::ControlModifier);
         for (const char character : std::string_view(text)) {
             QTest::keyClick(view(), character);
         }
@@ -98,6 +99,16 @@ private Q_SLOTS:
         QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
         QCOMPARE(open.text("updated"), u"Updated just now"_s);
         QCOMPARE(open.text("lastError"), u"Could not find Codex CLI."_s);
+        QVERIFY(!open.item("useFoundProgram"));
+        QVERIFY(open.text("trouble").contains(u"'claude'"));
+
+        const QString elsewhere = open.idle.home().filePath(u".nvm/versions/node/v22/bin/codex"_s);
+        tests::writeFile(elsewhere, "#!/bin/sh\n");
+        QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
+        QCOMPARE(open.item("useFoundProgram")->property("text"),
+                 u"Use ~/.nvm/versions/node/v22/bin/codex"_s);
+        open.press("useFoundProgram", Qt::Key_Space);
+        QCOMPARE(open.idle.codexSetting().state().chosen, elsewhere);
     }
 
     void history() {
@@ -187,6 +198,21 @@ private Q_SLOTS:
         open.press(Qt::Key_Space);
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
         QTRY_COMPARE(open.items("remove").size(), 1);
+
+        tests::writeFile(open.idle.home().filePath(u"mine/codex"_s), "#!/bin/sh\n");
+        const std::pair<const char*, const char*> rows[] = {
+            {"~/mine/codex", "In use: ~/mine/codex, chosen by you."},
+            {"~/codex", "Could not find %1/codex."},
+            {"codex", "Not an absolute path: codex"}};
+        for (const auto& [typed, state] : rows) {
+            open.type("codexPath", typed);
+            QCOMPARE(open.text("codexState"),
+                     QString::fromLatin1(state).replace(u"%1"_s, open.idle.home().path()));
+            QCOMPARE(open.text("codexPath"), QLatin1StringView(typed));
+        }
+        open.press("codexAutomatic", Qt::Key_Space);
+        QCOMPARE(open.text("codexPath"), QString());
+        QCOMPARE(open.text("codexState"), u"Could not find Codex CLI."_s);
 
         open.setLoginItemBroken(true);
         open.press("launchAtLogin", Qt::Key_Space);

@@ -106,7 +106,7 @@ public Q_SLOTS:
 
 private:
     template <typename Part>
-    QCoro::Task<> answer(QDBusMessage call, Part DBusApplication::RefreshAnswer::*part) {
+    QCoro::Task<> answer(QDBusMessage call, Part DBusApplication::RefreshAnswer::* part) {
         const DBusApplication::RefreshAnswer result = co_await m_refresh();
         QDBusConnection::sessionBus().send(call.createReply(result.*part));
     }

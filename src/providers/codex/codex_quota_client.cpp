@@ -25,7 +25,7 @@ QuotaFailure CodexQuotaClient::noProgram(const ProcessRunnerError& error) const 
     QuotaFailure failure{.text = description(error), .advice = advice(trouble)};
     if (const QStringList found = m_program.findElsewhere(); !found.isEmpty()) {
         failure.foundProgram = found.constFirst();
-        failure.advice = foundProgramAdvice(found.constFirst());
+        failure.advice = advice(Trouble::codexElsewhere);
     }
     return failure;
 }

@@ -43,48 +43,48 @@ Rectangle {
         ColumnLayout {
             spacing: Theme.spacing
 
-        Item {
-            Layout.fillWidth: true
-            implicitHeight: root.isWhole ? whole.contentHeight : Math.min(whole.contentHeight, root.brief)
-            clip: true
+            Item {
+                Layout.fillWidth: true
+                implicitHeight: root.isWhole ? whole.contentHeight : Math.min(whole.contentHeight, root.brief)
+                clip: true
 
-            TextEdit {
-                id: whole
+                TextEdit {
+                    id: whole
 
-                objectName: "lastError"
-                width: parent.width
-                text: root.message
-                textFormat: TextEdit.PlainText
-                readOnly: true
-                selectByMouse: true
-                activeFocusOnTab: true
-                wrapMode: TextEdit.Wrap
-                font: Theme.body
-                color: Theme.text
-                selectionColor: Theme.accentFill
-                selectedTextColor: Theme.whiteText
-                Accessible.role: Accessible.AlertMessage
-                Accessible.name: text
+                    objectName: "lastError"
+                    width: parent.width
+                    text: root.message
+                    textFormat: TextEdit.PlainText
+                    readOnly: true
+                    selectByMouse: true
+                    activeFocusOnTab: true
+                    wrapMode: TextEdit.Wrap
+                    font: Theme.body
+                    color: Theme.text
+                    selectionColor: Theme.accentFill
+                    selectedTextColor: Theme.whiteText
+                    Accessible.role: Accessible.AlertMessage
+                    Accessible.name: text
+                }
+                FocusRing {
+                    shown: whole.activeFocus
+                }
             }
-            FocusRing {
-                shown: whole.activeFocus
+            TextLabel {
+                objectName: "advice"
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.advice
+                color: Theme.secondaryText
+                wrapMode: Text.Wrap
             }
-        }
-        TextLabel {
-            objectName: "advice"
-            Layout.fillWidth: true
-            visible: text !== ""
-            text: root.advice
-            color: Theme.secondaryText
-            wrapMode: Text.Wrap
-        }
-        PushButton {
-            objectName: "useFoundProgram"
-            Layout.maximumWidth: parent.width
-            visible: root.action !== ""
-            text: root.action
-            onClicked: root.accepted()
-        }
+            PushButton {
+                objectName: "useFoundProgram"
+                Layout.maximumWidth: parent.width
+                visible: root.action !== ""
+                text: root.action
+                onClicked: root.accepted()
+            }
         }
         PushButton {
             Layout.alignment: Qt.AlignTop

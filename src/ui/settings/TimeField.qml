@@ -1,5 +1,4 @@
 pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tallyvane.Settings
 import Tallyvane.Style
@@ -13,7 +12,7 @@ TextEntry {
     required property int minutes
 
     /// The user chose another time.
-    signal picked(minutes: int)
+    signal picked(int minutes)
 
     function showMinutes(): void {
         text = viewModel.timeText(minutes);
