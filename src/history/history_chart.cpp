@@ -69,9 +69,12 @@ std::vector<QDate> axisDates(HistoryGranularity granularity, const DateDomain& d
     return dates;
 }
 
-std::vector<double> axisValues(double maximum) {
+std::vector<double> axisValues(double maximum, HistoryMetric metric) {
+    if (maximum <= 0) {
+        return {0};
+    }
     // Larger values leave no room for a step above them.
-    const double top = maximum > 0 ? std::min(maximum, 1e300) : 1;
+    const double top = std::min(maximum, 1e300);
     const double rough = top / axisSteps;
     const double magnitude = std::pow(10, std::floor(std::log10(rough)));
     double step = 10 * magnitude;
@@ -81,6 +84,7 @@ std::vector<double> axisValues(double maximum) {
             step = factor * magnitude;
         }
     }
+    step = std::max(step, metric == HistoryMetric::tokens ? 1 : 0.01);
     std::vector<double> values;
     const int count = static_cast<int>(std::ceil(top / step - 1e-9));
     for (int i = 0; i <= count; ++i) {

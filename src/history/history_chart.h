@@ -54,8 +54,9 @@ struct DateDomain {
                                            const DateDomain& domain);
 
 /// Round values for the vertical axis: 0, the step, and so on up to the first that is not below
-/// `maximum`; about five. Without anything to show, up to 1.
-[[nodiscard]] std::vector<double> axisValues(double maximum);
+/// `maximum`; about five, but no step is below the smallest that labels of `metric` tell apart.
+/// Only 0 without anything to show.
+[[nodiscard]] std::vector<double> axisValues(double maximum, HistoryMetric metric);
 
 /// The bucket whose start lies nearest to a moment on the axis; the earlier of two that are
 /// equally near, and nothing when there are no points.

@@ -57,11 +57,16 @@ private Q_SLOTS:
 
     void axisValues() {
         using Values = std::vector<double>;
-        QCOMPARE(history::axisValues(0), (Values{0, 0.5, 1}));
-        QCOMPARE(history::axisValues(100), (Values{0, 50, 100}));
-        QCOMPARE(history::axisValues(100.1), (Values{0, 50, 100, 150}));
-        QCOMPARE(history::axisValues(0.3), (Values{0, 0.1, 0.2, 0.1 * 3}));
-        QCOMPARE(history::axisValues(1'764'000), (Values{0, 500'000, 1e6, 1.5e6, 2e6}));
+        const auto axisValues = [](double maximum) {
+            return history::axisValues(maximum, history::HistoryMetric::percent);
+        };
+        QCOMPARE(axisValues(0), Values{0});
+        QCOMPARE(axisValues(0.02), (Values{0, 0.01, 0.02}));
+        QCOMPARE(history::axisValues(2, history::HistoryMetric::tokens), (Values{0, 1, 2}));
+        QCOMPARE(axisValues(100), (Values{0, 50, 100}));
+        QCOMPARE(axisValues(100.1), (Values{0, 50, 100, 150}));
+        QCOMPARE(axisValues(0.3), (Values{0, 0.1, 0.2, 0.1 * 3}));
+        QCOMPARE(axisValues(1'764'000), (Values{0, 500'000, 1e6, 1.5e6, 2e6}));
     }
 
     void nearest() {

@@ -18,6 +18,8 @@ FocusScope {
         return widest;
     }
 
+    readonly property double barWidth: Math.min(viewModel.barThickness * plot.width, Theme.scaled(56))
+
     /// The left edge of an item of width `size` centred at the fraction `part` of the plot's width.
     function across(part: double, size: double): double {
         return (Theme.isRightToLeft ? 1 - part : part) * plot.width - size / 2;
@@ -96,7 +98,6 @@ FocusScope {
 
             Rectangle {
                 required property double centre
-                required property double thickness
                 required property double base
                 required property double extent
                 required property color colour
@@ -104,7 +105,7 @@ FocusScope {
 
                 x: root.across(centre, width)
                 y: (1 - base - extent) * plot.height
-                width: Math.min(thickness * plot.width, Theme.scaled(56))
+                width: root.barWidth
                 // Leaves a hairline between the segments of a bar.
                 height: Math.max(extent * plot.height - (base > 0 ? 0 : 1), 0)
                 radius: Math.min(3, width / 4, height / 2)
@@ -148,10 +149,12 @@ FocusScope {
         }
         ChartTooltip {
             readonly property double beside: root.across(root.viewModel.hoveredCentre, 0)
+            readonly property double away: root.barWidth / 2 + Theme.spacing
+            readonly property double wanted: beside + (beside > plot.width / 2 ? -width - away : away)
 
             visible: root.viewModel.isHovered
             // On the side of the bar that has more room.
-            x: beside + (beside > plot.width / 2 ? -width - Theme.padding : Theme.padding)
+            x: Math.max(0, Math.min(wanted, plot.width - width))
             y: 0
             title: root.viewModel.hoveredTitle
             lines: root.viewModel.hoveredLines

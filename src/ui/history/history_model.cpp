@@ -84,8 +84,9 @@ void HistoryModel::showValueMarks() {
         total += std::max(history::height(point, m_metric), 0.0);
         tallest = std::max(tallest, total);
     }
-    const auto values = history::axisValues(tallest);
-    m_top = values.back();
+    const auto values = history::axisValues(tallest, m_metric);
+    m_isEmpty = tallest == 0;
+    m_top = m_isEmpty ? 1 : values.back();
     std::vector<AxisMark> marks;
     for (const double value : values) {
         const QString label = m_metric == HistoryMetric::tokens
@@ -96,9 +97,12 @@ void HistoryModel::showValueMarks() {
     m_valueMarks.setRecords(std::move(marks));
 }
 
+double HistoryModel::barThickness() const {
+    return barShare * duration<double>(bucketLength(m_granularity)) /
+           duration<double>(m_end - m_start);
+}
+
 void HistoryModel::showSegments() {
-    const double thickness = barShare * duration<double>(bucketLength(m_granularity)) /
-                             duration<double>(m_end - m_start);
     std::vector<ChartSegment> segments;
     double base = 0;
     for (std::size_t i = 0; i < m_points.size(); ++i) {
@@ -109,7 +113,6 @@ void HistoryModel::showSegments() {
         const double extent = std::max(history::height(point, m_metric), 0.0) / m_top;
         segments.push_back(
             {.centre = centre(point.date),
-             .thickness = thickness,
              .base = base,
              .extent = extent,
              .colour = toColour(model::accentColour(point.provider)),
@@ -172,7 +175,7 @@ void HistoryModel::step(int by) {
 }
 
 void HistoryModel::setHoveredDate(std::optional<QDate> date) {
-    m_hoveredDate = date;
+    m_hoveredDate = m_isEmpty ? std::nullopt : date;
     std::vector<TooltipLine> lines;
     for (const ChartPoint& point : m_points) {
         if (date == point.date) {

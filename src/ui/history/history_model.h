@@ -14,7 +14,6 @@ namespace tallyvane::ui {
 class ChartSegment {
     Q_GADGET
     Q_PROPERTY(double centre MEMBER centre)
-    Q_PROPERTY(double thickness MEMBER thickness)
     Q_PROPERTY(double base MEMBER base)
     Q_PROPERTY(double extent MEMBER extent)
     Q_PROPERTY(QColor colour MEMBER colour)
@@ -22,7 +21,6 @@ class ChartSegment {
 
 public:
     double centre = 0;
-    double thickness = 0;
     double base = 0; ///< the height of its lower end
     double extent = 0;
     QColor colour;
@@ -67,6 +65,7 @@ class HistoryModel : public QObject {
     Q_PROPERTY(int granularity READ granularity WRITE setGranularity NOTIFY changed)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
+    Q_PROPERTY(double barThickness READ barThickness NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* segments READ segments CONSTANT)
     Q_PROPERTY(QAbstractItemModel* dateMarks READ dateMarks CONSTANT)
     Q_PROPERTY(QAbstractItemModel* valueMarks READ valueMarks CONSTANT)
@@ -88,7 +87,9 @@ public:
     [[nodiscard]] int granularity() const { return static_cast<int>(m_granularity); }
     void setGranularity(int granularity);
     [[nodiscard]] QString subtitle() const;
-    [[nodiscard]] bool isEmpty() const { return m_points.empty(); }
+    [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
+    /// As a share of the plot's width.
+    [[nodiscard]] double barThickness() const;
     [[nodiscard]] QAbstractItemModel* segments() { return &m_segments; }
     [[nodiscard]] QAbstractItemModel* dateMarks() { return &m_dateMarks; }
     [[nodiscard]] QAbstractItemModel* valueMarks() { return &m_valueMarks; }
@@ -130,6 +131,7 @@ private:
     std::vector<history::ChartPoint> m_points; ///< those on the axis, by date
     model::Timestamp m_start;                  ///< the plot's leading end
     model::Timestamp m_end;                    ///< the plot's trailing end
+    bool m_isEmpty = true;                     ///< all values shown are 0
     double m_top = 1;                          ///< the value at the plot's upper end
     RecordList<ChartSegment> m_segments;
     RecordList<AxisMark> m_dateMarks;
