@@ -72,6 +72,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
     platform::AutostartEntry loginItem({});
     bool isToAsk = false;
     ui::MainWindow mainWindow(givenEngine, {.model = idle.model,
+                                            .defaults = idle.defaults,
                                             .appearance = appearance,
                                             .clock = idle.clock,
                                             .loginItem = loginItem,

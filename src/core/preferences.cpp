@@ -5,6 +5,9 @@ namespace tallyvane::core {
 namespace {
 
 const QString appearanceKey = QStringLiteral("appearance");
+const QString windowSizeKey = QStringLiteral("windowSize");
+const QString windowMaximizedKey = QStringLiteral("windowMaximized");
+const QString hostNoticeKey = QStringLiteral("hidesStatusHostNotice");
 
 } // namespace
 
@@ -16,6 +19,26 @@ model::AppAppearance loadAppearance(const model::DefaultsStore& defaults) {
 std::expected<void, model::FileError> saveAppearance(model::DefaultsStore& defaults,
                                                      model::AppAppearance appearance) {
     return defaults.setText(appearanceKey, model::rawValue(appearance));
+}
+
+WindowShape loadWindowShape(const model::DefaultsStore& defaults) {
+    const QString text = defaults.text(windowSizeKey);
+    return {.size = {text.section(u'x', 0, 0).toInt(), text.section(u'x', 1).toInt()},
+            .isMaximized = defaults.flag(windowMaximizedKey)};
+}
+
+void saveWindowShape(model::DefaultsStore& defaults, const WindowShape& shape) {
+    defaults.setText(windowSizeKey,
+                     QStringLiteral("%1x%2").arg(shape.size.width()).arg(shape.size.height()));
+    defaults.setFlag(windowMaximizedKey, shape.isMaximized);
+}
+
+bool hidesStatusHostNotice(const model::DefaultsStore& defaults) {
+    return defaults.flag(hostNoticeKey);
+}
+
+void hideStatusHostNotice(model::DefaultsStore& defaults) {
+    defaults.setFlag(hostNoticeKey, true);
 }
 
 } // namespace tallyvane::core

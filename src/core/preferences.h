@@ -3,6 +3,8 @@
 #include "model/defaults_store.h"
 #include "model/quota_snapshot.h"
 
+#include <QtCore/QSize>
+
 namespace tallyvane::core {
 
 /// The appearance stored under "appearance"; that of the system if there is none.
@@ -10,5 +12,22 @@ namespace tallyvane::core {
 
 std::expected<void, model::FileError> saveAppearance(model::DefaultsStore& defaults,
                                                      model::AppAppearance appearance);
+
+/// The main window as the user left it, stored under "windowSize" and "windowMaximized".
+struct WindowShape {
+    QSize size; ///< in device-independent pixels, while not maximised; empty if unknown
+    bool isMaximized = false;
+
+    bool operator==(const WindowShape&) const = default;
+};
+
+[[nodiscard]] WindowShape loadWindowShape(const model::DefaultsStore& defaults);
+/// Errors are ignored.
+void saveWindowShape(model::DefaultsStore& defaults, const WindowShape& shape);
+
+/// Whether the user wants no notice where no status item can be seen, stored as
+/// "hidesStatusHostNotice".
+[[nodiscard]] bool hidesStatusHostNotice(const model::DefaultsStore& defaults);
+void hideStatusHostNotice(model::DefaultsStore& defaults);
 
 } // namespace tallyvane::core

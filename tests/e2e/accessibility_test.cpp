@@ -59,7 +59,9 @@ Tallyvane
 Dashboard
 Usage History
 Settings
-This desktop shows no status icons, so Tallyvane can be seen in this window only.
+This desktop shows no status icons, so Tallyvane can be seen in this window only. It keeps running when you close the window.
+Quit Tallyvane
+Don't show again
 )");
     texts[texts.indexOf(title)] += u" (on)"_s;
     return texts << u"tallyvane | " TALLYVANE_PROGRAM "-desktop"_s << title << content;
@@ -118,6 +120,7 @@ Period
 Daily (on)
 Monthly
 % of quota used
+Nothing recorded yet
 Token Heatmap
 Estimated tokens per day
 Source

@@ -26,7 +26,7 @@ public:
                        const history::UsageHistory& history = {})
         : clock(now),
           model({.store = m_store,
-                 .defaults = m_defaults,
+                 .defaults = defaults,
                  .quotaClients = {m_codexClient, m_claudeClient},
                  .tokenEstimator = m_tokenEstimator,
                  .notifier = m_notifier,
@@ -49,16 +49,16 @@ public:
     }
 
     ManualClock clock;
+    model::DefaultsStore defaults = model::DefaultsStore::openFirst(m_locations.defaultsSuite(),
+                                                                    m_locations.standardDefaults());
     FakeNotificationCentre notificationCentre;
 
 private:
     FakeSecretStore m_secrets;
     platform::DBusWidgetCentre m_widgetCentre;
     model::SharedStore m_store{m_locations};
-    model::DefaultsStore m_defaults = model::DefaultsStore::openFirst(
-        m_locations.defaultsSuite(), m_locations.standardDefaults());
     providers::CodexProgram m_codexProgram{
-        m_defaults,
+        defaults,
         {.standard = {m_home.filePath(QStringLiteral("codex"))},
          .others = {m_home.filePath(QStringLiteral(".nvm/versions/node/*/bin"))}}};
     providers::ProcessRunner m_runner{clock, QProcessEnvironment::systemEnvironment()};

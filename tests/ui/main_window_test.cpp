@@ -65,6 +65,7 @@ struct OpenWindow final : tests::ShownWindow {
     ui::MainWindow window{
         [this]() -> QQmlEngine& { return *engine; },
         {.model = idle.model,
+         .defaults = idle.defaults,
          .appearance = appearance,
          .clock = idle.clock,
          .loginItem = loginItem,
@@ -217,10 +218,40 @@ private Q_SLOTS:
         open.setLoginItemBroken(true);
         open.press("launchAtLogin", Qt::Key_Space);
         QVERIFY(!open.item("launchAtLogin")->property("checked").toBool());
-        QVERIFY(open.text("status").contains(u"autostart"));
+        QVERIFY(open.text("launchError").contains(u"autostart"));
         open.setLoginItemBroken(false);
         open.press(Qt::Key_Space);
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
+    }
+
+    void remembersItsShape() {
+        OpenWindow open;
+        open.view()->resize(700, 600);
+        open.window.close();
+        open.show();
+        QCOMPARE(open.view()->size(), QSize(700, 600));
+        open.view()->showMaximized();
+        open.window.close();
+        open.show();
+        QVERIFY(open.view()->windowStates() & Qt::WindowMaximized);
+        open.view()->showNormal();
+        open.window.close();
+        QVERIFY(open.idle.defaults.setText(u"windowSize"_s, u"99999x10"_s));
+        open.show();
+        const QSize screen = open.view()->screen()->availableSize();
+        QCOMPARE(open.view()->size(), QSize(screen.width(), open.view()->minimumHeight()));
+    }
+
+    void tellsOfAMissingHost() {
+        OpenWindow open;
+        open.window.setHasStatusHost(false);
+        const QSignalSpy quit(&open.window, &ui::MainWindow::quitRequested);
+        open.press("quit", Qt::Key_Space);
+        QCOMPARE(quit.count(), 1);
+        open.press("dismissHostNotice", Qt::Key_Space);
+        open.window.close();
+        open.show();
+        QVERIFY(!open.item("quit"));
     }
 
     void asksOnce() {

@@ -23,6 +23,7 @@ public:
           m_panelModel(context.model),
           m_panel(engine(), m_panelModel),
           m_mainWindow(engine(), {.model = context.model,
+                                  .defaults = context.defaults,
                                   .appearance = m_appearance,
                                   .clock = context.clock,
                                   .loginItem = context.loginItem,
@@ -78,6 +79,8 @@ tallyvane::app::Windows* tallyvaneMakeWindows(const tallyvane::app::WindowsConte
     // The software renderer uses a third of the memory of software OpenGL and is as fast for
     // windows that change this little.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QString(platform::applicationId)));
+    const QString icon(platform::applicationId);
+    QGuiApplication::setWindowIcon(
+        QIcon::fromTheme(icon, QIcon(QStringLiteral(":/%1.svg").arg(icon))));
     return std::make_unique<app::QuickWindows>(context).release();
 }

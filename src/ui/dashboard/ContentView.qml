@@ -67,7 +67,13 @@ FocusScope {
         const top = item.mapToItem(pages, 0, 0).y;
         const bottom = top + Math.min(item.height, scroller.height) + Theme.pageMargin;
         const y = Math.min(scroller.contentY, Math.max(top - Theme.pageMargin, 0));
-        scroller.contentY = Math.max(y, Math.min(bottom, scroller.contentHeight) - scroller.height);
+        scrollTo(Math.max(y, Math.min(bottom, scroller.contentHeight) - scroller.height));
+    }
+    function scrollTo(y: double): void {
+        scroller.contentY = Math.max(0, Math.min(y, scroller.contentHeight - scroller.height));
+    }
+    function scrollBy(part: double): void {
+        scrollTo(scroller.contentY + part * scroller.height);
     }
 
     onPageChanged: load()
@@ -84,6 +90,28 @@ FocusScope {
     Accessible.role: Accessible.Pane
     //: The program's name; not to be translated
     Accessible.name: qsTr("Tallyvane")
+
+    // For what no control takes.
+    Keys.onPressed: event => {
+        event.accepted = true;
+        switch (event.key) {
+        case Qt.Key_PageUp:
+            return scrollBy(-0.9);
+        case Qt.Key_PageDown:
+            return scrollBy(0.9);
+        case Qt.Key_Space:
+            return scrollBy(event.modifiers & Qt.ShiftModifier ? -0.9 : 0.9);
+        case Qt.Key_Up:
+            return scrollBy(-0.1);
+        case Qt.Key_Down:
+            return scrollBy(0.1);
+        case Qt.Key_Home:
+            return scrollTo(0);
+        case Qt.Key_End:
+            return scrollTo(scroller.contentHeight);
+        }
+        event.accepted = false;
+    }
 
     Connections {
         target: root.Window.window
@@ -150,28 +178,34 @@ FocusScope {
         Divider {
             Layout.fillWidth: true
         }
-        TextLabel {
+        HostNotice {
             Layout.fillWidth: true
             Layout.topMargin: Theme.largeSpacing
             Layout.leftMargin: Theme.pageMargin
             Layout.rightMargin: Theme.pageMargin
-            visible: !root.viewModel.hasStatusHost
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-            color: Theme.secondaryText
-            text: qsTr("This desktop shows no status icons, so Tallyvane can be seen in this window only.")
+            visible: root.viewModel.showsHostNotice
+            advice: root.viewModel.hostAdvice
+            onQuitRequested: root.viewModel.quitRequested()
+            onDismissed: root.viewModel.dismissHostNotice()
         }
         Flickable {
             id: scroller
 
             Layout.fillWidth: true
             Layout.fillHeight: true
+            // A mouse scrolls by wheel and scroll bar; it drags nothing but a scroll bar.
+            interactive: !mousePress.active
             contentWidth: width
             contentHeight: pages.height
             boundsBehavior: Flickable.StopAtBounds
             clip: true
             T.ScrollBar.vertical: ScrollIndicator {}
 
+            PointHandler {
+                id: mousePress
+
+                acceptedDevices: PointerDevice.Mouse
+            }
             Item {
                 id: pages
 

@@ -3,7 +3,8 @@ import QtQuick.Layouts
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// The provider's name and plan, and a symbol while its figures are out of date.
+/// The provider's name and plan, and a symbol while its figures are out of date. Its items never turn
+/// invisible: in Qt 6.4 a row that has not been laid out yet puts those that appear at its start.
 RowLayout {
     id: root
 
@@ -27,8 +28,11 @@ RowLayout {
     Rectangle {
         Layout.fillWidth: true
         Layout.maximumWidth: implicitWidth
-        visible: root.card.plan !== ""
-        implicitWidth: Math.ceil(plan.implicitWidth) + 2 * 6 // the layout rounds
+        Layout.leftMargin: hasPlan ? 0 : -root.spacing
+
+        readonly property bool hasPlan: root.card.plan !== ""
+
+        implicitWidth: hasPlan ? Math.ceil(plan.implicitWidth) + 2 * 6 : 0 // the layout rounds
         implicitHeight: plan.implicitHeight + 2 * 2
         radius: Theme.smallRadius - 1
         color: Qt.alpha(root.card.accent, 0.14)
@@ -49,10 +53,11 @@ RowLayout {
         }
     }
     SymbolImage {
-        visible: root.card.isPending
+        opacity: root.card.isPending ? 1 : 0
         name: "arrow.trianglehead.2.clockwise.rotate.90"
         size: 10 * Theme.point
         color: Theme.secondaryText
+        Accessible.ignored: !root.card.isPending
         Accessible.role: Accessible.Graphic
         //: Read aloud for the symbol that marks outdated figures
         Accessible.name: qsTr("Sync pending")

@@ -1,7 +1,10 @@
 #include "ui/dashboard/main_window.h"
 
+#include "core/preferences.h"
 #include "ui/style/engine.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
@@ -27,8 +30,12 @@ public:
         connect(rootObject(), &QQuickItem::implicitWidthChanged, this, &Window::fitContent);
         connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &Window::fitContent);
         fitContent();
-        constexpr QSize usual(820, 700);
-        resize(usual.expandedTo(minimumSize()));
+        const QSize usual(820, 760);
+        resize((m_shape.size.isEmpty() ? usual : m_shape.size)
+                   .boundedTo(screen()->availableSize())
+                   .expandedTo(minimumSize()));
+        setWindowState(m_shape.isMaximized ? Qt::WindowMaximized : Qt::WindowNoState);
+        connect(qApp, &QCoreApplication::aboutToQuit, this, &Window::saveShape);
     }
     ~Window() override {
         // The items use m_model, which is destroyed before the base class would delete them.
@@ -36,6 +43,16 @@ public:
     }
 
     MainWindowModel& model() { return m_model; }
+
+    void saveShape() {
+        const bool isMaximized = (windowStates() & Qt::WindowMaximized) != 0;
+        const core::WindowShape shape{.size = isMaximized ? m_shape.size : size(),
+                                      .isMaximized = isMaximized};
+        if (shape != m_shape) {
+            m_shape = shape;
+            core::saveWindowShape(m_owner.m_with.defaults, shape);
+        }
+    }
 
 protected:
     void closeEvent(QCloseEvent* event) override {
@@ -50,6 +67,7 @@ private:
     }
 
     MainWindow& m_owner;
+    core::WindowShape m_shape = core::loadWindowShape(m_owner.m_with.defaults); ///< as stored
     MainWindowModel m_model;
 };
 
@@ -64,7 +82,7 @@ void MainWindow::open() {
         m_window->raise();
     } else {
         m_window = std::make_unique<Window>(*this, m_engine());
-        m_window->show();
+        m_window->setVisible(true); // show() would leave the maximised state
     }
     m_window->requestActivate();
 }
@@ -73,6 +91,7 @@ void MainWindow::close() {
     if (!isOpen()) {
         return;
     }
+    m_window->saveShape();
     m_closed = std::move(m_window);
     m_closed->hide();
     QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);

@@ -1,5 +1,6 @@
 #include "ui/dashboard/main_window_model.h"
 
+#include "core/preferences.h"
 #include "history/calendar_days.h"
 #include "ui/dashboard/relative_times.h"
 
@@ -15,6 +16,15 @@ MainWindowModel::MainWindowModel(MainWindowContext context)
     if (m_with.takeLaunchQuestion()) {
         m_launchPrompt.ask();
     }
+}
+
+void MainWindowModel::setHasStatusHost(bool hasStatusHost) {
+    m_showsHostNotice = !hasStatusHost && !core::hidesStatusHostNotice(m_with.defaults);
+}
+
+void MainWindowModel::dismissHostNotice() {
+    core::hideStatusHostNotice(m_with.defaults);
+    m_showsHostNotice = false;
 }
 
 HistoryModel* MainWindowModel::history() {

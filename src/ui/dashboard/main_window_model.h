@@ -11,6 +11,7 @@ namespace tallyvane::ui {
 /// What the main window works with. The references must outlive it.
 struct MainWindowContext {
     core::AppModel& model;
+    model::DefaultsStore& defaults;
     const Appearance& appearance;
     platform::Clock& clock;
     platform::LoginItem& loginItem;
@@ -19,6 +20,7 @@ struct MainWindowContext {
     model::LocalZone zone;
     QUrl website; ///< the maker's
     core::ProgramSetting codexProgram;
+    QString statusHostAdvice; ///< what to install where no status item can be seen; may be empty
     /// Opens the desktop's notification settings; empty on a desktop without any.
     std::function<void()> openNotificationSettings;
     /// Called when the window opens: whether it should ask if the program may start at login.
@@ -35,7 +37,8 @@ class MainWindowModel : public QObject {
     Q_PROPERTY(tallyvane::ui::HeatmapModel* heatmap READ heatmap CONSTANT)
     Q_PROPERTY(tallyvane::ui::SettingsModel* settings READ settings CONSTANT)
     Q_PROPERTY(tallyvane::ui::LaunchPromptModel* launchPrompt READ launchPrompt CONSTANT)
-    Q_PROPERTY(bool hasStatusHost READ hasStatusHost NOTIFY hasStatusHostChanged)
+    Q_PROPERTY(bool showsHostNotice READ showsHostNotice NOTIFY showsHostNoticeChanged)
+    Q_PROPERTY(QString hostAdvice READ hostAdvice CONSTANT)
 
 public:
     explicit MainWindowModel(MainWindowContext context);
@@ -47,12 +50,16 @@ public:
     [[nodiscard]] SettingsModel* settings();
     [[nodiscard]] LaunchPromptModel* launchPrompt() { return &m_launchPrompt; }
 
-    /// Whether the desktop shows status items, from which a closed window can be reopened.
-    [[nodiscard]] bool hasStatusHost() const { return m_hasStatusHost; }
-    void setHasStatusHost(bool hasStatusHost) { m_hasStatusHost = hasStatusHost; }
+    /// Whether to tell that no status item can be seen, from which a closed window can be reopened.
+    [[nodiscard]] bool showsHostNotice() const { return m_showsHostNotice; }
+    /// What to do about it; may be empty.
+    [[nodiscard]] QString hostAdvice() const { return m_with.statusHostAdvice; }
+    Q_INVOKABLE void dismissHostNotice(); ///< for good
+    /// Whether the desktop shows status items.
+    void setHasStatusHost(bool hasStatusHost);
 
 Q_SIGNALS:
-    void hasStatusHostChanged();
+    void showsHostNoticeChanged();
     // The user's commands.
     void refreshRequested();
     void closeRequested();
@@ -64,8 +71,8 @@ private:
     void waitForMidnight();
 
     MainWindowContext m_with;
-    Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(MainWindowModel, bool, m_hasStatusHost, true,
-                                         &MainWindowModel::hasStatusHostChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(MainWindowModel, bool, m_showsHostNotice,
+                               &MainWindowModel::showsHostNoticeChanged)
     std::unique_ptr<model::LocaleLabels> m_labels;
     DashboardModel m_dashboard;
     LaunchPromptModel m_launchPrompt;

@@ -10,8 +10,22 @@ ColumnLayout {
 
     required property SettingsModel viewModel
 
+    /// Focuses the time window that has taken the place of the one removed at `index`.
+    function focusTimeWindow(index: int): void {
+        const row = timeWindows.itemAt(Math.min(index, timeWindows.count - 1)) as TimeWindowRow;
+        (row?.removeButton ?? addWindow).forceActiveFocus(Qt.TabFocusReason);
+    }
+
     spacing: Theme.pageMargin
     Component.onCompleted: viewModel.show()
+
+    Connections {
+        target: root.Window.window
+
+        function onActiveChanged(): void {
+            root.viewModel.readAuthorization();
+        }
+    }
 
     TextLabel {
         text: qsTr("Settings")
@@ -48,6 +62,12 @@ ColumnLayout {
             text: qsTr("Launch menu bar app at login")
             checked: root.viewModel.launchesAtLogin
             onToggled: root.viewModel.setLaunchesAtLogin(checked)
+        }
+        MessageText {
+            objectName: "launchError"
+            Layout.fillWidth: true
+            text: root.viewModel.launchError
+            color: Theme.destructive
         }
         Caption {
             Layout.fillWidth: true
@@ -124,6 +144,7 @@ ColumnLayout {
                 spacing: Theme.spacing
 
                 SymbolImage {
+                    Layout.alignment: Qt.AlignTop
                     name: "exclamationmark.triangle.fill"
                     size: Theme.symbolSize
                     color: Theme.warning
@@ -147,15 +168,20 @@ ColumnLayout {
             Layout.fillWidth: true
         }
         Repeater {
+            id: timeWindows
+
             model: root.viewModel.windows
 
             TimeWindowRow {
                 Layout.fillWidth: true
                 Layout.minimumHeight: Theme.scaled(32)
                 viewModel: root.viewModel
+                onRemoving: index => Qt.callLater(root.focusTimeWindow, index)
             }
         }
         PushButton {
+            id: addWindow
+
             objectName: "addWindow"
             text: qsTr("Add time window")
             symbol: "plus"
@@ -169,6 +195,7 @@ ColumnLayout {
             spacing: Theme.spacing
 
             SymbolImage {
+                Layout.alignment: Qt.AlignTop // beside the first line
                 name: "lock.shield"
                 size: Theme.scaled(18)
                 color: Theme.text
@@ -183,22 +210,19 @@ ColumnLayout {
             Layout.fillWidth: true
             text: qsTr("No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.")
         }
-        PushButton {
-            objectName: "clearHistory"
-            kind: PushButton.Destructive
-            text: qsTr("Clear usage history")
-            onClicked: root.viewModel.clearHistory()
+        AdaptiveRow {
+            PushButton {
+                objectName: "clearHistory"
+                kind: PushButton.Destructive
+                text: qsTr("Clear usage history")
+                onClicked: root.viewModel.clearHistory()
+            }
+            MessageText {
+                objectName: "historyMessage"
+                Layout.fillWidth: true
+                text: root.viewModel.historyMessage
+            }
         }
-    }
-    TextLabel {
-        objectName: "status"
-        Layout.fillWidth: true
-        Layout.leftMargin: Theme.smallSpacing
-        visible: text !== ""
-        text: root.viewModel.statusMessage
-        color: Theme.secondaryText
-        wrapMode: Text.Wrap
-        Accessible.role: Accessible.StatusBar
     }
     Item {
         Layout.fillHeight: true

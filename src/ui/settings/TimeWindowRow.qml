@@ -12,6 +12,11 @@ RowLayout {
     required property bool allDay
     required property int startMinutes
     required property int endMinutes
+    required property int index
+    readonly property alias removeButton: removeButton
+
+    /// The row is about to be removed by the user.
+    signal removing(index: int)
 
     spacing: Theme.spacing
 
@@ -49,11 +54,16 @@ RowLayout {
         onPicked: minutes => root.viewModel.changeWindow(root.windowId, root.allDay, root.startMinutes, minutes)
     }
     IconButton {
+        id: removeButton
+
         objectName: "remove"
         symbol: "trash"
         ink: Theme.destructive
         //: Read aloud for the button
         text: qsTr("Remove time window")
-        onClicked: root.viewModel.removeWindow(root.windowId)
+        onClicked: {
+            root.removing(root.index);
+            root.viewModel.removeWindow(root.windowId);
+        }
     }
 }

@@ -53,7 +53,8 @@ bool SettingsModel::launchesAtLogin() const {
 }
 
 void SettingsModel::show() {
-    m_statusMessage = QString();
+    m_launchError = QString();
+    m_historyMessage = QString();
     m_refusal = QString();
     Q_EMIT launchesAtLoginChanged();
     Q_EMIT codexChanged();
@@ -61,9 +62,8 @@ void SettingsModel::show() {
 }
 
 void SettingsModel::setLaunchesAtLogin(bool wanted) {
-    if (const auto done = core::setLaunchAtLogin(m_loginItem, wanted); !done) {
-        m_statusMessage = done.error();
-    }
+    const auto done = core::setLaunchAtLogin(m_loginItem, wanted);
+    m_launchError = done ? QString() : done.error();
     Q_EMIT launchesAtLoginChanged(); // after a failure too, so that the switch springs back
 }
 
@@ -143,7 +143,7 @@ void SettingsModel::removeWindow(const QString& windowId) {
 
 void SettingsModel::clearHistory() {
     m_model.clearHistory();
-    m_statusMessage = tr("Usage history cleared.");
+    m_historyMessage = tr("Usage history cleared.");
 }
 
 QString SettingsModel::timeText(int minutes) const {

@@ -44,7 +44,8 @@ class SettingsModel : public QObject {
     Q_PROPERTY(bool isAuthorized READ isAuthorized NOTIFY isAuthorizedChanged)
     Q_PROPERTY(bool hasNotificationSettings READ hasNotificationSettings CONSTANT)
     Q_PROPERTY(QAbstractItemModel* windows READ windows CONSTANT)
-    Q_PROPERTY(QString statusMessage READ statusMessage NOTIFY statusMessageChanged)
+    Q_PROPERTY(QString launchError READ launchError NOTIFY launchErrorChanged)
+    Q_PROPERTY(QString historyMessage READ historyMessage NOTIFY historyMessageChanged)
 
 public:
     /// The references must outlive it. `openNotificationSettings` opens the desktop's notification
@@ -70,11 +71,16 @@ public:
     [[nodiscard]] bool isAuthorized() const { return m_isAuthorized; }
     [[nodiscard]] bool hasNotificationSettings() const { return !!m_openNotificationSettings; }
     [[nodiscard]] QAbstractItemModel* windows() { return &m_windows; }
-    [[nodiscard]] QString statusMessage() const { return m_statusMessage; }
+    /// Why the last change of the login item failed; empty if it succeeded.
+    [[nodiscard]] QString launchError() const { return m_launchError; }
+    /// What became of the history; empty until it is cleared.
+    [[nodiscard]] QString historyMessage() const { return m_historyMessage; }
 
     /// Call when the page is shown: rereads what other programs may have changed and clears the
-    /// status message.
+    /// messages.
     Q_INVOKABLE void show();
+    /// Call when the user may have changed the desktop's notification settings.
+    Q_INVOKABLE void readAuthorization();
     Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
     /// `path` may begin with "~/"; empty: automatic. A path that cannot be used changes nothing,
     /// and codexState() says why.
@@ -99,10 +105,10 @@ Q_SIGNALS:
     void codexChanged();
     void notificationSettingsChanged();
     void isAuthorizedChanged();
-    void statusMessageChanged();
+    void launchErrorChanged();
+    void historyMessageChanged();
 
 private:
-    void readAuthorization();
     void showWindows();
 
     core::AppModel& m_model;
@@ -114,8 +120,10 @@ private:
     std::function<void()> m_openNotificationSettings;
     Q_OBJECT_BINDABLE_PROPERTY_WITH_ARGS(SettingsModel, bool, m_isAuthorized, true,
                                          &SettingsModel::isAuthorizedChanged)
-    Q_OBJECT_BINDABLE_PROPERTY(SettingsModel, QString, m_statusMessage,
-                               &SettingsModel::statusMessageChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingsModel, QString, m_launchError,
+                               &SettingsModel::launchErrorChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(SettingsModel, QString, m_historyMessage,
+                               &SettingsModel::historyMessageChanged)
     RecordList<TimeWindow> m_windows;
 };
 
