@@ -96,6 +96,9 @@ private Q_SLOTS:
             {"dunst", "dunstctl set-paused true"},
             {"/usr/lib/*/xfce4/notifyd/xfce4-notifyd",
              "xfconf-query -c xfce4-notifyd -p /do-not-disturb -n -t bool -s true"},
+            {"/usr/lib/*/xfce4/notifyd/xfce4-notifyd",
+             "xfconf-query -c xfce4-notifyd -p /applications/muted_applications -n -a "
+             "-t string -s Other -t string -s Tallyvane"},
             {"", "gsettings set org.gnome.desktop.notifications show-banners false"},
             {"", "gsettings set org.gnome.desktop.notifications.application:/org/gnome/desktop/"
                  "notifications/application/org-corvelle-tallyvane/ enable false"},
@@ -110,6 +113,7 @@ private Q_SLOTS:
             std::optional<ScriptedDaemon> gnome;
             *daemon == '\0' ? void(gnome.emplace(u"gnome-shell"_s)) : void(program.emplace(daemon));
             QTRY_VERIFY(hasDaemon());
+            std::ignore = std::system("xfconf-query -c xfce4-notifyd -p / -r -R");
             QVERIFY2(isOn(), command);
             QCOMPARE(std::system(command), 0);
             QVERIFY2(!isOn(), command);

@@ -21,6 +21,7 @@ namespace {
 const QString daemonName = QStringLiteral("org.freedesktop.Notifications"); // and interface
 const QString daemonPath = QStringLiteral("/org/freedesktop/Notifications");
 const QString defaultAction = QStringLiteral("default");
+const QString applicationName = QStringLiteral("Tallyvane");
 
 QDBusMessage daemonCall(const QString& method) {
     return QDBusMessage::createMethodCall(daemonName, daemonPath, daemonName, method);
@@ -72,6 +73,27 @@ QCoro::Task<bool> isOffInGnome(QStringList searchPath, milliseconds patience) {
     co_return isOffForAll || isOffForUs;
 }
 
+QDBusMessage xfceNotificationSetting(const QString& name) {
+    return QDBusMessage::createMethodCall(
+               QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
+               QStringLiteral("org.xfce.Xfconf"), QStringLiteral("GetProperty"))
+           << QStringLiteral("xfce4-notifyd") << name;
+}
+
+QCoro::Task<bool> isOffInXfce(milliseconds patience) {
+    const QDBusMessage doNotDisturb = xfceNotificationSetting(QStringLiteral("/do-not-disturb"));
+    const bool isOffForAll = co_await isTrue(doNotDisturb, patience);
+    const QDBusMessage muted =
+        xfceNotificationSetting(QStringLiteral("/applications/muted_applications"));
+    const BusValue names = co_await readBusValue(QDBusConnection::sessionBus(), muted, patience);
+    bool isOffForUs = false;
+    if (names && names->canConvert<QDBusArgument>()) {
+        const auto list = qdbus_cast<QVariantList>(names->value<QDBusArgument>());
+        isOffForUs = list.contains(QVariant(applicationName));
+    }
+    co_return isOffForAll || isOffForUs;
+}
+
 QCoro::Task<bool> areNotificationsOn(QStringList searchPath, milliseconds patience) {
     const BusReply information =
         co_await callBus(QDBusConnection::sessionBus(),
@@ -86,13 +108,7 @@ QCoro::Task<bool> areNotificationsOn(QStringList searchPath, milliseconds patien
             daemonPropertyRead(QStringLiteral("org.dunstproject.cmd0"), QStringLiteral("paused")),
             patience);
     } else if (daemon == u"Xfce Notify Daemon") {
-        const auto question = QDBusMessage::createMethodCall(QStringLiteral("org.xfce.Xfconf"),
-                                                             QStringLiteral("/org/xfce/Xfconf"),
-                                                             QStringLiteral("org.xfce.Xfconf"),
-                                                             QStringLiteral("GetProperty"))
-                              << QStringLiteral("xfce4-notifyd")
-                              << QStringLiteral("/do-not-disturb");
-        isOff = co_await isTrue(question, patience);
+        isOff = co_await isOffInXfce(patience);
     } else if (daemon == u"Plasma") {
         isOff =
             co_await isTrue(daemonPropertyRead(daemonName, QStringLiteral("Inhibited")), patience);
@@ -115,8 +131,8 @@ void DBusNotificationCentre::post(const Notification& notification) {
                             {QStringLiteral("urgency"), QVariant::fromValue(uchar{1})}, // normal
                             {QStringLiteral("x-tallyvane-identifier"), notification.identifier}};
     QDBusMessage call = daemonCall(QStringLiteral("Notify"));
-    call.setArguments({QStringLiteral("Tallyvane"), uint{0}, QString(applicationId),
-                       notification.title, notification.body,
+    call.setArguments({applicationName, uint{0}, QString(applicationId), notification.title,
+                       notification.body,
                        QStringList{defaultAction, QStringLiteral("Open Tallyvane")}, hints, -1});
     QCoro::connect(callBus(bus, call, m_patience), this, [this](const BusReply& id) {
         if (id && id->signature() == u"u") {

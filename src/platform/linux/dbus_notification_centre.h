@@ -28,9 +28,10 @@ public:
     /// | daemon | off when | seen in |
     /// |---|---|---|
     /// | dunst | property `paused` of org.dunstproject.cmd0 | 1.9 |
-    /// | xfce4-notifyd | `/do-not-disturb` of the Xfconf channel xfce4-notifyd | 0.7 |
-    /// | Plasma | property `Inhibited` of org.freedesktop.Notifications | 5.27 |
-    /// | GNOME Shell | GSettings `show-banners`, or `enable` of our application, is false | 43 |
+    /// | xfce4-notifyd | `/do-not-disturb` of the Xfconf channel xfce4-notifyd, or
+    /// `/applications/muted_applications` there names us | 0.7 | | Plasma | property `Inhibited` of
+    /// org.freedesktop.Notifications | 5.27 | | GNOME Shell | GSettings `show-banners`, or `enable`
+    /// of our application, is false | 43 |
     ///
     /// An unknown daemon counts as on, as does one that gives no usable answer in time. Without a
     /// session bus or a daemon: off.
