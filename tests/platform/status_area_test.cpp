@@ -6,6 +6,8 @@
 
 #include <QtDBus/QDBusMetaType>
 
+#include <sys/prctl.h>
+
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
 using platform::ColourPreference;
@@ -19,11 +21,12 @@ const QString gnomeGroup = u"org.gnome.desktop.interface"_s;
 const QString colourScheme = u"color-scheme"_s;
 const QString animations = u"enable-animations"_s;
 
-/// The settings of a desktop that prefers dark windows: its portal, and Xfconf once `isPanelDark`
-/// has a value.
+/// A desktop that prefers dark windows: its portal, its host of status items, and Xfce's settings.
 struct Desktop final : tests::ScriptedService {
     Desktop()
-        : ScriptedService({u"org.freedesktop.portal.Desktop"_s, u"org.xfce.Xfconf"_s}, u"/org"_s) {}
+        : ScriptedService({u"org.freedesktop.portal.Desktop"_s, u"org.xfce.Xfconf"_s,
+                           u"org.kde.StatusNotifierWatcher"_s},
+                          u"/org"_s) {}
 
     [[nodiscard]] QDBusMessage reply(const QDBusMessage& call) const override {
         if (call.member() == "ReadAll"_L1) {
@@ -33,19 +36,20 @@ struct Desktop final : tests::ScriptedService {
             settings.removeIf([&](const auto& group) { return !groups.contains(group.key()); });
             return call.createReply(QVariant::fromValue(settings));
         }
-        return isPanelDark ? call.createReply(tests::variant(*isPanelDark))
-                           : call.createErrorReply(QDBusError::InvalidArgs, {});
+        const QVariant property = xfconf.value(call.arguments().value(1).toString());
+        return property.isValid() ? call.createReply(tests::variant(property))
+                                  : call.createErrorReply(QDBusError::InvalidArgs, {});
     }
     void change(const QString& group, const QString& key, const QVariant& value) {
         emitSignal(u"/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s,
                    u"SettingChanged"_s, {group, key, tests::variant(value)});
     }
-    void changePanel(const QString& key, bool value) {
+    void changeXfce(const QString& channel, const QString& key, const QVariant& value) {
         emitSignal(u"/xfce/Xfconf"_s, u"org.xfce.Xfconf"_s, u"PropertyChanged"_s,
-                   {u"xfce4-panel"_s, key, tests::variant(value)});
+                   {channel, key, tests::variant(value)});
     }
 
-    std::optional<bool> isPanelDark;
+    QVariantMap xfconf;
 };
 
 } // namespace
@@ -88,21 +92,28 @@ private Q_SLOTS:
                                     "org.kde.StatusNotifierItem IconPixmap")
                 .contains(pixel);
         };
-        const char* grey = "0xff, 0x8a, 0x8a, 0x8a";
+        const char* grey = "0xff, 0x76, 0x76, 0x76";
         const char* light = "0xff, 0xf2, 0xf2, 0xf2";
         const char* dark = "0xff, 0x2e, 0x34, 0x36";
+        ::prctl(PR_SET_NAME, "wrapper-2.0");
         Desktop desktop;
         const platform::SystemAppearance appearance;
         const app::StatusArea area(idle.model, appearance, {});
         QTRY_VERIFY(hasInk(light));
+        ::prctl(PR_SET_NAME, "status_area_test");
         desktop.change(appearanceGroup, colourScheme, 9U);
         QTRY_VERIFY(hasInk(grey));
-        desktop.changePanel(u"/panels/size"_s, true);
+        desktop.changeXfce(u"xfce4-panel"_s, u"/panels/size"_s, true);
         desktop.change(appearanceGroup, colourScheme, 2U);
         QTRY_VERIFY(hasInk(dark));
-        desktop.changePanel(u"/panels/dark-mode"_s, true);
+        // The panel looks as its theme does unless it is in dark mode.
+        desktop.changeXfce(u"xsettings"_s, u"/Net/ThemeName"_s, u"Greybird-dark"_s);
         QTRY_VERIFY(hasInk(light));
-        desktop.isPanelDark = false;
+        desktop.changeXfce(u"xsettings"_s, u"/Net/ThemeName"_s, u"Greybird"_s);
+        QTRY_VERIFY(hasInk(dark));
+        desktop.changeXfce(u"xfce4-panel"_s, u"/panels/dark-mode"_s, true);
+        QTRY_VERIFY(hasInk(light));
+        desktop.xfconf = {{u"/panels/dark-mode"_s, false}, {u"/Net/ThemeName"_s, u"Adwaita"_s}};
         const platform::PanelColourPreference later;
         QTRY_COMPARE(later.value(), ColourPreference::light);
     }

@@ -41,7 +41,7 @@ DesktopProgram::DesktopProgram(const Environment& environment)
       m_statusArea(m_composition.model, m_appearance, iconFolder(environment)),
       m_application([this] { return refreshAndReport(); }) {
     connect(&m_statusArea, &StatusArea::clicked, this,
-            [this](QPoint position, const QString& token) {
+            [this](std::optional<QPoint> position, const QString& token) {
                 const ActivationToken passedOn(token);
                 if (Windows* shown = windows()) {
                     shown->togglePanel(position);

@@ -50,7 +50,7 @@ public:
                          &QGuiApplication::quit);
     }
 
-    void togglePanel(QPoint itemPosition) override { m_panel.toggle(itemPosition); }
+    void togglePanel(std::optional<QPoint> itemPosition) override { m_panel.toggle(itemPosition); }
     void openMainWindow() override { m_mainWindow.open(); }
     void setSystemLook(platform::ColourPreference scheme, bool isMotionReduced) override {
         m_appearance.setSystemColourScheme(scheme);

@@ -16,8 +16,9 @@ namespace {
 
 enum MenuEntry { codexEntry = 1, claudeEntry, firstSeparator, open, refresh, lastSeparator, quit };
 
-/// The sizes that common panels use; hosts scale from the nearest.
-constexpr int pictureSizes[] = {16, 22, 24, 32, 48};
+/// The sizes that common panels use. xfce4-panel scales the largest down to 22 pixels, which is
+/// sharp from twice that size only.
+constexpr int pictureSizes[] = {16, 22, 24, 32, 44};
 
 } // namespace
 
@@ -42,7 +43,11 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     connect(&m_item, &platform::StatusItem::hostProfileChanged, this, &StatusArea::showSnapshot);
     connect(&m_item, &platform::StatusItem::hostAvailableChanged, this,
             &StatusArea::isShownChanged);
-    connect(&m_item, &platform::StatusItem::activated, this, &StatusArea::clicked);
+    connect(&m_item, &platform::StatusItem::activated, this,
+            [this](QPoint position, const QString& token) {
+                const bool isTrusted = m_item.hostProfile().hasTrustedCoordinates;
+                Q_EMIT clicked(isTrusted ? std::optional(position) : std::nullopt, token);
+            });
     connect(&m_item, &platform::StatusItem::menuItemTriggered, this, &StatusArea::choose);
 }
 
@@ -104,7 +109,8 @@ void StatusArea::choose(int entry) {
 }
 
 QColor StatusArea::ink() const {
-    const ColourPreference panel = m_panelColours.value();
+    const ColourPreference panel =
+        m_item.hostProfile().hasXfceColours ? m_panelColours.value() : ColourPreference::none;
     switch (panel != ColourPreference::none ? panel : m_appearance.colourPreference()) {
     case ColourPreference::dark:
         return {0xf2, 0xf2, 0xf2};
@@ -113,7 +119,7 @@ QColor StatusArea::ink() const {
     case ColourPreference::none:
         break;
     }
-    return {0x8a, 0x8a, 0x8a}; // visible on both
+    return {0x76, 0x76, 0x76}; // a contrast of 4.5 to black and to white
 }
 
 } // namespace tallyvane::app

@@ -24,7 +24,8 @@ public:
 
 Q_SIGNALS:
     void isShownChanged();
-    void clicked(QPoint position, const QString& activationToken);
+    /// `position` is nullopt where the host does not tell.
+    void clicked(std::optional<QPoint> position, const QString& activationToken);
     // Menu commands.
     void openRequested();
     void refreshRequested();

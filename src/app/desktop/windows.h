@@ -37,8 +37,9 @@ public:
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
 
-    /// Opens or closes the panel for a click on the status item at this screen position.
-    virtual void togglePanel(QPoint itemPosition) = 0;
+    /// Opens or closes the panel for a click on the status item at this screen position, in pixels;
+    /// nullopt: unknown.
+    virtual void togglePanel(std::optional<QPoint> itemPosition) = 0;
     /// Opens the main window, or brings the open one to the front.
     virtual void openMainWindow() = 0;
     /// Applies the desktop-wide appearance settings.

@@ -4,6 +4,8 @@
 
 #include <QtDBus/QDBusVariant>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace tallyvane::platform {
@@ -14,34 +16,60 @@ const auto xfconf = QStringLiteral("org.xfce.Xfconf");
 const auto xfconfPath = QStringLiteral("/org/xfce/Xfconf");
 const auto panelChannel = QStringLiteral("xfce4-panel");
 const auto darkMode = QStringLiteral("/panels/dark-mode");
+const auto themeChannel = QStringLiteral("xsettings");
+const auto themeName = QStringLiteral("/Net/ThemeName");
+
+/// Judges by the name, since only GTK can load a theme.
+bool isDarkTheme(const QString& theme) {
+    const QString name = theme.toLower();
+    return std::ranges::any_of(
+        std::array{"dark", "black", "night", "inverse", "dracula", "nord"},
+        [&](const char* word) { return name.contains(QLatin1StringView(word)); });
+}
 
 } // namespace
 
 PanelColourPreference::PanelColourPreference() {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    bus.connect(xfconf, xfconfPath, xfconf, QStringLiteral("PropertyChanged"), this,
-                SLOT(onPropertyChanged(QDBusMessage)));
+    QDBusConnection::sessionBus().connect(xfconf, xfconfPath, xfconf,
+                                          QStringLiteral("PropertyChanged"), this,
+                                          SLOT(onPropertyChanged(QDBusMessage)));
+    read(panelChannel, darkMode);
+    read(themeChannel, themeName);
+}
+
+void PanelColourPreference::read(const QString& channel, const QString& property) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(xfconf, xfconfPath, xfconf, QStringLiteral("GetProperty"));
-    call << panelChannel << darkMode;
+    call << channel << property;
     call.setAutoStartService(false);
-    QCoro::connect(readBusValue(bus, call), this, [this](const BusValue& isDark) {
-        if (isDark) {
-            takeDarkMode(*isDark);
-        }
-    });
+    QCoro::connect(readBusValue(QDBusConnection::sessionBus(), call), this,
+                   [this, channel, property](const BusValue& value) {
+                       if (value) {
+                           take(channel, property, *value);
+                       }
+                   });
 }
 
 void PanelColourPreference::onPropertyChanged(const QDBusMessage& signal) {
     const QVariantList arguments = signal.arguments();
-    if (arguments.size() == 3 && arguments.at(0) == panelChannel && arguments.at(1) == darkMode) {
-        takeDarkMode(arguments.at(2).value<QDBusVariant>().variant());
+    if (arguments.size() == 3) {
+        take(arguments.at(0).toString(), arguments.at(1).toString(),
+             arguments.at(2).value<QDBusVariant>().variant());
     }
 }
 
-void PanelColourPreference::takeDarkMode(const QVariant& isDark) {
-    const auto value = isDark.toBool() ? ColourPreference::dark : ColourPreference::light;
-    if (std::exchange(m_value, value) != value) {
+void PanelColourPreference::take(const QString& channel, const QString& property,
+                                 const QVariant& value) {
+    if (channel == panelChannel && property == darkMode) {
+        m_isInDarkMode = value.toBool();
+    } else if (channel == themeChannel && property == themeName) {
+        m_theme = value.toString();
+    }
+    const bool isDark = m_isInDarkMode || isDarkTheme(m_theme);
+    const auto preference = isDark              ? ColourPreference::dark
+                            : m_theme.isEmpty() ? ColourPreference::none
+                                                : ColourPreference::light;
+    if (std::exchange(m_value, preference) != preference) {
         Q_EMIT changed();
     }
 }

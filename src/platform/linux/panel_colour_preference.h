@@ -7,16 +7,17 @@
 
 namespace tallyvane::platform {
 
-/// Whether the desktop's panel is dark, where that is independent of the desktop's own preference:
-/// xfce4-panel keeps "/panels/dark-mode" in the Xfconf channel "xfce4-panel" (seen in 4.18). Reads
-/// it once, asynchronously, and follows changes. Main thread only.
+/// Whether Xfce's panel is dark, which is independent of the desktop's preference: the property
+/// "/panels/dark-mode" of the Xfconf channel "xfce4-panel" makes it dark; otherwise it looks as the
+/// GTK theme does, "/Net/ThemeName" of the channel "xsettings" (seen in 4.18). Reads both once,
+/// asynchronously, and follows changes. Main thread only.
 class PanelColourPreference : public QObject {
     Q_OBJECT
 
 public:
     PanelColourPreference();
 
-    /// None on desktops whose panel has no setting of its own.
+    /// None while nothing is known.
     [[nodiscard]] ColourPreference value() const { return m_value; }
 
 Q_SIGNALS:
@@ -26,8 +27,11 @@ private Q_SLOTS:
     void onPropertyChanged(const QDBusMessage& signal);
 
 private:
-    void takeDarkMode(const QVariant& isDark);
+    void read(const QString& channel, const QString& property);
+    void take(const QString& channel, const QString& property, const QVariant& value);
 
+    bool m_isInDarkMode = false;
+    QString m_theme; ///< empty: unknown
     ColourPreference m_value = ColourPreference::none;
 };
 

@@ -24,6 +24,18 @@ bool hasGlobalPointer() {
     return QGuiApplication::platformName() == QLatin1StringView("xcb");
 }
 
+/// Device-independent pixels, which begin at each screen's corner.
+QPoint fromPixels(QPoint pixels) {
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QPoint corner = screen->geometry().topLeft();
+        const double scale = screen->devicePixelRatio();
+        if (QRect(corner, screen->size() * scale).contains(pixels)) {
+            return corner + (pixels - corner) / scale;
+        }
+    }
+    return pixels;
+}
+
 QRect availableAt(QPoint point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
@@ -95,7 +107,7 @@ QuotaPanel::QuotaPanel(std::function<QQmlEngine&()> engine, MenuBarQuotaViewMode
 
 QuotaPanel::~QuotaPanel() = default;
 
-void QuotaPanel::toggle(QPoint itemPosition) {
+void QuotaPanel::toggle(std::optional<QPoint> itemPosition) {
     if (isOpen()) {
         close();
     } else if (m_samePress.hasExpired()) {
@@ -103,11 +115,11 @@ void QuotaPanel::toggle(QPoint itemPosition) {
     }
 }
 
-void QuotaPanel::open(QPoint itemPosition) {
+void QuotaPanel::open(std::optional<QPoint> itemPosition) {
     if (!isOpen()) {
         m_window = std::make_unique<Window>(*this, m_engine());
     }
-    const QPoint point = hasGlobalPointer() ? QCursor::pos() : itemPosition;
+    const QPoint point = itemPosition ? fromPixels(*itemPosition) : QCursor::pos();
     m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
     m_window->show();
     m_window->requestActivate();

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QQmlEngine;
 class QWindow;
@@ -31,10 +32,10 @@ public:
 
     /// Opens or closes the panel after a press on the status item. The press that has just closed
     /// the panel, as a press elsewhere, does not reopen it.
-    void toggle(QPoint itemPosition);
-    /// Opens the panel at the pointer under X11, elsewhere at `itemPosition` if the desktop lets
-    /// windows choose their position.
-    void open(QPoint itemPosition);
+    void toggle(std::optional<QPoint> itemPosition);
+    /// Opens the panel at `itemPosition`, in the screen's pixels, or else at the pointer, as far as
+    /// the desktop lets windows choose their position.
+    void open(std::optional<QPoint> itemPosition);
     void close();
     [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
     /// Null while the panel is closed.

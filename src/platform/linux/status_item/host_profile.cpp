@@ -13,7 +13,7 @@ struct KnownHost {
 };
 
 constexpr HostProfile plasma{.hasTrustedCoordinates = true, .iconForm = IconForm::name};
-constexpr HostProfile xfce{.hasTrustedCoordinates = true};
+constexpr HostProfile xfce{.hasTrustedCoordinates = true, .hasXfceColours = true};
 constexpr HostProfile mate{.hasLabelProperty = false};
 
 // Plasma's watcher runs in its daemon, not in the shell; MATE's in the applet if that has its own
@@ -25,6 +25,7 @@ constexpr std::array knownHosts{
     KnownHost{"kded6", plasma},
     KnownHost{"plasmashell", plasma},
     KnownHost{"xfce4-panel", xfce},
+    KnownHost{"wrapper-2.0", xfce}, // its plugins since 4.20
     KnownHost{"lxqt-panel", {.hasTrustedCoordinates = true}},
     KnownHost{"mate-panel", mate},
     KnownHost{"notification-ar", mate},

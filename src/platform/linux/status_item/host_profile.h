@@ -15,7 +15,9 @@ enum class IconForm {
 struct HostProfile {
     bool showsLabel = false;      ///< if not, the picture must contain the figure
     bool hasLabelProperty = true; ///< false: a label, even an empty one, would hide the picture
-    bool hasTrustedCoordinates = false; ///< whether a click's position is one on the screen
+    /// Whether a click's position is one on the screen, in its pixels.
+    bool hasTrustedCoordinates = false;
+    bool hasXfceColours = false; ///< whether its panel is as light as Xfce's settings say
     IconForm iconForm = IconForm::pixmaps;
 
     bool operator==(const HostProfile&) const = default;
@@ -23,8 +25,8 @@ struct HostProfile {
 
 /// The profile of the host whose process has this name (/proc/PID/comm, which the kernel cuts to 15
 /// bytes). Observed with GNOME Shell 43 with the AppIndicator extension,
-/// Plasma 5.27, xfce4-panel 4.18, lxqt-panel 1.2, waybar 0.9, mate-panel 1.27 and the Ayatana
-/// indicator service.
+/// Plasma 5.27, xfce4-panel 4.18 and 4.20, lxqt-panel 1.2, waybar 0.9, mate-panel 1.27 and the
+/// Ayatana indicator service.
 [[nodiscard]] HostProfile hostProfileOf(QByteArrayView processName);
 
 } // namespace tallyvane::platform
