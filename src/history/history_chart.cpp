@@ -79,13 +79,13 @@ std::vector<double> axisValues(double maximum, HistoryMetric metric) {
     const double magnitude = std::pow(10, std::floor(std::log10(rough)));
     double step = 10 * magnitude;
     for (const double factor : {5., 2., 1.}) {
-        // Tolerates rounding: 0.3 / 0.1 is slightly more than 3.
-        if (rough <= factor * magnitude * (1 + 1e-9)) {
+        if (rough <= factor * magnitude) {
             step = factor * magnitude;
         }
     }
     step = std::max(step, metric == HistoryMetric::tokens ? 1 : 0.01);
     std::vector<double> values;
+    // Tolerates rounding: 0.3 / 0.1 is slightly more than 3.
     const int count = static_cast<int>(std::ceil(top / step - 1e-9));
     for (int i = 0; i <= count; ++i) {
         values.push_back(i * step);

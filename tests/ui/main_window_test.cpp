@@ -78,6 +78,13 @@ struct OpenWindow final : tests::ShownWindow {
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
 };
 
+/// The bar at `index` of all: its filled part, 0 to 1, and whether it has the colour of a warning.
+struct QuotaBarLook {
+    int index;
+    double fraction;
+    bool isLow;
+};
+
 } // namespace
 
 class MainWindowTest : public tests::HermeticTest {
@@ -88,6 +95,12 @@ private Q_SLOTS:
         OpenWindow open;
         QVERIFY(!open.item("lastError"));
         QCOMPARE(open.viewModel()->dashboard()->codex().week.resetText, u"Mo., 04:00"_s);
+        for (const QuotaBarLook& look : {QuotaBarLook{0, 0.58, false}, {2, 0.19, true}}) {
+            const QQuickItem* fill = open.items("fill").at(look.index);
+            QTRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
+            const auto colour = fill->property("color").value<QColor>();
+            QCOMPARE(colour.red() > colour.green(), look.isLow);
+        }
         open.idle.clock.advance(59s);
         QCOMPARE(open.text("updated"), u"Updated 2 min ago"_s);
         open.idle.clock.advance(1s);
@@ -117,6 +130,12 @@ private Q_SLOTS:
         open.open(2);
         QCOMPARE(open.text("subtitle"), u"% of quota used"_s);
         auto* chart = open.viewModel()->history();
+        const auto value = [](QAbstractItemModel* rows, int row, const char* role) {
+            return rows->data(rows->index(row, 0), rows->roleNames().key(role)).toDouble();
+        };
+        QCOMPARE(value(chart->valueMarks(), 0, "position"), 0);
+        QVERIFY(value(chart->segments(), 1, "base") > 0); // Claude's stands on Codex's.
+        QCOMPARE(value(chart->segments(), 2, "base"), 0);
         open.press("chart", Qt::Key_Left);
         QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%"_s);
         open.press(Qt::Key_Left);
@@ -129,7 +148,7 @@ private Q_SLOTS:
         const auto isMonthly = [=] { return periods->child(1)->state().checked; };
         QVERIFY(!isMonthly());
         periods->child(1)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-        QVERIFY(isMonthly() && !periods->child(0)->state().checked);
+        QVERIFY(isMonthly() && !periods->child(0)->state().checked && !chart->isHovered());
         QCOMPARE(open.text("subtitle"), u"Estimated tokens used"_s);
         chart->hover(1);
         QCOMPARE(chart->hoveredText(),
@@ -143,6 +162,10 @@ private Q_SLOTS:
         open.press(Qt::Key_Down); // Sunday is in the future.
         open.press(Qt::Key_Left);
         QVERIFY(open.text("told").startsWith("Sa., 14. Nov."_L1));
+        const auto* heatmap = open.viewModel()->heatmap();
+        const auto colours = heatmap->property("legend");
+        open.idle.model.setAppearance(model::AppAppearance::dark);
+        QVERIFY(heatmap->property("legend") != colours);
         open.idle.model.clearHistory();
         QVERIFY(open.text("told").endsWith(": 0 tokens"_L1));
         QVERIFY(chart->isEmpty() && !chart->isHovered());
@@ -234,6 +257,10 @@ private Q_SLOTS:
         open.window.close();
         open.show();
         QVERIFY(open.view()->windowStates() & Qt::WindowMaximized);
+        QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+        open.view()->showMinimized();
+        open.window.open();
+        QVERIFY(!(open.view()->windowStates() & Qt::WindowMinimized));
         open.view()->showNormal();
         open.window.close();
         QVERIFY(open.idle.defaults.setText(u"windowSize"_s, u"99999x10"_s));

@@ -35,7 +35,7 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showSnapshot);
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showToolTip);
     connect(&model, &core::AppModel::failuresChanged, this, &StatusArea::showToolTip);
-    connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showMenu);
+    // The figures change during a refresh only.
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
     connect(&appearance, &platform::SystemAppearance::changed, this, &StatusArea::showSnapshot);
     connect(&m_panelColours, &platform::PanelColourPreference::changed, this,

@@ -12,6 +12,7 @@ Capsule {
     color: Theme.quotaTrack
 
     Capsule {
+        objectName: "fill"
         anchors.left: parent.left
         width: Math.max(parent.width * root.fraction, height)
         height: parent.height
