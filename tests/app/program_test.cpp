@@ -141,6 +141,14 @@ private Q_SLOTS:
         QCOMPARE(run("config get codex-path").output, u"\n"_s);
     }
 
+    void prefersVariablesInLowerCase() {
+        tests::writeFile(inHome(".claude/.credentials.json"),
+                         R"({"claudeAiOauth":{"accessToken":"x"}})");
+        QVERIFY(runShell(u"https_proxy=ftp://a HTTPS_PROXY=gopher://b \"$0\" refresh"_s)
+                    .error.contains(u"\"ftp\""));
+        QVERIFY(runShell(u"HTTPS_PROXY=gopher://b \"$0\" refresh"_s).error.contains(u"\"gopher\""));
+    }
+
     void becomesTheDesktopProgram() {
         const QString program = inHome("bin/tallyvane");
         QVERIFY(QDir::home().mkdir(u"bin"_s));

@@ -136,6 +136,8 @@ private Q_SLOTS:
         QCOMPARE(value(chart->valueMarks(), 0, "position"), 0);
         QVERIFY(value(chart->segments(), 1, "base") > 0); // Claude's stands on Codex's.
         QCOMPARE(value(chart->segments(), 2, "base"), 0);
+        const auto segments = open.items("segment");
+        QVERIFY(segments.at(1)->y() + segments.at(1)->height() <= segments.at(0)->y());
         open.press("chart", Qt::Key_Left);
         QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%"_s);
         open.press(Qt::Key_Left);

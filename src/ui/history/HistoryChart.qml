@@ -97,6 +97,8 @@ FocusScope {
             model: root.viewModel.segments
 
             Rectangle {
+                objectName: "segment"
+
                 required property double centre
                 required property double base
                 required property double extent
