@@ -183,6 +183,12 @@ private Q_SLOTS:
         QCOMPARE(unsaved.exitCode, 1);
         QVERIFY(unsaved.output.isEmpty() && unsaved.error.endsWith(u"Disk full.\n"_s));
 
+        const QByteArray interfaces =
+            tests::callOnBus(u"org.corvelle.Tallyvane"_s, "/org/corvelle/Tallyvane",
+                             "org.freedesktop.DBus.Introspectable.Introspect");
+        for (const char* name : {"TimelinesReloaded", "AllTimelinesReloaded", "ReloadSettings"}) {
+            QVERIFY2(interfaces.contains(name), interfaces);
+        }
         QCOMPARE(run("--background").exitCode, 0);
         QCOMPARE(activated.count(), 0);
         const QSignalSpy reloaded(&desktop, &platform::DBusApplication::reloadRequested);

@@ -106,7 +106,7 @@ public Q_SLOTS:
 
 private:
     template <typename Part>
-    QCoro::Task<> answer(QDBusMessage call, Part DBusApplication::RefreshAnswer::*part) {
+    QCoro::Task<> answer(QDBusMessage call, Part DBusApplication::RefreshAnswer::* part) {
         const DBusApplication::RefreshAnswer result = co_await m_refresh();
         QDBusConnection::sessionBus().send(call.createReply(result.*part));
     }
@@ -115,11 +115,26 @@ private:
     DBusApplication::Refresh m_refresh;
 };
 
+/// Declares the signals for introspection. DBusWidgetCentre sends them, from programs without this
+/// object too, so nothing emits these.
+class WidgetsAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.corvelle.Tallyvane.Widgets")
+
+public:
+    explicit WidgetsAdaptor(DBusApplication* application) : QDBusAbstractAdaptor(application) {}
+
+Q_SIGNALS:
+    void TimelinesReloaded(const QString& kind);
+    void AllTimelinesReloaded();
+};
+
 // NOLINTEND(readability-identifier-naming)
 
 DBusApplication::DBusApplication(Refresh refresh) {
     new ApplicationAdaptor(this);
     new ControlAdaptor(this, std::move(refresh));
+    new WidgetsAdaptor(this);
 }
 
 DBusApplication::Registration DBusApplication::registerOnBus() {
