@@ -9,6 +9,7 @@ namespace tallyvane::providers {
 
 enum class Trouble {
     noClaudeSignIn,
+    keyringLocked, ///< and there is no other sign-in of Claude Code
     claudeSignInExpired,
     claudeNotReached, ///< no connection to the service
     claudeAnswer,     ///< the service's answer gave no figures
@@ -26,6 +27,9 @@ enum class Trouble {
 
 /// When there is a usable program at `path`, which must not be started before the user agreed.
 [[nodiscard]] QString foundProgramAdvice(const QString& path);
+
+/// `text` as one word of a shell's command, quoted if need be.
+[[nodiscard]] QString shellWord(const QString& text);
 
 /// The command that makes the program at `path` the Codex CLI to use, for a shell.
 [[nodiscard]] QString codexPathCommand(const QString& path);
