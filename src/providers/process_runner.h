@@ -46,6 +46,11 @@ public:
                                                               QByteArray input,
                                                               std::chrono::milliseconds timeout);
 
+    /// The first line that the child prints, made readable; empty if it prints none in time. Else
+    /// like requestRateLimits(), but ends with the child.
+    [[nodiscard]] QCoro::Task<QString> firstLine(QString executable, QStringList arguments,
+                                                 std::chrono::milliseconds timeout);
+
 private:
     platform::Clock& m_clock;
     QProcessEnvironment m_environment;
