@@ -1,7 +1,7 @@
 #include "app/refresh_result.h"
 #include "platform/linux/dbus_application.h"
+#include "support/command_run.h"
 #include "support/private_bus.h"
-#include "support/tallyvane_program.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -12,33 +12,13 @@
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
 using tests::inHome;
+using tests::install;
+using tests::run;
+using tests::runShell;
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QString output;
-    QString error;
-};
-
-/// Runs a command of the shell in which $0 is the program.
-Run runShell(const QString& command, const QString& program = QStringLiteral(TALLYVANE_PROGRAM)) {
-    tests::RunningProgram shell;
-    shell.start(u"/bin/sh"_s, {u"-c"_s, command, program});
-    const bool hasEnded = shell.hasEnded() && shell.exitStatus() == QProcess::NormalExit;
-    return {.exitCode = hasEnded ? shell.exitCode() : -1,
-            .output = QString::fromUtf8(shell.readAllStandardOutput()),
-            .error = QString::fromUtf8(shell.readAllStandardError())};
-}
-
-Run run(const char* arguments, const QString& program = QStringLiteral(TALLYVANE_PROGRAM)) {
-    return runShell(u"exec \"$0\" "_s + QLatin1StringView(arguments), program);
-}
-
-/// Puts a shell script into the home.
-void install(const char* path, const char* script) {
-    tests::writeFile(inHome(path), QByteArray("#!/bin/sh\n") + script);
-}
+using Run = tests::CommandRun;
 
 /// Where the program looks for the Codex CLI.
 void installCodex(const char* script) {
