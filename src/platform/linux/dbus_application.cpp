@@ -58,12 +58,15 @@ public Q_SLOTS:
     }
 
     /// The program opens no files, so this only shows its window.
-    void Open(const QStringList& /*uris*/, const QVariantMap& platform_data) {
+    void Open(const QStringList& uris, const QVariantMap& platform_data) {
+        Q_UNUSED(uris); // named for introspection
         Activate(platform_data);
     }
 
-    void ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
-                        const QVariantMap& /*platform_data*/, const QDBusMessage& call) {
+    void ActivateAction(const QString& action_name, const QVariantList& parameter,
+                        const QVariantMap& platform_data, const QDBusMessage& call) {
+        Q_UNUSED(parameter);
+        Q_UNUSED(platform_data);
         if (action_name == u"refresh") {
             Q_EMIT m_application->refreshRequested();
         } else if (action_name == u"quit") {
