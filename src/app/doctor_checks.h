@@ -25,8 +25,8 @@ struct Check {
 using Checks = QList<Check>;
 
 // The checks change nothing and print nothing. Pointers must outlive the tasks. Those without a
-// task block, on files only, and may run in any thread. Without a Codex CLI, those that need one are
-// empty.
+// task block, on files only, and may run in any thread. Without a Codex CLI, those that need one
+// are empty.
 
 /// Which program is the Codex CLI, and which others there are.
 [[nodiscard]] Checks codexProgramChecks(const providers::CodexProgram& program);

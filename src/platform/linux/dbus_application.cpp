@@ -40,7 +40,7 @@ std::expected<QDBusMessage, CallError> callRunning(const QString& interface, con
 } // namespace
 
 // Methods and arguments have their D-Bus names.
-// NOLINTBEGIN(readability-identifier-naming)
+// NOLINTBEGIN(readability-identifier-naming,readability-inconsistent-declaration-parameter-name)
 
 class ApplicationAdaptor final : public QDBusAbstractAdaptor {
     Q_OBJECT
@@ -132,7 +132,7 @@ Q_SIGNALS:
     void AllTimelinesReloaded();
 };
 
-// NOLINTEND(readability-identifier-naming)
+// NOLINTEND(readability-identifier-naming,readability-inconsistent-declaration-parameter-name)
 
 DBusApplication::DBusApplication(Refresh refresh) {
     new ApplicationAdaptor(this);
