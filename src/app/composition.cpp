@@ -48,16 +48,25 @@ model::DefaultsStore openDefaults(const Environment& environment) {
                                            environment.locations.standardDefaults());
 }
 
-Composition::Composition(const Environment& environment)
-    : notificationCentre(environment.searchPath),
-      store(environment.locations),
-      defaults(openDefaults(environment)),
+std::filesystem::path claudeCredentialsFile(const Environment& environment) {
+    return environment.home / ".claude" / ".credentials.json";
+}
+
+QuotaSources::QuotaSources(const Environment& environment)
+    : defaults(openDefaults(environment)),
       codexProgram(defaults, codexPlaces(environment)),
       processRunner(clock, QProcessEnvironment::systemEnvironment()),
       codexClient(codexProgram, processRunner, clock),
-      claudeClient({.credentialsFile = environment.home / ".claude" / ".credentials.json",
-                    .network = environment.network},
-                   secrets, clock),
+      claudeClient(
+          {.credentialsFile = claudeCredentialsFile(environment), .network = environment.network},
+          secrets, clock) {
+    forbidCoreFiles();
+}
+
+Composition::Composition(const Environment& environment)
+    : QuotaSources(environment),
+      notificationCentre(environment.searchPath),
+      store(environment.locations),
       tokenEstimator(environment.home),
       notifier(notificationCentre),
       model({.store = store,
@@ -73,9 +82,7 @@ Composition::Composition(const Environment& environment)
                 : std::nullopt,
             environment.launchContext.isFixtureMode
                 ? std::optional(core::fixtureHistory(clock.now(), environment.zone))
-                : std::nullopt) {
-    forbidCoreFiles();
-}
+                : std::nullopt) {}
 
 Composition::~Composition() {
     platform::flushSessionBus();

@@ -18,28 +18,38 @@ namespace tallyvane::app {
 [[nodiscard]] platform::AutostartPlaces autostartPlaces(const Environment& environment,
                                                         const std::filesystem::path& program);
 
+/// Where Claude Code keeps its sign-in when there is no keyring.
+[[nodiscard]] std::filesystem::path claudeCredentialsFile(const Environment& environment);
+
 /// The preferences and token baselines.
 [[nodiscard]] model::DefaultsStore openDefaults(const Environment& environment);
 
-/// The model and its collaborators, in order of construction. Must outlive the event loop:
-/// suspended coroutines resume on it. In fixture mode the model starts from the fixtures.
-struct Composition {
+/// Where figures come from. Creates no file or folder. Must outlive the event loop: suspended
+/// coroutines resume on it.
+struct QuotaSources {
+    explicit QuotaSources(const Environment& environment);
+
+    platform::BootClock clock;
+    platform::SecretServiceStore secrets;
+    model::DefaultsStore defaults;
+    providers::CodexProgram codexProgram;
+    providers::ProcessRunner processRunner;
+    providers::CodexQuotaClient codexClient;
+    providers::ClaudeQuotaClient claudeClient;
+};
+
+/// The model and its collaborators, in order of construction. Must outlive the event loop. In
+/// fixture mode the model starts from the fixtures.
+struct Composition : QuotaSources {
     explicit Composition(const Environment& environment);
     /// Flushes the session bus, since the program ends next.
     ~Composition();
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
 
-    platform::BootClock clock;
-    platform::SecretServiceStore secrets;
     platform::DBusWidgetCentre widgetCentre;
     platform::DBusNotificationCentre notificationCentre;
     model::SharedStore store;
-    model::DefaultsStore defaults;
-    providers::CodexProgram codexProgram;
-    providers::ProcessRunner processRunner;
-    providers::CodexQuotaClient codexClient;
-    providers::ClaudeQuotaClient claudeClient;
     history::LocalTokenEstimator tokenEstimator;
     notify::QuotaNotifier notifier;
     core::AppModel model;

@@ -107,6 +107,8 @@ Environment readEnvironment() {
             .launchContext =
                 core::launchContext(QProcessEnvironment::systemEnvironment().toStringList()),
             .network = networkVariables(),
+            .codexHome = absolutePath("CODEX_HOME", {}),
+            .claudeDirectory = absolutePath("CLAUDE_CONFIG_DIR", {}),
             .timeLocale = timeLocale(),
             .zone = model::LocalZone::ofSystem(qEnvironmentVariableIsSet("TZ")
                                                    ? model::ZoneSource::variable

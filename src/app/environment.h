@@ -25,9 +25,11 @@ struct Environment {
     QString waylandDisplay;  ///< $WAYLAND_DISPLAY; may be empty
     core::LaunchContext launchContext;
     providers::NetworkVariables network;
-    std::string timeLocale;  ///< the POSIX locale in which times are written
-    model::LocalZone zone;   ///< follows $TZ or /etc/localtime
-    bool wantsColour = true; ///< false under NO_COLOR and on a dumb terminal
+    std::filesystem::path codexHome;       ///< $CODEX_HOME; may be empty
+    std::filesystem::path claudeDirectory; ///< $CLAUDE_CONFIG_DIR; may be empty
+    std::string timeLocale;                ///< the POSIX locale in which times are written
+    model::LocalZone zone;                 ///< follows $TZ or /etc/localtime
+    bool wantsColour = true;               ///< false under NO_COLOR and on a dumb terminal
 };
 
 [[nodiscard]] Environment readEnvironment();

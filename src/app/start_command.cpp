@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/desktop_part.h"
 #include "app/resource_check.h"
 #include "platform/linux/dbus_application.h"
 
@@ -18,9 +19,8 @@ int becomeDesktopProgram(StartMode mode) {
     QByteArray background = "--background";
     char* const arguments[] = {
         ownPath.data(), mode == StartMode::background ? background.data() : nullptr, nullptr};
-    const QByteArray ownDirectory = QFile::encodeName(QCoreApplication::applicationDirPath());
-    for (const char* place : {"/", "/" TALLYVANE_LIBEXEC_FROM_BIN "/"}) {
-        ::execv((ownDirectory + place + "tallyvane-desktop").constData(), arguments);
+    for (const QByteArray& place : desktopProgramPlaces()) {
+        ::execv(place.constData(), arguments);
         if (errno != ENOENT) {
             return errno;
         }

@@ -1,9 +1,10 @@
 #include "app/commands.h"
-#include "history/session_log_scan.h"
+#include "app/session_log_notes.h"
 #include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
@@ -13,25 +14,8 @@ using history::SkipReason;
 
 namespace {
 
-QString words(SkipReason reason) {
-    switch (reason) {
-    case SkipReason::tooOld:
-        return QStringLiteral("older than 35 days");
-    case SkipReason::overLimit:
-        return QStringLiteral("beyond the 400 newest");
-    case SkipReason::tooLarge:
-        return QStringLiteral("of 25 MB or more");
-    case SkipReason::notUtf8:
-        return QStringLiteral("not UTF-8");
-    case SkipReason::unreadable:
-        return QStringLiteral("not readable");
-    case SkipReason::vanished:
-        return QStringLiteral("removed meanwhile");
-    }
-    return {};
-}
-
-QString tokensText(const history::ScanReport& report, double seconds) {
+QString tokensText(const history::ScanReport& report, double seconds,
+                   const QList<SessionLogNote>& notes) {
     QString text;
     for (const auto& [provider, tokens] : report.totals) {
         text += QStringLiteral("%1: %2 tokens\n").arg(model::displayName(provider)).arg(tokens);
@@ -41,12 +25,16 @@ QString tokensText(const history::ScanReport& report, double seconds) {
                 .arg(report.readBytes)
                 .arg(seconds, 0, 'f', 3);
     for (const auto& [reason, files] : report.skippedFiles) {
-        text += QStringLiteral("%1 files skipped: %2\n").arg(files).arg(words(reason));
+        text += QStringLiteral("%1 files skipped: %2\n").arg(files).arg(skipText(reason));
+    }
+    for (const SessionLogNote& note : notes) {
+        text += QStringLiteral("! %1\n  %2\n").arg(note.text, note.advice);
     }
     return text;
 }
 
-QString tokensJson(const history::ScanReport& report, double seconds) {
+QString tokensJson(const history::ScanReport& report, double seconds,
+                   const QList<SessionLogNote>& notes) {
     QJsonObject totals;
     for (const auto& [provider, tokens] : report.totals) {
         totals[model::rawValue(provider)] = static_cast<qint64>(tokens);
@@ -56,11 +44,17 @@ QString tokensJson(const history::ScanReport& report, double seconds) {
         const auto found = report.skippedFiles.find(reason);
         skipped[model::rawValue(reason)] = found != report.skippedFiles.end() ? found->second : 0;
     }
+    QJsonArray noteObjects;
+    for (const SessionLogNote& note : notes) {
+        noteObjects.append(QJsonObject{{QStringLiteral("text"), note.text},
+                                       {QStringLiteral("advice"), note.advice}});
+    }
     const QJsonObject object{{QStringLiteral("totals"), totals},
                              {QStringLiteral("countedFiles"), report.countedFiles},
                              {QStringLiteral("skippedFiles"), skipped},
                              {QStringLiteral("readBytes"), static_cast<qint64>(report.readBytes)},
-                             {QStringLiteral("seconds"), seconds}};
+                             {QStringLiteral("seconds"), seconds},
+                             {QStringLiteral("notes"), noteObjects}};
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + u'\n';
 }
 
@@ -76,8 +70,9 @@ ExitCode runTokens(const Environment& environment, OutputFormat format) {
         return ExitCode::failure;
     }
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-    const bool isPrinted = print(format == OutputFormat::json ? tokensJson(report, seconds)
-                                                              : tokensText(report, seconds));
+    const QList<SessionLogNote> notes = sessionLogNotes(environment);
+    const bool isPrinted = print(format == OutputFormat::json ? tokensJson(report, seconds, notes)
+                                                              : tokensText(report, seconds, notes));
     return isPrinted ? ExitCode::success : ExitCode::failure;
 }
 

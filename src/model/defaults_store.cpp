@@ -19,6 +19,15 @@ bool isPresent(const std::filesystem::path& path) {
     return std::filesystem::exists(std::filesystem::symlink_status(path, ignored));
 }
 
+/// Whether files can be created in the directory, or if it does not exist yet, the directory
+/// itself.
+bool isWritableDirectory(std::filesystem::path directory) {
+    while (!isPresent(directory) && directory.has_relative_path()) {
+        directory = directory.parent_path();
+    }
+    return ::access(directory.c_str(), W_OK) == 0;
+}
+
 /// Waits while another process replaces the file.
 std::expected<FileLock, std::error_code> lock(const std::filesystem::path& path) {
     const QDeadlineTimer deadline(250ms);
@@ -40,10 +49,9 @@ std::expected<FileLock, std::error_code> lock(const std::filesystem::path& path)
 } // namespace
 
 std::optional<DefaultsStore> DefaultsStore::open(const std::filesystem::path& path) {
-    makePrivateDirectory(path.parent_path());
     // Replacing the file takes write access to its directory too.
     const bool isWritable = (!isPresent(path) || ::access(path.c_str(), W_OK) == 0) &&
-                            ::access(path.parent_path().c_str(), W_OK) == 0;
+                            isWritableDirectory(path.parent_path());
     DefaultsStore store(path);
     return isWritable && store.read() ? std::optional(std::move(store)) : std::nullopt;
 }

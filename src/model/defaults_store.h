@@ -19,8 +19,8 @@ namespace tallyvane::model {
 /// thread-safe.
 class DefaultsStore {
 public:
-    /// Opens a file that need not exist yet. Nothing when it is unreadable, unwritable, malformed,
-    /// larger than 16 MB, or not a regular file.
+    /// Opens a file that need not exist yet, and creates nothing. Nothing when it is unreadable,
+    /// unwritable, malformed, larger than 16 MB, or not a regular file.
     [[nodiscard]] static std::optional<DefaultsStore> open(const std::filesystem::path& path);
 
     /// Opens `preferred`, or else `otherwise`. If neither can be opened, the result is `otherwise`,

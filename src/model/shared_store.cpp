@@ -29,30 +29,43 @@ std::filesystem::path StoreLocations::standardDefaults() const {
     return configHome / "tallyvane.conf";
 }
 
+ContainerSource StoreLocations::containerSource() const {
+    std::error_code ignored;
+    return std::filesystem::is_directory(container(ContainerSource::appGroup), ignored)
+               ? ContainerSource::appGroup
+               : ContainerSource::fallback;
+}
+
+std::filesystem::path StoreLocations::container(ContainerSource source) const {
+    return dataHome / (source == ContainerSource::appGroup ? groupIdentifier : "Gaugewell");
+}
+
+StoreFiles StoreLocations::filesIn(const std::filesystem::path& container) {
+    return {.snapshot = container / "quota-snapshot.json",
+            .history = container / "usage-history.json",
+            .lock = container / "tallyvane.lock"};
+}
+
 SharedStore::SharedStore(const StoreLocations& locations)
     : m_defaultsSuite(locations.defaultsSuite()),
-      m_baseURL(locations.dataHome / groupIdentifier),
-      m_containerSource(ContainerSource::appGroup) {
-    std::error_code ignored;
-    if (!std::filesystem::is_directory(m_baseURL, ignored)) {
-        m_baseURL = locations.dataHome / "Gaugewell";
-        m_containerSource = ContainerSource::fallback;
-        makePrivateDirectory(m_baseURL);
-    }
+      m_containerSource(locations.containerSource()),
+      m_baseURL(locations.container(m_containerSource)),
+      m_files(StoreLocations::filesIn(m_baseURL)) {
+    makePrivateDirectory(m_baseURL);
 }
 
 std::expected<std::optional<FileLock>, FileError> SharedStore::tryLock() const {
     makePrivateDirectory(m_baseURL); // it may have been removed
-    auto lock = model::tryLock(m_baseURL / "tallyvane.lock");
+    auto lock = model::tryLock(m_files.lock);
     if (!lock) {
         // Names the file that the user cares about.
-        return std::unexpected(saveError(snapshotFile(), lock.error().value()));
+        return std::unexpected(saveError(m_files.snapshot, lock.error().value()));
     }
     return *std::move(lock);
 }
 
 std::optional<QuotaSnapshot> SharedStore::loadSnapshot() const {
-    if (auto snapshot = decoded(readFile(snapshotFile(), maximumFileSize)); snapshot) {
+    if (auto snapshot = decoded(readFile(m_files.snapshot, maximumFileSize)); snapshot) {
         return snapshot;
     }
     auto suite = DefaultsStore::open(m_defaultsSuite);
@@ -64,7 +77,7 @@ std::expected<void, FileError> SharedStore::saveSnapshot(const QuotaSnapshot& sn
     if (!json) {
         return std::unexpected(json.error());
     }
-    if (auto saved = saveFile(snapshotFile(), *json); !saved) {
+    if (auto saved = saveFile(m_files.snapshot, *json); !saved) {
         return saved;
     }
     if (auto suite = DefaultsStore::open(m_defaultsSuite); suite) {
@@ -74,19 +87,11 @@ std::expected<void, FileError> SharedStore::saveSnapshot(const QuotaSnapshot& sn
 }
 
 std::optional<QByteArray> SharedStore::loadHistory() const {
-    return readFile(historyFile(), maximumFileSize);
+    return readFile(m_files.history, maximumFileSize);
 }
 
 std::expected<void, FileError> SharedStore::saveHistory(const QByteArray& json) const {
-    return saveFile(historyFile(), json);
-}
-
-std::filesystem::path SharedStore::snapshotFile() const {
-    return m_baseURL / "quota-snapshot.json";
-}
-
-std::filesystem::path SharedStore::historyFile() const {
-    return m_baseURL / "usage-history.json";
+    return saveFile(m_files.history, json);
 }
 
 } // namespace tallyvane::model

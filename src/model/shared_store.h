@@ -8,6 +8,18 @@
 
 namespace tallyvane::model {
 
+/// The files in the container.
+struct StoreFiles {
+    std::filesystem::path snapshot;
+    std::filesystem::path history;
+    std::filesystem::path lock;
+};
+
+enum class ContainerSource { appGroup, fallback };
+template <>
+inline constexpr std::array rawValues<ContainerSource>{QLatin1StringView{"appGroup"},
+                                                       QLatin1StringView{"fallback"}};
+
 /// The base directories of the stored files.
 struct StoreLocations {
     std::filesystem::path dataHome;   ///< $XDG_DATA_HOME; absolute
@@ -17,12 +29,12 @@ struct StoreLocations {
     [[nodiscard]] std::filesystem::path defaultsSuite() const;
     /// The program's own key-value file, for when the suite cannot be opened.
     [[nodiscard]] std::filesystem::path standardDefaults() const;
-};
 
-enum class ContainerSource { appGroup, fallback };
-template <>
-inline constexpr std::array rawValues<ContainerSource>{QLatin1StringView{"appGroup"},
-                                                       QLatin1StringView{"fallback"}};
+    /// Whether the container that is shared with the widget exists; else the program has its own.
+    [[nodiscard]] ContainerSource containerSource() const;
+    [[nodiscard]] std::filesystem::path container(ContainerSource source) const;
+    [[nodiscard]] static StoreFiles filesIn(const std::filesystem::path& container);
+};
 
 /// Reads and writes the program's two files. Thread-safe: it has no mutable state.
 class SharedStore {
@@ -51,12 +63,10 @@ public:
     [[nodiscard]] std::expected<void, FileError> saveHistory(const QByteArray& json) const;
 
 private:
-    [[nodiscard]] std::filesystem::path snapshotFile() const;
-    [[nodiscard]] std::filesystem::path historyFile() const;
-
     std::filesystem::path m_defaultsSuite;
-    std::filesystem::path m_baseURL;
     ContainerSource m_containerSource;
+    std::filesystem::path m_baseURL;
+    StoreFiles m_files;
 };
 
 } // namespace tallyvane::model

@@ -14,8 +14,15 @@ struct Secret {
 };
 
 struct SecretStoreError {
-    /// Why the keyring could not be read, such as "Too many open files"; empty if it has no such
-    /// item.
+    enum class Kind {
+        noItem, ///< the keyring has no such item
+        locked, ///< the item, or else the whole keyring
+        absent, ///< there is no session bus, or no keyring on it
+        failed, ///< it could not be asked
+    };
+
+    Kind kind = Kind::noItem;
+    /// For `locked` and `failed`: why the keyring could not be read, such as "Too many open files".
     QString reason;
 };
 

@@ -8,6 +8,9 @@ QString advice(Trouble trouble) {
     switch (trouble) {
     case Trouble::noClaudeSignIn:
         return QStringLiteral("Start 'claude' in a terminal and sign in.");
+    case Trouble::keyringLocked:
+        return QStringLiteral("Unlock the keyring, for example in 'seahorse' (Passwords and Keys) "
+                              "or by logging in with your password.");
     case Trouble::claudeSignInExpired:
         return QStringLiteral("Start 'claude' once; it renews its sign-in by itself.");
     case Trouble::claudeNotReached:
@@ -37,13 +40,15 @@ QString rateLimitAdvice(std::chrono::seconds pause) {
                         : QStringLiteral("It is asked again in about %1 minutes.").arg(minutes);
 }
 
-QString codexPathCommand(const QString& path) {
+QString shellWord(const QString& text) {
     static const QRegularExpression plain(QStringLiteral("^[\\w/.+@:,-]+$"));
-    QString word = path;
-    if (!plain.match(path).hasMatch()) {
-        word = u'\'' + word.replace(u'\'', QStringLiteral("'\\''")) + u'\'';
-    }
-    return QStringLiteral("tallyvane config set codex-path ") + word;
+    return plain.match(text).hasMatch()
+               ? text
+               : u'\'' + QString(text).replace(u'\'', QStringLiteral("'\\''")) + u'\'';
+}
+
+QString codexPathCommand(const QString& path) {
+    return QStringLiteral("tallyvane config set codex-path ") + shellWord(path);
 }
 
 } // namespace tallyvane::providers

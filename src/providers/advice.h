@@ -9,6 +9,7 @@ namespace tallyvane::providers {
 
 enum class Trouble {
     noClaudeSignIn,
+    keyringLocked, ///< and there is no other sign-in of Claude Code
     claudeSignInExpired,
     claudeNotReached, ///< no connection to the service
     claudeAnswer,     ///< the service's answer gave no figures
@@ -24,6 +25,9 @@ enum class Trouble {
 
 /// While the service asks for a pause, of which this much is left; zero if it did not say how much.
 [[nodiscard]] QString rateLimitAdvice(std::chrono::seconds pause);
+
+/// `text` as one word of a shell's command, quoted if need be.
+[[nodiscard]] QString shellWord(const QString& text);
 
 /// The command that makes the program at `path` the Codex CLI to use, for a shell.
 [[nodiscard]] QString codexPathCommand(const QString& path);

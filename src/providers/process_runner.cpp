@@ -6,9 +6,11 @@
 #include <QCoro/QCoroFuture>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
+#include <QtCore/QPromise>
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 
 namespace tallyvane::providers {
 
@@ -19,31 +21,38 @@ std::unexpected<ProcessRunnerError> launchFailed(const QString& reason) {
         ProcessRunnerError{ProcessRunnerError::Kind::launchFailed, model::readableText(reason)});
 }
 
-/// A child whose output goes to `collector`. The destructor ends it without waiting for it.
+/// What to do with what a child prints, and when it ends or cannot be started.
+struct Listener {
+    std::function<void(const QByteArray& chunk)> output;
+    std::function<void(const QByteArray& chunk)> error;
+    std::function<void(const QString& reason)> notStarted;
+    std::function<void()> ended;
+};
+
+/// A child whose output goes to `listener`. The destructor ends it without waiting for it.
 class Child {
 public:
     Child(const QString& executable, const QStringList& arguments,
           const QProcessEnvironment& environment, const QByteArray& input,
-          std::chrono::milliseconds grace, ResponseCollector& collector, QObject& owner)
+          std::chrono::milliseconds grace, const Listener& listener, QObject& owner)
         : m_process(new QProcess(&owner)) {
         if (!m_guardian.isReady()) {
-            collector.finish(launchFailed(qt_error_string(errno)));
+            listener.notStarted(qt_error_string(errno));
             return;
         }
         QProcess* const process = m_process;
-        QObject::connect(process, &QProcess::readyReadStandardOutput, process, [=, &collector] {
-            collector.appendOutput(process->readAllStandardOutput());
-        });
-        QObject::connect(process, &QProcess::readyReadStandardError, process, [=, &collector] {
-            collector.appendError(process->readAllStandardError());
-        });
+        QObject::connect(process, &QProcess::readyReadStandardOutput, process,
+                         [=] { listener.output(process->readAllStandardOutput()); });
+        QObject::connect(process, &QProcess::readyReadStandardError, process,
+                         [=] { listener.error(process->readAllStandardError()); });
         QObject::connect(process, &QProcess::started, process, [=] { process->write(input); });
         QObject::connect(process, &QProcess::errorOccurred, process,
-                         [=, &collector](QProcess::ProcessError error) {
+                         [=](QProcess::ProcessError error) {
                              if (error == QProcess::FailedToStart) {
-                                 collector.finish(launchFailed(process->errorString()));
+                                 listener.notStarted(process->errorString());
                              }
                          });
+        QObject::connect(process, &QProcess::finished, process, listener.ended);
         m_guardian.guard(*process, grace);
         process->setProcessEnvironment(environment);
         process->start(executable, arguments);
@@ -112,9 +121,46 @@ QCoro::Task<CommandReply> ProcessRunner::requestRateLimits(QString executable,
     const auto giveUp = [&collector] { collector.timeoutFired(); };
     // The child makes no progress while the machine is suspended.
     const auto alarm = m_clock.after(timeout, giveUp, platform::SuspendedTime::doesNotCount);
+    const Listener listener{
+        .output = [&collector](const QByteArray& chunk) { collector.appendOutput(chunk); },
+        .error = [&collector](const QByteArray& chunk) { collector.appendError(chunk); },
+        .notStarted =
+            [&collector](const QString& reason) { collector.finish(launchFailed(reason)); },
+        .ended = [] {}};
     const Child child(executable, arguments, childEnvironment(m_environment, executable), input,
-                      m_grace, collector, m_processes);
+                      m_grace, listener, m_processes);
     co_return co_await collector.waitForResult();
+}
+
+QCoro::Task<QString> ProcessRunner::firstLine(QString executable, QStringList arguments,
+                                              std::chrono::milliseconds timeout) {
+    constexpr qsizetype maximumSize = 4096;
+    QPromise<QString> promise;
+    promise.start();
+    const QFuture<QString> line = promise.future();
+    QByteArray output;
+    const auto finish = [&promise, &output] {
+        if (!promise.future().isFinished()) {
+            promise.addResult(
+                model::readableLine(QString::fromUtf8(output.split('\n').first().trimmed())));
+            promise.finish();
+        }
+    };
+    const Listener listener{.output =
+                                [&output, finish](const QByteArray& chunk) {
+                                    output += chunk.first(
+                                        std::min(chunk.size(), maximumSize - output.size()));
+                                    if (output.contains('\n') || output.size() == maximumSize) {
+                                        finish();
+                                    }
+                                },
+                            .error = [](const QByteArray&) {},
+                            .notStarted = [finish](const QString&) { finish(); },
+                            .ended = finish};
+    const auto alarm = m_clock.after(timeout, finish, platform::SuspendedTime::doesNotCount);
+    const Child child(executable, arguments, childEnvironment(m_environment, executable), {},
+                      m_grace, listener, m_processes);
+    co_return co_await line;
 }
 
 } // namespace tallyvane::providers

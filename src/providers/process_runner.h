@@ -27,9 +27,9 @@ namespace tallyvane::providers {
 class ProcessRunner {
 public:
     /// A child that has not ended within `grace` of the request to terminate is killed.
-    ProcessRunner(platform::Clock& clock, QProcessEnvironment environment,
+    ProcessRunner(platform::Clock& clock, const QProcessEnvironment& environment,
                   std::chrono::milliseconds grace = std::chrono::seconds{5})
-        : m_clock(clock), m_environment(std::move(environment)), m_grace(grace) {}
+        : m_clock(clock), m_environment(environment), m_grace(grace) {}
     ~ProcessRunner();
     ProcessRunner(const ProcessRunner&) = delete;
     ProcessRunner& operator=(const ProcessRunner&) = delete;
@@ -45,6 +45,11 @@ public:
                                                               QStringList arguments,
                                                               QByteArray input,
                                                               std::chrono::milliseconds timeout);
+
+    /// The first line that the child prints, made readable; empty if it prints none in time. Else
+    /// like requestRateLimits(), but ends with the child.
+    [[nodiscard]] QCoro::Task<QString> firstLine(QString executable, QStringList arguments,
+                                                 std::chrono::milliseconds timeout);
 
 private:
     platform::Clock& m_clock;

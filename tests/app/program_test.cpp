@@ -1,10 +1,11 @@
 #include "app/refresh_result.h"
 #include "platform/linux/dbus_application.h"
+#include "support/command_run.h"
 #include "support/private_bus.h"
-#include "support/tallyvane_program.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QXmlStreamReader>
 #include <QtDBus/QDBusConnection>
 #include <QtNetwork/QLocalServer>
 #include <QtTest/QSignalSpy>
@@ -12,37 +13,67 @@
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
 using tests::inHome;
+using tests::install;
+using tests::run;
+using tests::runShell;
 
 namespace {
 
-struct Run {
-    int exitCode = -1;
-    QString output;
-    QString error;
-};
-
-/// Runs a command of the shell in which $0 is the program.
-Run runShell(const QString& command, const QString& program = QStringLiteral(TALLYVANE_PROGRAM)) {
-    tests::RunningProgram shell;
-    shell.start(u"/bin/sh"_s, {u"-c"_s, command, program});
-    const bool hasEnded = shell.hasEnded() && shell.exitStatus() == QProcess::NormalExit;
-    return {.exitCode = hasEnded ? shell.exitCode() : -1,
-            .output = QString::fromUtf8(shell.readAllStandardOutput()),
-            .error = QString::fromUtf8(shell.readAllStandardError())};
-}
-
-Run run(const char* arguments, const QString& program = QStringLiteral(TALLYVANE_PROGRAM)) {
-    return runShell(u"exec \"$0\" "_s + QLatin1StringView(arguments), program);
-}
-
-/// Puts a shell script into the home.
-void install(const char* path, const char* script) {
-    tests::writeFile(inHome(path), QByteArray("#!/bin/sh\n") + script);
-}
+using Run = tests::CommandRun;
 
 /// Where the program looks for the Codex CLI.
 void installCodex(const char* script) {
     install(".local/bin/codex", script);
+}
+
+/// The methods and signals of our interfaces, as docs/interfaces.md writes them.
+QSet<QString> busMembers(const QByteArray& introspection) {
+    QSet<QString> members;
+    QXmlStreamReader xml(introspection);
+    QString interface;
+    while (!xml.atEnd()) {
+        xml.readNextStartElement();
+        const QString name = xml.attributes().value("name"_L1).toString();
+        const bool isMember = xml.name() == "method"_L1 || xml.name() == "signal"_L1;
+        if (xml.isStartElement() && xml.name() == "interface"_L1) {
+            interface = name;
+        } else if (xml.isStartElement() && isMember &&
+                   !interface.startsWith("org.freedesktop.DBus."_L1)) {
+            QStringList arguments;
+            QString result;
+            while (xml.readNextStartElement()) {
+                const auto attributes = xml.attributes();
+                const QString type = attributes.value("type"_L1).toString();
+                if (xml.name() == "arg"_L1 && attributes.hasAttribute("name"_L1)) {
+                    arguments.append(type + u' ' + attributes.value("name"_L1).toString());
+                } else if (xml.name() == "arg"_L1) {
+                    result = u" -> "_s + type;
+                }
+                xml.skipCurrentElement();
+            }
+            members.insert(interface + u' ' + name + u'(' + arguments.join(u", "_s) + u')' +
+                           result);
+        }
+    }
+    return members;
+}
+
+QSet<QString> documentedBusMembers() {
+    static const QRegularExpression line(u"^### (org\\S+)$|^\\| `(\\w+\\(.*?)` \\|"_s,
+                                         QRegularExpression::MultilineOption);
+    QSet<QString> members;
+    QString interface;
+    auto found = line.globalMatch(
+        QString::fromUtf8(tests::readFile(QStringLiteral(TALLYVANE_DOCUMENTS "/interfaces.md"))));
+    while (found.hasNext()) {
+        const QRegularExpressionMatch match = found.next();
+        if (match.captured(1).isEmpty()) {
+            members.insert(interface + u' ' + match.captured(2));
+        } else {
+            interface = match.captured(1);
+        }
+    }
+    return members;
 }
 
 QCoro::Task<platform::DBusApplication::RefreshAnswer> answer(app::RefreshResult result) {
@@ -191,6 +222,10 @@ private Q_SLOTS:
         QCOMPARE(unsaved.exitCode, 1);
         QVERIFY(unsaved.output.isEmpty() && unsaved.error.endsWith(u"Disk full.\n"_s));
 
+        QCOMPARE(busMembers(tests::output("gdbus introspect --xml --session --dest "
+                                          "org.corvelle.Tallyvane --object-path "
+                                          "/org/corvelle/Tallyvane")),
+                 documentedBusMembers());
         QCOMPARE(run("--background").exitCode, 0);
         QCOMPARE(activated.count(), 0);
         const QSignalSpy reloaded(&desktop, &platform::DBusApplication::reloadRequested);

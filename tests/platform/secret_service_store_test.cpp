@@ -15,7 +15,11 @@ class SecretServiceStoreTest : public tests::HermeticTest {
 
     /// Why there is no secret, or "found".
     static QString reason(const platform::SecretLookup& result) {
-        return result ? u"found"_s : result.error().reason;
+        using Kind = platform::SecretStoreError::Kind;
+        return result                                ? u"found"_s
+               : result.error().kind == Kind::noItem ? u"no item"_s
+               : result.error().kind == Kind::absent ? u"absent"_s
+                                                     : result.error().reason;
     }
 
 private Q_SLOTS:
@@ -25,17 +29,19 @@ private Q_SLOTS:
         const auto lookup = [&store](const QString& name) {
             return QCoro::waitFor(store.lookup(name));
         };
-        QCOMPARE(reason(lookup(m_service)), QString()); // nobody has the name
+        QCOMPARE(reason(lookup(m_service)), u"absent"_s);
         const tests::GnomeKeyring keyring;
         QTRY_VERIFY(tests::GnomeKeyring::store(u"other"_s, "wrong"));
-        QCOMPARE(reason(lookup(m_service)), QString());
+        QCOMPARE(reason(lookup(m_service)), u"no item"_s);
         QVERIFY(tests::GnomeKeyring::store(u"service"_s, "sécret"));
         QCOMPARE(lookup(m_service).value().bytes, "sécret");
-        QCOMPARE(reason(lookup(u"Other"_s)), QString());
+        QCOMPARE(reason(lookup(u"Other"_s)), u"no item"_s);
         tests::callOnBus(u"org.freedesktop.secrets"_s, "/org/freedesktop/secrets",
                          "org.freedesktop.Secret.Service.Lock "
                          "\"['/org/freedesktop/secrets/collection/login']\"");
-        QCOMPARE(reason(lookup(m_service)), QString());
+        for (const QString& name : {m_service, u"Other"_s}) {
+            QCOMPARE(reason(lookup(name)), u"it is locked"_s);
+        }
     }
 
     void reportsASilentService() {
@@ -49,7 +55,7 @@ private Q_SLOTS:
         auto lookup = patient.lookup(m_service);
         QTRY_VERIFY(!keyring.calls.isEmpty());
         bus.reset(); // ends the lookup, but not the program
-        QCOMPARE(reason(QCoro::waitFor(std::move(lookup))), QString());
+        QCOMPARE(reason(QCoro::waitFor(std::move(lookup))), u"absent"_s);
     }
 
     void reportsMissingDescriptors() {

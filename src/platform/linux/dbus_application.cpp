@@ -40,7 +40,7 @@ std::expected<QDBusMessage, CallError> callRunning(const QString& interface, con
 } // namespace
 
 // Methods and arguments have their D-Bus names.
-// NOLINTBEGIN(readability-identifier-naming)
+// NOLINTBEGIN(readability-identifier-naming,readability-inconsistent-declaration-parameter-name)
 
 class ApplicationAdaptor final : public QDBusAbstractAdaptor {
     Q_OBJECT
@@ -58,12 +58,15 @@ public Q_SLOTS:
     }
 
     /// The program opens no files, so this only shows its window.
-    void Open(const QStringList& /*uris*/, const QVariantMap& platform_data) {
+    void Open(const QStringList& uris, const QVariantMap& platform_data) {
+        Q_UNUSED(uris); // named for introspection
         Activate(platform_data);
     }
 
-    void ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
-                        const QVariantMap& /*platform_data*/, const QDBusMessage& call) {
+    void ActivateAction(const QString& action_name, const QVariantList& parameter,
+                        const QVariantMap& platform_data, const QDBusMessage& call) {
+        Q_UNUSED(parameter);
+        Q_UNUSED(platform_data);
         if (action_name == u"refresh") {
             Q_EMIT m_application->refreshRequested();
         } else if (action_name == u"quit") {
@@ -115,11 +118,26 @@ private:
     DBusApplication::Refresh m_refresh;
 };
 
-// NOLINTEND(readability-identifier-naming)
+/// Declares the signals for introspection. DBusWidgetCentre sends them, from programs without this
+/// object too, so nothing emits these.
+class WidgetsAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.corvelle.Tallyvane.Widgets")
+
+public:
+    explicit WidgetsAdaptor(DBusApplication* application) : QDBusAbstractAdaptor(application) {}
+
+Q_SIGNALS:
+    void TimelinesReloaded(const QString& kind);
+    void AllTimelinesReloaded();
+};
+
+// NOLINTEND(readability-identifier-naming,readability-inconsistent-declaration-parameter-name)
 
 DBusApplication::DBusApplication(Refresh refresh) {
     new ApplicationAdaptor(this);
     new ControlAdaptor(this, std::move(refresh));
+    new WidgetsAdaptor(this);
 }
 
 DBusApplication::Registration DBusApplication::registerOnBus() {

@@ -11,8 +11,9 @@
 namespace tallyvane::platform {
 
 /// The running program's object /org/corvelle/Tallyvane: org.freedesktop.Application (Desktop Entry
-/// Specification, "D-Bus Activation") with the actions "refresh" and "quit", and
-/// org.corvelle.Tallyvane.Control, which docs/interfaces.md describes.
+/// Specification, "D-Bus Activation") with the actions "refresh" and "quit",
+/// org.corvelle.Tallyvane.Control, and the signals of org.corvelle.Tallyvane.Widgets; see
+/// docs/interfaces.md.
 class DBusApplication : public QObject {
     Q_OBJECT
 

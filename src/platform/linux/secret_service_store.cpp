@@ -19,7 +19,15 @@ namespace {
 /// meanwhile.
 constexpr SpareResources needed{.descriptors = 16, .threads = 3};
 
-const std::unexpected<SecretStoreError> none{SecretStoreError{}};
+using Kind = SecretStoreError::Kind;
+
+std::unexpected<SecretStoreError> no(Kind kind, const QString& reason = {}) {
+    return std::unexpected(SecretStoreError{kind, reason});
+}
+
+std::unexpected<SecretStoreError> locked() {
+    return no(Kind::locked, QStringLiteral("it is locked"));
+}
 
 /// One lookup, shared by the waiting thread and the one that reads the keyring.
 struct Lookup {
@@ -38,6 +46,13 @@ struct Lookup {
     QPromise<SecretLookup> promise;
 };
 
+/// Some keyrings name no items while they are locked.
+bool isLocked(SecretService* keyring, GCancellable* cancellable) {
+    g_autoptr(SecretCollection) standard = secret_collection_for_alias_sync(
+        keyring, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, cancellable, nullptr);
+    return standard != nullptr && secret_collection_get_locked(standard);
+}
+
 SecretLookup readSecret(const char* service, GCancellable* cancellable) {
     static const SecretSchema schema{.name = "org.corvelle.Tallyvane.Lookup",
                                      .flags = SECRET_SCHEMA_DONT_MATCH_NAME,
@@ -46,7 +61,7 @@ SecretLookup readSecret(const char* service, GCancellable* cancellable) {
         secret_attributes_build(&schema, "service", service, nullptr);
     g_autoptr(GDBusConnection) bus = g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr);
     if (bus == nullptr) {
-        return none;
+        return no(Kind::absent);
     }
     // By default the program would exit with the bus.
     g_dbus_connection_set_exit_on_close(bus, FALSE);
@@ -54,14 +69,20 @@ SecretLookup readSecret(const char* service, GCancellable* cancellable) {
     g_autoptr(SecretService) keyring = secret_service_open_sync(
         SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_NONE, cancellable, nullptr);
     if (keyring == nullptr) {
-        return none;
+        return no(Kind::absent);
     }
     const auto flags =
         static_cast<SecretSearchFlags>(SECRET_SEARCH_ALL | SECRET_SEARCH_LOAD_SECRETS);
+    g_autoptr(GError) error = nullptr;
     g_autolist(SecretItem) items =
-        secret_service_search_sync(keyring, &schema, attributes, flags, cancellable, nullptr);
+        secret_service_search_sync(keyring, &schema, attributes, flags, cancellable, &error);
+    if (error != nullptr) {
+        return no(Kind::absent);
+    }
+    bool isAnyLocked = items == nullptr && isLocked(keyring, cancellable);
     for (const GList* entry = items; entry != nullptr; entry = entry->next) {
         auto* item = static_cast<SecretItem*>(entry->data);
+        isAnyLocked = isAnyLocked || secret_item_get_locked(item);
         g_autoptr(SecretValue) value =
             secret_item_get_locked(item) ? nullptr : secret_item_get_secret(item);
         if (value != nullptr) {
@@ -70,7 +91,7 @@ SecretLookup readSecret(const char* service, GCancellable* cancellable) {
             return Secret{QByteArray(bytes, static_cast<qsizetype>(length))};
         }
     }
-    return none;
+    return isAnyLocked ? SecretLookup(locked()) : no(Kind::noItem);
 }
 
 /// Blocks until the service has answered or `cancellable` is cancelled, sometimes longer.
@@ -88,13 +109,12 @@ SecretLookup findSecret(const QByteArray& service, GCancellable* cancellable) {
 
 QCoro::Task<SecretLookup> SecretServiceStore::lookup(QString service) {
     if (const auto spare = trySpare(needed); !spare) {
-        co_return std::unexpected(SecretStoreError{spare.error()});
+        co_return no(Kind::failed, spare.error());
     }
     const auto lookup = std::make_shared<Lookup>();
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [lookup] {
-        lookup->answer(
-            std::unexpected(SecretStoreError{QStringLiteral("it did not answer in time")}));
+        lookup->answer(no(Kind::failed, QStringLiteral("it did not answer in time")));
         g_cancellable_cancel(lookup->cancellable);
     });
     timer.setSingleShot(true);
@@ -106,7 +126,7 @@ QCoro::Task<SecretLookup> SecretServiceStore::lookup(QString service) {
             lookup->answer(findSecret(name, lookup->cancellable));
         }).detach();
     } catch (const std::system_error& error) {
-        lookup->answer(std::unexpected(SecretStoreError{qt_error_string(error.code().value())}));
+        lookup->answer(no(Kind::failed, qt_error_string(error.code().value())));
     }
     const QFuture<SecretLookup> result = lookup->promise.future();
     co_return co_await result;

@@ -52,6 +52,7 @@ readStoredCredentials(platform::SecretStore* store, QString keychainService,
         credentials = parseSignInRecord(secret->bytes);
     } else {
         none.reason = secret.error().reason;
+        none.isKeyringLocked = secret.error().kind == platform::SecretStoreError::Kind::locked;
     }
     if (!credentials) {
         const auto bytes = model::readFile(file, maximumRecordSize);

@@ -24,12 +24,14 @@ QuotaFailure quotaFailure(const ClaudeQuotaError& error) {
             QStringLiteral("The Claude service answered with status %1.").arg(error.httpStatus),
             advice(Trouble::claudeAnswer), std::nullopt);
     case Kind::noCredentials:
-        return failure(error.reason.isEmpty()
-                           ? QStringLiteral("No sign-in of Claude Code was found.")
-                           : QStringLiteral("No file with a sign-in of Claude Code was found, and "
-                                            "the keyring could not be asked: %1.")
-                                 .arg(error.reason),
-                       advice(Trouble::noClaudeSignIn), QStringLiteral("Keychain auth"));
+        return failure(
+            error.reason.isEmpty()
+                ? QStringLiteral("No sign-in of Claude Code was found.")
+                : QStringLiteral("No file with a sign-in of Claude Code was found, and "
+                                 "the keyring could not be asked: %1.")
+                      .arg(error.reason),
+            advice(error.isKeyringLocked ? Trouble::keyringLocked : Trouble::noClaudeSignIn),
+            QStringLiteral("Keychain auth"));
     case Kind::tokenExpired:
         return failure(QStringLiteral("The sign-in of Claude Code has expired."),
                        advice(Trouble::claudeSignInExpired), QStringLiteral("Sign-in expired"));

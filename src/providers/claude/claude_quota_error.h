@@ -22,6 +22,7 @@ struct ClaudeQuotaError {
     /// In English. For `Kind::transport`, what went wrong. For `Kind::noCredentials`, why the
     /// keyring could not be read, or empty if it could.
     QString reason;
+    bool isKeyringLocked = false; ///< for `Kind::noCredentials`
     std::chrono::seconds pause{}; ///< for `Kind::rateLimited`: what is left of the service's pause
 
     bool operator==(const ClaudeQuotaError&) const = default;

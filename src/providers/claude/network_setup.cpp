@@ -72,6 +72,24 @@ NetworkSetupFinder::Result findNow(const QUrl& url, const NetworkVariables& vari
 
 } // namespace
 
+qsizetype certificateCount(const NetworkVariables& variables) {
+    return variables.certificateDirectories.isEmpty()
+               ? certificatesIn(variables.certificateFile.toStdString()).size()
+               : roots(variables).size();
+}
+
+QString proxyAddress(const QNetworkProxy& proxy) {
+    if (proxy.type() == QNetworkProxy::NoProxy) {
+        return {};
+    }
+    const bool isSocks = proxy.type() == QNetworkProxy::Socks5Proxy;
+    QUrl url;
+    url.setScheme(isSocks ? QStringLiteral("socks5") : QStringLiteral("http"));
+    url.setHost(proxy.hostName());
+    url.setPort(proxy.port());
+    return url.toString();
+}
+
 quint16 portOf(const QUrl& url) {
     constexpr int usualPort = 443;
     return static_cast<quint16>(url.port(usualPort));

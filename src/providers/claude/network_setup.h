@@ -19,6 +19,12 @@ struct NetworkVariables {
     QByteArray certificateDirectories; ///< $SSL_CERT_DIR: replaces the system's; separated by ":"
 };
 
+/// The number of trusted roots in what the variables name.
+[[nodiscard]] qsizetype certificateCount(const NetworkVariables& variables);
+
+/// A proxy as "http://host:port", without its sign-in; empty for a direct connection.
+[[nodiscard]] QString proxyAddress(const QNetworkProxy& proxy);
+
 /// How to reach a server and how to verify it.
 struct NetworkSetup {
     QNetworkProxy proxy; ///< `NoProxy` for a direct connection

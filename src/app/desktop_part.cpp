@@ -1,0 +1,25 @@
+#include "app/desktop_part.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+
+#include <unistd.h>
+
+namespace tallyvane::app {
+
+QByteArrayList desktopProgramPlaces() {
+    const QByteArray folder = QFile::encodeName(QCoreApplication::applicationDirPath());
+    return {folder + "/tallyvane-desktop",
+            folder + "/" TALLYVANE_LIBEXEC_FROM_BIN "/tallyvane-desktop"};
+}
+
+std::optional<QByteArray> desktopProgram() {
+    for (const QByteArray& place : desktopProgramPlaces()) {
+        if (::access(place.constData(), X_OK) == 0) {
+            return place;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace tallyvane::app
