@@ -85,8 +85,8 @@ inline constexpr OptionUsage commandOptionUsages[] = {
      .commands = QLatin1StringView{"status"},
      .value = QLatin1StringView{"N"}},
     {.name = QLatin1StringView{"format"},
-     .text = QLatin1StringView{"With status: print one line of TEXT, in which the fields below "
-                               "stand for figures."},
+     .text = QLatin1StringView{"With status: print one line of TEXT, in which fields stand for "
+                               "figures."},
      .commands = QLatin1StringView{"status"},
      .value = QLatin1StringView{"TEXT"}},
     {.name = QLatin1StringView{"waybar"},
