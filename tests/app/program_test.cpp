@@ -147,6 +147,12 @@ private Q_SLOTS:
                                        "notifications = off\nnotification-windows = 09:00-18:00\n"
                                        "codex-path = \n"_s);
 
+        const Run odd = runShell(u"cd; cp .local/bin/codex \"`printf 'a\\033[2mb'`\"; "
+                                 "\"$0\" config set codex-path \"$HOME/a\"*b; export P=\"$0\"; "
+                                 "script -qec '\"$P\" config get codex-path' /dev/null"_s);
+        QCOMPARE(odd.output, inHome("ab\r\n"));
+        QCOMPARE(run("config unset codex-path").exitCode, 0);
+
         const std::pair<const char*, int> mistakes[] = {{"set appearance Dark", 2},
                                                         {"set notifications yes", 2},
                                                         {"set notification-windows 9", 2},
@@ -300,6 +306,26 @@ private Q_SLOTS:
             qPrintable(failed.error));
         QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
         QVERIFY(!run("status --json").output.contains(u"not signed in"));
+    }
+
+    void runsTheDocumentedExamples() {
+        tests::installCodex(42);
+        QCOMPARE(run("refresh").exitCode, 3);
+        const QString document = QString::fromUtf8(
+            tests::readFile(QStringLiteral(TALLYVANE_TEST_DATA "/../../docs/status-bars.md")));
+        const QRegularExpression form(u"tallyvane (status(?: --[a-z]+(?: '[^']*'| \\w+)?)+)"_s);
+        int found = 0;
+        const QStringList parts = document.split(u"```"_s);
+        for (qsizetype block = 1; block < parts.size(); block += 2) {
+            for (const auto& example : form.globalMatch(parts[block])) {
+                const Run shown = run(example.captured(1).toUtf8());
+                QVERIFY2(shown.exitCode == 0 && shown.error.isEmpty() && !shown.output.isEmpty() &&
+                             !shown.output.contains(u'{'),
+                         qPrintable(example.captured() + shown.output + shown.error));
+                ++found;
+            }
+        }
+        QCOMPARE(found, 8);
     }
 
     /// It may be about to store a new sign-in of its own, and the user does not wait for that.
