@@ -39,13 +39,47 @@ QString manual(const QString& templateText) {
     return text;
 }
 
+/// The words of "a, b".
+QStringList listed(QLatin1StringView words) {
+    return QString(words).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+}
+
+QStringList configWordNames() {
+    QStringList names;
+    std::ranges::transform(configWordUsages, std::back_inserter(names), &ConfigWordUsage::name);
+    return names;
+}
+
+/// The words of config that a setting follows.
+QStringList wordsBeforeKey() {
+    QStringList names;
+    for (const ConfigWordUsage& word : configWordUsages) {
+        if (word.argumentCount() > 0) {
+            names.append(word.name);
+        }
+    }
+    return names;
+}
+
+/// The word of config that a value follows too.
+QString wordBeforeValue() {
+    return std::ranges::max_element(configWordUsages, {}, &ConfigWordUsage::argumentCount)->name;
+}
+
+QStringList settingKeys() {
+    QStringList keys;
+    std::ranges::transform(settingUsages, std::back_inserter(keys), &SettingUsage::key);
+    return keys;
+}
+
 /// The options of a command, or without one for an empty name, apart from those of all.
 QList<OptionUsage> optionsOf(const QString& command) {
     QList<OptionUsage> options;
-    std::ranges::copy_if(
-        commandOptionUsages, std::back_inserter(options), [&](const OptionUsage& option) {
-            return QString(option.commands).split(QStringLiteral(", ")).contains(command);
-        });
+    std::ranges::copy_if(commandOptionUsages, std::back_inserter(options),
+                         [&](const OptionUsage& option) {
+                             return command.isEmpty() ? option.commands.isEmpty()
+                                                      : listed(option.commands).contains(command);
+                         });
     return options;
 }
 
@@ -69,32 +103,108 @@ QStringList commandNamesAndNone() {
     return commandNames() << QString();
 }
 
+/// The cases of $before, the word that the completed one follows, and of the words so far.
+QString bashValues() {
+    QString cases;
+    for (const OptionUsage& option : commandOptionUsages) {
+        if (!option.value.isEmpty()) {
+            cases += QStringLiteral("    --%1) words='%2' ;;\n")
+                         .arg(option.name, listed(option.values).join(u' '));
+        }
+    }
+    cases += QStringLiteral("    *)\n        case ${given[*]} in\n");
+    for (const SettingUsage& setting : settingUsages) {
+        const QString words = listed(setting.values).join(u' ');
+        cases += QStringLiteral("        'config %1 %2') %3 ;;\n")
+                     .arg(wordBeforeValue(), setting.key,
+                          words.isEmpty() ? QStringLiteral("files=yes")
+                                          : QStringLiteral("words='%1'").arg(words));
+    }
+    for (const QString& word : wordsBeforeKey()) {
+        cases += QStringLiteral("        'config %1') words='%2' ;;\n")
+                     .arg(word, settingKeys().join(u' '));
+    }
+    return cases;
+}
+
 QString bash() {
     QString cases;
     for (const QString& command : commandNamesAndNone()) {
-        QStringList words = command.isEmpty() ? commandNames() : QStringList();
+        QStringList words;
+        if (command.isEmpty()) {
+            words = commandNames();
+        } else if (command == u"config") {
+            words = configWordNames();
+        }
         for (const OptionUsage& option : optionsOf(command)) {
             words.append(QStringLiteral("--") + option.name);
         }
         for (const OptionUsage& option : generalOptionUsages) {
             words.append(QStringLiteral("--") + option.name);
         }
-        cases += QStringLiteral("    %1) words='%2' ;;\n")
-                     .arg(command.isEmpty() ? QStringLiteral("*") : command, words.join(u' '));
+        cases += QStringLiteral("        %1) words='%2' ;;\n")
+                     .arg(command.isEmpty() ? QStringLiteral("''") : command, words.join(u' '));
+    }
+    QStringList withValue;
+    for (const OptionUsage& option : commandOptionUsages) {
+        if (!option.value.isEmpty()) {
+            withValue.append(QStringLiteral("--") + option.name);
+        }
     }
     return QStringLiteral(R"(# bash completion for tallyvane
 _tallyvane() {
-    local word command='' words
+    local word before='' current=${COMP_WORDS[COMP_CWORD]} words='' files='' given=()
+    # "--option=value" is three words here.
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
-        [[ $word == -* ]] || command=$word
+        if [[ $word == = ]]; then
+            continue
+        elif [[ $word != -* && ! $before =~ ^(%1)$ ]]; then
+            given+=("$word")
+        fi
+        before=$word
     done
-    case $command in
-%1    esac
-    mapfile -t COMPREPLY < <(compgen -W "$words" -- "${COMP_WORDS[COMP_CWORD]}")
+    [[ $current == = ]] && current=''
+    case $before in
+%2%3        esac
+        ;;
+    esac
+    if [[ $files ]]; then
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    else
+        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")
+    fi
 }
 complete -F _tallyvane tallyvane
 )")
-        .arg(cases);
+        .arg(withValue.join(u'|'), bashValues(), cases);
+}
+
+/// What an option takes.
+QString zshValue(const OptionUsage& option) {
+    if (option.value.isEmpty()) {
+        return {};
+    }
+    const QString words = listed(option.values).join(u' ');
+    return QStringLiteral(":%1:%2").arg(
+        option.value, words.isEmpty() ? QStringLiteral(" ") : QStringLiteral("(%1)").arg(words));
+}
+
+/// What follows config.
+QString zshConfig() {
+    QString text = QStringLiteral("    arguments+=('2:word:(%1)')\n"
+                                  "    case ${words[(r)(%2)]} in (?*) "
+                                  "arguments+=('3:setting:(%3)') ;; esac\n"
+                                  "    case ${words[(r)%4]}:${words[(r)(%5)]} in\n")
+                       .arg(configWordNames().join(u' '), wordsBeforeKey().join(u'|'),
+                            settingKeys().join(u' '), wordBeforeValue(), settingKeys().join(u'|'));
+    for (const SettingUsage& setting : settingUsages) {
+        const QString words = listed(setting.values).join(u' ');
+        text += QStringLiteral("    %1:%2) arguments+=('4:value:%3') ;;\n")
+                    .arg(wordBeforeValue(), setting.key,
+                         words.isEmpty() ? QStringLiteral("_files")
+                                         : QStringLiteral("(%1)").arg(words));
+    }
+    return text + QStringLiteral("    esac\n");
 }
 
 QString zsh() {
@@ -112,7 +222,12 @@ QString zsh() {
     for (const QString& command : commandNamesAndNone()) {
         cases += QStringLiteral("%1)\n").arg(command.isEmpty() ? QStringLiteral("*") : command);
         for (const OptionUsage& option : optionsOf(command)) {
-            cases += QStringLiteral("    arguments+=('--%1[%2]')\n").arg(option.name, option.text);
+            cases += QStringLiteral("    arguments+=('--%1%2[%3]%4')\n")
+                         .arg(option.name, option.value.isEmpty() ? QString() : QStringLiteral("="),
+                              option.text, zshValue(option));
+        }
+        if (command == u"config") {
+            cases += zshConfig();
         }
         cases += QStringLiteral("    ;;\n");
     }
@@ -130,23 +245,49 @@ _arguments $arguments
         .arg(commands, general, cases, commandNames().join(u'|'));
 }
 
+QString fishSeen(const QStringList& words) {
+    return QStringLiteral("__fish_seen_subcommand_from ") + words.join(u' ');
+}
+
+/// What follows config.
+QString fishConfig() {
+    const QString offer = QStringLiteral("complete -c tallyvane -n '%1; and %2' %3\n");
+    const QString config = fishSeen({QStringLiteral("config")});
+    const QString without = QStringLiteral("not ");
+    QString text = offer.arg(config, without + fishSeen(configWordNames()),
+                             QStringLiteral("-a '%1'").arg(configWordNames().join(u' ')));
+    text += offer.arg(config + QStringLiteral("; and ") + fishSeen(wordsBeforeKey()),
+                      without + fishSeen(settingKeys()),
+                      QStringLiteral("-a '%1'").arg(settingKeys().join(u' ')));
+    for (const SettingUsage& setting : settingUsages) {
+        const QString words = listed(setting.values).join(u' ');
+        text += offer.arg(config + QStringLiteral("; and ") + fishSeen({wordBeforeValue()}),
+                          fishSeen({setting.key}),
+                          words.isEmpty() ? QStringLiteral("-F")
+                                          : QStringLiteral("-a '%1'").arg(words));
+    }
+    return text;
+}
+
 QString fish() {
-    const QString outside =
-        QStringLiteral("not __fish_seen_subcommand_from ") + commandNames().join(u' ');
+    const QString outside = QStringLiteral("not ") + fishSeen(commandNames());
     QString text = QStringLiteral("complete -c tallyvane -f\n");
     for (const CommandUsage& command : commandUsages) {
         text += QStringLiteral("complete -c tallyvane -n '%1' -a %2 -d '%3'\n")
                     .arg(outside, command.name, command.text);
     }
     for (const OptionUsage& option : commandOptionUsages) {
-        QString condition = outside;
-        if (!option.commands.isEmpty()) {
-            condition = QStringLiteral("__fish_seen_subcommand_from ") + option.commands;
-            condition.remove(u',');
-        }
-        text += QStringLiteral("complete -c tallyvane -n '%1' -l %2 -d '%3'\n")
-                    .arg(condition, option.name, option.text);
+        const QString condition =
+            option.commands.isEmpty() ? outside : fishSeen(listed(option.commands));
+        const QString value =
+            option.value.isEmpty() ? QString()
+            : option.values.isEmpty()
+                ? QStringLiteral(" -x")
+                : QStringLiteral(" -x -a '%1'").arg(listed(option.values).join(u' '));
+        text += QStringLiteral("complete -c tallyvane -n '%1' -l %2%3 -d '%4'\n")
+                    .arg(condition, option.name, value, option.text);
     }
+    text += fishConfig();
     for (const OptionUsage& option : generalOptionUsages) {
         text += QStringLiteral("complete -c tallyvane%1 -l %2 -d '%3'\n")
                     .arg(shortForms(option, QStringLiteral(" -s "), QString()), option.name,

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace tallyvane::app {
 
@@ -16,7 +17,7 @@ QCommandLineOption parserOption(const OptionUsage& usage) {
     for (const QChar letter : QString(usage.letters)) {
         names.append(letter);
     }
-    return QCommandLineOption(names);
+    return QCommandLineOption(names, {}, usage.value);
 }
 
 /// The parser's complaint, with an unknown option as it was typed.
@@ -32,6 +33,53 @@ QString complaint(const QCommandLineParser& parser, const QStringList& arguments
         }
     }
     return parser.errorText();
+}
+
+std::expected<OutputFormat, QString> outputFormat(const QCommandLineParser& parser) {
+    constexpr std::pair<QLatin1StringView, OutputFormat> formats[] = {
+        {QLatin1StringView{"json"}, OutputFormat::json},
+        {QLatin1StringView{"waybar"}, OutputFormat::waybar},
+        {QLatin1StringView{"format"}, OutputFormat::fields}};
+    QLatin1StringView chosen;
+    OutputFormat format = OutputFormat::text;
+    for (const auto& [name, value] : formats) {
+        if (!parser.isSet(name)) {
+            continue;
+        }
+        if (!chosen.isEmpty()) {
+            return std::unexpected(
+                QStringLiteral("--%1 and --%2 exclude each other.").arg(chosen, name));
+        }
+        chosen = name;
+        format = value;
+    }
+    if (format == OutputFormat::json && parser.isSet(QStringLiteral("provider"))) {
+        return std::unexpected(QStringLiteral("--json and --provider exclude each other."));
+    }
+    return format;
+}
+
+std::expected<StatusChoice, QString> statusChoice(const QCommandLineParser& parser) {
+    const QString format = QStringLiteral("format");
+    const QString provider = QStringLiteral("provider");
+    const QString below = QStringLiteral("below");
+    StatusChoice choice{.format = parser.value(format)};
+    if (parser.isSet(provider)) {
+        choice.provider = model::fromRawValue<model::AIProvider>(parser.value(provider));
+        if (!choice.provider) {
+            return std::unexpected(QStringLiteral("--provider takes 'codex' or 'claude', not '%1'.")
+                                       .arg(parser.value(provider)));
+        }
+    }
+    if (parser.isSet(below)) {
+        bool isNumber = false;
+        choice.below = parser.value(below).toInt(&isNumber);
+        if (!isNumber || *choice.below < 0 || *choice.below > 100) {
+            return std::unexpected(QStringLiteral("--below takes a number from 0 to 100, not '%1'.")
+                                       .arg(parser.value(below)));
+        }
+    }
+    return choice;
 }
 
 } // namespace
@@ -80,16 +128,16 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
                                                              : QStringLiteral("with ") + commands));
         }
     }
-    const bool json = parser.isSet(QStringLiteral("json"));
-    const bool waybar = parser.isSet(QStringLiteral("waybar"));
-    if (json && waybar) {
-        return std::unexpected(QStringLiteral("--json and --waybar exclude each other."));
+    const auto format = outputFormat(parser);
+    if (!format) {
+        return std::unexpected(format.error());
     }
-    if (json) {
-        commandLine.outputFormat = OutputFormat::json;
-    } else if (waybar) {
-        commandLine.outputFormat = OutputFormat::waybar;
+    commandLine.outputFormat = *format;
+    const auto choice = statusChoice(parser);
+    if (!choice) {
+        return std::unexpected(choice.error());
     }
+    commandLine.status = *choice;
     commandLine.isOnline = parser.isSet(QStringLiteral("online"));
     if (parser.isSet(QStringLiteral("background"))) {
         commandLine.startMode = StartMode::background;

@@ -1,23 +1,36 @@
 #pragma once
 
+#include "model/quota_snapshot.h"
+
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
 #include <expected>
+#include <optional>
 
 namespace tallyvane::app {
 
 enum class Command { desktop, refresh, status, history, tokens, doctor, config, help, version };
 enum class StartMode { withWindow, background };
-enum class OutputFormat { text, json, waybar };
+enum class OutputFormat { text, json, waybar, fields };
+
+/// The options of `status` beside its output format.
+struct StatusChoice {
+    std::optional<model::AIProvider> provider; ///< to show; nullopt: all
+    std::optional<int> below;                  ///< fail when fewer percent are left; 0 to 100
+    QString format;                            ///< with OutputFormat::fields
+
+    bool operator==(const StatusChoice&) const = default;
+};
 
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    OutputFormat outputFormat = OutputFormat::text; ///< waybar only with `status`
-    StartMode startMode = StartMode::withWindow;    ///< of the desktop program
-    bool isOnline = false;                          ///< with `doctor`: ask the service too
-    QStringList words;                              ///< of `config`: what follows the command
+    OutputFormat outputFormat = OutputFormat::text; ///< the last two only with `status`
+    StatusChoice status;
+    StartMode startMode = StartMode::withWindow; ///< of the desktop program
+    bool isOnline = false;                       ///< with `doctor`: ask the service too
+    QStringList words;                           ///< of `config`: what follows the command
 
     bool operator==(const CommandLine&) const = default;
 };

@@ -13,10 +13,12 @@ namespace tallyvane::app {
 /// programs never write at once.
 [[nodiscard]] ExitCode runRefresh(const Environment& environment, OutputFormat format);
 
-/// Prints the stored snapshot, without a refresh.
-[[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format);
+/// Prints the stored snapshot, without a refresh. Fails when the lowest five-hour percentage left
+/// of the providers shown is under `choice.below`.
+[[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format,
+                                 const StatusChoice& choice);
 
-/// Prints a snapshot in human-readable form, coloured on a terminal.
+/// Prints a snapshot in human-readable form, in colour where the user wants that.
 [[nodiscard]] bool printStatusText(const Environment& environment,
                                    const model::QuotaSnapshot& snapshot, model::Timestamp now);
 

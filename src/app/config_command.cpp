@@ -1,6 +1,7 @@
 #include "app/commands.h"
 #include "app/composition.h"
 #include "app/resource_check.h"
+#include "app/usage.h"
 #include "core/launch_at_login.h"
 #include "core/preferences.h"
 #include "platform/linux/dbus_application.h"
@@ -21,8 +22,7 @@ namespace {
 using Saved = std::expected<void, QString>;
 
 struct Setting {
-    QString key;
-    QString choices; ///< what a value looks like
+    SettingUsage usage;
     QString standard;
     std::function<QString()> value;
     /// nullopt if the text is no such value
@@ -102,8 +102,7 @@ QList<Setting> settings(model::DefaultsStore& defaults, platform::LoginItem& log
         return saved(notify::saveNotificationSettings(defaults, changed));
     };
     return {
-        {.key = QStringLiteral("appearance"),
-         .choices = QStringLiteral("'system', 'light' or 'dark'"),
+        {.usage = appearanceSetting,
          .standard = QStringLiteral("system"),
          .value = [&] { return QString(model::rawValue(core::loadAppearance(defaults))); },
          .set = [&](const QString& text) -> std::optional<Saved> {
@@ -111,16 +110,14 @@ QList<Setting> settings(model::DefaultsStore& defaults, platform::LoginItem& log
              return value ? std::optional(saved(core::saveAppearance(defaults, *value)))
                           : std::nullopt;
          }},
-        {.key = QStringLiteral("launch-at-login"),
-         .choices = QStringLiteral("'on' or 'off'"),
+        {.usage = launchAtLoginSetting,
          .standard = QStringLiteral("off"),
          .value = [&] { return onOrOff(core::launchesAtLogin(loginItem)); },
          .set = [&](const QString& text) -> std::optional<Saved> {
              const auto value = parseSwitch(text);
              return value ? std::optional(core::setLaunchAtLogin(loginItem, *value)) : std::nullopt;
          }},
-        {.key = QStringLiteral("notifications"),
-         .choices = QStringLiteral("'on' or 'off'"),
+        {.usage = notificationsSetting,
          .standard = QStringLiteral("off"),
          .value = [&] { return onOrOff(notify::loadNotificationSettings(defaults).enabled); },
          .set = [=](const QString& text) -> std::optional<Saved> {
@@ -129,10 +126,7 @@ QList<Setting> settings(model::DefaultsStore& defaults, platform::LoginItem& log
                                 [&](NotificationSettings& changed) { changed.enabled = *value; }))
                           : std::nullopt;
          }},
-        {.key = QStringLiteral("notification-windows"),
-         .choices =
-             QStringLiteral("'none', or 'all-day' and times such as '09:00-18:00', separated "
-                            "by commas, each with 'off ' before it while not in use"),
+        {.usage = notificationWindowsSetting,
          .standard = QStringLiteral("09:00-18:00"),
          .value = [&] { return windowsText(notify::loadNotificationSettings(defaults).windows); },
          .set = [=](const QString& text) -> std::optional<Saved> {
@@ -141,17 +135,11 @@ QList<Setting> settings(model::DefaultsStore& defaults, platform::LoginItem& log
                                 [&](NotificationSettings& changed) { changed.windows = *value; }))
                           : std::nullopt;
          }},
-        {.key = QStringLiteral("codex-path"),
-         .choices = QStringLiteral("a path"),
+        {.usage = codexPathSetting,
          .standard = QString(),
          .value = [&] { return codex.chosen(); },
          .set = [&](const QString& text) -> std::optional<Saved> { return codex.choose(text); }},
     };
-}
-
-ExitCode misused(const QString& complaint) {
-    printError(complaint);
-    return ExitCode::usage;
 }
 
 /// Lets a running program take the change over.
@@ -165,8 +153,8 @@ ExitCode announce() {
 ExitCode change(const Setting& setting, const QString& text) {
     const std::optional<Saved> result = setting.set(text);
     if (!result) {
-        return misused(
-            QStringLiteral("'%1' is %2, not '%3'.").arg(setting.key, setting.choices, text));
+        return reportMisuse(QStringLiteral("'%1' is %2, not '%3'.")
+                                .arg(setting.usage.key, setting.usage.text, text));
     }
     if (!*result) {
         printError(result->error());
@@ -178,7 +166,7 @@ ExitCode change(const Setting& setting, const QString& text) {
 ExitCode list(const QList<Setting>& settings) {
     QString text;
     for (const Setting& setting : settings) {
-        text += QStringLiteral("%1 = %2\n").arg(setting.key, setting.value());
+        text += QStringLiteral("%1 = %2\n").arg(setting.usage.key, setting.value());
     }
     return print(text) ? ExitCode::success : ExitCode::failure;
 }
@@ -196,24 +184,25 @@ ExitCode runConfig(const Environment& environment, const QStringList& words) {
     const QList<Setting> known = settings(defaults, loginItem, codex);
 
     const QString verb = words.value(0, QStringLiteral("list"));
-    const qsizetype wanted = verb == u"list" ? 0 : verb == u"set" ? 2 : 1;
-    if (!QStringList{QStringLiteral("list"), QStringLiteral("get"), QStringLiteral("set"),
-                     QStringLiteral("unset")}
-             .contains(verb)) {
-        return misused(QStringLiteral("Unknown word '%1' after config; known are list, get, set "
-                                      "and unset.")
-                           .arg(verb));
+    const auto word = std::ranges::find(configWordUsages, verb, &ConfigWordUsage::name);
+    if (word == std::end(configWordUsages)) {
+        return reportMisuse(
+            QStringLiteral("Unknown word '%1' after config; known are list, get, set "
+                           "and unset.")
+                .arg(verb));
     }
-    if (std::max<qsizetype>(words.size() - 1, 0) != wanted) {
-        return misused(QStringLiteral("It is 'tallyvane config list', 'config get KEY', 'config "
-                                      "set KEY VALUE' or 'config unset KEY'."));
+    if (std::max<qsizetype>(words.size() - 1, 0) != word->argumentCount()) {
+        return reportMisuse(
+            QStringLiteral("It is 'tallyvane config list', 'config get KEY', 'config "
+                           "set KEY VALUE' or 'config unset KEY'."));
     }
     if (verb == u"list") {
         return list(known);
     }
-    const auto setting = std::ranges::find(known, words[1], &Setting::key);
+    const auto setting = std::ranges::find(
+        known, words[1], [](const Setting& candidate) { return candidate.usage.key; });
     if (setting == known.end()) {
-        return misused(
+        return reportMisuse(
             QStringLiteral("Unknown setting '%1'; 'tallyvane config list' shows them all.")
                 .arg(words[1]));
     }

@@ -179,7 +179,7 @@ QString doctorText(const Checks& checks, bool works) {
                          : QStringLiteral("A refresh would not work.\n"));
 }
 
-QString doctorJson(const Checks& checks, bool works) {
+QByteArray doctorJson(const Checks& checks, bool works) {
     QJsonArray list;
     for (const Check& check : checks) {
         list.append(QJsonObject{{QStringLiteral("id"), check.id},
@@ -188,11 +188,12 @@ QString doctorJson(const Checks& checks, bool works) {
                                 {QStringLiteral("advice"), check.advice}});
     }
     const QJsonObject object{{QStringLiteral("checks"), list}, {QStringLiteral("works"), works}};
-    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + u'\n';
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
 Checks runChecks(const Environment& environment, QuotaSources& sources, bool isOnline) {
-    const ProgressLine progress(QStringLiteral("Checking ..."));
+    const ProgressLine progress(environment.hasDumbTerminal ? QString()
+                                                            : QStringLiteral("Checking ..."));
     const QList<Part> parts = startChecks(environment, sources, isOnline);
     wait(parts);
     Checks checks;
@@ -213,8 +214,8 @@ ExitCode runDoctor(const Environment& environment, OutputFormat format, bool isO
     auto* const sources = new QuotaSources(environment);
     const Checks checks = runChecks(environment, *sources, isOnline);
     const bool works = wouldRefresh(checks, isOnline);
-    const bool isPrinted =
-        print(format == OutputFormat::json ? doctorJson(checks, works) : doctorText(checks, works));
+    const bool isPrinted = format == OutputFormat::json ? printJson(doctorJson(checks, works))
+                                                        : print(doctorText(checks, works));
     if (!isPrinted) {
         return ExitCode::failure;
     }

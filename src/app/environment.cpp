@@ -90,6 +90,20 @@ providers::NetworkVariables networkVariables() {
             .certificateDirectories = qgetenv("SSL_CERT_DIR")};
 }
 
+bool hasDumbTerminal() {
+    return qgetenv("TERM") == "dumb";
+}
+
+ColourUse colourUse() {
+    if (!qEnvironmentVariableIsEmpty("NO_COLOR")) {
+        return ColourUse::never;
+    }
+    if (const QByteArray force = qgetenv("CLICOLOR_FORCE"); !force.isEmpty() && force != "0") {
+        return ColourUse::always;
+    }
+    return hasDumbTerminal() ? ColourUse::never : ColourUse::onTerminal;
+}
+
 } // namespace
 
 Environment readEnvironment() {
@@ -113,7 +127,8 @@ Environment readEnvironment() {
             .zone = model::LocalZone::ofSystem(qEnvironmentVariableIsSet("TZ")
                                                    ? model::ZoneSource::variable
                                                    : model::ZoneSource::file),
-            .wantsColour = qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb"};
+            .colour = colourUse(),
+            .hasDumbTerminal = hasDumbTerminal()};
 }
 
 void leaveSilentSessionBus() {

@@ -11,6 +11,9 @@
 
 namespace tallyvane::app {
 
+/// Where the output is coloured: $NO_COLOR, $CLICOLOR_FORCE and $TERM.
+enum class ColourUse { never, onTerminal, always };
+
 /// The program's settings from its environment, read once at start-up. Paths are absolute; relative
 /// ones count as not set.
 struct Environment {
@@ -29,7 +32,8 @@ struct Environment {
     std::filesystem::path claudeDirectory; ///< $CLAUDE_CONFIG_DIR; may be empty
     std::string timeLocale;                ///< the POSIX locale in which times are written
     model::LocalZone zone;                 ///< follows $TZ or /etc/localtime
-    bool wantsColour = true;               ///< false under NO_COLOR and on a dumb terminal
+    ColourUse colour = ColourUse::onTerminal;
+    bool hasDumbTerminal = false; ///< which takes text alone
 };
 
 [[nodiscard]] Environment readEnvironment();

@@ -15,7 +15,7 @@ ExitCode run(const CommandLine& commandLine) {
     case Command::refresh:
         return runRefresh(readEnvironment(), commandLine.outputFormat);
     case Command::status:
-        return runStatus(readEnvironment(), commandLine.outputFormat);
+        return runStatus(readEnvironment(), commandLine.outputFormat, commandLine.status);
     case Command::history:
         return runHistory(readEnvironment(), commandLine.outputFormat);
     case Command::tokens:
@@ -47,8 +47,7 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const auto commandLine = parseCommandLine(QCoreApplication::arguments());
     if (!commandLine) {
-        printError(commandLine.error() + QStringLiteral(" Try 'tallyvane --help'."));
-        return std::to_underlying(ExitCode::usage);
+        return std::to_underlying(reportMisuse(commandLine.error()));
     }
     endProgram(std::to_underlying(run(*commandLine)));
 }

@@ -2,6 +2,7 @@
 #include "app/composition.h"
 #include "app/refresh_result.h"
 #include "app/resource_check.h"
+#include "app/status_report.h"
 #include "model/foreign_text.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
@@ -11,7 +12,10 @@ namespace tallyvane::app {
 
 namespace {
 
-const QString progressText = QStringLiteral("Asking Codex and Claude ...");
+/// Erasing it takes a control sequence.
+QString progressText(const Environment& environment) {
+    return environment.hasDumbTerminal ? QString() : QStringLiteral("Asking Codex and Claude ...");
+}
 
 void printFailures(const core::RefreshReport& report) {
     for (const auto& [provider, failure] : report.failures) {
@@ -32,14 +36,16 @@ ExitCode printResult(const Environment& environment, const RefreshResult& result
                      OutputFormat format) {
     const bool isStored = result.report.outcome == core::RefreshReport::Outcome::published;
     if (format == OutputFormat::json) {
-        const QString json = QString::fromUtf8(encodeRefreshResult(result)) + u'\n';
-        if (!print(isTerminal(stdout) ? json : model::maskedAddresses(json))) {
+        const QByteArray json = encodeRefreshResult(result);
+        if (!printJson(isTerminal(stdout)
+                           ? json
+                           : model::maskedAddresses(QString::fromUtf8(json)).toUtf8())) {
             return ExitCode::failure;
         }
     } else {
         printFailures(result.report);
-        if (isStored &&
-            !printStatusText(environment, result.snapshot, platform::BootClock().now())) {
+        if (isStored && !printStatusText(environment, shownSnapshot(result.snapshot),
+                                         platform::BootClock().now())) {
             return ExitCode::failure;
         }
     }
@@ -50,7 +56,7 @@ ExitCode printResult(const Environment& environment, const RefreshResult& result
 }
 
 RefreshResult refreshHere(const Environment& environment) {
-    const ProgressLine progress(progressText);
+    const ProgressLine progress(progressText(environment));
     Composition composition(environment);
     core::RefreshReport report =
         QCoro::waitFor(composition.model.refresh(providers::AskedBy::user));
@@ -58,8 +64,8 @@ RefreshResult refreshHere(const Environment& environment) {
 }
 
 /// What the running program did.
-std::expected<QString, platform::CallError> refreshThere() {
-    const ProgressLine progress(progressText);
+std::expected<QString, platform::CallError> refreshThere(const Environment& environment) {
+    const ProgressLine progress(progressText(environment));
     return platform::refreshRunning();
 }
 
@@ -70,7 +76,7 @@ ExitCode runRefresh(const Environment& environment, OutputFormat format) {
         return ExitCode::failure;
     }
     leaveSilentSessionBus();
-    const auto reply = refreshThere();
+    const auto reply = refreshThere(environment);
     if (!reply && reply.error() == platform::CallError::notRunning) {
         return printResult(environment, refreshHere(environment), format);
     }

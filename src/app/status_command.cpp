@@ -1,6 +1,8 @@
 #include "app/commands.h"
+#include "app/status_format.h"
 #include "app/status_report.h"
 #include "core/fixtures.h"
+#include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
 
 namespace tallyvane::app {
@@ -8,37 +10,78 @@ namespace tallyvane::app {
 bool printStatusText(const Environment& environment, const model::QuotaSnapshot& snapshot,
                      model::Timestamp now) {
     const model::WeekdayTimeFormat weekdayTime(environment.timeLocale, environment.zone);
-    const Palette palette =
-        environment.wantsColour && isTerminal(stdout) ? Palette::ansi : Palette::plain;
-    return print(statusText(snapshot, now, weekdayTime, palette));
+    const bool isColoured = environment.colour == ColourUse::always ||
+                            (environment.colour == ColourUse::onTerminal && isTerminal(stdout));
+    return printStyled(
+        statusText(snapshot, now, weekdayTime, isColoured ? Palette::ansi : Palette::plain));
 }
 
-ExitCode runStatus(const Environment& environment, OutputFormat format) {
-    const model::Timestamp now = platform::BootClock().now();
-    const auto snapshot = environment.launchContext.isFixtureMode
-                              ? core::fixtureSnapshot(now, environment.zone)
-                              : model::SharedStore(environment.locations).loadSnapshot();
-    if (!snapshot) {
-        printError(
-            QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
-        const bool isPrinted = format != OutputFormat::waybar ||
-                               print(waybarLine(model::placeholderSnapshot(now), now));
-        return isPrinted ? ExitCode::nothingStored : ExitCode::failure;
+namespace {
+
+std::optional<model::QuotaSnapshot> storedSnapshot(const Environment& environment,
+                                                   model::Timestamp now) {
+    if (environment.launchContext.isFixtureMode) {
+        return core::fixtureSnapshot(now, environment.zone);
     }
-    bool isPrinted = false;
+    return model::SharedStore(environment.locations).loadSnapshot();
+}
+
+ExitCode printed(bool isPrinted) {
+    return isPrinted ? ExitCode::success : ExitCode::failure;
+}
+
+ExitCode printFormatted(const Environment& environment, const QString& format,
+                        const model::QuotaSnapshot& shown, model::Timestamp now) {
+    const model::WeekdayTimeFormat weekdayTime(environment.timeLocale, environment.zone);
+    const auto text = formattedStatus(format, shown, now, weekdayTime);
+    return text ? printed(printStyled(*text + u'\n')) : reportMisuse(text.error());
+}
+
+/// What a script learns from the exit status.
+ExitCode judged(const model::QuotaSnapshot& shown, std::optional<int> below) {
+    if (!below) {
+        return ExitCode::success;
+    }
+    const auto lowest = model::lowestRemainingPercent(shown);
+    if (!lowest) {
+        return ExitCode::nothingStored;
+    }
+    return *lowest < *below ? ExitCode::failure : ExitCode::success;
+}
+
+} // namespace
+
+ExitCode runStatus(const Environment& environment, OutputFormat format,
+                   const StatusChoice& choice) {
+    const model::Timestamp now = platform::BootClock().now();
+    const auto stored = storedSnapshot(environment, now);
+    const model::QuotaSnapshot shown =
+        shownSnapshot(stored.value_or(model::placeholderSnapshot(now)), choice.provider);
+    ExitCode result = ExitCode::success;
     switch (format) {
     case OutputFormat::text:
-        isPrinted = printStatusText(environment, *snapshot, now);
+        result = printed(!stored || printStatusText(environment, shown, now));
         break;
     case OutputFormat::json:
         // What was decoded can be encoded.
-        isPrinted = print(QString::fromUtf8(model::encodeSnapshot(*snapshot).value()) + u'\n');
+        result = printed(!stored || printJson(model::encodeSnapshot(*stored).value()));
         break;
     case OutputFormat::waybar:
-        isPrinted = print(waybarLine(*snapshot, now));
+        result = printed(print(waybarLine(shown, now)));
+        break;
+    case OutputFormat::fields:
+        result = printFormatted(environment, choice.format, shown, now);
         break;
     }
-    return isPrinted ? ExitCode::success : ExitCode::failure;
+    if (result != ExitCode::success) {
+        return result;
+    }
+    if (!stored) {
+        printError(
+            QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
+        return ExitCode::nothingStored;
+    }
+    return judged(shown, choice.below);
 }
 
 } // namespace tallyvane::app

@@ -1,5 +1,6 @@
 #include "app/status_report.h"
 
+#include "model/foreign_text.h"
 #include "model/quota_display.h"
 
 #include <QtCore/QJsonDocument>
@@ -16,6 +17,7 @@ using model::QuotaSyncState;
 namespace {
 
 constexpr std::chrono::minutes staleAge{15};
+constexpr std::chrono::minutes toleratedSkew{1};
 
 QString styled(const QString& text, const char* code, Palette palette) {
     return palette == Palette::plain
@@ -61,20 +63,55 @@ QString waybarClass(const model::QuotaSnapshot& snapshot, std::optional<int> low
         return entry.syncState != QuotaSyncState::current &&
                model::lowestRemainingPercent({.providers = {entry}}) == lowest;
     };
-    if (now - snapshot.updatedAt > staleAge ||
+    const auto age = now - snapshot.updatedAt;
+    if (age > staleAge || age < -toleratedSkew ||
         std::ranges::any_of(snapshot.providers, holdsTheFigureStale)) {
         return QStringLiteral("stale");
     }
     return *lowest < model::lowPercent ? QStringLiteral("low") : QStringLiteral("ok");
 }
 
+QString tooltipFigure(const ProviderQuotaSnapshot& entry, QuotaPeriod period) {
+    const auto& window = model::window(entry, period);
+    return window ? QStringLiteral("%1%").arg(static_cast<int>(model::remainingPercent(*window)))
+                  : QStringLiteral("-");
+}
+
+/// model::summaryText() writes 0% for a figure that is not known.
+QString tooltipLine(const ProviderQuotaSnapshot& entry) {
+    const QString summary = entry.syncState == QuotaSyncState::pending
+                                ? model::summaryText(entry)
+                                : QStringLiteral("5H %1  \u00B7  WK %2")
+                                      .arg(tooltipFigure(entry, QuotaPeriod::fiveHour),
+                                           tooltipFigure(entry, QuotaPeriod::week));
+    return QStringLiteral("%1: %2").arg(model::displayName(entry.provider), summary);
+}
+
+std::optional<QString> fitForTerminal(const std::optional<QString>& text) {
+    return text ? std::optional(model::readableLine(*text)) : std::nullopt;
+}
+
 } // namespace
+
+model::QuotaSnapshot shownSnapshot(const model::QuotaSnapshot& snapshot,
+                                   std::optional<model::AIProvider> provider) {
+    model::QuotaSnapshot shown{.schemaVersion = snapshot.schemaVersion,
+                               .updatedAt = snapshot.updatedAt};
+    for (const model::AIProvider candidate : model::allCases<model::AIProvider>) {
+        if (candidate == provider.value_or(candidate)) {
+            ProviderQuotaSnapshot entry = model::entryFor(snapshot, candidate);
+            entry.planName = fitForTerminal(entry.planName);
+            entry.statusMessage = fitForTerminal(entry.statusMessage);
+            shown.providers.push_back(std::move(entry));
+        }
+    }
+    return shown;
+}
 
 QString statusText(const model::QuotaSnapshot& snapshot, model::Timestamp now,
                    const model::WeekdayTimeFormat& weekdayTime, Palette palette) {
     QString text;
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        const ProviderQuotaSnapshot entry = model::entryFor(snapshot, provider);
+    for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
         text += headLine(entry, now, palette);
         for (const QuotaPeriod period : model::allCases<QuotaPeriod>) {
             text += windowLine(entry, period, now, weekdayTime, palette);
@@ -85,12 +122,15 @@ QString statusText(const model::QuotaSnapshot& snapshot, model::Timestamp now,
 
 QString waybarLine(const model::QuotaSnapshot& snapshot, model::Timestamp now) {
     const std::optional<int> lowest = model::lowestRemainingPercent(snapshot);
-    const QJsonObject line{
-        {QStringLiteral("text"), model::labelText(snapshot)},
-        // Waybar reads the tooltip as Pango markup.
-        {QStringLiteral("tooltip"), model::summaryLines(snapshot).join(u'\n').toHtmlEscaped()},
-        {QStringLiteral("class"), waybarClass(snapshot, lowest, now)},
-        {QStringLiteral("percentage"), lowest.value_or(0)}};
+    QStringList tooltip;
+    std::ranges::transform(snapshot.providers, std::back_inserter(tooltip), tooltipLine);
+    QJsonObject line{{QStringLiteral("text"), model::labelText(snapshot)},
+                     // Waybar reads the tooltip as Pango markup.
+                     {QStringLiteral("tooltip"), tooltip.join(u'\n').toHtmlEscaped()},
+                     {QStringLiteral("class"), waybarClass(snapshot, lowest, now)}};
+    if (lowest) {
+        line[QStringLiteral("percentage")] = *lowest;
+    }
     return QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact)) + u'\n';
 }
 

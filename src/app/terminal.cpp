@@ -2,6 +2,7 @@
 
 #include "model/foreign_text.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <unistd.h>
@@ -16,6 +17,27 @@ bool write(std::FILE* stream, const QString& text) {
     return std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
 }
 
+/// As long as it is.
+QString readable(const QString& text) {
+    constexpr qsizetype leastLimit = 4096;
+    return model::readableText(text, std::max(text.size(), leastLimit));
+}
+
+/// In JSON, whose own control characters are line feeds alone.
+bool controlsTerminal(char32_t c) {
+    const auto category = QChar::category(c);
+    return (category == QChar::Other_Control && c != U'\n') || category == QChar::Other_Format ||
+           category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+}
+
+QString jsonEscape(const QString& character) {
+    QString text;
+    for (const QChar unit : character) {
+        text += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QChar(u'0'));
+    }
+    return text;
+}
+
 } // namespace
 
 bool isTerminal(std::FILE* stream) {
@@ -23,6 +45,10 @@ bool isTerminal(std::FILE* stream) {
 }
 
 bool print(const QString& text) {
+    return printStyled(isTerminal(stdout) ? readable(text) : text);
+}
+
+bool printStyled(const QString& text) {
     if (write(stdout, text)) {
         return true;
     }
@@ -30,14 +56,30 @@ bool print(const QString& text) {
     return false;
 }
 
+bool printJson(const QByteArray& json) {
+    QString text;
+    for (const char32_t c : QString::fromUtf8(json).toUcs4()) {
+        const QString character = QString::fromUcs4(&c, 1);
+        text += controlsTerminal(c) ? jsonEscape(character) : character;
+    }
+    return printStyled(text + u'\n');
+}
+
 void printError(const QString& message) {
-    const QString text = isTerminal(stderr) ? message : model::maskedAddresses(message);
-    write(stderr, QStringLiteral("tallyvane: %1\n").arg(text));
+    const QString text = readable(message);
+    write(stderr, QStringLiteral("tallyvane: %1\n")
+                      .arg(isTerminal(stderr) ? text : model::maskedAddresses(text)));
+}
+
+ExitCode reportMisuse(const QString& complaint) {
+    printError(QString(complaint).replace(u'\n', u' ') +
+               QStringLiteral(" Try 'tallyvane --help'."));
+    return ExitCode::usage;
 }
 
 void printAdvice(const QString& advice) {
     if (!advice.isEmpty()) {
-        write(stderr, QStringLiteral("  %1\n").arg(advice));
+        write(stderr, QStringLiteral("  %1\n").arg(readable(advice)));
     }
 }
 
@@ -46,14 +88,14 @@ void endProgram(int exitCode) {
     std::_Exit(exitCode);
 }
 
-ProgressLine::ProgressLine(const QString& text) {
-    if (isTerminal(stderr)) {
+ProgressLine::ProgressLine(const QString& text) : m_isShown(!text.isEmpty() && isTerminal(stderr)) {
+    if (m_isShown) {
         write(stderr, text);
     }
 }
 
 ProgressLine::~ProgressLine() {
-    if (isTerminal(stderr)) {
+    if (m_isShown) {
         write(stderr, QStringLiteral("\r\033[K"));
     }
 }

@@ -5,6 +5,8 @@
 #include <QtCore/QList>
 #include <QtCore/QString>
 
+#include <algorithm>
+
 namespace tallyvane::app {
 
 // The command line's vocabulary, from which the parser takes its names and from which --help, the
@@ -14,8 +16,7 @@ struct CommandUsage {
     QLatin1StringView name;
     QLatin1StringView text;
     Command command = Command::desktop;
-    qsizetype maximumWords = 0;   ///< that may follow the name
-    QLatin1StringView words = {}; ///< how --help writes them
+    qsizetype maximumWords = 0; ///< that may follow the name
 };
 
 struct OptionUsage {
@@ -23,6 +24,25 @@ struct OptionUsage {
     QLatin1StringView text;     ///< no quotation marks or brackets, which shells interpret
     QLatin1StringView commands; ///< that accept it, as "a, b"; empty: only without a command
     QLatin1StringView letters;  ///< the short forms; may be empty
+    QLatin1StringView value;    ///< what follows the option, as in "NAME"; may be empty
+    QLatin1StringView values;   ///< that completions offer, as "a, b"; may be empty
+};
+
+/// A word that follows `config`.
+struct ConfigWordUsage {
+    QLatin1StringView name;
+    QLatin1StringView arguments; ///< such as "KEY VALUE"
+    QLatin1StringView text;
+
+    [[nodiscard]] constexpr qsizetype argumentCount() const {
+        return arguments.isEmpty() ? 0 : std::ranges::count(arguments, u' ') + 1;
+    }
+};
+
+struct SettingUsage {
+    QLatin1StringView key;
+    QLatin1StringView text;   ///< what a value looks like
+    QLatin1StringView values; ///< that completions offer, as "a, b"; empty: names of files
 };
 
 inline constexpr CommandUsage commandUsages[] = {
@@ -40,7 +60,7 @@ inline constexpr CommandUsage commandUsages[] = {
      Command::doctor},
     {QLatin1StringView{"config"},
      QLatin1StringView{"Show or change the settings; a running program takes the change at once."},
-     Command::config, 3, QLatin1StringView{"list, get KEY, set KEY VALUE, unset KEY"}},
+     Command::config, 3},
     {QLatin1StringView{"help"}, QLatin1StringView{"Print this help."}, Command::help},
     {QLatin1StringView{"version"}, QLatin1StringView{"Print the version."}, Command::version},
 };
@@ -54,6 +74,21 @@ inline constexpr OptionUsage commandOptionUsages[] = {
     {.name = QLatin1StringView{"online"},
      .text = QLatin1StringView{"With doctor: send one request to the Claude service too."},
      .commands = QLatin1StringView{"doctor"}},
+    {.name = QLatin1StringView{"provider"},
+     .text = QLatin1StringView{"With status: show this provider alone, codex or claude."},
+     .commands = QLatin1StringView{"status"},
+     .value = QLatin1StringView{"NAME"},
+     .values = QLatin1StringView{"codex, claude"}},
+    {.name = QLatin1StringView{"below"},
+     .text = QLatin1StringView{"With status: exit with 1 when the lowest five-hour percentage left "
+                               "is under N, 0 to 100."},
+     .commands = QLatin1StringView{"status"},
+     .value = QLatin1StringView{"N"}},
+    {.name = QLatin1StringView{"format"},
+     .text = QLatin1StringView{"With status: print one line of TEXT, in which fields stand for "
+                               "figures."},
+     .commands = QLatin1StringView{"status"},
+     .value = QLatin1StringView{"TEXT"}},
     {.name = QLatin1StringView{"waybar"},
      .text =
          QLatin1StringView{"With status: print one line of JSON for a custom module of Waybar."},
@@ -70,6 +105,36 @@ inline constexpr OptionUsage generalOptionUsages[] = {
      .letters = QLatin1StringView{"vV"}},
 };
 
+inline constexpr ConfigWordUsage configWordUsages[] = {
+    {QLatin1StringView{"list"}, {}, QLatin1StringView{"Print all settings."}},
+    {QLatin1StringView{"get"}, QLatin1StringView{"KEY"}, QLatin1StringView{"Print one."}},
+    {QLatin1StringView{"set"}, QLatin1StringView{"KEY VALUE"}, QLatin1StringView{"Change it."}},
+    {QLatin1StringView{"unset"}, QLatin1StringView{"KEY"},
+     QLatin1StringView{"Return it to what it was at first."}},
+};
+
+inline constexpr SettingUsage appearanceSetting{QLatin1StringView{"appearance"},
+                                                QLatin1StringView{"system, light or dark"},
+                                                QLatin1StringView{"system, light, dark"}};
+inline constexpr SettingUsage launchAtLoginSetting{QLatin1StringView{"launch-at-login"},
+                                                   QLatin1StringView{"on or off"},
+                                                   QLatin1StringView{"on, off"}};
+inline constexpr SettingUsage notificationsSetting{QLatin1StringView{"notifications"},
+                                                   QLatin1StringView{"on or off"},
+                                                   QLatin1StringView{"on, off"}};
+inline constexpr SettingUsage notificationWindowsSetting{
+    QLatin1StringView{"notification-windows"},
+    QLatin1StringView{"none, or times such as 09:00-18:00 and all-day separated by commas, each "
+                      "with off before it while not in use"},
+    QLatin1StringView{"none, all-day"}};
+inline constexpr SettingUsage codexPathSetting{
+    QLatin1StringView{"codex-path"},
+    QLatin1StringView{"the path of the Codex CLI, or nothing, to have it looked for"},
+    {}};
+inline constexpr SettingUsage settingUsages[] = {appearanceSetting, launchAtLoginSetting,
+                                                 notificationsSetting, notificationWindowsSetting,
+                                                 codexPathSetting};
+
 /// A term and its meaning, or without a term a literal line.
 struct UsageEntry {
     QString term;
@@ -83,7 +148,7 @@ struct UsageSection {
 
 [[nodiscard]] QList<UsageSection> usageSections();
 
-/// What --help prints.
+/// What --help prints, within 80 columns.
 [[nodiscard]] QString helpText();
 
 } // namespace tallyvane::app

@@ -1,7 +1,9 @@
 #include "app/command_line.h"
 #include "support/test_main.h"
 
+using namespace Qt::StringLiterals;
 using namespace tallyvane::app;
+using tallyvane::model::AIProvider;
 
 class CommandLineTest : public tallyvane::tests::HermeticTest {
     Q_OBJECT
@@ -18,6 +20,10 @@ private Q_SLOTS:
             {"", {}},
             {"status --json", {Command::status, OutputFormat::json}},
             {"--waybar status", {Command::status, OutputFormat::waybar}},
+            {"status --format={x} --below 5",
+             {Command::status, OutputFormat::fields, {.below = 5, .format = u"{x}"_s}}},
+            {"status --provider claude --waybar",
+             {Command::status, OutputFormat::waybar, {AIProvider::claude}}},
             {"--background", {.startMode = StartMode::background}},
             {"status -h", {.command = Command::help}}};
         for (const auto& [arguments, expected] : rows) {
@@ -26,14 +32,22 @@ private Q_SLOTS:
     }
 
     void refuses() {
-        const std::pair<const char*, const char*> rows[] = {{"--colour", "colour"},
-                                                            {"statuses", "statuses"},
-                                                            {"refresh status", "status"},
-                                                            {"refresh --background", "background"},
-                                                            {"config --json", "status"},
-                                                            {"--waybar", "status"},
-                                                            {"status --json --waybar", "exclude"},
-                                                            {"status --json=1", "json"}};
+        const std::pair<const char*, const char*> rows[] = {
+            {"--colour", "colour"},
+            {"statuses", "statuses"},
+            {"refresh status", "status"},
+            {"refresh --background", "background"},
+            {"config --json", "status"},
+            {"--waybar", "status"},
+            {"status --json --waybar", "exclude"},
+            {"status --waybar --format x", "exclude"},
+            {"status --json --provider codex", "exclude"},
+            {"status --provider Codex", "'Codex'"},
+            {"status --below 101", "'101'"},
+            {"status --below -1", "'-1'"},
+            {"status --below", "below"},
+            {"refresh --provider codex", "with status"},
+            {"status --json=1", "json"}};
         for (const auto& [arguments, error] : rows) {
             const auto parsed = parse(arguments);
             QVERIFY2(!parsed && parsed.error().contains(QLatin1String(error)), arguments);

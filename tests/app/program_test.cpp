@@ -123,9 +123,33 @@ private Q_SLOTS:
               "tallyvane: Unknown option '--colour'. Try 'tallyvane --help'.\n");
         check("\"$0\" status", 4, "", "tallyvane refresh");
         check("\"$0\" status --waybar", 4, R"("class":"none")", "tallyvane refresh");
+        check("\"$0\" status --format {lowest}", 4, "-\n", "tallyvane refresh");
+        check("\"$0\" status --format {low}", 2, "", "field '{low}' in");
+        check("exec \"$0\" \"`printf 'a\\033[1m\\302\\233\\342\\200\\256\\nb'`\"", 2, "",
+              "command 'a b'.");
         check("\"$0\" history", 4, "", "No history");
         check("rm -r \"$HOME/data\"; echo >\"$HOME/data\"; \"$0\" refresh", 1, "",
               "quota-snapshot.json");
+    }
+
+    void coloursAsWished() {
+        const std::pair<const char*, bool> rows[] = {
+            {"TERM=xterm script -qec '%1 status' /dev/null", true},
+            {"TERM=xterm NO_COLOR=1 script -qec '%1 status' /dev/null", false},
+            {"TERM=dumb script -qec '%1 status' /dev/null", false},
+            {"TERM=xterm script -qec '%1 refresh' /dev/null", true}, // a line that is erased
+            {"TERM=dumb script -qec '%1 refresh' /dev/null", false},
+            {"%1 status", false},
+            {"CLICOLOR_FORCE=1 %1 status", true},
+            {"CLICOLOR_FORCE=0 %1 status", false},
+            {"CLICOLOR_FORCE=1 NO_COLOR=1 %1 status", false}};
+        for (const auto& [command, isColoured] : rows) {
+            const Run shown =
+                runShell(u"export GAUGEWELL_USE_FIXTURES=1; "_s +
+                         QString::fromLatin1(command).arg(QStringLiteral(TALLYVANE_PROGRAM)));
+            QVERIFY2(shown.output.contains(u"Claude"), qPrintable(shown.output));
+            QVERIFY2(shown.output.contains(u'\033') == isColoured, command);
+        }
     }
 
     void keepsTheSettings() {
@@ -153,6 +177,12 @@ private Q_SLOTS:
         QCOMPARE(run("config").output, u"appearance = system\nlaunch-at-login = off\n"
                                        "notifications = off\nnotification-windows = 09:00-18:00\n"
                                        "codex-path = \n"_s);
+
+        const Run odd = runShell(u"cd; cp .local/bin/codex \"`printf 'a\\033[2mb'`\"; "
+                                 "\"$0\" config set codex-path \"$HOME/a\"*b; export P=\"$0\"; "
+                                 "script -qec '\"$P\" config get codex-path' /dev/null"_s);
+        QCOMPARE(odd.output, inHome("ab\r\n"));
+        QCOMPARE(run("config unset codex-path").exitCode, 0);
 
         const std::pair<const char*, int> mistakes[] = {{"set appearance Dark", 2},
                                                         {"set notifications yes", 2},
@@ -209,12 +239,12 @@ private Q_SLOTS:
                  qPrintable(current.output + current.error));
         QCOMPARE(run("refresh --json").output.toUtf8(), encodeRefreshResult(result) + '\n');
 
-        result.report.failures[model::AIProvider::codex] = {.text = u"Gone, a@b.example."_s,
-                                                            .advice = u"Look."_s};
+        result.report.failures[model::AIProvider::codex] = {
+            .text = u"Gone\u202E\u0085, a@b.example."_s, .advice = u"Look."_s};
         const Run failed = run("refresh");
         QCOMPARE(failed.exitCode, 3);
         QCOMPARE(failed.error, u"tallyvane: Codex: Gone, (e-mail address).\n  Look.\n"_s);
-        QVERIFY(!run("refresh --json").output.contains(u"a@b.example"));
+        QVERIFY(run("refresh --json").output.contains(u"Gone\\u202e\\u0085, (e-mail address)"));
 
         result.report.outcome = core::RefreshReport::Outcome::notSaved;
         result.report.notSaved = u"Disk full."_s;
@@ -304,6 +334,12 @@ private Q_SLOTS:
         QCOMPARE(model::decodeSnapshot(stored)->providers.at(1).statusMessage, u"Keychain auth"_s);
         QCOMPARE(run("status --json").output.toUtf8(), stored + '\n');
         QVERIFY(run("status --waybar").output.contains(u"\"text\":\"58%\""));
+        const std::pair<const char*, int> limits[] = {
+            {"--below 58", 0}, {"--below 59 --json", 1}, {"--below 59 --provider claude", 4}};
+        for (const auto& [limit, exitCode] : limits) {
+            const Run judged = runShell(u"\"$0\" status "_s + QLatin1StringView(limit));
+            QVERIFY2(judged.exitCode == exitCode && !judged.output.isEmpty(), limit);
+        }
 
         installCodex(R"(echo '{"error":{"message":"me@example.com: not signed in"},"id":1}'; cat)");
         const Run failed = run("refresh");
@@ -313,6 +349,26 @@ private Q_SLOTS:
             qPrintable(failed.error));
         QVERIFY2(failed.output.contains(u"58% left  Sync pending\n"), qPrintable(failed.output));
         QVERIFY(!run("status --json").output.contains(u"not signed in"));
+    }
+
+    void runsTheDocumentedExamples() {
+        tests::installCodex(42);
+        QCOMPARE(run("refresh").exitCode, 3);
+        const QString document = QString::fromUtf8(
+            tests::readFile(QStringLiteral(TALLYVANE_TEST_DATA "/../../docs/status-bars.md")));
+        const QRegularExpression form(u"tallyvane (status(?: --[a-z]+(?: '[^']*'| \\w+)?)+)"_s);
+        int found = 0;
+        const QStringList parts = document.split(u"```"_s);
+        for (qsizetype block = 1; block < parts.size(); block += 2) {
+            for (const auto& example : form.globalMatch(parts[block])) {
+                const Run shown = run(example.captured(1).toUtf8());
+                QVERIFY2(shown.exitCode == 0 && shown.error.isEmpty() && !shown.output.isEmpty() &&
+                             !shown.output.contains(u'{'),
+                         qPrintable(example.captured() + shown.output + shown.error));
+                ++found;
+            }
+        }
+        QCOMPARE(found, 8);
     }
 
     /// It may be about to store a new sign-in of its own, and the user does not wait for that.

@@ -2,6 +2,7 @@
 
 #include "app/refresh_result.h"
 #include "model/quota_display.h"
+#include "platform/linux/desktop_report.h"
 #include "platform/linux/notification_settings_page.h"
 
 #include <QtCore/QCoreApplication>
@@ -143,6 +144,7 @@ WindowsContext DesktopProgram::windowsContext() {
             .loginItem = m_loginItem,
             .notificationCentre = m_composition.notificationCentre,
             .codexProgram = codexSetting(),
+            .statusHostAdvice = platform::statusHostAdvice(m_environment.currentDesktop),
             .launchContext = m_environment.launchContext,
             .timeLocale = m_environment.timeLocale,
             .zone = m_environment.zone,

@@ -32,6 +32,7 @@ public:
                                   .zone = context.zone,
                                   .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                   .codexProgram = context.codexProgram,
+                                  .statusHostAdvice = context.statusHostAdvice,
                                   .openNotificationSettings = context.openNotificationSettings,
                                   .takeLaunchQuestion = [&defaults = context.defaults,
                                                          launch = context.launchContext] {

@@ -23,6 +23,7 @@ struct WindowsContext {
     platform::LoginItem& loginItem;
     platform::NotificationCentre& notificationCentre;
     core::ProgramSetting codexProgram;
+    QString statusHostAdvice;
     core::LaunchContext launchContext;
     std::string timeLocale;
     model::LocalZone zone;
