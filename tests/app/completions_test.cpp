@@ -15,8 +15,8 @@ class CompletionsTest : public tests::HermeticTest {
         const QString script = QStringLiteral(TALLYVANE_TEST_DATA "/completions/complete.");
         tests::RunningProgram program;
         program.setWorkingDirectory(QDir::homePath());
-        program.start(
-            shell, {script + shell, QString::fromUtf8(line), QStringLiteral(TALLYVANE_COMPLETIONS)});
+        program.start(shell, {script + shell, QString::fromUtf8(line),
+                              QStringLiteral(TALLYVANE_COMPLETIONS)});
         if (!program.hasEnded()) {
             return u"(no end)"_s;
         }
