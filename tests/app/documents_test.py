@@ -116,7 +116,9 @@ class Documents(unittest.TestCase):
         settings = configparser.RawConfigParser(strict=False)
         settings.optionxform = str
         settings.read(self.home / '.config/group.corvelle.Gaugewell.conf')
-        keys = set(settings['General']) | ({'hasAskedLaunchAtLogin'} & set(literals()))
+        keys = set(settings['General']) | (
+            {'hasAskedLaunchAtLogin', 'hidesStatusHostNotice', 'windowMaximized', 'windowSize'}
+            & set(literals()))
         self.assertEqual(keys, set(sections()['Settings']))
 
     def test_exit_codes(self):

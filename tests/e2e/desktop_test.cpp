@@ -62,7 +62,7 @@ QByteArray windows() {
                   "sed -n 's/.*Geometry: //p'");
 }
 
-const QByteArray mainWindow = "820x700\n";
+const QByteArray mainWindow = "820x760\n";
 
 bool isPanelOpen() {
     const QByteArray sizes = windows();

@@ -108,7 +108,7 @@ private Q_SLOTS:
             QVERIFY(run->program.hasEnded());
             const QByteArray errors = readFile(run->home + u"/errors"_s);
             QVERIFY2(errors.startsWith(run->expected), errors);
-            QCOMPARE(errors.count('\n'), run->expected.isEmpty() ? 0 : 1);
+            QCOMPARE(errors.count('\n'), run->expected.isEmpty() ? 0 : 2);
             QCOMPARE(run->program.exitCode(), run->expected.isEmpty() ? 0 : 3);
         }
         TALLYVANE_TRY_VERIFY(tests::processesIn(qgetenv("HOME")).isEmpty());

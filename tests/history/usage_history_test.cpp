@@ -119,7 +119,7 @@ private Q_SLOTS:
         Desk desk;
         const auto block = [&] { // a directory cannot be replaced by a file
             std::filesystem::remove(desk.suite);
-            std::filesystem::create_directory(desk.suite);
+            std::filesystem::create_directories(desk.suite);
         };
         block();
         QCOMPARE(desk.tokens(1000), 0);
