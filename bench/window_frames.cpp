@@ -85,7 +85,7 @@ int main(int argc, char** argv) {
         qFatal("%s", qPrintable(loaded.error()));
     }
     app::Windows& windows = **loaded;
-    const auto toggle = [&] { windows.togglePanel({100, 20}); };
+    const auto toggle = [&] { windows.togglePanel(QPoint(100, 20)); };
     if (asked == "panel") {
         toggle();
         const double milliseconds = first.toFrame();

@@ -76,7 +76,7 @@ QSet<QString> documentedBusMembers() {
     return members;
 }
 
-QCoro::Task<platform::DBusApplication::RefreshAnswer> answer(app::RefreshResult result) {
+QCoro::Task<platform::DBusApplication::RefreshAnswer> refreshAnswer(app::RefreshResult result) {
     co_return platform::DBusApplication::RefreshAnswer{
         .report = QString::fromUtf8(encodeRefreshResult(result))};
 }
@@ -229,7 +229,7 @@ private Q_SLOTS:
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
         app::RefreshResult result{.snapshot = model::placeholderSnapshot(now)};
         result.snapshot.providers[1].syncedAt = now;
-        platform::DBusApplication desktop([&result] { return answer(result); });
+        platform::DBusApplication desktop([&result] { return refreshAnswer(result); });
         const QSignalSpy activated(&desktop, &platform::DBusApplication::activated);
         QCOMPARE(desktop.registerOnBus(), platform::DBusApplication::Registration::owner);
 

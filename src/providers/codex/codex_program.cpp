@@ -106,7 +106,7 @@ CodexPlaces codexPlaces(const QString& home, const QString& dataHome,
 }
 
 std::expected<QString, ProcessRunnerError> CodexProgram::path() const {
-    if (const QString path = chosen(); !path.isEmpty()) {
+    if (QString path = chosen(); !path.isEmpty()) {
         if (auto wrong = fault(path)) {
             wrong->text = model::readableLine(wrong->text);
             return std::unexpected(*wrong);
