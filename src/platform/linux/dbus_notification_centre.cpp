@@ -8,6 +8,7 @@
 #include <QtCore/QPromise>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTimer>
+#include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusServiceWatcher>
 
 #include <utility>
