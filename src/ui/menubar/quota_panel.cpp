@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace tallyvane::ui {
 
@@ -19,10 +20,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Whether a program can read the pointer's position and grab presses outside its windows.
-bool hasGlobalPointer() {
-    return QGuiApplication::platformName() == QLatin1StringView("xcb");
-}
+/// Within which a host passes on what it does about a press.
+constexpr auto hostDelay = 250ms;
 
 /// Device-independent pixels, which begin at each screen's corner.
 QPoint fromPixels(QPoint pixels) {
@@ -67,22 +66,6 @@ public:
     }
 
 protected:
-    void exposeEvent(QExposeEvent* event) override {
-        QQuickView::exposeEvent(event);
-        // Only an exposed window can grab presses elsewhere.
-        if (isExposed() && hasGlobalPointer()) {
-            setMouseGrabEnabled(true);
-        }
-    }
-
-    void mousePressEvent(QMouseEvent* event) override {
-        if (QRectF(QPointF(), QSizeF(size())).contains(event->position())) {
-            QQuickView::mousePressEvent(event);
-        } else {
-            m_panel.close();
-        }
-    }
-
     void keyPressEvent(QKeyEvent* event) override {
         QQuickView::keyPressEvent(event);
         if (!event->isAccepted() && event->key() == Qt::Key_Escape) {
@@ -103,6 +86,17 @@ QuotaPanel::QuotaPanel(std::function<QQmlEngine&()> engine, MenuBarQuotaViewMode
     : m_engine(std::move(engine)), m_viewModel(viewModel) {
     connect(&viewModel, &MenuBarQuotaViewModel::openRequested, this, &QuotaPanel::close);
     connect(&viewModel, &MenuBarQuotaViewModel::quitRequested, this, &QuotaPanel::close);
+    connect(&m_presses, &PressWatch::pressed, this, [this] {
+        if (isOpen() && !m_window->geometry().contains(QCursor::pos())) {
+            m_isClosingPressHeld = true;
+            close();
+        }
+    });
+    connect(&m_presses, &PressWatch::released, this, [this] {
+        if (std::exchange(m_isClosingPressHeld, false)) {
+            endClosingPress();
+        }
+    });
 }
 
 QuotaPanel::~QuotaPanel() = default;
@@ -110,6 +104,8 @@ QuotaPanel::~QuotaPanel() = default;
 void QuotaPanel::toggle(std::optional<QPoint> itemPosition) {
     if (isOpen()) {
         close();
+    } else if (std::exchange(m_isClosingPressHeld, false)) {
+        endClosingPress();
     } else if (m_samePress.hasExpired()) {
         open(itemPosition);
     }
@@ -123,16 +119,23 @@ void QuotaPanel::open(std::optional<QPoint> itemPosition) {
     m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
     m_window->show();
     m_window->requestActivate();
+    m_presses.setWatching(true);
 }
 
 void QuotaPanel::close() {
     if (!isOpen()) {
         return;
     }
-    m_samePress.setRemainingTime(250ms);
+    m_samePress.setRemainingTime(hostDelay);
+    m_presses.setWatching(m_isClosingPressHeld); // hosts act on a press or on its release
     m_closed = std::move(m_window);
     m_closed->hide();
     QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);
+}
+
+void QuotaPanel::endClosingPress() {
+    m_samePress.setRemainingTime(hostDelay);
+    m_presses.setWatching(isOpen());
 }
 
 QWindow* QuotaPanel::window() const {
