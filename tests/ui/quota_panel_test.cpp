@@ -5,6 +5,7 @@
 #include "ui/menubar/quota_panel.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QCursor>
 #include <QtGui/QDesktopServices>
 
 using namespace tallyvane;
@@ -89,6 +90,19 @@ private Q_SLOTS:
                                                   {{900, 800}, {745, 592}}};
         for (const auto& [point, expected] : rows) {
             QCOMPARE(ui::panelPosition({310, 200}, point, {0, 30, 1920, 1010}), expected);
+        }
+    }
+
+    /// The item's place, also where the host counts in units of two or three pixels.
+    void opensAtTheItem() {
+        const std::pair<QPoint, int> rows[] = {
+            {{402, 10}, 402}, {{201, 5}, 402}, {{134, 3}, 402}, {{350, 700}, 350}};
+        OpenPanel open;
+        for (const auto& [position, centre] : rows) {
+            QCursor::setPos(402, 10);
+            open.panel.close();
+            open.panel.open(position);
+            QCOMPARE(open.view()->x() + open.view()->width() / 2, centre);
         }
     }
 

@@ -35,6 +35,19 @@ QPoint fromPixels(QPoint pixels) {
     return pixels;
 }
 
+/// The place of the item that a host says is at `position`. Hosts scaled by GTK or Qt count in
+/// their own units, which none names; but a click leaves the pointer there.
+QPoint itemPlace(QPoint position) {
+    constexpr int reach = 32; // as the pointer may have moved on
+    const QPoint pointer = QCursor::pos();
+    for (const double scale : {1.0, 2.0, 3.0, qGuiApp->devicePixelRatio()}) {
+        if ((fromPixels(position * scale) - pointer).manhattanLength() < reach) {
+            return pointer;
+        }
+    }
+    return fromPixels(position);
+}
+
 QRect availableAt(QPoint point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
@@ -115,7 +128,7 @@ void QuotaPanel::open(std::optional<QPoint> itemPosition) {
     if (!isOpen()) {
         m_window = std::make_unique<Window>(*this, m_engine());
     }
-    const QPoint point = itemPosition ? fromPixels(*itemPosition) : QCursor::pos();
+    const QPoint point = itemPosition ? itemPlace(*itemPosition) : QCursor::pos();
     m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
     m_window->show();
     m_window->requestActivate();

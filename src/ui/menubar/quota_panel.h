@@ -37,7 +37,8 @@ public:
     /// panel, as a press elsewhere, does not reopen it, however long it is held.
     void toggle(std::optional<QPoint> itemPosition);
     /// Opens the panel at `itemPosition`, in the screen's pixels, or else at the pointer, as far as
-    /// the desktop lets windows choose their position.
+    /// the desktop lets windows choose their position. A position that is the pointer's in the
+    /// units of a scaled host counts as the pointer's.
     void open(std::optional<QPoint> itemPosition);
     void close();
     [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
