@@ -23,7 +23,8 @@ struct OpenPanel final : tests::ShownWindow {
         return static_cast<QQuickView*>(panel.window());
     }
 
-    ui::MenuBarQuotaViewModel viewModel{idle.model};
+    ui::MenuBarQuotaViewModel viewModel{
+        idle.model, idle.clock, {"C", model::LocalZone(QTimeZone::utc())}};
     ui::QuotaPanel panel{[this]() -> QQmlEngine& { return *engine; }, viewModel};
 };
 
@@ -38,6 +39,10 @@ private Q_SLOTS:
     void followsTheModel() {
         OpenPanel open;
         QCOMPARE(open.text("summary"), u"5H 58%  ·  WK 32%"_s);
+        QCOMPARE(open.text("details"), u"5H resets in 2h 14m  ·  WK Sat 00:00"_s);
+        open.idle.clock.advance(20min);
+        QCOMPARE(open.text("details"),
+                 u"5H resets in 1h 54m  ·  WK Sat 00:00  ·  Last updated 22 min ago"_s);
         QList<bool> states; // Without an assistant a refresh may end before it is awaited.
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.view(), [&] {
             states << open.item("refresh")->isEnabled() << (open.item("spinner") == nullptr);

@@ -125,14 +125,23 @@ void QuotaPanel::toggle(std::optional<QPoint> itemPosition) {
 }
 
 void QuotaPanel::open(std::optional<QPoint> itemPosition) {
+    m_viewModel.setShown(true);
     if (!isOpen()) {
         m_window = std::make_unique<Window>(*this, m_engine());
+        connect(m_window.get(), &QWindow::heightChanged, this, &QuotaPanel::place);
     }
-    const QPoint point = itemPosition ? itemPlace(*itemPosition) : QCursor::pos();
-    m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
+    m_itemPlace = itemPosition ? itemPlace(*itemPosition) : QCursor::pos();
+    place();
     m_window->show();
     m_window->requestActivate();
     m_presses.setWatching(true);
+}
+
+void QuotaPanel::place() {
+    if (isOpen()) {
+        m_window->setPosition(
+            panelPosition(m_window->size(), m_itemPlace, availableAt(m_itemPlace)));
+    }
 }
 
 void QuotaPanel::close() {
@@ -143,6 +152,7 @@ void QuotaPanel::close() {
     m_presses.setWatching(m_isClosingPressHeld); // hosts act on a press or on its release
     m_closed = std::move(m_window);
     m_closed->hide();
+    m_viewModel.setShown(false);
     QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);
 }
 

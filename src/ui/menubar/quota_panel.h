@@ -48,12 +48,14 @@ public:
 private:
     class Window;
 
+    void place();
     void endClosingPress();
 
     std::function<QQmlEngine&()> m_engine;
     MenuBarQuotaViewModel& m_viewModel;
     std::unique_ptr<Window> m_window;
     std::unique_ptr<Window> m_closed; ///< until the event that closed it has been handled
+    QPoint m_itemPlace;               ///< which the panel stays beside as its height changes
     PressWatch m_presses;
     bool m_isClosingPressHeld = false;
     QDeadlineTimer m_samePress; ///< until it expires, a press is the one that closed the panel
