@@ -66,6 +66,26 @@ private Q_SLOTS:
         QDesktopServices::unsetUrlHandler(u"https"_s);
     }
 
+    void obeysKeys() {
+        using ui::MenuBarQuotaViewModel;
+        const std::tuple<Qt::Key, Qt::KeyboardModifier, QMetaMethod> rows[] = {
+            {Qt::Key_F5, Qt::NoModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::refreshRequested)},
+            {Qt::Key_R, Qt::ControlModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::refreshRequested)},
+            {Qt::Key_Comma, Qt::ControlModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::settingsRequested)},
+            {Qt::Key_Q, Qt::ControlModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::quitRequested)}};
+        for (const auto& [key, modifier, command] : rows) {
+            const OpenPanel open;
+            const QSignalSpy requested(&open.viewModel, command);
+            QTRY_VERIFY(open.view()->isActive());
+            open.press(key, modifier);
+            QVERIFY2(requested.count() == 1, command.name());
+        }
+    }
+
     void closes() {
         OpenPanel open;
         QTRY_VERIFY(open.view()->isActive());

@@ -41,6 +41,8 @@ public:
         core::AppModel& model = context.model;
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::openRequested, &m_mainWindow,
                          &ui::MainWindow::open);
+        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::settingsRequested,
+                         &m_mainWindow, &ui::MainWindow::openSettings);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested, &model,
                          &core::AppModel::startRefresh);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::quitRequested, qApp,

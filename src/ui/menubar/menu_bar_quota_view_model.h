@@ -52,6 +52,7 @@ Q_SIGNALS:
     void isRefreshingChanged();
     // The user's commands.
     void openRequested();
+    void settingsRequested();
     void refreshRequested();
     void quitRequested();
 

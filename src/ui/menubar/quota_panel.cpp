@@ -98,6 +98,7 @@ private:
 QuotaPanel::QuotaPanel(std::function<QQmlEngine&()> engine, MenuBarQuotaViewModel& viewModel)
     : m_engine(std::move(engine)), m_viewModel(viewModel) {
     connect(&viewModel, &MenuBarQuotaViewModel::openRequested, this, &QuotaPanel::close);
+    connect(&viewModel, &MenuBarQuotaViewModel::settingsRequested, this, &QuotaPanel::close);
     connect(&viewModel, &MenuBarQuotaViewModel::quitRequested, this, &QuotaPanel::close);
     connect(&m_presses, &PressWatch::pressed, this, [this] {
         if (isOpen() && !m_window->geometry().contains(QCursor::pos())) {
