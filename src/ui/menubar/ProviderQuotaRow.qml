@@ -13,13 +13,14 @@ LinkRow {
     required property string summary
     required property string details
     required property string trouble
+    required property string description
 
     implicitWidth: 0 // it fills the panel, whose width does not depend on the texts
     horizontalPadding: Theme.spacing
     verticalPadding: Theme.smallSpacing
     destination: usagePage
     text: name
-    Accessible.description: [summary, details, trouble].filter(text => text !== "").join("; ")
+    Accessible.description: description
 
     contentItem: RowLayout {
         spacing: Theme.spacing

@@ -38,12 +38,16 @@ void MenuBarQuotaViewModel::updateRows() {
         //: %1 is how long ago, such as "20 min ago"
         details << (age.isEmpty() ? QString() : tr("Last updated %1").arg(age));
         details.removeAll(QString());
-        rows.push_back(
-            {.name = model::displayName(provider),
-             .usagePage = QUrl(model::usagePage(provider)),
-             .summary = model::summaryText(entry),
-             .details = details.join(QStringLiteral("  \u00B7  ")),
-             .trouble = failed == failures.end() ? QString() : failed->second.sentences()});
+        ProviderRow row{.name = model::displayName(provider),
+                        .usagePage = QUrl(model::usagePage(provider)),
+                        .summary = model::summaryText(entry),
+                        .details = details.join(QStringLiteral("  \u00B7  ")),
+                        .trouble =
+                            failed == failures.end() ? QString() : failed->second.sentences()};
+        QStringList spoken = {row.summary, row.details, row.trouble};
+        spoken.removeAll(QString());
+        row.description = spoken.join(QStringLiteral("; "));
+        rows.push_back(std::move(row));
     }
     m_rows.setRecords(std::move(rows));
 }

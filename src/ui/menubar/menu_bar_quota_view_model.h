@@ -18,6 +18,7 @@ class ProviderRow {
     Q_PROPERTY(QString summary MEMBER summary)
     Q_PROPERTY(QString details MEMBER details)
     Q_PROPERTY(QString trouble MEMBER trouble)
+    Q_PROPERTY(QString description MEMBER description)
 
 public:
     QString name;
@@ -25,7 +26,8 @@ public:
     QString summary;
     QString
         details; ///< when the quotas reset and, if the figures are old, since when; may be empty
-    QString trouble; ///< why the figures are not current and what to do; may be empty
+    QString trouble;     ///< why the figures are not current and what to do; may be empty
+    QString description; ///< these texts, to be read aloud
 
     bool operator==(const ProviderRow&) const = default;
 };
