@@ -143,7 +143,18 @@ private Q_SLOTS:
         TALLYVANE_TRY_VERIFY(windows().isEmpty());
         QVERIFY(hasOpenedPanel());
         QVERIFY(hasClosed("Escape"));
-        // Its third control opens the window, and its fourth refreshes.
+        // A right click on the item opens the menu instead.
+        QVERIFY(hasOpenedPanel());
+        const auto desktopWindows = [] {
+            return output("xdotool search --onlyvisible --class 'panel|wrapper'").count('\n');
+        };
+        const qsizetype withoutMenu = desktopWindows();
+        output("xdotool mousemove 24 16 click 3");
+        TALLYVANE_TRY_VERIFY(windows().isEmpty() && desktopWindows() > withoutMenu);
+        output("xdotool key Down Down Down Return");
+        TALLYVANE_TRY_COMPARE(windows(), mainWindow);
+        QVERIFY(hasClosed("ctrl+w"));
+        // The panel's third control opens the window, and its fourth refreshes.
         QVERIFY(hasOpenedPanel());
         output("xdotool key Tab Tab Tab Return");
         TALLYVANE_TRY_COMPARE(windows(), mainWindow);

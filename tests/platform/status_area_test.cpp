@@ -84,7 +84,7 @@ private Q_SLOTS:
 
     /// The panel's own setting counts for the item's ink, and without one the desktop's preference.
     void inkSuitsThePanel() {
-        const tests::IdleModel idle(model::placeholderSnapshot({}));
+        tests::IdleModel idle(model::placeholderSnapshot({}));
         const auto hasInk = [](const char* pixel) {
             return tests::callOnBus(QDBusConnection::sessionBus().baseService(),
                                     "/StatusNotifierItem",
@@ -98,7 +98,8 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "wrapper-2.0");
         Desktop desktop;
         const platform::SystemAppearance appearance;
-        const app::StatusArea area(idle.model, appearance, {});
+        const app::StatusArea area(idle.model, appearance, idle.clock,
+                                   {"C", model::LocalZone(QTimeZone::utc())}, {});
         QTRY_VERIFY(hasInk(light));
         ::prctl(PR_SET_NAME, "status_area_test");
         desktop.change(appearanceGroup, colourScheme, 9U);

@@ -6,6 +6,7 @@
 #include <QtSvg/QSvgRenderer>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using namespace tallyvane;
 using model::ProviderQuotaSnapshot;
 using model::QuotaSyncState;
@@ -16,8 +17,9 @@ namespace {
 constexpr QPointF codexCentre(6.6, 6.6);
 constexpr QPointF claudeCentre(15.4, 15.4);
 
-std::optional<model::QuotaWindowSnapshot> used(double percent) {
-    return model::QuotaWindowSnapshot{.usedPercent = percent};
+std::optional<model::QuotaWindowSnapshot>
+used(double percent, std::optional<model::Timestamp> resetsAt = std::nullopt) {
+    return model::QuotaWindowSnapshot{.usedPercent = percent, .resetsAt = resetsAt};
 }
 
 } // namespace
@@ -81,11 +83,14 @@ private Q_SLOTS:
     }
 
     void summarises() {
-        const auto check = [](const std::vector<ProviderQuotaSnapshot>& entries,
-                              const GaugeValues& gauges, const char* tooltip) {
+        const model::Timestamp now{1000h}; // on a Wednesday
+        const model::WeekdayTimeFormat weekdayTime("C", model::LocalZone(QTimeZone::utc()));
+        const auto check = [&](const std::vector<ProviderQuotaSnapshot>& entries,
+                               const GaugeValues& gauges, const char* tooltip) {
             const model::QuotaSnapshot snapshot{.providers = entries};
             QVERIFY2(ui::gaugeValues(snapshot) == gauges, tooltip);
-            QCOMPARE(ui::tooltipLines(snapshot, {}).join(u'|'), QString::fromUtf8(tooltip));
+            QCOMPARE(ui::tooltipLines(snapshot, {}, now, weekdayTime).join(u'|'),
+                     QString::fromUtf8(tooltip));
         };
         using enum model::AIProvider;
         check({{.provider = codex, .fiveHour = used(99.5)}}, {.codex = 0.5},
@@ -98,8 +103,28 @@ private Q_SLOTS:
               "Tallyvane: 20%|Codex: 5H 87%  ·  WK 63%|Claude: 5H 19%  ·  WK 100%");
         check({{.provider = claude, .fiveHour = used(60), .syncState = QuotaSyncState::pending}},
               {.claude = 40}, "Tallyvane: 40%|Codex: 5H 0%  ·  WK 0%|Claude: Sync pending");
-        QCOMPARE(ui::tooltipLines({}, {{codex, {.text = u"No."_s, .advice = u"Do."_s}}}).last(),
-                 u"No. Do."_s);
+        check({{.provider = codex,
+                .fiveHour = used(10, now + 134min),
+                .week = used(20, now + 50h),
+                .syncedAt = now - 14min,
+                .syncState = QuotaSyncState::current},
+               {.provider = claude,
+                .fiveHour = used(60, now - 1s),
+                .week = used(30, now + 2min),
+                .syncedAt = now - 15min,
+                .syncState = QuotaSyncState::current}},
+              {.codex = 90, .claude = 40},
+              "Tallyvane: 40%|Codex: 5H 90%  ·  WK 80%| 5H resets in 2h 14m  ·  WK Fri 18:00|"
+              "Claude: 5H 40%  ·  WK 70% (last updated 15 min ago)| WK resets in 2m");
+        check({{.provider = claude,
+                .fiveHour = used(60, now + 1h),
+                .syncedAt = now - 5min,
+                .syncState = QuotaSyncState::pending}},
+              {.claude = 40},
+              "Tallyvane: 40%|Codex: 5H 0%  ·  WK 0%|"
+              "Claude: Sync pending (last updated 5 min ago)");
+        const core::Failures failures{{codex, {.text = u"No."_s, .advice = u"Do."_s}}};
+        QCOMPARE(ui::tooltipLines({}, failures, now, weekdayTime).last(), u"No. Do."_s);
     }
 };
 

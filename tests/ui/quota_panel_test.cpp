@@ -5,6 +5,7 @@
 #include "ui/menubar/quota_panel.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QCursor>
 #include <QtGui/QDesktopServices>
 
 using namespace tallyvane;
@@ -22,7 +23,8 @@ struct OpenPanel final : tests::ShownWindow {
         return static_cast<QQuickView*>(panel.window());
     }
 
-    ui::MenuBarQuotaViewModel viewModel{idle.model};
+    ui::MenuBarQuotaViewModel viewModel{
+        idle.model, idle.clock, {"C", model::LocalZone(QTimeZone::utc())}};
     ui::QuotaPanel panel{[this]() -> QQmlEngine& { return *engine; }, viewModel};
 };
 
@@ -37,6 +39,10 @@ private Q_SLOTS:
     void followsTheModel() {
         OpenPanel open;
         QCOMPARE(open.text("summary"), u"5H 58%  ·  WK 32%"_s);
+        QCOMPARE(open.text("details"), u"5H resets in 2h 14m  ·  WK Sat 00:00"_s);
+        open.idle.clock.advance(20min);
+        QCOMPARE(open.text("details"),
+                 u"5H resets in 1h 54m  ·  WK Sat 00:00  ·  Last updated 22 min ago"_s);
         QList<bool> states; // Without an assistant a refresh may end before it is awaited.
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.view(), [&] {
             states << open.item("refresh")->isEnabled() << (open.item("spinner") == nullptr);
@@ -58,6 +64,26 @@ private Q_SLOTS:
         open.press(Qt::Key_Return);
         QCOMPARE(m_opened, QUrl(model::usagePage(model::AIProvider::claude)));
         QDesktopServices::unsetUrlHandler(u"https"_s);
+    }
+
+    void obeysKeys() {
+        using ui::MenuBarQuotaViewModel;
+        const std::tuple<Qt::Key, Qt::KeyboardModifier, QMetaMethod> rows[] = {
+            {Qt::Key_F5, Qt::NoModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::refreshRequested)},
+            {Qt::Key_R, Qt::ControlModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::refreshRequested)},
+            {Qt::Key_Comma, Qt::ControlModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::settingsRequested)},
+            {Qt::Key_Q, Qt::ControlModifier,
+             QMetaMethod::fromSignal(&MenuBarQuotaViewModel::quitRequested)}};
+        for (const auto& [key, modifier, command] : rows) {
+            const OpenPanel open;
+            const QSignalSpy requested(&open.viewModel, command);
+            QTRY_VERIFY(open.view()->isActive());
+            open.press(key, modifier);
+            QVERIFY2(requested.count() == 1, command.name());
+        }
     }
 
     void closes() {
@@ -89,6 +115,19 @@ private Q_SLOTS:
                                                   {{900, 800}, {745, 592}}};
         for (const auto& [point, expected] : rows) {
             QCOMPARE(ui::panelPosition({310, 200}, point, {0, 30, 1920, 1010}), expected);
+        }
+    }
+
+    /// The item's place, also where the host counts in units of two or three pixels.
+    void opensAtTheItem() {
+        const std::pair<QPoint, int> rows[] = {
+            {{402, 10}, 402}, {{201, 5}, 402}, {{134, 3}, 402}, {{350, 700}, 350}};
+        OpenPanel open;
+        for (const auto& [position, centre] : rows) {
+            QCursor::setPos(402, 10);
+            open.panel.close();
+            open.panel.open(position);
+            QCOMPARE(open.view()->x() + open.view()->width() / 2, centre);
         }
     }
 

@@ -20,7 +20,7 @@ public:
     explicit QuickWindows(const WindowsContext& context)
         : m_appearance(context.model),
           m_engine(ui::makeEngine(m_appearance)),
-          m_panelModel(context.model),
+          m_panelModel(context.model, context.clock, {context.timeLocale, context.zone}),
           m_panel(engine(), m_panelModel),
           m_mainWindow(engine(), {.model = context.model,
                                   .defaults = context.defaults,
@@ -41,6 +41,8 @@ public:
         core::AppModel& model = context.model;
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::openRequested, &m_mainWindow,
                          &ui::MainWindow::open);
+        QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::settingsRequested,
+                         &m_mainWindow, &ui::MainWindow::openSettings);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::refreshRequested, &model,
                          &core::AppModel::startRefresh);
         QObject::connect(&m_panelModel, &ui::MenuBarQuotaViewModel::quitRequested, qApp,

@@ -23,9 +23,12 @@ constexpr int pictureSizes[] = {16, 22, 24, 32, 44};
 } // namespace
 
 StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
+                       const platform::Clock& clock, model::WeekdayTimeFormat weekdayTime,
                        const std::filesystem::path& iconFolder)
     : m_model(model),
       m_appearance(appearance),
+      m_clock(clock),
+      m_weekdayTime(std::move(weekdayTime)),
       m_iconFiles(iconFolder),
       m_item(QString(platform::applicationId)) {
     m_item.setTitle(QStringLiteral("Tallyvane"));
@@ -35,7 +38,9 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showSnapshot);
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showToolTip);
     connect(&model, &core::AppModel::failuresChanged, this, &StatusArea::showToolTip);
-    // The figures change during a refresh only.
+    // The figures change during a refresh only, and their age is told as of its end: a timer for
+    // each minute would wake the program and the panel for a text that is rarely read.
+    connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showToolTip);
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
     connect(&appearance, &platform::SystemAppearance::changed, this, &StatusArea::showSnapshot);
     connect(&m_panelColours, &platform::PanelColourPreference::changed, this,
@@ -72,11 +77,12 @@ void StatusArea::showSnapshot() {
 }
 
 void StatusArea::showToolTip() {
-    m_item.setToolTip(ui::tooltipLines(m_model.snapshot(), m_model.failures()));
+    m_item.setToolTip(
+        ui::tooltipLines(m_model.snapshot(), m_model.failures(), m_clock.now(), m_weekdayTime));
 }
 
 void StatusArea::showMenu() {
-    const QStringList lines = model::summaryLines(m_model.snapshot());
+    const QStringList lines = ui::menuLines(m_model.snapshot(), m_clock.now());
     m_item.setMenu({{.id = codexEntry, .text = lines.at(0)},
                     {.id = claudeEntry, .text = lines.at(1)},
                     {.id = firstSeparator, .isSeparator = true},

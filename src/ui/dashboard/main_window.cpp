@@ -87,6 +87,12 @@ void MainWindow::open() {
     m_window->requestActivate();
 }
 
+void MainWindow::openSettings() {
+    constexpr int settings = 2; // ContentView.Settings
+    open();
+    m_window->rootObject()->setProperty("page", settings);
+}
+
 void MainWindow::close() {
     if (!isOpen()) {
         return;

@@ -18,6 +18,8 @@ public:
 
     /// Opens the window or brings it to the front.
     void open();
+    /// As open(), on the page of settings.
+    void openSettings();
     void close();
     [[nodiscard]] bool isOpen() const { return m_window != nullptr; }
     /// Null while the window is closed.

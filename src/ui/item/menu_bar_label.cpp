@@ -2,9 +2,19 @@
 
 #include "model/quota_display.h"
 
+#include <QtCore/QCoreApplication>
+
+#include <utility>
+
 namespace tallyvane::ui {
 
 namespace {
+
+constexpr std::chrono::minutes oldAge{15};
+
+class MenuBarLabel {
+    Q_DECLARE_TR_FUNCTIONS(MenuBarLabel)
+};
 
 std::optional<double> gaugeValue(const model::ProviderQuotaSnapshot& entry) {
     const auto& window = entry.fiveHour ? entry.fiveHour : entry.week;
@@ -18,11 +28,53 @@ GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot) {
             .claude = gaugeValue(entryFor(snapshot, model::AIProvider::claude))};
 }
 
-QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failures& failures) {
+QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
+    const bool isOld = entry.syncState == model::QuotaSyncState::pending ||
+                       (entry.syncedAt && now - *entry.syncedAt >= oldAge);
+    return isOld && entry.syncedAt ? model::ageText(entry.syncedAt, now) : QString();
+}
+
+QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
+                   const model::WeekdayTimeFormat& weekdayTime) {
+    QStringList parts;
+    for (const auto& [window, name] : {std::pair(&entry.fiveHour, QStringLiteral("5H")),
+                                       std::pair(&entry.week, QStringLiteral("WK"))}) {
+        const auto resetsAt = *window ? (*window)->resetsAt : std::nullopt;
+        if (entry.syncState == model::QuotaSyncState::current && resetsAt && *resetsAt > now) {
+            //: %1 is "5H", %2 a time such as "in 2h 14m" or "Tue 15:45"
+            const QString text =
+                parts.isEmpty() ? MenuBarLabel::tr("%1 resets %2") : MenuBarLabel::tr("%1 %2");
+            parts << text.arg(name, model::resetText(resetsAt, entry, now, weekdayTime));
+        }
+    }
+    return parts.join(QStringLiteral("  \u00B7  "));
+}
+
+QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now) {
+    QStringList lines = model::summaryLines(snapshot);
+    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
+        const QString age = oldFiguresAge(entryFor(snapshot, provider), now);
+        if (!age.isEmpty()) {
+            //: %1 is how long ago, such as "20 min ago"
+            lines[std::to_underlying(provider)] += MenuBarLabel::tr(" (last updated %1)").arg(age);
+        }
+    }
+    return lines;
+}
+
+QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failures& failures,
+                         model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime) {
     const QString label = model::labelText(snapshot);
     const QString name = QStringLiteral("Tallyvane");
     QStringList lines = {label.isEmpty() ? name : QStringLiteral("%1: %2").arg(name, label)};
-    lines += model::summaryLines(snapshot);
+    const QStringList providerLines = menuLines(snapshot, now);
+    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
+        lines += providerLines.at(std::to_underlying(provider));
+        const QString resets = resetsLine(entryFor(snapshot, provider), now, weekdayTime);
+        if (!resets.isEmpty()) {
+            lines += u'\u2003' + resets; // hosts that parse markup drop plain spaces
+        }
+    }
     for (const auto& [provider, failure] : failures) {
         lines += failure.sentences();
     }

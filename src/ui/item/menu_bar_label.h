@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "model/weekday_time_format.h"
 
 #include <QtCore/QStringList>
 
@@ -18,9 +19,23 @@ struct GaugeValues {
 /// The percentages of the five-hour windows, or of the weekly ones where those are absent.
 [[nodiscard]] GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot);
 
-/// Plain text: a title with the smallest figure, as some panels show nothing else, then a line per
-/// provider, and lines on why figures are missing and what to do.
+/// How long ago the provider's figures were fetched, "20 min ago", if that was not in the last
+/// refresh or is a quarter of an hour ago or more; else empty.
+[[nodiscard]] QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry,
+                                    model::Timestamp now);
+
+/// When the provider's quotas reset, "5H resets in 2h 14m  ·  WK Tue 15:45"; empty if unknown.
+[[nodiscard]] QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
+                                 const model::WeekdayTimeFormat& weekdayTime);
+
+/// model::summaryLines(), with the age of old figures.
+[[nodiscard]] QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now);
+
+/// Plain text: a title with the smallest figure, as some panels show nothing else, then per
+/// provider its line of the menu and the resets, and lines on why figures are missing and what to
+/// do.
 [[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot,
-                                       const core::Failures& failures);
+                                       const core::Failures& failures, model::Timestamp now,
+                                       const model::WeekdayTimeFormat& weekdayTime);
 
 } // namespace tallyvane::ui

@@ -27,6 +27,19 @@ FocusScope {
     Keys.onDownPressed: moveFocus(true)
     Keys.onUpPressed: moveFocus(false)
 
+    Shortcut {
+        sequences: ["Ctrl+R", "F5"]
+        onActivated: root.viewModel.refreshRequested()
+    }
+    Shortcut {
+        sequence: "Ctrl+,"
+        onActivated: root.viewModel.settingsRequested()
+    }
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: root.viewModel.quitRequested()
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.panel

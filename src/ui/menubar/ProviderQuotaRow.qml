@@ -11,13 +11,16 @@ LinkRow {
     required property string name
     required property url usagePage
     required property string summary
+    required property string details
     required property string trouble
+    required property string description
 
+    implicitWidth: 0 // it fills the panel, whose width does not depend on the texts
     horizontalPadding: Theme.spacing
     verticalPadding: Theme.smallSpacing
     destination: usagePage
     text: name
-    Accessible.description: trouble === "" ? summary : summary + "; " + trouble
+    Accessible.description: description
 
     contentItem: RowLayout {
         spacing: Theme.spacing
@@ -36,6 +39,13 @@ LinkRow {
                 objectName: "summary"
                 Layout.fillWidth: true
                 text: root.summary
+                Accessible.ignored: true
+            }
+            Caption {
+                objectName: "details"
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.details
                 Accessible.ignored: true
             }
         }

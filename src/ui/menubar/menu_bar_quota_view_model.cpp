@@ -1,10 +1,13 @@
 #include "ui/menubar/menu_bar_quota_view_model.h"
 
 #include "model/quota_display.h"
+#include "ui/item/menu_bar_label.h"
 
 namespace tallyvane::ui {
 
-MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model) : m_model(model) {
+MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock,
+                                             model::WeekdayTimeFormat weekdayTime)
+    : m_model(model), m_clock(clock), m_weekdayTime(std::move(weekdayTime)) {
     connect(&model, &core::AppModel::snapshotChanged, this, &MenuBarQuotaViewModel::updateRows);
     connect(&model, &core::AppModel::failuresChanged, this, &MenuBarQuotaViewModel::updateRows);
     connect(&model, &core::AppModel::isRefreshingChanged, this,
@@ -12,17 +15,39 @@ MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model) : m_mo
     updateRows();
 }
 
+void MenuBarQuotaViewModel::setShown(bool isShown) {
+    m_nextUpdate.reset();
+    if (isShown) {
+        updateRows();
+        // The texts change once a minute.
+        m_nextUpdate = m_clock.after(std::chrono::seconds{10}, [this] { setShown(true); });
+    }
+}
+
 void MenuBarQuotaViewModel::updateRows() {
+    const model::Timestamp now = m_clock.now();
+    const model::QuotaSnapshot snapshot = m_model.snapshot();
     const core::Failures failures = m_model.failures();
     std::vector<ProviderRow> rows;
     rows.reserve(model::allCases<model::AIProvider>.size());
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         const auto failed = failures.find(provider);
-        rows.push_back(
-            {.name = model::displayName(provider),
-             .usagePage = QUrl(model::usagePage(provider)),
-             .summary = model::summaryText(entryFor(m_model.snapshot(), provider)),
-             .trouble = failed == failures.end() ? QString() : failed->second.sentences()});
+        const model::ProviderQuotaSnapshot entry = entryFor(snapshot, provider);
+        const QString age = oldFiguresAge(entry, now);
+        QStringList details = {resetsLine(entry, now, m_weekdayTime)};
+        //: %1 is how long ago, such as "20 min ago"
+        details << (age.isEmpty() ? QString() : tr("Last updated %1").arg(age));
+        details.removeAll(QString());
+        ProviderRow row{.name = model::displayName(provider),
+                        .usagePage = QUrl(model::usagePage(provider)),
+                        .summary = model::summaryText(entry),
+                        .details = details.join(QStringLiteral("  \u00B7  ")),
+                        .trouble =
+                            failed == failures.end() ? QString() : failed->second.sentences()};
+        QStringList spoken = {row.summary, row.details, row.trouble};
+        spoken.removeAll(QString());
+        row.description = spoken.join(QStringLiteral("; "));
+        rows.push_back(std::move(row));
     }
     m_rows.setRecords(std::move(rows));
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/app_model.h"
+#include "model/weekday_time_format.h"
+#include "platform/clock.h"
 #include "ui/style/record_list.h"
 
 #include <QtCore/QUrl>
@@ -14,13 +16,18 @@ class ProviderRow {
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QUrl usagePage MEMBER usagePage)
     Q_PROPERTY(QString summary MEMBER summary)
+    Q_PROPERTY(QString details MEMBER details)
     Q_PROPERTY(QString trouble MEMBER trouble)
+    Q_PROPERTY(QString description MEMBER description)
 
 public:
     QString name;
     QUrl usagePage;
     QString summary;
-    QString trouble; ///< why the figures are not current and what to do; may be empty
+    QString
+        details; ///< when the quotas reset and, if the figures are old, since when; may be empty
+    QString trouble;     ///< why the figures are not current and what to do; may be empty
+    QString description; ///< these texts, to be read aloud
 
     bool operator==(const ProviderRow&) const = default;
 };
@@ -34,8 +41,10 @@ class MenuBarQuotaViewModel : public QObject {
     Q_PROPERTY(bool isRefreshing READ isRefreshing NOTIFY isRefreshingChanged)
 
 public:
-    /// Follows `model`, which must outlive it.
-    explicit MenuBarQuotaViewModel(const core::AppModel& model);
+    /// Follows `model`, and the clock while the view is shown; both must outlive it.
+    MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock,
+                          model::WeekdayTimeFormat weekdayTime);
+    void setShown(bool isShown);
 
     /// Codex, then Claude.
     [[nodiscard]] QAbstractItemModel* rows() { return &m_rows; }
@@ -45,6 +54,7 @@ Q_SIGNALS:
     void isRefreshingChanged();
     // The user's commands.
     void openRequested();
+    void settingsRequested();
     void refreshRequested();
     void quitRequested();
 
@@ -52,6 +62,9 @@ private:
     void updateRows();
 
     const core::AppModel& m_model;
+    platform::Clock& m_clock;
+    model::WeekdayTimeFormat m_weekdayTime;
+    std::unique_ptr<platform::Alarm> m_nextUpdate; ///< while the view is shown
     RecordList<ProviderRow> m_rows;
 };
 

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace tallyvane::ui {
 
@@ -19,10 +20,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Whether a program can read the pointer's position and grab presses outside its windows.
-bool hasGlobalPointer() {
-    return QGuiApplication::platformName() == QLatin1StringView("xcb");
-}
+/// Within which a host passes on what it does about a press.
+constexpr auto hostDelay = 250ms;
 
 /// Device-independent pixels, which begin at each screen's corner.
 QPoint fromPixels(QPoint pixels) {
@@ -34,6 +33,19 @@ QPoint fromPixels(QPoint pixels) {
         }
     }
     return pixels;
+}
+
+/// The place of the item that a host says is at `position`. Hosts scaled by GTK or Qt count in
+/// their own units, which none names; but a click leaves the pointer there.
+QPoint itemPlace(QPoint position) {
+    constexpr int reach = 32; // as the pointer may have moved on
+    const QPoint pointer = QCursor::pos();
+    for (const double scale : {1.0, 2.0, 3.0, qGuiApp->devicePixelRatio()}) {
+        if ((fromPixels(position * scale) - pointer).manhattanLength() < reach) {
+            return pointer;
+        }
+    }
+    return fromPixels(position);
 }
 
 QRect availableAt(QPoint point) {
@@ -67,22 +79,6 @@ public:
     }
 
 protected:
-    void exposeEvent(QExposeEvent* event) override {
-        QQuickView::exposeEvent(event);
-        // Only an exposed window can grab presses elsewhere.
-        if (isExposed() && hasGlobalPointer()) {
-            setMouseGrabEnabled(true);
-        }
-    }
-
-    void mousePressEvent(QMouseEvent* event) override {
-        if (QRectF(QPointF(), QSizeF(size())).contains(event->position())) {
-            QQuickView::mousePressEvent(event);
-        } else {
-            m_panel.close();
-        }
-    }
-
     void keyPressEvent(QKeyEvent* event) override {
         QQuickView::keyPressEvent(event);
         if (!event->isAccepted() && event->key() == Qt::Key_Escape) {
@@ -102,7 +98,19 @@ private:
 QuotaPanel::QuotaPanel(std::function<QQmlEngine&()> engine, MenuBarQuotaViewModel& viewModel)
     : m_engine(std::move(engine)), m_viewModel(viewModel) {
     connect(&viewModel, &MenuBarQuotaViewModel::openRequested, this, &QuotaPanel::close);
+    connect(&viewModel, &MenuBarQuotaViewModel::settingsRequested, this, &QuotaPanel::close);
     connect(&viewModel, &MenuBarQuotaViewModel::quitRequested, this, &QuotaPanel::close);
+    connect(&m_presses, &PressWatch::pressed, this, [this] {
+        if (isOpen() && !m_window->geometry().contains(QCursor::pos())) {
+            m_isClosingPressHeld = true;
+            close();
+        }
+    });
+    connect(&m_presses, &PressWatch::released, this, [this] {
+        if (std::exchange(m_isClosingPressHeld, false)) {
+            endClosingPress();
+        }
+    });
 }
 
 QuotaPanel::~QuotaPanel() = default;
@@ -110,29 +118,48 @@ QuotaPanel::~QuotaPanel() = default;
 void QuotaPanel::toggle(std::optional<QPoint> itemPosition) {
     if (isOpen()) {
         close();
+    } else if (std::exchange(m_isClosingPressHeld, false)) {
+        endClosingPress();
     } else if (m_samePress.hasExpired()) {
         open(itemPosition);
     }
 }
 
 void QuotaPanel::open(std::optional<QPoint> itemPosition) {
+    m_viewModel.setShown(true);
     if (!isOpen()) {
         m_window = std::make_unique<Window>(*this, m_engine());
+        connect(m_window.get(), &QWindow::heightChanged, this, &QuotaPanel::place);
     }
-    const QPoint point = itemPosition ? fromPixels(*itemPosition) : QCursor::pos();
-    m_window->setPosition(panelPosition(m_window->size(), point, availableAt(point)));
+    m_itemPlace = itemPosition ? itemPlace(*itemPosition) : QCursor::pos();
+    place();
     m_window->show();
     m_window->requestActivate();
+    m_presses.setWatching(true);
+}
+
+void QuotaPanel::place() {
+    if (isOpen()) {
+        m_window->setPosition(
+            panelPosition(m_window->size(), m_itemPlace, availableAt(m_itemPlace)));
+    }
 }
 
 void QuotaPanel::close() {
     if (!isOpen()) {
         return;
     }
-    m_samePress.setRemainingTime(250ms);
+    m_samePress.setRemainingTime(hostDelay);
+    m_presses.setWatching(m_isClosingPressHeld); // hosts act on a press or on its release
     m_closed = std::move(m_window);
     m_closed->hide();
+    m_viewModel.setShown(false);
     QMetaObject::invokeMethod(this, [this] { m_closed.reset(); }, Qt::QueuedConnection);
+}
+
+void QuotaPanel::endClosingPress() {
+    m_samePress.setRemainingTime(hostDelay);
+    m_presses.setWatching(isOpen());
 }
 
 QWindow* QuotaPanel::window() const {
