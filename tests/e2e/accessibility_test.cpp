@@ -176,7 +176,7 @@ Continue
         const QStringList oldFigures = dashboard(lines(R"(
 Command failed (-1): signed out
 Start 'codex' in a terminal to see whether it works there.
-Codex PLUS | 5h: 37%, Sync pending; Week: 83%, Sync pending
+Codex PLUS | 5h: 37%, Sync pending; Week: 83%, Sync pending; From just now
 Sync pending
 )"));
         QCOMPARE(session.difference(oldFigures), QString());

@@ -19,9 +19,8 @@ const model::LocalZone zone{QTimeZone("Pacific/Kiritimati")};
 const model::Timestamp morning = sys_days{year{2026} / 11 / 20} + 14h;
 
 struct OpenWindow final : tests::ShownWindow {
-    OpenWindow()
-        : ShownWindow(core::fixtureSnapshot(morning, zone), morning,
-                      core::fixtureHistory(morning, zone)) {
+    explicit OpenWindow(const model::QuotaSnapshot& snapshot = core::fixtureSnapshot(morning, zone))
+        : ShownWindow(snapshot, morning, core::fixtureHistory(morning, zone)) {
         show();
     }
 
@@ -123,6 +122,21 @@ private Q_SLOTS:
                  u"Use ~/.nvm/versions/node/v22/bin/codex"_s);
         open.press("useFoundProgram", Qt::Key_Space);
         QCOMPARE(open.idle.codexSetting().state().chosen, elsewhere);
+    }
+
+    void tellsOfOldFigures() {
+        auto snapshot = core::fixtureSnapshot(morning, zone);
+        auto& claude = snapshot.providers.at(1);
+        claude.syncState = model::QuotaSyncState::pending;
+        claude.statusMessage = u"Network error"_s;
+        claude.syncedAt = morning - 150s;
+        OpenWindow open(snapshot);
+        QCOMPARE(open.viewModel()->dashboard()->codex().age, QString());
+        QVERIFY(open.text("trouble").startsWith(u"Network error. Check "));
+        open.idle.clock.advance(29s);
+        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 2 min ago"_s);
+        open.idle.clock.advance(1s);
+        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 3 min ago"_s);
     }
 
     void history() {

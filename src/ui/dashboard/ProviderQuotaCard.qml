@@ -18,7 +18,7 @@ LinkRow {
     padding: 0
     destination: card.usagePage
     text: card.plan === "" ? card.name : card.name + " " + card.plan
-    Accessible.description: spoken(qsTr("5h"), card.fiveHour) + "; " + spoken(qsTr("Week"), card.week) + (card.trouble === "" ? "" : "; " + card.trouble)
+    Accessible.description: [spoken(qsTr("5h"), card.fiveHour), spoken(qsTr("Week"), card.week), card.age, card.trouble].filter(part => part !== "").join("; ")
 
     contentItem: ColumnLayout {
         spacing: 0
