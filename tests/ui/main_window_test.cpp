@@ -183,7 +183,12 @@ private Q_SLOTS:
         open.idle.model.setAppearance(model::AppAppearance::dark);
         QVERIFY(heatmap->property("legend") != colours);
         open.idle.model.clearHistory();
-        QVERIFY(open.text("told").endsWith(": 0 tokens"_L1));
+        QVERIFY(open.text("told").endsWith(": No record"_L1));
+        for (const auto& [day, reason] : {std::pair{90, false}, {91, true}}) {
+            // Today is the sixth day of the last of 26 weeks.
+            open.viewModel()->heatmap()->point(25 * 7 + 5 - day);
+            QCOMPARE(open.text("told").endsWith("(the history covers 90 days)"_L1), reason);
+        }
         QVERIFY(chart->isEmpty() && !chart->isHovered());
     }
 
