@@ -215,11 +215,9 @@ FocusScope {
                 Loader {
                     id: pageLoader
 
-                    readonly property double widest: root.page === ContentView.UsageHistory ? 1080 : Theme.scaled(720)
-
                     anchors.horizontalCenter: parent.horizontalCenter
                     y: Theme.pageMargin
-                    width: Math.min(parent.width - 2 * Theme.pageMargin, widest)
+                    width: Math.min(parent.width - 2 * Theme.pageMargin, Theme.scaled(880))
                     height: parent.height - 2 * Theme.pageMargin
                 }
             }
