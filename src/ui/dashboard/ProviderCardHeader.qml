@@ -3,8 +3,9 @@ import QtQuick.Layouts
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// The provider's name and plan; while its figures are out of date, a symbol and their age. Its items never turn
-/// invisible: in Qt 6.4 a row that has not been laid out yet puts those that appear at its start.
+/// The provider's name and plan; while its figures are out of date, a symbol and their age. Its items
+/// never turn invisible: in Qt 6.4 a row that has not been laid out yet puts those that appear at its
+/// start.
 RowLayout {
     id: root
 
