@@ -97,7 +97,7 @@ private Q_SLOTS:
         for (const QuotaBarLook& look : {QuotaBarLook{0, 0.58, false}, {2, 0.19, true}}) {
             const QQuickItem* fill = open.items("fill").at(look.index);
             QTRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
-            const auto colour = fill->property("color").value<QColor>();
+            const auto colour = fill->childItems().at(0)->property("color").value<QColor>();
             QCOMPARE(colour.red() > colour.green(), look.isLow);
         }
         open.idle.clock.advance(59s);
@@ -130,7 +130,10 @@ private Q_SLOTS:
         claude.syncState = model::QuotaSyncState::pending;
         claude.statusMessage = u"Network error"_s;
         claude.syncedAt = morning - 150s;
+        claude.week->usedPercent = 99.6;
         OpenWindow open(snapshot);
+        const QQuickItem* sliver = open.items("fill").at(3);
+        QTRY_COMPARE(sliver->width(), sliver->parentItem()->width() * (100 - 99.6) / 100);
         QCOMPARE(open.viewModel()->dashboard()->codex().age, QString());
         QVERIFY(open.text("trouble").startsWith(u"Network error. Check "));
         open.idle.clock.advance(29s);
@@ -333,6 +336,8 @@ private Q_SLOTS:
                 open.view()->resize(QSize(width, 700).expandedTo(open.view()->minimumSize()));
                 QTRY_COMPARE(open.misplaced({"Codex", "Claude", "refresh", "website"}), "");
                 QTRY_COMPARE(open.misplaced({"plan"}), "");
+                const bool isBeside = open.item("interval")->y() == 0;
+                QCOMPARE(open.text("interval").startsWith(u"·"), isBeside);
                 open.open(2);
                 QTRY_COMPARE(open.misplaced({"metric", "period", "filter", "chart", "heatmap"}),
                              "");
