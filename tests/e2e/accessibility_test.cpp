@@ -75,6 +75,7 @@ Updated just now
 Refresh
 Claude | 5h: --, Not available; Week: --, Not available; No sign-in of Claude Code was found. Start 'claude' in a terminal and sign in.
 )") << codex
+    << u"Bars and percentages show what is left of each quota."_s
     << QUrl(QStringLiteral(TALLYVANE_WEBSITE)).host());
 }
 
@@ -114,6 +115,8 @@ Clear usage history
 
 const QStringList historyPage = page(u"Usage History"_s, lines(R"(
 % of quota used
+Codex
+Claude
 Metric
 % (on)
 Tokens

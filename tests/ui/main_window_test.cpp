@@ -156,7 +156,8 @@ private Q_SLOTS:
         const auto segments = open.items("segment");
         QVERIFY(segments.at(1)->y() + segments.at(1)->height() <= segments.at(0)->y());
         open.press("chart", Qt::Key_Left);
-        QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%"_s);
+        QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%, "
+                                       "Shares of two weekly quotas, added up"_s);
         open.press(Qt::Key_Left);
         QCOMPARE(chart->hoveredTitle(), u"Fr., 20. Nov. 2026"_s);
         chart->hover(0);

@@ -82,6 +82,11 @@ ColumnLayout {
         Layout.fillWidth: true
         card: root.viewModel.claude
     }
+    Caption {
+        Layout.fillWidth: true
+        horizontalAlignment: Text.AlignHCenter
+        text: qsTr("Bars and percentages show what is left of each quota.")
+    }
     Item {
         Layout.fillHeight: true
     }
