@@ -240,6 +240,16 @@ private Q_SLOTS:
         open.press(Qt::Key_Space);
         QCOMPARE(open.text("start"), u"00:00"_s);
 
+        open.type("end", "0:00");
+        QVERIFY(open.text("windowsNote").endsWith(u"allows any."));
+        QVERIFY(open.text("windowNote").startsWith(u"No time lies"));
+        auto off = open.idle.model.notificationSettings();
+        off.windows[0].enabled = false;
+        off.windows[0].endMinutes = 1;
+        open.idle.model.setNotificationSettings(off);
+        QVERIFY(open.text("windowsNote").endsWith(u"allows any."));
+        open.press("turnWindowOn", Qt::Key_Space);
+        QVERIFY(!open.item("windowNote") && !open.item("windowsNote"));
         open.press("addWindow", Qt::Key_Space);
         QTRY_COMPARE(open.items("remove").size(), 2);
         const auto windows = open.idle.model.notificationSettings().windows;
@@ -247,6 +257,8 @@ private Q_SLOTS:
         open.press(Qt::Key_Space);
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
         QTRY_COMPARE(open.items("remove").size(), 1);
+        open.press("remove", Qt::Key_Space);
+        QTRY_VERIFY(open.text("windowsNote").endsWith(u"there is no time window."));
 
         tests::writeFile(open.idle.home().filePath(u"mine/codex"_s), "#!/bin/sh\n");
         const std::pair<const char*, const char*> rows[] = {
