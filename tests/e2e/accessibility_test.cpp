@@ -59,6 +59,7 @@ Tallyvane
 Dashboard
 Usage History
 Settings
+Keyboard shortcuts and About
 This desktop shows no status icons, so Tallyvane can be seen in this window only. It keeps running when you close the window.
 Add a status area to the panel, often called system tray, that shows StatusNotifier items.
 Quit Tallyvane

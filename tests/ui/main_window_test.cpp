@@ -72,6 +72,7 @@ struct OpenWindow final : tests::ShownWindow {
          .locale = "de_DE",
          .zone = zone,
          .website = QUrl(u"https://maker.example"_s),
+         .version = u"1.2"_s,
          .codexProgram = idle.codexSetting(),
          .openNotificationSettings = [this] { ++settingsOpened; },
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
@@ -316,6 +317,27 @@ private Q_SLOTS:
         open.window.close();
         open.show();
         QVERIFY(!open.item("quit"));
+    }
+
+    void followsShortcuts() {
+        const OpenWindow open;
+        const auto goes = [&](Qt::Key key, Qt::KeyboardModifiers with, int page) {
+            open.press(key, with);
+            QCOMPARE(open.root()->property("page").toInt(), page);
+        };
+        goes(Qt::Key_Comma, Qt::ControlModifier, 2);
+        goes(Qt::Key_Tab, Qt::ControlModifier, 0);
+        goes(Qt::Key_PageDown, Qt::ControlModifier, 1);
+        goes(Qt::Key_PageUp, Qt::ControlModifier, 0);
+        goes(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 2);
+        for (const auto close : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_F1}) {
+            open.press(Qt::Key_Question, Qt::ControlModifier);
+            QCOMPARE(open.text("version"), u"Tallyvane 1.2"_s);
+            QVERIFY(open.text("settingsFile").contains(u"~/"));
+            goes(Qt::Key_Tab, Qt::ControlModifier, 2);
+            open.press(close);
+            QTRY_VERIFY(!open.item("version"));
+        }
     }
 
     void asksOnce() {
