@@ -40,16 +40,12 @@ bool allows(const NotificationSettings& settings, model::Timestamp moment,
 }
 
 bool isEmpty(const NotificationWindow& window) {
-    NotificationWindow enabled = window;
-    enabled.enabled = true;
     const auto minutes = std::views::iota(0, 24 * 60);
-    return std::ranges::none_of(minutes, [&](int minute) { return matches(enabled, minute); });
+    return std::ranges::none_of(minutes, [&](int minute) { return matches(window, minute); });
 }
 
 bool allowsAnyTime(const NotificationSettings& settings) {
-    return std::ranges::any_of(settings.windows, [](const NotificationWindow& window) {
-        return window.enabled && !isEmpty(window);
-    });
+    return !std::ranges::all_of(settings.windows, isEmpty);
 }
 
 QByteArray encodeNotificationSettings(const NotificationSettings& settings) {

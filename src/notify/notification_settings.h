@@ -36,7 +36,7 @@ struct NotificationSettings {
 [[nodiscard]] bool allows(const NotificationSettings& settings, model::Timestamp moment,
                           const model::LocalZone& zone);
 
-/// Whether no minute of the day lies in a window, be it enabled or not.
+/// Whether a window matches no minute of the day.
 [[nodiscard]] bool isEmpty(const NotificationWindow& window);
 
 /// Whether any minute of the day is allowed. Regardless of the master switch.
