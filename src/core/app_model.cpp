@@ -3,6 +3,7 @@
 #include "core/preferences.h"
 #include "history/usage_history_recorder.h"
 #include "platform/spawn.h"
+#include "providers/advice.h"
 
 #include <QCoro/QCoroFuture>
 #include <QtCore/QPromise>
@@ -47,6 +48,22 @@ ProviderQuotaSnapshot staleEntry(const QuotaSnapshot& previous, AIProvider provi
     return entry;
 }
 
+/// Why the providers had given no figures when `snapshot` was stored, as far as it tells.
+Failures storedFailures(const QuotaSnapshot& snapshot) {
+    Failures failures;
+    for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
+        const QString status = entry.statusMessage.value_or(QString());
+        const QString advice = providers::storedStatusAdvice(status);
+        if (entry.syncState != QuotaSyncState::current && !advice.isEmpty()) {
+            failures[entry.provider] = {.text = status + u'.',
+                                        .advice = advice,
+                                        .shownAt = Place::besideFigures,
+                                        .shortText = status};
+        }
+    }
+    return failures;
+}
+
 } // namespace
 
 AppModel::AppModel(const Services& services, std::optional<QuotaSnapshot> snapshot,
@@ -61,6 +78,7 @@ AppModel::AppModel(const Services& services, std::optional<QuotaSnapshot> snapsh
         history = history::loadHistory(services.store);
     }
     m_snapshot = snapshot.value_or(model::placeholderSnapshot(services.clock.now()));
+    m_failures = storedFailures(m_snapshot);
     m_history = history.value_or(history::UsageHistory{});
     reloadPreferences();
 }

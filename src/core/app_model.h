@@ -78,7 +78,8 @@ public:
     /// Message for the user if the last refresh or save failed. A provider's failure appears here
     /// only if it is not shown beside that provider's figures.
     [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
-    /// Why providers gave no figures in the last refresh.
+    /// Why providers gave no figures in the last refresh. Before the first one ends, what the shown
+    /// snapshot tells of an earlier run.
     [[nodiscard]] Failures failures() const { return m_failures; }
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {

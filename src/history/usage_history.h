@@ -9,6 +9,9 @@
 
 namespace tallyvane::history {
 
+/// How many days before today the history covers. Older points are dropped.
+inline constexpr int retentionDays = 90;
+
 /// One provider's use on one day.
 struct UsageHistoryPoint {
     model::Timestamp date; ///< the start of the user's local day

@@ -11,8 +11,6 @@ using model::QuotaSnapshot;
 
 namespace {
 
-constexpr int retentionDays = 90;
-
 QString key(AIProvider provider) {
     return QStringLiteral("token-baseline.") + model::rawValue(provider);
 }

@@ -46,7 +46,7 @@ public:
 
     /// Adds to each provider's point of today the increase of its weekly quota from `previous` to
     /// `current` and of its token total since the last call. Decreases and missing totals add
-    /// nothing. Drops points older than 90 days and saves the file.
+    /// nothing. Drops points older than retentionDays and saves the file.
     [[nodiscard]] std::expected<RecordedHistory, model::FileError>
     record(const std::optional<model::QuotaSnapshot>& previous, const model::QuotaSnapshot& current,
            const TokenTotals& tokenTotals, model::Timestamp now);

@@ -28,6 +28,8 @@ public:
     [[nodiscard]] static DefaultsStore openFirst(const std::filesystem::path& preferred,
                                                  const std::filesystem::path& otherwise);
 
+    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+
     /// The value of a key; empty when absent or of another type.
     [[nodiscard]] QByteArray data(const QString& key) const;
     [[nodiscard]] QString text(const QString& key) const;

@@ -4,6 +4,7 @@
 #include <QtCore/QJsonDocument>
 
 #include <algorithm>
+#include <ranges>
 
 namespace tallyvane::notify {
 
@@ -36,6 +37,15 @@ bool allows(const NotificationSettings& settings, model::Timestamp moment,
            std::ranges::any_of(settings.windows, [minute](const NotificationWindow& window) {
                return matches(window, minute);
            });
+}
+
+bool isEmpty(const NotificationWindow& window) {
+    const auto minutes = std::views::iota(0, 24 * 60);
+    return std::ranges::none_of(minutes, [&](int minute) { return matches(window, minute); });
+}
+
+bool allowsAnyTime(const NotificationSettings& settings) {
+    return !std::ranges::all_of(settings.windows, isEmpty);
 }
 
 QByteArray encodeNotificationSettings(const NotificationSettings& settings) {

@@ -36,6 +36,12 @@ struct NotificationSettings {
 [[nodiscard]] bool allows(const NotificationSettings& settings, model::Timestamp moment,
                           const model::LocalZone& zone);
 
+/// Whether a window matches no minute of the day.
+[[nodiscard]] bool isEmpty(const NotificationWindow& window);
+
+/// Whether any minute of the day is allowed. Regardless of the master switch.
+[[nodiscard]] bool allowsAnyTime(const NotificationSettings& settings);
+
 /// The JSON form, one line. Keys are the field names, ids are RFC 9562 texts. Decoding requires
 /// each key and ignores others.
 [[nodiscard]] QByteArray encodeNotificationSettings(const NotificationSettings& settings);

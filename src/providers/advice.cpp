@@ -40,6 +40,22 @@ QString rateLimitAdvice(std::chrono::seconds pause) {
                         : QStringLiteral("It is asked again in about %1 minutes.").arg(minutes);
 }
 
+QString storedStatusAdvice(const QString& statusMessage) {
+    if (statusMessage == QLatin1StringView("Keychain auth")) {
+        return advice(Trouble::noClaudeSignIn);
+    }
+    if (statusMessage == QLatin1StringView("Sign-in expired")) {
+        return advice(Trouble::claudeSignInExpired);
+    }
+    if (statusMessage == QLatin1StringView("Rate limited")) {
+        return rateLimitAdvice({});
+    }
+    if (statusMessage == QLatin1StringView("Network error")) {
+        return advice(Trouble::claudeNotReached);
+    }
+    return {};
+}
+
 QString shellWord(const QString& text) {
     static const QRegularExpression plain(QStringLiteral("^[\\w/.+@:,-]+$"));
     return plain.match(text).hasMatch()

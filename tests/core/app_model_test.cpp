@@ -98,14 +98,18 @@ private Q_SLOTS:
                 QVERIFY(after.providers[i] == expected);
             }
             QVERIFY(writer.store.loadSnapshot() == after);
+            const core::Failures stored = Writer(world).model.failures();
+            QCOMPARE(stored.size(), status == u"Network error"_s ? 1U : 0U);
+            QVERIFY(stored.empty() ||
+                    stored.at(model::AIProvider::claude).sentences().contains(u"doctor"));
 
             codex.isFailing = false;
             QCOMPARE(writer.refresh(), Outcome::published);
             QCOMPARE(writer.model.lastError().has_value(), claudePlace == Place::errorLine);
         };
-        check(true, Place::besideFigures, u"Short"_s);
+        check(true, Place::besideFigures, u"Network error"_s);
         check(true, Place::besideFigures, std::nullopt);
-        check(false, Place::besideFigures, u"Short"_s);
+        check(false, Place::besideFigures, u"Network error"_s);
         check(true, Place::errorLine, u"old"_s);
     }
 

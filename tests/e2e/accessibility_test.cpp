@@ -59,6 +59,7 @@ Tallyvane
 Dashboard
 Usage History
 Settings
+Keyboard shortcuts and About
 This desktop shows no status icons, so Tallyvane can be seen in this window only. It keeps running when you close the window.
 Add a status area to the panel, often called system tray, that shows StatusNotifier items.
 Quit Tallyvane
@@ -75,6 +76,7 @@ Updated just now
 Refresh
 Claude | 5h: --, Not available; Week: --, Not available; No sign-in of Claude Code was found. Start 'claude' in a terminal and sign in.
 )") << codex
+    << u"Bars and percentages show what is left of each quota."_s
     << QUrl(QStringLiteral(TALLYVANE_WEBSITE)).host());
 }
 
@@ -114,6 +116,8 @@ Clear usage history
 
 const QStringList historyPage = page(u"Usage History"_s, lines(R"(
 % of quota used
+Codex
+Claude
 Metric
 % (on)
 Tokens
@@ -176,7 +180,7 @@ Continue
         const QStringList oldFigures = dashboard(lines(R"(
 Command failed (-1): signed out
 Start 'codex' in a terminal to see whether it works there.
-Codex PLUS | 5h: 37%, Sync pending; Week: 83%, Sync pending
+Codex PLUS | 5h: 37%, Sync pending; Week: 83%, Sync pending; From just now
 Sync pending
 )"));
         QCOMPARE(session.difference(oldFigures), QString());

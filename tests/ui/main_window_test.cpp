@@ -19,9 +19,8 @@ const model::LocalZone zone{QTimeZone("Pacific/Kiritimati")};
 const model::Timestamp morning = sys_days{year{2026} / 11 / 20} + 14h;
 
 struct OpenWindow final : tests::ShownWindow {
-    OpenWindow()
-        : ShownWindow(core::fixtureSnapshot(morning, zone), morning,
-                      core::fixtureHistory(morning, zone)) {
+    explicit OpenWindow(const model::QuotaSnapshot& snapshot = core::fixtureSnapshot(morning, zone))
+        : ShownWindow(snapshot, morning, core::fixtureHistory(morning, zone)) {
         show();
     }
 
@@ -73,6 +72,7 @@ struct OpenWindow final : tests::ShownWindow {
          .locale = "de_DE",
          .zone = zone,
          .website = QUrl(u"https://maker.example"_s),
+         .version = u"1.2"_s,
          .codexProgram = idle.codexSetting(),
          .openNotificationSettings = [this] { ++settingsOpened; },
          .takeLaunchQuestion = [this] { return std::exchange(questions, 0) > 0; }}};
@@ -98,7 +98,7 @@ private Q_SLOTS:
         for (const QuotaBarLook& look : {QuotaBarLook{0, 0.58, false}, {2, 0.19, true}}) {
             const QQuickItem* fill = open.items("fill").at(look.index);
             QTRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
-            const auto colour = fill->property("color").value<QColor>();
+            const auto colour = fill->childItems().at(0)->property("color").value<QColor>();
             QCOMPARE(colour.red() > colour.green(), look.isLow);
         }
         open.idle.clock.advance(59s);
@@ -125,6 +125,24 @@ private Q_SLOTS:
         QCOMPARE(open.idle.codexSetting().state().chosen, elsewhere);
     }
 
+    void tellsOfOldFigures() {
+        auto snapshot = core::fixtureSnapshot(morning, zone);
+        auto& claude = snapshot.providers.at(1);
+        claude.syncState = model::QuotaSyncState::pending;
+        claude.statusMessage = u"Network error"_s;
+        claude.syncedAt = morning - 150s;
+        claude.week->usedPercent = 99.6;
+        OpenWindow open(snapshot);
+        const QQuickItem* sliver = open.items("fill").at(3);
+        QTRY_COMPARE(sliver->width(), sliver->parentItem()->width() * (100 - 99.6) / 100);
+        QCOMPARE(open.viewModel()->dashboard()->codex().age, QString());
+        QVERIFY(open.text("trouble").startsWith(u"Network error. Check "));
+        open.idle.clock.advance(29s);
+        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 2 min ago"_s);
+        open.idle.clock.advance(1s);
+        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 3 min ago"_s);
+    }
+
     void history() {
         OpenWindow open;
         open.open(2);
@@ -139,7 +157,8 @@ private Q_SLOTS:
         const auto segments = open.items("segment");
         QVERIFY(segments.at(1)->y() + segments.at(1)->height() <= segments.at(0)->y());
         open.press("chart", Qt::Key_Left);
-        QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%"_s);
+        QCOMPARE(chart->hoveredText(), u"Sa., 21. Nov. 2026, Codex 8.0%, Claude 14.0%, "
+                                       "Shares of two weekly quotas, added up"_s);
         open.press(Qt::Key_Left);
         QCOMPARE(chart->hoveredTitle(), u"Fr., 20. Nov. 2026"_s);
         chart->hover(0);
@@ -169,7 +188,12 @@ private Q_SLOTS:
         open.idle.model.setAppearance(model::AppAppearance::dark);
         QVERIFY(heatmap->property("legend") != colours);
         open.idle.model.clearHistory();
-        QVERIFY(open.text("told").endsWith(": 0 tokens"_L1));
+        QVERIFY(open.text("told").endsWith(": No record"_L1));
+        for (const auto& [day, reason] : {std::pair{90, false}, {91, true}}) {
+            // Today is the sixth day of the last of 26 weeks.
+            open.viewModel()->heatmap()->point(25 * 7 + 5 - day);
+            QCOMPARE(open.text("told").endsWith("(the history covers 90 days)"_L1), reason);
+        }
         QVERIFY(chart->isEmpty() && !chart->isHovered());
     }
 
@@ -217,6 +241,16 @@ private Q_SLOTS:
         open.press(Qt::Key_Space);
         QCOMPARE(open.text("start"), u"00:00"_s);
 
+        open.type("end", "0:00");
+        QVERIFY(open.text("windowsNote").endsWith(u"allows any."));
+        QVERIFY(open.text("windowNote").startsWith(u"No time lies"));
+        auto off = open.idle.model.notificationSettings();
+        off.windows[0].enabled = false;
+        off.windows[0].endMinutes = 1;
+        open.idle.model.setNotificationSettings(off);
+        QVERIFY(open.text("windowsNote").endsWith(u"allows any."));
+        open.press("turnWindowOn", Qt::Key_Space);
+        QVERIFY(!open.item("windowNote") && !open.item("windowsNote"));
         open.press("addWindow", Qt::Key_Space);
         QTRY_COMPARE(open.items("remove").size(), 2);
         const auto windows = open.idle.model.notificationSettings().windows;
@@ -224,6 +258,8 @@ private Q_SLOTS:
         open.press(Qt::Key_Space);
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
         QTRY_COMPARE(open.items("remove").size(), 1);
+        open.press("remove", Qt::Key_Space);
+        QTRY_VERIFY(open.text("windowsNote").endsWith(u"there is no time window."));
 
         tests::writeFile(open.idle.home().filePath(u"mine/codex"_s), "#!/bin/sh\n");
         const std::pair<const char*, const char*> rows[] = {
@@ -283,6 +319,27 @@ private Q_SLOTS:
         QVERIFY(!open.item("quit"));
     }
 
+    void followsShortcuts() {
+        const OpenWindow open;
+        const auto goes = [&](Qt::Key key, Qt::KeyboardModifiers with, int page) {
+            open.press(key, with);
+            QCOMPARE(open.root()->property("page").toInt(), page);
+        };
+        goes(Qt::Key_Comma, Qt::ControlModifier, 2);
+        goes(Qt::Key_Tab, Qt::ControlModifier, 0);
+        goes(Qt::Key_PageDown, Qt::ControlModifier, 1);
+        goes(Qt::Key_PageUp, Qt::ControlModifier, 0);
+        goes(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 2);
+        for (const auto close : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_F1}) {
+            open.press(Qt::Key_Question, Qt::ControlModifier);
+            QCOMPARE(open.text("version"), u"Tallyvane 1.2"_s);
+            QVERIFY(open.text("settingsFile").contains(u"~/"));
+            goes(Qt::Key_Tab, Qt::ControlModifier, 2);
+            open.press(close);
+            QTRY_VERIFY(!open.item("version"));
+        }
+    }
+
     void asksOnce() {
         OpenWindow open;
         const auto ask = [&open] {
@@ -314,6 +371,8 @@ private Q_SLOTS:
                 open.view()->resize(QSize(width, 700).expandedTo(open.view()->minimumSize()));
                 QTRY_COMPARE(open.misplaced({"Codex", "Claude", "refresh", "website"}), "");
                 QTRY_COMPARE(open.misplaced({"plan"}), "");
+                const bool isBeside = open.item("interval")->y() == 0;
+                QCOMPARE(open.text("interval").startsWith(u"·"), isBeside);
                 open.open(2);
                 QTRY_COMPARE(open.misplaced({"metric", "period", "filter", "chart", "heatmap"}),
                              "");

@@ -26,7 +26,8 @@ private Q_SLOTS:
         const auto check = [this](std::optional<double> used, QuotaSyncState state,
                                   const char* figure, double fraction, double opacity,
                                   ui::QuotaLevel::Level level, const char* resetText) {
-            ProviderQuotaSnapshot entry{.provider = model::AIProvider::claude, .syncState = state};
+            ProviderQuotaSnapshot entry{
+                .provider = model::AIProvider::claude, .syncedAt = m_now - 2h, .syncState = state};
             if (used) {
                 entry.week = {.usedPercent = *used, .resetsAt = m_now + 30min};
             }
@@ -38,6 +39,7 @@ private Q_SLOTS:
             QCOMPARE(card.week.resetText, QLatin1StringView(resetText));
             QCOMPARE(card.fiveHour.figure, u"--"_s);
             QVERIFY(card.isPending == (state == pending) && card.plan.isEmpty());
+            QCOMPARE(card.age, state == pending ? u"From 2 hr ago"_s : QString());
         };
         check(75, current, "25%", 0.25, 1, Ample, "in 30m");
         check(75.1, current, "25%", 0.249, 1, Low, "in 30m");

@@ -146,6 +146,7 @@ WindowsContext DesktopProgram::windowsContext() {
             .notificationCentre = m_composition.notificationCentre,
             .codexProgram = codexSetting(),
             .statusHostAdvice = platform::statusHostAdvice(m_environment.currentDesktop),
+            .dataFolder = QFile(m_composition.store.baseURL()).fileName(),
             .launchContext = m_environment.launchContext,
             .timeLocale = m_environment.timeLocale,
             .zone = m_environment.zone,

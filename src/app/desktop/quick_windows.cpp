@@ -31,6 +31,8 @@ public:
                                   .locale = context.timeLocale,
                                   .zone = context.zone,
                                   .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
+                                  .version = QStringLiteral(TALLYVANE_VERSION),
+                                  .dataFolder = context.dataFolder,
                                   .codexProgram = context.codexProgram,
                                   .statusHostAdvice = context.statusHostAdvice,
                                   .openNotificationSettings = context.openNotificationSettings,

@@ -24,6 +24,7 @@ struct WindowsContext {
     platform::NotificationCentre& notificationCentre;
     core::ProgramSetting codexProgram;
     QString statusHostAdvice;
+    QString dataFolder; ///< where figures and history are stored
     core::LaunchContext launchContext;
     std::string timeLocale;
     model::LocalZone zone;

@@ -36,12 +36,22 @@ Item {
             label: qsTr("Week")
             row: root.card.week
         }
-        Caption {
-            objectName: "trouble"
-            Layout.fillWidth: true
-            visible: text !== ""
-            text: root.card.trouble
-            Accessible.ignored: true
+        RowLayout {
+            visible: root.card.trouble !== ""
+            spacing: Theme.smallSpacing + 2
+
+            SymbolImage {
+                Layout.alignment: Qt.AlignTop
+                name: "exclamationmark.triangle.fill"
+                size: Theme.symbolSize
+                color: Theme.warning
+            }
+            Caption {
+                objectName: "trouble"
+                Layout.fillWidth: true
+                text: root.card.trouble
+                Accessible.ignored: true
+            }
         }
     }
 }

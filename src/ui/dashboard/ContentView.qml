@@ -19,11 +19,19 @@ FocusScope {
 
     required property MainWindowModel viewModel
     property int page: ContentView.Dashboard
+    property bool showsHelp: false
+    /// Whether something covers the pages.
+    readonly property bool isCovered: showsHelp || viewModel.launchPrompt.isShown
 
     function open(page: int): void {
         root.page = page;
         scroller.contentY = 0;
         viewModel.dashboard.toast.dismiss();
+    }
+    /// Opens the page `by` places further on, the first after the last.
+    function turn(by: int): void {
+        const count = ContentView.Settings + 1;
+        open((page + by + count) % count);
     }
     // By name, so that pages never shown are never loaded.
     function load(): void {
@@ -55,6 +63,15 @@ FocusScope {
             prompt.source = "";
         }
     }
+    function loadHelp(): void {
+        if (showsHelp) {
+            help.setSource("HelpSheet.qml", {
+                viewModel: viewModel
+            });
+        } else {
+            help.source = "";
+        }
+    }
     /// Scrolls until `item` is visible.
     function reveal(item: Item): void {
         let ancestor = item;
@@ -77,12 +94,13 @@ FocusScope {
     }
 
     onPageChanged: load()
+    onShowsHelpChanged: loadHelp()
     Component.onCompleted: {
         load();
         loadPrompt();
     }
 
-    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * Theme.largeSpacing)
+    implicitWidth: Math.max(560, tabs.implicitWidth + 2 * (helpButton.width + Theme.largeSpacing + Theme.spacing))
     implicitHeight: Math.max(480, Theme.scaled(300))
     focus: true
     LayoutMirroring.enabled: Theme.isRightToLeft
@@ -128,6 +146,26 @@ FocusScope {
         onActivated: root.viewModel.refreshRequested()
     }
     Shortcut {
+        sequence: "Ctrl+,"
+        enabled: !root.isCovered
+        onActivated: root.open(ContentView.Settings)
+    }
+    Shortcut {
+        sequences: ["Ctrl+Tab", "Ctrl+PgDown"]
+        enabled: !root.isCovered
+        onActivated: root.turn(1)
+    }
+    Shortcut {
+        sequences: ["Ctrl+Shift+Tab", "Ctrl+PgUp"]
+        enabled: !root.isCovered
+        onActivated: root.turn(-1)
+    }
+    Shortcut {
+        sequences: ["F1", "Ctrl+?"]
+        enabled: !root.viewModel.launchPrompt.isShown
+        onActivated: root.showsHelp = !root.showsHelp
+    }
+    Shortcut {
         sequence: "Ctrl+W"
         onActivated: root.viewModel.closeRequested()
     }
@@ -141,38 +179,57 @@ FocusScope {
     }
     ColumnLayout {
         anchors.fill: parent
-        enabled: !root.viewModel.launchPrompt.isShown
+        enabled: !root.isCovered
         spacing: 0
 
-        RowLayout {
-            id: tabs
+        Item {
+            Layout.fillWidth: true
+            implicitHeight: tabs.implicitHeight + 2 * Theme.largeSpacing
 
-            Layout.alignment: Qt.AlignHCenter
-            Layout.topMargin: Theme.largeSpacing
-            Layout.bottomMargin: Theme.largeSpacing
-            spacing: Theme.smallSpacing
-            Accessible.role: Accessible.PageTabList
+            RowLayout {
+                id: tabs
 
-            PageTab {
-                text: qsTr("Dashboard")
-                symbol: "gauge"
-                shortcut: "Ctrl+1"
-                isCurrent: root.page === ContentView.Dashboard
-                onClicked: root.open(ContentView.Dashboard)
+                anchors.centerIn: parent
+                spacing: Theme.smallSpacing
+                Accessible.role: Accessible.PageTabList
+
+                PageTab {
+                    text: qsTr("Dashboard")
+                    symbol: "gauge"
+                    shortcut: "Ctrl+1"
+                    isCurrent: root.page === ContentView.Dashboard
+                    onClicked: root.open(ContentView.Dashboard)
+                }
+                PageTab {
+                    text: qsTr("Usage History")
+                    symbol: "chart.bar"
+                    shortcut: "Ctrl+2"
+                    isCurrent: root.page === ContentView.UsageHistory
+                    onClicked: root.open(ContentView.UsageHistory)
+                }
+                PageTab {
+                    text: qsTr("Settings")
+                    symbol: "slider.horizontal.3"
+                    shortcut: "Ctrl+3"
+                    isCurrent: root.page === ContentView.Settings
+                    onClicked: root.open(ContentView.Settings)
+                }
             }
-            PageTab {
-                text: qsTr("Usage History")
-                symbol: "chart.bar"
-                shortcut: "Ctrl+2"
-                isCurrent: root.page === ContentView.UsageHistory
-                onClicked: root.open(ContentView.UsageHistory)
-            }
-            PageTab {
-                text: qsTr("Settings")
-                symbol: "slider.horizontal.3"
-                shortcut: "Ctrl+3"
-                isCurrent: root.page === ContentView.Settings
-                onClicked: root.open(ContentView.Settings)
+            IconButton {
+                id: helpButton
+
+                objectName: "help"
+                anchors.right: parent.right
+                anchors.rightMargin: Theme.largeSpacing
+                anchors.verticalCenter: parent.verticalCenter
+                symbol: "questionmark.circle"
+                text: qsTr("Keyboard shortcuts and About")
+                onClicked: root.showsHelp = true
+
+                HelpTip {
+                    visible: helpButton.hovered && !helpButton.down
+                    text: helpButton.text
+                }
             }
         }
         Divider {
@@ -215,11 +272,9 @@ FocusScope {
                 Loader {
                     id: pageLoader
 
-                    readonly property double widest: root.page === ContentView.UsageHistory ? 1080 : Theme.scaled(720)
-
                     anchors.horizontalCenter: parent.horizontalCenter
                     y: Theme.pageMargin
-                    width: Math.min(parent.width - 2 * Theme.pageMargin, widest)
+                    width: Math.min(parent.width - 2 * Theme.pageMargin, Theme.scaled(880))
                     height: parent.height - 2 * Theme.pageMargin
                 }
             }
@@ -236,6 +291,19 @@ FocusScope {
 
         anchors.fill: parent
         focus: root.viewModel.launchPrompt.isShown
+    }
+    Loader {
+        id: help
+
+        anchors.fill: parent
+        focus: root.showsHelp
+    }
+    Connections {
+        target: help.item as HelpSheet
+
+        function onClosed(): void {
+            root.showsHelp = false;
+        }
     }
     Connections {
         target: root.viewModel.launchPrompt

@@ -25,19 +25,32 @@ ColumnLayout {
                 elide: Text.ElideRight
                 Accessible.role: Accessible.Heading
             }
-            Flow {
+            Grid {
+                id: status
+
                 Layout.fillWidth: true
-                spacing: Theme.smallSpacing
+                columns: updated.implicitWidth + columnSpacing + beside.advanceWidth <= width ? 2 : 1
+                columnSpacing: Theme.smallSpacing
 
                 TextLabel {
+                    id: updated
+
                     objectName: "updated"
                     text: root.viewModel.updated
                     color: Theme.secondaryText
                 }
                 TextLabel {
+                    objectName: "interval"
+                    // No line begins with the dot.
+                    text: status.columns === 2 ? beside.text : qsTr("Auto-refreshes every 5 min")
+                    color: Theme.secondaryText
+                }
+                TextMetrics {
+                    id: beside
+
+                    font: Theme.body
                     //: Follows "Updated 5 min ago" and a space
                     text: qsTr("· Auto-refreshes every 5 min")
-                    color: Theme.secondaryText
                 }
             }
         }
@@ -68,6 +81,11 @@ ColumnLayout {
         objectName: "Claude"
         Layout.fillWidth: true
         card: root.viewModel.claude
+    }
+    Caption {
+        Layout.fillWidth: true
+        horizontalAlignment: Text.AlignHCenter
+        text: qsTr("Bars and percentages show what is left of each quota.")
     }
     Item {
         Layout.fillHeight: true

@@ -46,27 +46,33 @@ Rectangle {
             Item {
                 Layout.fillWidth: true
                 implicitHeight: root.isWhole ? whole.contentHeight : Math.min(whole.contentHeight, root.brief)
-                clip: true
 
-                TextEdit {
-                    id: whole
+                Item {
+                    anchors.fill: parent
+                    clip: true
 
-                    objectName: "lastError"
-                    width: parent.width
-                    text: root.message
-                    textFormat: TextEdit.PlainText
-                    readOnly: true
-                    selectByMouse: true
-                    activeFocusOnTab: true
-                    wrapMode: TextEdit.Wrap
-                    font: Theme.body
-                    color: Theme.text
-                    selectionColor: Theme.accentFill
-                    selectedTextColor: Theme.whiteText
-                    Accessible.role: Accessible.AlertMessage
-                    Accessible.name: text
+                    TextEdit {
+                        id: whole
+
+                        objectName: "lastError"
+                        width: parent.width
+                        text: root.message
+                        textFormat: TextEdit.PlainText
+                        readOnly: true
+                        selectByMouse: true
+                        activeFocusOnTab: true
+                        wrapMode: TextEdit.Wrap
+                        font: Theme.body
+                        color: Theme.text
+                        selectionColor: Theme.accentFill
+                        selectedTextColor: Theme.whiteText
+                        Accessible.role: Accessible.AlertMessage
+                        Accessible.name: text
+                    }
                 }
                 FocusRing {
+                    cornerRadius: Theme.smallRadius
+                    gap: 3
                     shown: whole.activeFocus
                 }
             }

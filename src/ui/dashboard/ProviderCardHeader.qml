@@ -3,8 +3,9 @@ import QtQuick.Layouts
 import Tallyvane.Dashboard
 import Tallyvane.Style
 
-/// The provider's name and plan, and a symbol while its figures are out of date. Its items never turn
-/// invisible: in Qt 6.4 a row that has not been laid out yet puts those that appear at its start.
+/// The provider's name and plan; while its figures are out of date, a symbol and their age. Its items
+/// never turn invisible: in Qt 6.4 a row that has not been laid out yet puts those that appear at its
+/// start.
 RowLayout {
     id: root
 
@@ -62,7 +63,13 @@ RowLayout {
         //: Read aloud for the symbol that marks outdated figures
         Accessible.name: qsTr("Sync pending")
     }
-    Item {
+    Caption {
+        objectName: "age"
         Layout.fillWidth: true
+        horizontalAlignment: Text.AlignRight
+        text: root.card.age
+        wrapMode: Text.NoWrap
+        elide: Text.ElideRight
+        Accessible.ignored: true
     }
 }

@@ -14,11 +14,14 @@ LinkRow {
         //: A quota window, the percentage left of it, and when it resets
         return qsTr("%1: %2, %3").arg(label).arg(row.figure).arg(row.resetText);
     }
+    function unlessEmpty(text: string): string {
+        return text === "" ? "" : "; " + text;
+    }
 
     padding: 0
     destination: card.usagePage
     text: card.plan === "" ? card.name : card.name + " " + card.plan
-    Accessible.description: spoken(qsTr("5h"), card.fiveHour) + "; " + spoken(qsTr("Week"), card.week) + (card.trouble === "" ? "" : "; " + card.trouble)
+    Accessible.description: spoken(qsTr("5h"), card.fiveHour) + "; " + spoken(qsTr("Week"), card.week) + unlessEmpty(card.age) + unlessEmpty(card.trouble)
 
     contentItem: ColumnLayout {
         spacing: 0

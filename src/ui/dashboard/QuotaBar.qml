@@ -11,14 +11,19 @@ Capsule {
     implicitHeight: 7
     color: Theme.quotaTrack
 
-    Capsule {
+    Item {
         objectName: "fill"
         anchors.left: parent.left
-        width: Math.max(parent.width * root.fraction, height)
+        width: parent.width * root.fraction
         height: parent.height
-        visible: root.fraction > 0
-        color: root.fill
+        clip: true
 
+        Capsule {
+            anchors.left: parent.left
+            width: Math.max(parent.width, height) // what is narrower than its ends shows a part of one
+            height: parent.height
+            color: root.fill
+        }
         Behavior on width {
             enabled: root.Window.active && Theme.isAnimated
             NumberAnimation {

@@ -29,15 +29,13 @@ RowLayout {
         fill: root.ink
         opacity: root.row.opacity
     }
-    TextLabel {
+    Figure {
         Layout.preferredWidth: 42 * Theme.point
         text: root.row.figure
         color: root.ink
         font.family: Theme.body.family
         font.pixelSize: 12 * Theme.point
         font.weight: Font.Bold
-        horizontalAlignment: Text.AlignRight
-        Accessible.ignored: true
     }
     TextLabel {
         Layout.preferredWidth: 76 * Theme.point

@@ -112,7 +112,9 @@ Rectangle {
 
             anchors.verticalCenter: parent.verticalCenter
             text: root.hasEnded ? qsTr("Refreshed") : qsTr("Refreshing")
-            font: Theme.captionSemibold
+            font.family: Theme.body.family
+            font.pixelSize: 12 * Theme.point
+            font.weight: Font.DemiBold
             Accessible.ignored: true
         }
     }

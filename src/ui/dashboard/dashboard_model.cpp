@@ -53,13 +53,18 @@ void DashboardModel::update() {
     }
 
     auto wait = untilAgeTextChanges(snapshot.updatedAt, now);
+    const auto waitNoLongerThan = [&wait](std::optional<std::chrono::milliseconds> until) {
+        if (until) {
+            wait = std::min(wait.value_or(*until), *until);
+        }
+    };
     for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
+        if (entry.syncState == model::QuotaSyncState::pending) {
+            waitNoLongerThan(untilAgeTextChanges(entry.syncedAt, now));
+        }
         for (const auto& window : {entry.fiveHour, entry.week}) {
-            if (!window || entry.syncState != model::QuotaSyncState::current) {
-                continue;
-            }
-            if (const auto until = untilResetTextChanges(window->resetsAt, now)) {
-                wait = std::min(wait.value_or(*until), *until);
+            if (window && entry.syncState == model::QuotaSyncState::current) {
+                waitNoLongerThan(untilResetTextChanges(window->resetsAt, now));
             }
         }
     }

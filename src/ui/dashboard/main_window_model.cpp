@@ -4,6 +4,8 @@
 #include "history/calendar_days.h"
 #include "ui/dashboard/relative_times.h"
 
+#include <QtCore/QFile>
+
 namespace tallyvane::ui {
 
 MainWindowModel::MainWindowModel(MainWindowContext context)
@@ -25,6 +27,10 @@ void MainWindowModel::setHasStatusHost(bool hasStatusHost) {
 void MainWindowModel::dismissHostNotice() {
     core::hideStatusHostNotice(m_with.defaults);
     m_showsHostNotice = false;
+}
+
+QString MainWindowModel::settingsFile() const {
+    return m_with.codexProgram.shortened(QFile(m_with.defaults.path()).fileName());
 }
 
 HistoryModel* MainWindowModel::history() {

@@ -19,6 +19,8 @@ struct MainWindowContext {
     std::string locale; ///< of times, days and numbers; a POSIX or BCP 47 name
     model::LocalZone zone;
     QUrl website; ///< the maker's
+    QString version;
+    QString dataFolder; ///< where figures and history are stored
     core::ProgramSetting codexProgram;
     QString statusHostAdvice; ///< what to install where no status item can be seen; may be empty
     /// Opens the desktop's notification settings; empty on a desktop without any.
@@ -39,6 +41,9 @@ class MainWindowModel : public QObject {
     Q_PROPERTY(tallyvane::ui::LaunchPromptModel* launchPrompt READ launchPrompt CONSTANT)
     Q_PROPERTY(bool showsHostNotice READ showsHostNotice NOTIFY showsHostNoticeChanged)
     Q_PROPERTY(QString hostAdvice READ hostAdvice CONSTANT)
+    Q_PROPERTY(QString version READ version CONSTANT)
+    Q_PROPERTY(QString dataFolder READ dataFolder CONSTANT)
+    Q_PROPERTY(QString settingsFile READ settingsFile CONSTANT)
 
 public:
     explicit MainWindowModel(MainWindowContext context);
@@ -55,6 +60,14 @@ public:
     /// What to do about it; may be empty.
     [[nodiscard]] QString hostAdvice() const { return m_with.statusHostAdvice; }
     Q_INVOKABLE void dismissHostNotice(); ///< for good
+
+    [[nodiscard]] QString version() const { return m_with.version; }
+    // With "~" for the home directory.
+    [[nodiscard]] QString dataFolder() const {
+        return m_with.codexProgram.shortened(m_with.dataFolder);
+    }
+    [[nodiscard]] QString settingsFile() const;
+
     /// Whether the desktop shows status items.
     void setHasStatusHost(bool hasStatusHost);
 

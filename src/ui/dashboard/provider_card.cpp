@@ -2,6 +2,8 @@
 
 #include "ui/style/colour.h"
 
+#include <QtCore/QCoreApplication>
+
 #include <cmath>
 
 namespace tallyvane::ui {
@@ -39,12 +41,17 @@ QString icon(model::AIProvider provider) {
 
 ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
                           const model::WeekdayTimeFormat& weekdayTime) {
+    const bool isPending = entry.syncState == model::QuotaSyncState::pending;
+    //: %1 is how long ago the figures were fetched, such as "2 hr ago"
+    const QString age = QCoreApplication::translate("ProviderCard", "From %1");
     return {.name = model::displayName(entry.provider),
             .icon = icon(entry.provider),
             .plan = entry.planName.value_or(QString()).toUpper(),
             .accent = toColour(model::accentColour(entry.provider)),
-            .isPending = entry.syncState == model::QuotaSyncState::pending,
+            .isPending = isPending,
             .usagePage = QUrl(model::usagePage(entry.provider)),
+            .age = isPending && entry.syncedAt ? age.arg(model::ageText(entry.syncedAt, now))
+                                               : QString(),
             .fiveHour = quotaRow(entry, model::QuotaPeriod::fiveHour, now, weekdayTime),
             .week = quotaRow(entry, model::QuotaPeriod::week, now, weekdayTime)};
 }

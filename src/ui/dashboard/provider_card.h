@@ -52,6 +52,7 @@ class ProviderCard {
     Q_PROPERTY(QColor accent MEMBER accent)
     Q_PROPERTY(bool isPending MEMBER isPending)
     Q_PROPERTY(QUrl usagePage MEMBER usagePage)
+    Q_PROPERTY(QString age MEMBER age)
     Q_PROPERTY(QString trouble MEMBER trouble)
     Q_PROPERTY(tallyvane::ui::QuotaRow fiveHour MEMBER fiveHour)
     Q_PROPERTY(tallyvane::ui::QuotaRow week MEMBER week)
@@ -63,6 +64,7 @@ public:
     QColor accent;
     bool isPending = false;
     QUrl usagePage;
+    QString age;     ///< "From 2 hr ago"; empty if the figures are of the last refresh, or none
     QString trouble; ///< why the figures are not current and what to do; may be empty
     QuotaRow fiveHour;
     QuotaRow week;

@@ -4,12 +4,14 @@ import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Style
 
-/// The title and figures of the bar pointed at.
+/// What the bar pointed at stands for.
 Rectangle {
     id: root
 
     required property string title
     required property QtObject lines
+    /// What the figures add up to; may be empty.
+    required property string note
 
     implicitWidth: content.implicitWidth + 2 * Theme.largeSpacing
     implicitHeight: content.implicitHeight + 2 * Theme.spacing
@@ -60,6 +62,13 @@ Rectangle {
                     Accessible.ignored: true
                 }
             }
+        }
+        Caption {
+            objectName: "note"
+            visible: text !== ""
+            text: root.note
+            wrapMode: Text.NoWrap
+            Accessible.ignored: true
         }
     }
 }

@@ -160,6 +160,7 @@ FocusScope {
             y: 0
             title: root.viewModel.hoveredTitle
             lines: root.viewModel.hoveredLines
+            note: root.viewModel.hoveredNote
         }
     }
 }

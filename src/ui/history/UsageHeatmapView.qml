@@ -12,15 +12,14 @@ ColumnLayout {
 
     required property HeatmapModel viewModel
     readonly property double gap: 4
-    readonly property int fewestWeeks: 26
     readonly property double labelWidth: weekdays.implicitWidth + Theme.spacing
     readonly property double room: width - labelWidth
-    readonly property double pitch: Math.max(8, Math.min(Math.floor(room / fewestWeeks), Theme.scaled(22)))
+    readonly property int weeks: 26 // half a year
+    readonly property double pitch: Math.max(8, Math.floor(room / weeks))
     readonly property double cell: pitch - (pitch > 14 ? gap : 2)
-    readonly property int weeks: width > 0 ? Math.max(fewestWeeks, Math.floor(room / pitch)) : 0
 
     spacing: Theme.largeSpacing
-    onWeeksChanged: viewModel.weeks = weeks
+    Component.onCompleted: viewModel.weeks = weeks
 
     AdaptiveRow {
         ColumnLayout {
@@ -137,11 +136,14 @@ ColumnLayout {
 
                 Rectangle {
                     required property color colour
+                    required property bool isFilled
 
                     width: root.cell
                     height: root.cell
                     radius: root.cell / 4.5
-                    color: colour
+                    color: isFilled ? colour : "transparent"
+                    border.width: isFilled ? 0 : 1
+                    border.color: colour
                 }
             }
         }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Tallyvane.History
@@ -25,11 +27,39 @@ ColumnLayout {
                 font: Theme.title
                 Accessible.role: Accessible.Heading
             }
-            TextLabel {
+            Flow {
                 Layout.fillWidth: true
-                objectName: "subtitle"
-                text: root.viewModel.subtitle
-                color: Theme.secondaryText
+                spacing: Theme.largeSpacing
+
+                TextLabel {
+                    objectName: "subtitle"
+                    text: root.viewModel.subtitle
+                    color: Theme.secondaryText
+                }
+                Repeater {
+                    model: root.viewModel.key
+
+                    Row {
+                        id: provider
+
+                        required property string name
+                        required property color colour
+
+                        spacing: Theme.smallSpacing + 2
+
+                        Rectangle {
+                            anchors.verticalCenter: parent.verticalCenter
+                            width: Theme.scaled(8)
+                            height: width
+                            radius: width / 2
+                            color: provider.colour
+                        }
+                        TextLabel {
+                            text: provider.name
+                            color: Theme.secondaryText
+                        }
+                    }
+                }
             }
         }
         RowLayout {

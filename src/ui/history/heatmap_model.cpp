@@ -1,5 +1,6 @@
 #include "ui/history/heatmap_model.h"
 
+#include "history/calendar_days.h"
 #include "ui/style/colour.h"
 
 namespace tallyvane::ui {
@@ -43,7 +44,9 @@ model::ColourScheme HeatmapModel::scheme() const {
 }
 
 void HeatmapModel::update() {
-    m_columns = history::heatmapColumns(m_weeks, m_calendar, m_clock.now());
+    const model::Timestamp now = m_clock.now();
+    m_columns = history::heatmapColumns(m_weeks, m_calendar, now);
+    m_firstKept = history::localDay(now, m_calendar.zone).addDays(-history::retentionDays);
     m_totals = history::dayTotals(m_model.history(), m_filter, m_calendar);
     std::vector<HeatmapCell> cells;
     cells.reserve(m_columns.size() * daysPerWeek);
@@ -52,7 +55,8 @@ void HeatmapModel::update() {
             const auto fill =
                 history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
             cells.push_back({.colour = cell.isFuture ? QColor(Qt::transparent)
-                                                     : toColour(fill.colour, fill.opacity)});
+                                                     : toColour(fill.colour, fill.opacity),
+                             .isFilled = isCovered(cell.day)});
         }
     }
     m_cells.setRecords(std::move(cells));
@@ -102,15 +106,26 @@ const DayCell* HeatmapModel::cell(int index) const {
     return cell.isFuture ? nullptr : &cell;
 }
 
+bool HeatmapModel::isCovered(QDate day) const {
+    return day >= m_firstKept || m_totals.byDay.contains(day);
+}
+
 QString HeatmapModel::currentText() const {
     const DayCell* pointed = cell(m_current);
     if (pointed == nullptr) {
         return {};
     }
+    const QString day = m_labels.fullDay(pointed->day);
     const auto total = m_totals.byDay.find(pointed->day);
-    const std::int64_t tokens = total != m_totals.byDay.end() ? total->second : 0;
-    //: %1 is a day, %2 a number such as "12K"
-    return tr("%1: %2 tokens").arg(m_labels.fullDay(pointed->day), m_labels.compactNumber(tokens));
+    if (total != m_totals.byDay.end()) {
+        //: %1 is a day, %2 a number such as "12K"
+        return tr("%1: %2 tokens").arg(day, m_labels.compactNumber(total->second));
+    }
+    //: %1 is a day
+    const QString unrecorded = tr("%1: No record").arg(day);
+    //: Follows "No record"
+    const QString reason = tr("(the history covers %1 days)").arg(history::retentionDays);
+    return isCovered(pointed->day) ? unrecorded : unrecorded + u' ' + reason;
 }
 
 void HeatmapModel::point(int index) {

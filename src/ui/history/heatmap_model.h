@@ -12,9 +12,11 @@ namespace tallyvane::ui {
 class HeatmapCell {
     Q_GADGET
     Q_PROPERTY(QColor colour MEMBER colour)
+    Q_PROPERTY(bool isFilled MEMBER isFilled)
 
 public:
-    QColor colour; ///< transparent if the day is in the future
+    QColor colour;        ///< transparent if the day is in the future
+    bool isFilled = true; ///< false for an outline: the history does not reach back to that day
 
     bool operator==(const HeatmapCell&) const = default;
 };
@@ -43,7 +45,7 @@ public:
     /// A history::HeatmapFilter, as a picker's index.
     [[nodiscard]] int filter() const { return static_cast<int>(m_filter); }
     void setFilter(int filter);
-    /// The number of columns, 0 at first. The view sets it to as many as it has room for.
+    /// The number of columns, 0 until the view sets it.
     [[nodiscard]] int weeks() const { return m_weeks; }
     void setWeeks(int weeks);
     [[nodiscard]] QAbstractItemModel* cells() { return &m_cells; }
@@ -51,7 +53,7 @@ public:
     [[nodiscard]] QStringList months() const;               ///< one per column, mostly empty
     [[nodiscard]] QList<QColor> legend() const;             ///< from "Less" to "More"
     [[nodiscard]] int current() const { return m_current; } ///< a cell's index; -1 for none
-    [[nodiscard]] QString currentText() const;              ///< that cell's day and tokens
+    [[nodiscard]] QString currentText() const;              ///< that cell's day and tokens, if any
 
     /// Points at a cell, or at none if there is no such cell or its day is in the future.
     Q_INVOKABLE void point(int index);
@@ -68,6 +70,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] model::ColourScheme scheme() const;
     [[nodiscard]] const history::DayCell* cell(int index) const;
+    [[nodiscard]] bool isCovered(QDate day) const;
 
     const core::AppModel& m_model;
     const platform::Clock& m_clock;
@@ -78,6 +81,7 @@ private:
     int m_weeks = 0;
     int m_current = -1;
     std::vector<history::WeekColumn> m_columns;
+    QDate m_firstKept; ///< the oldest day that the history keeps
     history::DayTotals m_totals;
     RecordList<HeatmapCell> m_cells;
 };

@@ -30,6 +30,12 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
                            const history::Calendar& calendar, const model::LocaleLabels& labels)
     : m_model(model), m_clock(clock), m_calendar(calendar), m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HistoryModel::update);
+    std::vector<TooltipLine> key;
+    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
+        key.push_back({.name = model::displayName(provider),
+                       .colour = toColour(model::accentColour(provider))});
+    }
+    m_key.setRecords(std::move(key));
     update();
 }
 
@@ -91,7 +97,7 @@ void HistoryModel::showValueMarks() {
     for (const double value : values) {
         const QString label = m_metric == HistoryMetric::tokens
                                   ? m_labels.compactNumber(std::llround(value))
-                                  : m_labels.number(value);
+                                  : m_labels.number(value) + u'%';
         marks.push_back({.position = value / m_top, .label = label});
     }
     m_valueMarks.setRecords(std::move(marks));
@@ -139,7 +145,15 @@ QString HistoryModel::hoveredText() const {
     for (const TooltipLine& line : m_hoveredLines.records()) {
         parts << line.name + u' ' + line.value;
     }
+    if (!hoveredNote().isEmpty()) {
+        parts << hoveredNote();
+    }
     return isHovered() ? parts.join(QStringLiteral(", ")) : QString();
+}
+
+QString HistoryModel::hoveredNote() const {
+    const bool isSum = m_metric == HistoryMetric::percent && m_hoveredLines.records().size() > 1;
+    return isSum ? tr("Shares of two weekly quotas, added up") : QString();
 }
 
 QString HistoryModel::valueText(const ChartPoint& point) const {

@@ -41,7 +41,7 @@ public:
     bool operator==(const AxisMark&) const = default;
 };
 
-/// One provider's line of the tooltip.
+/// One provider's line of the tooltip or of the key to the colours, which has no values.
 class TooltipLine {
     Q_GADGET
     Q_PROPERTY(QString name MEMBER name)
@@ -74,6 +74,8 @@ class HistoryModel : public QObject {
     Q_PROPERTY(QString hoveredTitle READ hoveredTitle NOTIFY hoverChanged)
     Q_PROPERTY(QString hoveredText READ hoveredText NOTIFY hoverChanged)
     Q_PROPERTY(QAbstractItemModel* hoveredLines READ hoveredLines CONSTANT)
+    Q_PROPERTY(QString hoveredNote READ hoveredNote NOTIFY hoverChanged)
+    Q_PROPERTY(QAbstractItemModel* key READ key CONSTANT)
 
 public:
     /// `model`, `clock` and `labels` must outlive it.
@@ -99,6 +101,8 @@ public:
     [[nodiscard]] QString hoveredTitle() const; ///< the day or month
     [[nodiscard]] QString hoveredText() const;  ///< the whole tooltip in one line
     [[nodiscard]] QAbstractItemModel* hoveredLines() { return &m_hoveredLines; }
+    [[nodiscard]] QString hoveredNote() const; ///< what the bar's height means; may be empty
+    [[nodiscard]] QAbstractItemModel* key() { return &m_key; }
 
     /// Points at the bucket nearest to `position`, a fraction of the plot's width.
     Q_INVOKABLE void hover(double position);
@@ -137,6 +141,7 @@ private:
     RecordList<AxisMark> m_dateMarks;
     RecordList<AxisMark> m_valueMarks;
     RecordList<TooltipLine> m_hoveredLines;
+    RecordList<TooltipLine> m_key;
 };
 
 } // namespace tallyvane::ui

@@ -40,7 +40,7 @@ FocusScope {
     }
     CardSurface {
         anchors.centerIn: parent
-        width: Math.min(Theme.scaled(360), content.width) + 2 * Theme.pageMargin
+        width: Math.min(360 * Theme.point, content.width) + 2 * Theme.pageMargin
         height: content.implicitHeight + 2 * Theme.pageMargin
         color: Theme.panel
 
@@ -48,13 +48,13 @@ FocusScope {
             id: content
 
             anchors.centerIn: parent
-            width: Math.min(Theme.scaled(360), root.width - 4 * Theme.pageMargin)
+            width: Math.min(360 * Theme.point, root.width - 4 * Theme.pageMargin)
             spacing: Theme.largeSpacing
 
             SymbolImage {
                 Layout.alignment: Qt.AlignHCenter
                 name: "menubar.rectangle"
-                size: Theme.scaled(34)
+                size: 34 * Theme.point
                 color: Theme.indigo
             }
             TextLabel {

@@ -140,21 +140,9 @@ ColumnLayout {
             visible: !root.viewModel.isAuthorized
             columnSpacing: Theme.spacing
 
-            RowLayout {
-                spacing: Theme.spacing
-
-                SymbolImage {
-                    Layout.alignment: Qt.AlignTop
-                    name: "exclamationmark.triangle.fill"
-                    size: Theme.symbolSize
-                    color: Theme.warning
-                }
-                TextLabel {
-                    objectName: "notAuthorized"
-                    Layout.fillWidth: true
-                    text: qsTr("Notifications are turned off in System Settings")
-                    wrapMode: Text.Wrap
-                }
+            WarningText {
+                objectName: "notAuthorized"
+                text: qsTr("Notifications are turned off in System Settings")
             }
             PushButton {
                 objectName: "openSettings"
@@ -163,6 +151,12 @@ ColumnLayout {
                 text: qsTr("Open Settings")
                 onClicked: root.viewModel.openNotificationSettings()
             }
+        }
+        WarningText {
+            objectName: "windowsNote"
+            Layout.fillWidth: true
+            visible: text !== ""
+            text: root.viewModel.windowsNote
         }
         Divider {
             Layout.fillWidth: true
@@ -174,7 +168,6 @@ ColumnLayout {
 
             TimeWindowRow {
                 Layout.fillWidth: true
-                Layout.minimumHeight: Theme.scaled(32)
                 viewModel: root.viewModel
                 onRemoving: index => Qt.callLater(root.focusTimeWindow, index)
             }

@@ -105,6 +105,15 @@ void SettingsModel::setNotifies(bool notifies) {
     }
 }
 
+QString SettingsModel::windowsNote() const {
+    const NotificationSettings settings = m_model.notificationSettings();
+    if (!settings.enabled || notify::allowsAnyTime(settings)) {
+        return {};
+    }
+    return settings.windows.empty() ? tr("No notification can come: there is no time window.")
+                                    : tr("No notification can come: no time window allows any.");
+}
+
 void SettingsModel::readAuthorization() {
     QCoro::connect(m_notificationCentre.isAuthorized(), this,
                    [this](bool isAuthorized) { m_isAuthorized = isAuthorized; });
@@ -120,18 +129,28 @@ void SettingsModel::addWindow() {
     m_model.setNotificationSettings(settings);
 }
 
-void SettingsModel::changeWindow(const QString& windowId, bool allDay, int startMinutes,
-                                 int endMinutes) {
+template <typename Change>
+void SettingsModel::changeWindow(const QString& windowId, Change change) {
     NotificationSettings settings = m_model.notificationSettings();
     const auto window =
         std::ranges::find(settings.windows, QUuid(windowId), &NotificationWindow::id);
-    if (window == settings.windows.end()) {
-        return;
+    if (window != settings.windows.end()) {
+        change(*window);
+        m_model.setNotificationSettings(settings);
     }
-    window->allDay = allDay;
-    window->startMinutes = startMinutes;
-    window->endMinutes = endMinutes;
-    m_model.setNotificationSettings(settings);
+}
+
+void SettingsModel::changeWindow(const QString& windowId, bool allDay, int startMinutes,
+                                 int endMinutes) {
+    changeWindow(windowId, [=](NotificationWindow& window) {
+        window.allDay = allDay;
+        window.startMinutes = startMinutes;
+        window.endMinutes = endMinutes;
+    });
+}
+
+void SettingsModel::turnWindowOn(const QString& windowId) {
+    changeWindow(windowId, [](NotificationWindow& window) { window.enabled = true; });
 }
 
 void SettingsModel::removeWindow(const QString& windowId) {
@@ -161,10 +180,15 @@ int SettingsModel::stepped(int minutes, int steps) const {
 void SettingsModel::showWindows() {
     std::vector<TimeWindow> rows;
     for (const NotificationWindow& window : m_model.notificationSettings().windows) {
-        rows.push_back({.windowId = window.id.toString(),
-                        .allDay = window.allDay,
-                        .startMinutes = minuteOfDay(window.startMinutes),
-                        .endMinutes = minuteOfDay(window.endMinutes)});
+        rows.push_back(
+            {.windowId = window.id.toString(),
+             .allDay = window.allDay,
+             .startMinutes = minuteOfDay(window.startMinutes),
+             .endMinutes = minuteOfDay(window.endMinutes),
+             .isOn = window.enabled,
+             .note = !window.enabled ? tr("This window is off; no notification comes in it.")
+                     : notify::isEmpty(window) ? tr("No time lies between this start and end.")
+                                               : QString()});
     }
     m_windows.setRecords(std::move(rows));
 }

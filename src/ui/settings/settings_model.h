@@ -20,12 +20,16 @@ class TimeWindow {
     Q_PROPERTY(bool allDay MEMBER allDay)
     Q_PROPERTY(int startMinutes MEMBER startMinutes)
     Q_PROPERTY(int endMinutes MEMBER endMinutes)
+    Q_PROPERTY(bool isOn MEMBER isOn)
+    Q_PROPERTY(QString note MEMBER note)
 
 public:
     QString windowId;
     bool allDay = false;
     int startMinutes = 0; ///< minutes after midnight, 0 to 1439
     int endMinutes = 0;   ///< likewise
+    bool isOn = true;
+    QString note; ///< why no notification can come in it; empty if any can
 
     bool operator==(const TimeWindow&) const = default;
 };
@@ -41,6 +45,7 @@ class SettingsModel : public QObject {
     Q_PROPERTY(QString codexState READ codexState NOTIFY codexChanged)
     Q_PROPERTY(bool isCodexFound READ isCodexFound NOTIFY codexChanged)
     Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
+    Q_PROPERTY(QString windowsNote READ windowsNote NOTIFY notificationSettingsChanged)
     Q_PROPERTY(bool isAuthorized READ isAuthorized NOTIFY isAuthorizedChanged)
     Q_PROPERTY(bool hasNotificationSettings READ hasNotificationSettings CONSTANT)
     Q_PROPERTY(QAbstractItemModel* windows READ windows CONSTANT)
@@ -67,6 +72,8 @@ public:
     [[nodiscard]] bool isCodexFound() const;
     [[nodiscard]] bool notifies() const { return m_model.notificationSettings().enabled; }
     void setNotifies(bool notifies);
+    /// Why no notification can come although they are on; empty if any can.
+    [[nodiscard]] QString windowsNote() const;
     /// Whether the desktop shows this program's notifications; true until that is known.
     [[nodiscard]] bool isAuthorized() const { return m_isAuthorized; }
     [[nodiscard]] bool hasNotificationSettings() const { return !!m_openNotificationSettings; }
@@ -89,6 +96,7 @@ public:
     Q_INVOKABLE void addWindow();
     Q_INVOKABLE void changeWindow(const QString& windowId, bool allDay, int startMinutes,
                                   int endMinutes);
+    Q_INVOKABLE void turnWindowOn(const QString& windowId);
     Q_INVOKABLE void removeWindow(const QString& windowId);
     Q_INVOKABLE void clearHistory();
 
@@ -110,6 +118,9 @@ Q_SIGNALS:
 
 private:
     void showWindows();
+    /// Lets `change` change the window of that id, if there is one.
+    template <typename Change>
+    void changeWindow(const QString& windowId, Change change);
 
     core::AppModel& m_model;
     platform::LoginItem& m_loginItem;

@@ -79,7 +79,8 @@ QtObject {
     readonly property font title2: type(20, Font.DemiBold)
     readonly property double symbolSize: scaled(16)
     readonly property double smallSymbolSize: scaled(12)
-    /// One point in pixels. Screens have more of them to the inch than the 72 of old.
+    /// One point, the unit of sizes that belong to type, in pixels. Screens have more of them to the
+    /// inch than the 72 of old.
     readonly property double point: scaled(12) / 10
 
     /// A length in pixels that scales with the desktop's text.

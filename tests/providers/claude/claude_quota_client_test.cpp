@@ -1,3 +1,4 @@
+#include "providers/advice.h"
 #include "providers/claude/claude_quota_client.h"
 #include "support/fake_secret_store.h"
 #include "support/home_files.h"
@@ -33,7 +34,10 @@ QByteArray outcome(const providers::QuotaResult& r) {
     }
     const bool isInPlace = r.error().shownAt == providers::QuotaFailure::Place::besideFigures;
     const QByteArray shortText = r.error().shortText.value_or(u"-"_s).toUtf8();
-    return isInPlace ? shortText + ": " + r.error().text.toUtf8() : QByteArray("in error line");
+    const bool isAdvised =
+        shortText == "-" || !providers::storedStatusAdvice(*r.error().shortText).isEmpty();
+    return isInPlace && isAdvised ? shortText + ": " + r.error().text.toUtf8()
+                                  : QByteArray("elsewhere");
 }
 
 const ScriptedReply answer = httpReply(200, usage);
