@@ -31,6 +31,7 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
     : m_model(model), m_clock(clock), m_calendar(calendar), m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HistoryModel::update);
     std::vector<TooltipLine> key;
+    key.reserve(model::allCases<model::AIProvider>.size());
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         key.push_back({.name = model::displayName(provider),
                        .colour = toColour(model::accentColour(provider))});
