@@ -2,6 +2,8 @@
 
 #include "model/foreign_text.h"
 
+#include <QtCore/QList>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
