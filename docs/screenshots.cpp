@@ -3,6 +3,7 @@
 
 #include "core/fixtures.h"
 #include "platform/linux/autostart_entry.h"
+#include "support/home_files.h"
 #include "support/idle_model.h"
 #include "support/test_main.h"
 #include "ui/dashboard/main_window.h"
@@ -65,6 +66,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
     const model::LocalZone utc(QTimeZone::utc());
     tests::IdleModel idle(core::fixtureSnapshot(now, utc), now, quarter());
     idle.model.setAppearance(choice);
+    tests::writeFile(idle.home().filePath(QStringLiteral("codex")), "#!/bin/sh\n");
     ui::Appearance appearance(idle.model);
     appearance.setMotionReduced(true);
     const auto engine = ui::makeEngine(appearance);
@@ -83,7 +85,12 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
                                             .codexProgram = idle.codexSetting(),
                                             .openNotificationSettings = [] {},
                                             .takeLaunchQuestion = [&] { return isToAsk; }});
-    mainWindow.open();
+    // Of a size that the screen in memory is too small for.
+    const auto openMainWindow = [&mainWindow] {
+        mainWindow.open();
+        mainWindow.window()->resize(820, 760);
+    };
+    openMainWindow();
     QObject* content = static_cast<QQuickView*>(mainWindow.window())->rootObject();
     for (const auto& [page, name] : {std::pair{0, "dashboard"}, {1, "history"}, {2, "settings"}}) {
         content->setProperty("page", page);
@@ -91,7 +98,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
     }
     mainWindow.close();
     isToAsk = true;
-    mainWindow.open();
+    openMainWindow();
     camera.take(mainWindow.window(), QStringLiteral("question") + suffix);
     mainWindow.close();
 
