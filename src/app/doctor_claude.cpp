@@ -15,8 +15,6 @@ using providers::Trouble;
 
 namespace {
 
-constexpr qsizetype maximumRecordFileSize = 1024 * 1024;
-
 struct FoundSignIn {
     Check check;
     std::optional<Credentials> credentials;
@@ -77,7 +75,7 @@ FoundSignIn inFile(const std::filesystem::path& path, const Environment& environ
         }
         return found;
     }
-    const auto bytes = model::readFile(path, maximumRecordFileSize);
+    const auto bytes = model::readFile(path, providers::maximumRecordSize);
     if (!bytes) {
         check.state = CheckState::broken;
         check.text = QStringLiteral("%1 cannot be read").arg(name);

@@ -36,8 +36,6 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     showToolTip();
     showMenu();
     connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showSnapshot);
-    connect(&model, &core::AppModel::snapshotChanged, this, &StatusArea::showToolTip);
-    connect(&model, &core::AppModel::failuresChanged, this, &StatusArea::showToolTip);
     // The figures change during a refresh only, and their age is told as of its end: a timer for
     // each minute would wake the program and the panel for a text that is rarely read.
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showToolTip);

@@ -7,8 +7,6 @@ namespace tallyvane::providers {
 
 namespace {
 
-constexpr qsizetype maximumRecordSize = 1024 * 1024;
-
 /// Clamped to the range of a timestamp.
 model::Timestamp expiry(double milliseconds) {
     using namespace std::chrono;

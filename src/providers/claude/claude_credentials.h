@@ -19,6 +19,9 @@ struct Credentials {
     std::optional<QString> subscriptionType; ///< the plan's identifier, such as "claude_max"
 };
 
+/// In bytes; a larger file with a sign-in record counts as unreadable.
+inline constexpr qsizetype maximumRecordSize = 1024 * 1024;
+
 /// Reads the record that Claude Code keeps:
 ///
 ///     {"claudeAiOauth": {"accessToken": text, "expiresAt": milliseconds since 1970,

@@ -24,8 +24,8 @@ public:
     QString name;
     QUrl usagePage;
     QString summary;
-    QString
-        details; ///< when the quotas reset and, if the figures are old, since when; may be empty
+    /// When the quotas reset and, if the figures are old, since when; may be empty.
+    QString details;
     QString trouble;     ///< why the figures are not current and what to do; may be empty
     QString description; ///< these texts, to be read aloud
 

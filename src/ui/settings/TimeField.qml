@@ -1,4 +1,5 @@
 pragma ComponentBehavior: Bound
+
 import QtQuick
 import Tallyvane.Settings
 import Tallyvane.Style
