@@ -107,10 +107,17 @@ QString resetText(std::optional<Timestamp> resetsAt, const ProviderQuotaSnapshot
     if (left >= days{1}) {
         return weekdayTime.format(*resetsAt);
     }
+    return countdownText(left);
+}
+
+QString countdownText(Timestamp::duration left) {
+    const auto wholeDays = left / days{1};
+    const auto hoursLeft = left / hours{1} % 24;
+    if (wholeDays > 0) {
+        return QStringLiteral("in %1d %2h").arg(wholeDays).arg(hoursLeft);
+    }
     // At least "1m", also on whole hours.
-    const auto whole = hh_mm_ss{floor<seconds>(left)};
-    const auto minutesLeft = std::max<std::int64_t>(whole.minutes().count(), 1);
-    const auto hoursLeft = whole.hours().count();
+    const auto minutesLeft = std::max<std::int64_t>(left / minutes{1} % 60, 1);
     return hoursLeft > 0 ? QStringLiteral("in %1h %2m").arg(hoursLeft).arg(minutesLeft)
                          : QStringLiteral("in %1m").arg(minutesLeft);
 }

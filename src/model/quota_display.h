@@ -50,6 +50,9 @@ inline constexpr double lowPercent = 25;
                                 const ProviderQuotaSnapshot& entry, Timestamp now,
                                 const WeekdayTimeFormat& weekdayTime);
 
+/// How soon something happens: "in 5m", "in 1h 30m", "in 3d 4h"; at least a minute.
+[[nodiscard]] QString countdownText(Timestamp::duration left);
+
 /// The age of `date`: "never", "just now", "5 min ago", "2 hr ago", "3 d ago".
 [[nodiscard]] QString ageText(std::optional<Timestamp> date, Timestamp now);
 

@@ -98,8 +98,7 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "wrapper-2.0");
         Desktop desktop;
         const platform::SystemAppearance appearance;
-        const app::StatusArea area(idle.model, appearance, idle.clock,
-                                   {"C", model::LocalZone(QTimeZone::utc())}, {});
+        const app::StatusArea area(idle.model, appearance, idle.clock, {});
         QTRY_VERIFY(hasInk(light));
         ::prctl(PR_SET_NAME, "status_area_test");
         desktop.change(appearanceGroup, colourScheme, 9U);

@@ -23,8 +23,7 @@ struct OpenPanel final : tests::ShownWindow {
         return static_cast<QQuickView*>(panel.window());
     }
 
-    ui::MenuBarQuotaViewModel viewModel{
-        idle.model, idle.clock, {"C", model::LocalZone(QTimeZone::utc())}};
+    ui::MenuBarQuotaViewModel viewModel{idle.model, idle.clock};
     ui::QuotaPanel panel{[this]() -> QQmlEngine& { return *engine; }, viewModel};
 };
 

@@ -39,8 +39,7 @@ DesktopProgram::DesktopProgram(const Environment& environment)
       m_composition(environment),
       m_loginItem(
           autostartPlaces(environment, QCoreApplication::arguments().constFirst().toStdString())),
-      m_statusArea(m_composition.model, m_appearance, m_composition.clock,
-                   {environment.timeLocale, environment.zone}, iconFolder(environment)),
+      m_statusArea(m_composition.model, m_appearance, m_composition.clock, iconFolder(environment)),
       m_application([this] { return refreshAndReport(); }) {
     connect(&m_statusArea, &StatusArea::clicked, this,
             [this](std::optional<QPoint> position, const QString& token) {

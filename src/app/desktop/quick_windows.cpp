@@ -20,7 +20,7 @@ public:
     explicit QuickWindows(const WindowsContext& context)
         : m_appearance(context.model),
           m_engine(ui::makeEngine(m_appearance)),
-          m_panelModel(context.model, context.clock, {context.timeLocale, context.zone}),
+          m_panelModel(context.model, context.clock),
           m_panel(engine(), m_panelModel),
           m_mainWindow(engine(), {.model = context.model,
                                   .defaults = context.defaults,

@@ -23,12 +23,10 @@ constexpr int pictureSizes[] = {16, 22, 24, 32, 44};
 } // namespace
 
 StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
-                       const platform::Clock& clock, model::WeekdayTimeFormat weekdayTime,
-                       const std::filesystem::path& iconFolder)
+                       const platform::Clock& clock, const std::filesystem::path& iconFolder)
     : m_model(model),
       m_appearance(appearance),
       m_clock(clock),
-      m_weekdayTime(std::move(weekdayTime)),
       m_iconFiles(iconFolder),
       m_item(QString(platform::applicationId)) {
     m_item.setTitle(QStringLiteral("Tallyvane"));
@@ -75,8 +73,7 @@ void StatusArea::showSnapshot() {
 }
 
 void StatusArea::showToolTip() {
-    m_item.setToolTip(
-        ui::tooltipLines(m_model.snapshot(), m_model.failures(), m_clock.now(), m_weekdayTime));
+    m_item.setToolTip(ui::tooltipLines(m_model.snapshot(), m_model.failures(), m_clock.now()));
 }
 
 void StatusArea::showMenu() {

@@ -2,7 +2,6 @@
 
 #include "app/desktop/symbolic_icon_files.h"
 #include "core/app_model.h"
-#include "model/weekday_time_format.h"
 #include "platform/clock.h"
 #include "platform/linux/panel_colour_preference.h"
 #include "platform/linux/status_item/status_item.h"
@@ -20,8 +19,7 @@ public:
     /// The references must outlive it. `iconFolder` holds icons for the desktop to read; if empty,
     /// there are none.
     StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
-               const platform::Clock& clock, model::WeekdayTimeFormat weekdayTime,
-               const std::filesystem::path& iconFolder);
+               const platform::Clock& clock, const std::filesystem::path& iconFolder);
 
     [[nodiscard]] bool isShown() const { return m_item.isHostAvailable(); }
 
@@ -45,7 +43,6 @@ private:
     const core::AppModel& m_model;
     const platform::SystemAppearance& m_appearance;
     const platform::Clock& m_clock;
-    model::WeekdayTimeFormat m_weekdayTime;
     platform::PanelColourPreference m_panelColours;
     SymbolicIconFiles m_iconFiles;
     platform::StatusItem m_item;

@@ -34,17 +34,16 @@ QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry, model::Timestam
     return isOld && entry.syncedAt ? model::ageText(entry.syncedAt, now) : QString();
 }
 
-QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
-                   const model::WeekdayTimeFormat& weekdayTime) {
+QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
     QStringList parts;
     for (const auto& [window, name] : {std::pair(&entry.fiveHour, QStringLiteral("5H")),
                                        std::pair(&entry.week, QStringLiteral("WK"))}) {
         const auto resetsAt = *window ? (*window)->resetsAt : std::nullopt;
         if (entry.syncState == model::QuotaSyncState::current && resetsAt && *resetsAt > now) {
-            //: %1 is "5H", %2 a time such as "in 2h 14m" or "Tue 15:45"
+            //: %1 is "5H", %2 a time such as "in 2h 14m"
             const QString text =
                 parts.isEmpty() ? MenuBarLabel::tr("%1 resets %2") : MenuBarLabel::tr("%1 %2");
-            parts << text.arg(name, model::resetText(resetsAt, entry, now, weekdayTime));
+            parts << text.arg(name, model::countdownText(*resetsAt - now));
         }
     }
     return parts.join(QStringLiteral("  \u00B7  "));
@@ -63,14 +62,14 @@ QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now
 }
 
 QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failures& failures,
-                         model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime) {
+                         model::Timestamp now) {
     const QString label = model::labelText(snapshot);
     const QString name = QStringLiteral("Tallyvane");
     QStringList lines = {label.isEmpty() ? name : QStringLiteral("%1: %2").arg(name, label)};
     const QStringList providerLines = menuLines(snapshot, now);
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         lines += providerLines.at(std::to_underlying(provider));
-        const QString resets = resetsLine(entryFor(snapshot, provider), now, weekdayTime);
+        const QString resets = resetsLine(entryFor(snapshot, provider), now);
         if (!resets.isEmpty()) {
             lines += u'\u2003' + resets; // hosts that parse markup drop plain spaces
         }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/app_model.h"
-#include "model/weekday_time_format.h"
 
 #include <QtCore/QStringList>
 
@@ -24,9 +23,8 @@ struct GaugeValues {
 [[nodiscard]] QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry,
                                     model::Timestamp now);
 
-/// When the provider's quotas reset, "5H resets in 2h 14m  ·  WK Tue 15:45"; empty if unknown.
-[[nodiscard]] QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
-                                 const model::WeekdayTimeFormat& weekdayTime);
+/// When the provider's quotas reset, "5H resets in 2h 14m  ·  WK in 3d 4h"; empty if unknown.
+[[nodiscard]] QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now);
 
 /// model::summaryLines(), with the age of old figures.
 [[nodiscard]] QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now);
@@ -35,7 +33,6 @@ struct GaugeValues {
 /// provider its line of the menu and the resets, and lines on why figures are missing and what to
 /// do.
 [[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot,
-                                       const core::Failures& failures, model::Timestamp now,
-                                       const model::WeekdayTimeFormat& weekdayTime);
+                                       const core::Failures& failures, model::Timestamp now);
 
 } // namespace tallyvane::ui

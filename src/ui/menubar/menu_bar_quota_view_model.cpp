@@ -5,9 +5,8 @@
 
 namespace tallyvane::ui {
 
-MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock,
-                                             model::WeekdayTimeFormat weekdayTime)
-    : m_model(model), m_clock(clock), m_weekdayTime(std::move(weekdayTime)) {
+MenuBarQuotaViewModel::MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock)
+    : m_model(model), m_clock(clock) {
     connect(&model, &core::AppModel::snapshotChanged, this, &MenuBarQuotaViewModel::updateRows);
     connect(&model, &core::AppModel::failuresChanged, this, &MenuBarQuotaViewModel::updateRows);
     connect(&model, &core::AppModel::isRefreshingChanged, this,
@@ -34,7 +33,7 @@ void MenuBarQuotaViewModel::updateRows() {
         const auto failed = failures.find(provider);
         const model::ProviderQuotaSnapshot entry = entryFor(snapshot, provider);
         const QString age = oldFiguresAge(entry, now);
-        QStringList details = {resetsLine(entry, now, m_weekdayTime)};
+        QStringList details = {resetsLine(entry, now)};
         //: %1 is how long ago, such as "20 min ago"
         details << (age.isEmpty() ? QString() : tr("Last updated %1").arg(age));
         details.removeAll(QString());

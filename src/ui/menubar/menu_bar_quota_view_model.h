@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/app_model.h"
-#include "model/weekday_time_format.h"
 #include "platform/clock.h"
 #include "ui/style/record_list.h"
 
@@ -42,8 +41,7 @@ class MenuBarQuotaViewModel : public QObject {
 
 public:
     /// Follows `model`, and the clock while the view is shown; both must outlive it.
-    MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock,
-                          model::WeekdayTimeFormat weekdayTime);
+    MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock);
     void setShown(bool isShown);
 
     /// Codex, then Claude.
@@ -63,7 +61,6 @@ private:
 
     const core::AppModel& m_model;
     platform::Clock& m_clock;
-    model::WeekdayTimeFormat m_weekdayTime;
     std::unique_ptr<platform::Alarm> m_nextUpdate; ///< while the view is shown
     RecordList<ProviderRow> m_rows;
 };
