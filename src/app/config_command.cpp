@@ -30,7 +30,7 @@ struct Setting {
 };
 
 Saved saved(const std::expected<void, model::FileError>& result) {
-    return result ? Saved() : std::unexpected(result.error().message);
+    return result ? Saved() : std::unexpected(result.error().message.text());
 }
 
 QString onOrOff(bool isOn) {

@@ -30,7 +30,7 @@ FoundSignIn inKeyring(const platform::SecretLookup& lookup) {
         check.text = found.credentials
                          ? QStringLiteral("The keyring holds a sign-in")
                          : QStringLiteral("What the keyring holds is no sign-in of Claude Code");
-        check.advice = found.credentials ? QString() : advice(Trouble::noClaudeSignIn);
+        check.advice = found.credentials ? QString() : advice(Trouble::noClaudeSignIn).text();
         return found;
     }
     switch (lookup.error().kind) {
@@ -43,7 +43,7 @@ FoundSignIn inKeyring(const platform::SecretLookup& lookup) {
     case Kind::locked:
         check.state = CheckState::attention;
         check.text = QStringLiteral("The keyring is locked, and may hold a sign-in");
-        check.advice = advice(Trouble::keyringLocked);
+        check.advice = advice(Trouble::keyringLocked).text();
         break;
     case Kind::failed:
         check.state = CheckState::attention;
@@ -86,7 +86,7 @@ FoundSignIn inFile(const std::filesystem::path& path, const Environment& environ
     if (!found.credentials) {
         check.state = CheckState::broken;
         check.text = QStringLiteral("%1 holds no sign-in of Claude Code").arg(name);
-        check.advice = advice(Trouble::noClaudeSignIn);
+        check.advice = advice(Trouble::noClaudeSignIn).text();
         return found;
     }
     check.state = CheckState::fine;
@@ -104,7 +104,7 @@ Check signInCheck(const std::optional<Credentials>& credentials, const QString& 
     Check check{.id = QStringLiteral("claude.signIn"), .state = CheckState::broken};
     if (!credentials) {
         check.text = QStringLiteral("No sign-in can be used");
-        check.advice = advice(trouble);
+        check.advice = advice(trouble).text();
         return check;
     }
     const std::optional<model::Timestamp> expiry = credentials->expiresAt;
@@ -112,7 +112,7 @@ Check signInCheck(const std::optional<Credentials>& credentials, const QString& 
         check.text =
             QStringLiteral("The sign-in %1 expired %2 ago")
                 .arg(place, durationText(std::chrono::floor<std::chrono::seconds>(now - *expiry)));
-        check.advice = advice(Trouble::claudeSignInExpired);
+        check.advice = advice(Trouble::claudeSignInExpired).text();
         return check;
     }
     check.state = CheckState::fine;
@@ -161,12 +161,13 @@ QCoro::Task<Checks> claudeServiceCheck(QuotaSources* sources) {
         check.text = QStringLiteral("The Claude service gives figures");
     } else {
         check.state = CheckState::broken;
-        check.text = QStringLiteral("The Claude service gives no figures: %1")
-                         .arg(model::maskedAddresses(model::readableLine(answer.error().text)));
+        check.text =
+            QStringLiteral("The Claude service gives no figures: %1")
+                .arg(model::maskedAddresses(model::readableLine(answer.error().text.text())));
         const bool isUnreached = answer.error().advice == advice(Trouble::claudeNotReached);
         check.advice = isUnreached ? QStringLiteral("Check the network connection, and what is "
                                                     "said about the proxy.")
-                                   : answer.error().advice;
+                                   : answer.error().advice.text();
     }
     co_return Checks(1, check);
 }

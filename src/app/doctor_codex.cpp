@@ -43,12 +43,12 @@ Checks codexProgramChecks(const providers::CodexProgram& program) {
     } else {
         const auto trouble =
             isChosen ? providers::Trouble::codexPathUnusable : providers::Trouble::noCodex;
-        QString text = providers::description(path.error());
+        QString text = providers::description(path.error()).text();
         text.chop(text.endsWith(u'.') ? 1 : 0);
         checks.append({.id = QStringLiteral("codex.program"),
                        .state = CheckState::broken,
                        .text = masked(text),
-                       .advice = elsewhere.isEmpty() ? advice(trouble)
+                       .advice = elsewhere.isEmpty() ? advice(trouble).text()
                                                      : foundProgramLine(elsewhere.takeFirst())});
     }
     if (!isChosen) {
@@ -79,7 +79,7 @@ QCoro::Task<Checks> codexVersionCheck(QuotaSources* sources) {
     if (version.isEmpty()) {
         check.state = CheckState::attention;
         check.text = QStringLiteral("'codex --version' said nothing within 5 s");
-        check.advice = advice(providers::Trouble::codexNotAnswering);
+        check.advice = advice(providers::Trouble::codexNotAnswering).text();
     } else {
         check.state = CheckState::fine;
         check.text = QStringLiteral("Version: %1").arg(masked(version));
@@ -97,8 +97,9 @@ QCoro::Task<Checks> codexAnswerCheck(QuotaSources* sources) {
         check.state = CheckState::fine;
         check.text = QStringLiteral("Signed in, and it gives figures");
     } else {
-        check.text = QStringLiteral("It gives no figures: %1").arg(masked(answer.error().text));
-        check.advice = answer.error().advice;
+        check.text =
+            QStringLiteral("It gives no figures: %1").arg(masked(answer.error().text.text()));
+        check.advice = answer.error().advice.text();
     }
     co_return Checks(1, check);
 }

@@ -167,7 +167,7 @@ Checks sessionLogChecks(const Environment& environment, model::Timestamp now) {
         std::error_code error;
         if (report.error) {
             check.state = CheckState::broken;
-            check.text = history::scanFailureText(report.error);
+            check.text = history::scanFailureText(report.error).text();
             check.advice = QStringLiteral("Close other programs; the system has no more open "
                                           "files to give.");
         } else if (!fs::is_directory(root, error)) {

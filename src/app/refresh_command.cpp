@@ -19,15 +19,15 @@ QString progressText(const Environment& environment) {
 
 void printFailures(const core::RefreshReport& report) {
     for (const auto& [provider, failure] : report.failures) {
-        printError(QStringLiteral("%1: %2").arg(model::displayName(provider), failure.text));
-        printAdvice(failure.advice);
+        printError(QStringLiteral("%1: %2").arg(model::displayName(provider), failure.text.text()));
+        printAdvice(failure.advice.text());
         if (!failure.foundProgram.isEmpty()) {
             printAdvice(providers::codexPathCommand(failure.foundProgram));
         }
     }
     for (const auto& reason : {report.uncounted, report.notSaved}) {
         if (reason) {
-            printError(*reason);
+            printError(reason->text());
         }
     }
 }

@@ -9,20 +9,22 @@ namespace {
 
 using Outcome = core::RefreshReport::Outcome;
 
-void insertText(QJsonObject& object, const QString& key, const std::optional<QString>& text) {
+void insertText(QJsonObject& object, const QString& key,
+                const std::optional<model::Message>& text) {
     if (text) {
-        object[key] = *text;
+        object[key] = text->sourceText();
     }
 }
 
-std::optional<QString> text(const QJsonObject& object, const QString& key) {
+std::optional<model::Message> text(const QJsonObject& object, const QString& key) {
     const QJsonValue value = object[key];
-    return value.isString() ? std::optional(value.toString()) : std::nullopt;
+    return value.isString() ? std::optional(model::Message::foreign(value.toString()))
+                            : std::nullopt;
 }
 
 QJsonObject encode(const providers::QuotaFailure& failure) {
-    QJsonObject object{{QStringLiteral("text"), failure.text},
-                       {QStringLiteral("advice"), failure.advice}};
+    QJsonObject object{{QStringLiteral("text"), failure.text.sourceText()},
+                       {QStringLiteral("advice"), failure.advice.sourceText()}};
     if (!failure.foundProgram.isEmpty()) {
         object[QStringLiteral("foundProgram")] = failure.foundProgram;
     }
@@ -63,8 +65,8 @@ std::optional<RefreshResult> decodeRefreshResult(const QByteArray& json) {
         const QJsonObject failure = failures[model::rawValue(provider)].toObject();
         if (!failure.isEmpty()) {
             result.report.failures[provider] = {
-                .text = failure[QStringLiteral("text")].toString(),
-                .advice = failure[QStringLiteral("advice")].toString(),
+                .text = model::Message::foreign(failure[QStringLiteral("text")].toString()),
+                .advice = model::Message::foreign(failure[QStringLiteral("advice")].toString()),
                 .foundProgram = failure[QStringLiteral("foundProgram")].toString()};
         }
     }

@@ -66,7 +66,7 @@ ExitCode runTokens(const Environment& environment, OutputFormat format) {
     const history::ScanReport report = history::scanSessionLogs(history::logRoots(environment.home),
                                                                 platform::BootClock().now(), {});
     if (report.error) {
-        printError(history::scanFailureText(report.error));
+        printError(history::scanFailureText(report.error).text());
         return ExitCode::failure;
     }
     const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;

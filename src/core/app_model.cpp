@@ -53,9 +53,9 @@ Failures storedFailures(const QuotaSnapshot& snapshot) {
     Failures failures;
     for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
         const QString status = entry.statusMessage.value_or(QString());
-        const QString advice = providers::storedStatusAdvice(status);
+        const model::Message advice = providers::storedStatusAdvice(status);
         if (entry.syncState != QuotaSyncState::current && !advice.isEmpty()) {
-            failures[entry.provider] = {.text = status + u'.',
+            failures[entry.provider] = {.text = model::Message("%1.", {status}),
                                         .advice = advice,
                                         .shownAt = Place::besideFigures,
                                         .shortText = status};
@@ -157,7 +157,7 @@ QCoro::Task<RefreshReport> AppModel::refreshOrJoin() {
     co_return report;
 }
 
-QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
+QCoro::Task<std::expected<model::FileLock, model::Message>> AppModel::lockStore() {
     for (auto waited = 0ms; waited <= lockPatience; waited += lockInterval) {
         auto tried = m_services.store.tryLock();
         if (!tried) {
@@ -169,9 +169,9 @@ QCoro::Task<std::expected<model::FileLock, QString>> AppModel::lockStore() {
         }
         co_await pause(&m_services.clock, lockInterval);
     }
-    co_return std::unexpected(
-        QStringLiteral("Another program is refreshing the same files and did not end within a "
-                       "minute."));
+    co_return std::unexpected(model::Message(
+        QT_TRANSLATE_NOOP("Message", "Another program is refreshing the same files and did not end "
+                                     "within a minute.")));
 }
 
 QuotaSnapshot AppModel::previousSnapshot() {
@@ -231,7 +231,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
     co_return report;
 }
 
-RefreshReport AppModel::notSaved(RefreshReport report, const QString& reason) {
+RefreshReport AppModel::notSaved(RefreshReport report, const model::Message& reason) {
     m_lastError = reason;
     report.outcome = RefreshReport::Outcome::notSaved;
     report.notSaved = reason;

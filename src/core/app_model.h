@@ -57,8 +57,8 @@ struct RefreshReport {
 
     Outcome outcome = Outcome::published;
     Failures failures;
-    std::optional<QString> uncounted; ///< message for the user if new tokens were not counted
-    std::optional<QString> notSaved;  ///< message for the user: why the result was not saved
+    std::optional<model::Message> uncounted; ///< if new tokens were not counted
+    std::optional<model::Message> notSaved;  ///< why the result was not saved
 };
 
 /// The program's state and its refresh cycle. Main thread only. Must outlive the event loop:
@@ -75,9 +75,9 @@ public:
     [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
     [[nodiscard]] history::UsageHistory history() const { return m_history; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
-    /// Message for the user if the last refresh or save failed. A provider's failure appears here
+    /// Set if the last refresh or save failed. A provider's failure appears here
     /// only if it is not shown beside that provider's figures.
-    [[nodiscard]] std::optional<QString> lastError() const { return m_lastError; }
+    [[nodiscard]] std::optional<model::Message> lastError() const { return m_lastError; }
     /// Why providers gave no figures in the last refresh. Before the first one ends, what the shown
     /// snapshot tells of an earlier run.
     [[nodiscard]] Failures failures() const { return m_failures; }
@@ -130,18 +130,18 @@ private:
     struct Answers {
         std::vector<model::ProviderQuotaSnapshot> entries;
         Failures failures;
-        std::optional<QString> errorLine;
+        std::optional<model::Message> errorLine;
     };
 
     QCoro::Task<Answers> askProviders(model::QuotaSnapshot previous, providers::AskedBy askedBy);
     QCoro::Task<> refreshForUser();
     QCoro::Task<> refreshRepeatedly();
     QCoro::Task<RefreshReport> runCycle(providers::AskedBy askedBy);
-    QCoro::Task<std::expected<model::FileLock, QString>> lockStore();
+    QCoro::Task<std::expected<model::FileLock, model::Message>> lockStore();
     /// The figures that the next refresh is compared with.
     [[nodiscard]] model::QuotaSnapshot previousSnapshot();
     void showError(const std::expected<void, model::FileError>& saved);
-    RefreshReport notSaved(RefreshReport report, const QString& reason);
+    RefreshReport notSaved(RefreshReport report, const model::Message& reason);
 
     Services m_services;
     history::TokenBaselines m_baselines;
@@ -156,7 +156,7 @@ private:
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, history::UsageHistory, m_history,
                                &AppModel::historyChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_isRefreshing, &AppModel::isRefreshingChanged)
-    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<QString>, m_lastError,
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<model::Message>, m_lastError,
                                &AppModel::lastErrorChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Failures, m_failures, &AppModel::failuresChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::AppAppearance, m_appearance,

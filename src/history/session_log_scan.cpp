@@ -178,9 +178,10 @@ private:
 
 } // namespace
 
-QString scanFailureText(const std::error_code& error) {
-    return QStringLiteral("The session logs could not be counted: %1.")
-        .arg(qt_error_string(error.value()));
+model::Message scanFailureText(const std::error_code& error) {
+    return model::Message(
+        QT_TRANSLATE_NOOP("Message", "The session logs could not be counted: %1."),
+        {qt_error_string(error.value())});
 }
 
 LogRoots logRoots(const std::filesystem::path& home) {

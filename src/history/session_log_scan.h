@@ -41,7 +41,7 @@ struct ScanReport {
 };
 
 /// The user's text for ScanReport::error.
-[[nodiscard]] QString scanFailureText(const std::error_code& error);
+[[nodiscard]] model::Message scanFailureText(const std::error_code& error);
 
 /// Counts the tokens in the session logs modified in the 35 days before `now`, Codex first.
 /// Blocking and stateless: every call reads every log. Malformed logs never make it fail. Stops

@@ -34,7 +34,7 @@ private:
 struct RecordedHistory {
     UsageHistory history;
     /// For the user: why new tokens are missing. A later call adds them.
-    std::optional<QString> uncounted;
+    std::optional<model::Message> uncounted;
 };
 
 /// Adds the result of a refresh to the usage history.

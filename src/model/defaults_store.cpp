@@ -123,9 +123,9 @@ DefaultsStore::write(const std::map<QString, QByteArray>& encodedValues) {
     }
     auto ini = read();
     if (!ini) {
-        return std::unexpected(
-            FileError{QStringLiteral("%1 does not hold settings, and stays as it is.")
-                          .arg(QFile(m_path).fileName())});
+        return std::unexpected(FileError{
+            Message(QT_TRANSLATE_NOOP("Message", "%1 does not hold settings, and stays as it is."),
+                    {QFile(m_path).fileName()})});
     }
     const QByteArray before = ini->file();
     for (const auto& [key, value] : encodedValues) {

@@ -100,8 +100,8 @@ int replaceFile(const fs::path& path, const QByteArray& bytes) {
 } // namespace
 
 FileError saveError(const fs::path& path, int error) {
-    return {QStringLiteral("Could not save %1: %2.")
-                .arg(QFile(path).fileName(), qt_error_string(error))};
+    return {Message(QT_TRANSLATE_NOOP("Message", "Could not save %1: %2."),
+                    {QFile(path).fileName(), qt_error_string(error)})};
 }
 
 std::optional<QByteArray> readFile(const fs::path& path, qsizetype maximumSize) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/file_descriptor.h"
+#include "model/message.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -14,7 +15,7 @@ namespace tallyvane::model {
 
 /// Why something could not be saved.
 struct FileError {
-    QString message; ///< for the user
+    Message message;
 };
 
 /// "Could not save <path>: <reason>."; `error` is an errno value.

@@ -132,7 +132,8 @@ std::expected<QByteArray, FileError> encodeJson(const QJsonObject& object) {
     PrettyPrinter printer;
     printer.write(object, 0);
     if (!printer.isFinite()) {
-        return std::unexpected(FileError{QStringLiteral("A figure is not a finite number.")});
+        return std::unexpected(
+            FileError{Message(QT_TRANSLATE_NOOP("Message", "A figure is not a finite number."))});
     }
     return printer.bytes();
 }

@@ -1,13 +1,20 @@
 #include "model/quota_display.h"
 
+#include "model/message.h"
+
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace tallyvane::model {
 
 namespace {
 
 using namespace std::chrono;
+
+class Quota {
+    Q_DECLARE_TR_FUNCTIONS(Quota)
+};
 
 struct ProviderDisplay {
     QLatin1StringView name;
@@ -28,7 +35,7 @@ const ProviderDisplay& displayOf(AIProvider provider) {
 }
 
 QString pendingText(const ProviderQuotaSnapshot& entry) {
-    return entry.statusMessage.value_or(QStringLiteral("Sync pending"));
+    return entry.statusMessage ? translated(*entry.statusMessage) : Quota::tr("Sync pending");
 }
 
 int wholeRemaining(const std::optional<QuotaWindowSnapshot>& window) {
@@ -68,21 +75,28 @@ QString summaryText(const ProviderQuotaSnapshot& entry) {
     if (entry.syncState == QuotaSyncState::pending) {
         return pendingText(entry);
     }
-    return QStringLiteral("5H %1%  \u00B7  WK %2%")
+    //: What is left in the five-hour window and in the week, as short as possible
+    return Quota::tr("5H %1%  \u00B7  WK %2%")
         .arg(wholeRemaining(entry.fiveHour))
         .arg(wholeRemaining(entry.week));
 }
 
+QString percentText(int percent) {
+    //: A percentage
+    return Quota::tr("%1%").arg(percent);
+}
+
 QString labelText(const QuotaSnapshot& snapshot) {
     const std::optional<int> lowest = lowestRemainingPercent(snapshot);
-    return lowest ? QStringLiteral("%1%").arg(*lowest) : QString();
+    return lowest ? percentText(*lowest) : QString();
 }
 
 QStringList summaryLines(const QuotaSnapshot& snapshot) {
     QStringList lines;
     for (const AIProvider provider : allCases<AIProvider>) {
-        lines.append(QStringLiteral("%1: %2").arg(displayName(provider),
-                                                  summaryText(entryFor(snapshot, provider))));
+        //: %1 is "Codex" or "Claude", %2 its figures
+        lines.append(Quota::tr("%1: %2").arg(displayName(provider),
+                                             summaryText(entryFor(snapshot, provider))));
     }
     return lines;
 }
@@ -93,12 +107,12 @@ QString resetText(std::optional<Timestamp> resetsAt, const ProviderQuotaSnapshot
     case QuotaSyncState::pending:
         return pendingText(entry);
     case QuotaSyncState::unavailable:
-        return QStringLiteral("Not available");
+        return Quota::tr("Not available");
     case QuotaSyncState::current:
         break;
     }
     if (!resetsAt) {
-        return QStringLiteral("Reset unknown");
+        return Quota::tr("Reset unknown");
     }
     const auto left = *resetsAt - now;
     if (left <= microseconds{0}) {
@@ -114,29 +128,31 @@ QString countdownText(Timestamp::duration left) {
     const auto wholeDays = left / days{1};
     const auto hoursLeft = left / hours{1} % 24;
     if (wholeDays > 0) {
-        return QStringLiteral("in %1d %2h").arg(wholeDays).arg(hoursLeft);
+        //: Days and hours, as short as possible
+        return Quota::tr("in %1d %2h").arg(wholeDays).arg(hoursLeft);
     }
     // At least "1m", also on whole hours.
     const auto minutesLeft = std::max<std::int64_t>(left / minutes{1} % 60, 1);
-    return hoursLeft > 0 ? QStringLiteral("in %1h %2m").arg(hoursLeft).arg(minutesLeft)
-                         : QStringLiteral("in %1m").arg(minutesLeft);
+    return hoursLeft > 0 ? Quota::tr("in %1h %2m").arg(hoursLeft).arg(minutesLeft)
+                         : Quota::tr("in %1m").arg(minutesLeft);
 }
 
 QString ageText(std::optional<Timestamp> date, Timestamp now) {
     if (!date) {
-        return QStringLiteral("never");
+        return Quota::tr("never");
     }
     const auto age = now - *date;
     if (age < minutes{1}) {
-        return QStringLiteral("just now");
+        return Quota::tr("just now");
     }
     if (age < hours{1}) {
-        return QStringLiteral("%1 min ago").arg(age / minutes{1});
+        return Quota::tr("%n min ago", nullptr, static_cast<int>(age / minutes{1}));
     }
     if (age < days{1}) {
-        return QStringLiteral("%1 hr ago").arg(age / hours{1});
+        return Quota::tr("%n hr ago", nullptr, static_cast<int>(age / hours{1}));
     }
-    return QStringLiteral("%1 d ago").arg(age / days{1});
+    const auto wholeDays = std::min<std::int64_t>(age / days{1}, std::numeric_limits<int>::max());
+    return Quota::tr("%n d ago", nullptr, static_cast<int>(wholeDays));
 }
 
 } // namespace tallyvane::model

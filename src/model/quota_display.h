@@ -38,6 +38,9 @@ inline constexpr double lowPercent = 25;
 /// while pending, the reason instead.
 [[nodiscard]] QString summaryText(const ProviderQuotaSnapshot& entry);
 
+/// "37%".
+[[nodiscard]] QString percentText(int percent);
+
 /// lowestRemainingPercent() as text, such as "37%"; empty when there is none.
 [[nodiscard]] QString labelText(const QuotaSnapshot& snapshot);
 

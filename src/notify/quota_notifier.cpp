@@ -2,9 +2,15 @@
 
 #include "model/quota_display.h"
 
+#include <QtCore/QCoreApplication>
+
 namespace tallyvane::notify {
 
 namespace {
+
+class Notification {
+    Q_DECLARE_TR_FUNCTIONS(Notification)
+};
 
 constexpr double highPercent = 10;
 constexpr double lowPercent = 5;
@@ -25,7 +31,7 @@ void QuotaNotifier::process(const model::QuotaSnapshot& snapshot,
                 {.identifier = QStringLiteral("reset-%1-%2")
                                    .arg(model::rawValue(provider), model::unixSecondsText(now)),
                  .title = QStringLiteral("Tallyvane"),
-                 .body = QStringLiteral("您的 %1 token 已经重置了。")
+                 .body = Notification::tr("您的 %1 token 已经重置了。")
                              .arg(model::displayName(provider))});
         }
     }

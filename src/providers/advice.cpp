@@ -4,43 +4,55 @@
 
 namespace tallyvane::providers {
 
-QString advice(Trouble trouble) {
+using model::Message;
+
+Message advice(Trouble trouble) {
     switch (trouble) {
     case Trouble::noClaudeSignIn:
-        return QStringLiteral("Start 'claude' in a terminal and sign in.");
+        return Message(QT_TRANSLATE_NOOP("Message", "Start 'claude' in a terminal and sign in."));
     case Trouble::keyringLocked:
-        return QStringLiteral("Unlock the keyring, for example in 'seahorse' (Passwords and Keys) "
-                              "or by logging in with your password.");
+        return Message(QT_TRANSLATE_NOOP(
+            "Message", "Unlock the keyring, for example in 'seahorse' (Passwords and Keys) "
+                       "or by logging in with your password."));
     case Trouble::claudeSignInExpired:
-        return QStringLiteral("Start 'claude' once; it renews its sign-in by itself.");
+        return Message(
+            QT_TRANSLATE_NOOP("Message", "Start 'claude' once; it renews its sign-in by itself."));
     case Trouble::claudeNotReached:
-        return QStringLiteral("Check the network connection; 'tallyvane doctor --online' says "
-                              "more.");
+        return Message(QT_TRANSLATE_NOOP(
+            "Message", "Check the network connection; 'tallyvane doctor --online' says "
+                       "more."));
     case Trouble::claudeAnswer:
-        return QStringLiteral("Nothing needs to be done; the next refresh asks again.");
+        return Message(
+            QT_TRANSLATE_NOOP("Message", "Nothing needs to be done; the next refresh asks again."));
     case Trouble::noCodex:
-        return QStringLiteral("Install the Codex CLI, or choose its program in the settings.");
+        return Message(QT_TRANSLATE_NOOP(
+            "Message", "Install the Codex CLI, or choose its program in the settings."));
     case Trouble::codexElsewhere:
-        return QStringLiteral("A Codex CLI was found in another place; it is used once you agree.");
+        return Message(QT_TRANSLATE_NOOP(
+            "Message", "A Codex CLI was found in another place; it is used once you agree."));
     case Trouble::codexPathUnusable:
-        return QStringLiteral("Choose another program in the settings, or go back to automatic "
-                              "with 'tallyvane config unset codex-path'.");
+        return Message(QT_TRANSLATE_NOOP(
+            "Message", "Choose another program in the settings, or go back to automatic "
+                       "with 'tallyvane config unset codex-path'."));
     case Trouble::codexNotSignedIn:
-        return QStringLiteral("Run 'codex login' in a terminal.");
+        return Message(QT_TRANSLATE_NOOP("Message", "Run 'codex login' in a terminal."));
     case Trouble::codexNotAnswering:
     case Trouble::codexAnswer:
         break;
     }
-    return QStringLiteral("Start 'codex' in a terminal to see whether it works there.");
+    return Message(
+        QT_TRANSLATE_NOOP("Message", "Start 'codex' in a terminal to see whether it works there."));
 }
 
-QString rateLimitAdvice(std::chrono::seconds pause) {
+Message rateLimitAdvice(std::chrono::seconds pause) {
     const auto minutes = std::chrono::ceil<std::chrono::minutes>(pause).count();
-    return minutes <= 5 ? QStringLiteral("It is asked again within five minutes.")
-                        : QStringLiteral("It is asked again in about %1 minutes.").arg(minutes);
+    return minutes <= 5
+               ? Message(QT_TRANSLATE_NOOP("Message", "It is asked again within five minutes."))
+               : Message(QT_TRANSLATE_NOOP("Message", "It is asked again in about %1 minutes."),
+                         {QString::number(minutes)});
 }
 
-QString storedStatusAdvice(const QString& statusMessage) {
+Message storedStatusAdvice(const QString& statusMessage) {
     if (statusMessage == QLatin1StringView("Keychain auth")) {
         return advice(Trouble::noClaudeSignIn);
     }

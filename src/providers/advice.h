@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include "model/message.h"
 
 #include <chrono>
 
@@ -21,14 +21,14 @@ enum class Trouble {
     codexAnswer, ///< the CLI said something else
 };
 
-[[nodiscard]] QString advice(Trouble trouble);
+[[nodiscard]] model::Message advice(Trouble trouble);
 
 /// While the service asks for a pause, of which this much is left; zero if it did not say how much.
-[[nodiscard]] QString rateLimitAdvice(std::chrono::seconds pause);
+[[nodiscard]] model::Message rateLimitAdvice(std::chrono::seconds pause);
 
 /// What to do about a status message that an earlier run stored with the figures; empty if it is
 /// not known. That run knew more: a locked keyring, for one, has the message of a missing sign-in.
-[[nodiscard]] QString storedStatusAdvice(const QString& statusMessage);
+[[nodiscard]] model::Message storedStatusAdvice(const QString& statusMessage);
 
 /// `text` as one word of a shell's command, quoted if need be.
 [[nodiscard]] QString shellWord(const QString& text);

@@ -2,19 +2,21 @@
 
 namespace tallyvane::providers {
 
-QString description(const ProcessRunnerError& error) {
+using model::Message;
+
+Message description(const ProcessRunnerError& error) {
     switch (error.kind) {
     case ProcessRunnerError::Kind::executableNotFound:
-        return QStringLiteral("Could not find ") + error.text + u'.';
+        return Message(QT_TRANSLATE_NOOP("Message", "Could not find %1."), {error.text});
     case ProcessRunnerError::Kind::failed:
-        return QStringLiteral("Command failed (") + QString::number(error.status) +
-               QStringLiteral("): ") + error.text;
+        return Message(QT_TRANSLATE_NOOP("Message", "Command failed (%1): %2"),
+                       {QString::number(error.status), error.text});
     case ProcessRunnerError::Kind::timedOut:
-        return QStringLiteral("Command timed out.");
+        return Message(QT_TRANSLATE_NOOP("Message", "Command timed out."));
     case ProcessRunnerError::Kind::launchFailed:
         break;
     }
-    return error.text;
+    return Message::foreign(error.text);
 }
 
 } // namespace tallyvane::providers

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include "model/message.h"
 
 #include <cstdint>
 
@@ -23,6 +23,6 @@ struct ProcessRunnerError {
 };
 
 /// The sentence for the user.
-[[nodiscard]] QString description(const ProcessRunnerError& error);
+[[nodiscard]] model::Message description(const ProcessRunnerError& error);
 
 } // namespace tallyvane::providers

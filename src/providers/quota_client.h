@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/message.h"
 #include "model/quota_snapshot.h"
 
 #include <QCoro/QCoroTask>
@@ -22,8 +23,8 @@ struct QuotaFailure {
         besideFigures, ///< the status message beside the provider's old figures
     };
 
-    QString text;   ///< one sentence; may name the user's account, so never stored
-    QString advice; ///< one sentence: what the user can do
+    model::Message text;   ///< one sentence; may name the user's account, so never stored
+    model::Message advice; ///< one sentence: what the user can do
     Place shownAt = Place::errorLine;
     /// For `Place::besideFigures` only: the status message, which is stored, or nullopt for none.
     std::optional<QString> shortText;
@@ -31,7 +32,8 @@ struct QuotaFailure {
     /// Empty if there is none.
     QString foundProgram;
 
-    [[nodiscard]] QString sentences() const { return text + u' ' + advice; }
+    /// Text and advice, translated.
+    [[nodiscard]] QString sentences() const { return text.text() + u' ' + advice.text(); }
     bool operator==(const QuotaFailure&) const = default;
 };
 

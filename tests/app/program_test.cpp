@@ -240,14 +240,15 @@ private Q_SLOTS:
         QCOMPARE(run("refresh --json").output.toUtf8(), encodeRefreshResult(result) + '\n');
 
         result.report.failures[model::AIProvider::codex] = {
-            .text = u"Gone\u202E\u0085, a@b.example."_s, .advice = u"Look."_s};
+            .text = model::Message("Gone\u202E\u0085, a@b.example."),
+            .advice = model::Message("Look.")};
         const Run failed = run("refresh");
         QCOMPARE(failed.exitCode, 3);
         QCOMPARE(failed.error, u"tallyvane: Codex: Gone, (e-mail address).\n  Look.\n"_s);
         QVERIFY(run("refresh --json").output.contains(u"Gone\\u202e\\u0085, (e-mail address)"));
 
         result.report.outcome = core::RefreshReport::Outcome::notSaved;
-        result.report.notSaved = u"Disk full."_s;
+        result.report.notSaved = model::Message("Disk full.");
         const Run unsaved = run("refresh");
         QCOMPARE(unsaved.exitCode, 1);
         QVERIFY(unsaved.output.isEmpty() && unsaved.error.endsWith(u"Disk full.\n"_s));

@@ -76,9 +76,10 @@ private Q_SLOTS:
         const auto check = [](bool hasSynced, Place claudePlace, std::optional<QString> status) {
             World world;
             auto& [codex, claude] = world.assistants;
-            codex.failure = {.text = u"Codex failed."_s};
-            claude.failure = {
-                .text = u"Claude failed."_s, .shownAt = claudePlace, .shortText = status};
+            codex.failure = {.text = model::Message("Codex failed.")};
+            claude.failure = {.text = model::Message("Claude failed."),
+                              .shownAt = claudePlace,
+                              .shortText = status};
             codex.isFailing = claude.isFailing = true;
             auto before = syncedSnapshot(world.clock.now(), 7);
             before = hasSynced ? before : model::placeholderSnapshot(before.updatedAt);
@@ -129,7 +130,7 @@ private Q_SLOTS:
             }
             QCOMPARE(QCoro::waitFor(refresh).outcome, outcome);
         }
-        QVERIFY(writer.model.lastError()->contains(u"Another program"));
+        QVERIFY(writer.model.lastError()->text().contains(u"Another program"));
     }
 
     /// A snapshot that is only shown must leave no trace in the files.
@@ -164,7 +165,7 @@ private Q_SLOTS:
             world.letAnswer();
             QCOMPARE(QCoro::waitFor(refresh).outcome, Outcome::notSaved);
             QCOMPARE(QCoro::waitFor(joined).notSaved, writer.model.lastError());
-            QVERIFY2(writer.model.lastError()->contains(QLatin1StringView(name)), name);
+            QVERIFY2(writer.model.lastError()->text().contains(QLatin1StringView(name)), name);
             QVERIFY(writer.model.snapshot() == before && !writer.model.isRefreshing());
             QVERIFY(writer.model.history().points.empty());
             QVERIFY(writer.widgetCentre.calls.isEmpty());

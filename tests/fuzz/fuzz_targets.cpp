@@ -184,7 +184,8 @@ void rate_limits_reply(const QByteArray& input) {
         if (const auto entry = providers::parseRateLimitsReply(*reply, {})) {
             require(stored({.providers = {*entry}}).providers[0].planName == entry->planName);
         } else {
-            require(tests::isReadable(entry.error().text, 4096 + sizeof "Command failed (-1): "));
+            require(tests::isReadable(entry.error().text.text(),
+                                      4096 + sizeof "Command failed (-1): "));
         }
     }
 }

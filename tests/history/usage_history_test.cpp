@@ -124,7 +124,7 @@ private Q_SLOTS:
         block();
         QCOMPARE(desk.tokens(1000), 0);
         const auto uncounted = desk.record(1, 1, 1250)->uncounted;
-        QVERIFY(uncounted && uncounted->contains(u"suite"));
+        QVERIFY(uncounted && uncounted->text().contains(u"suite"));
         std::filesystem::remove(desk.suite);
         QCOMPARE(desk.tokens(1300), 300);
         QVERIFY(!desk.record(1, 1, 1300)->uncounted);

@@ -96,7 +96,8 @@ private Q_SLOTS:
         fs::remove_all(store.baseURL());
         write(store.baseURL(), {});
         const auto saved = store.saveSnapshot(snapshotUsing(2));
-        QVERIFY(!saved && saved.error().message.endsWith(u"quota-snapshot.json: Not a directory."));
+        QVERIFY(!saved &&
+                saved.error().message.text().endsWith(u"quota-snapshot.json: Not a directory."));
         QVERIFY(store.loadSnapshot() == snapshotUsing(1)); // the mirror's
         fs::remove(store.baseURL());
         QVERIFY(store.saveSnapshot(snapshotUsing(2)) && isPrivate(store.baseURL()));
@@ -123,8 +124,8 @@ private Q_SLOTS:
         ::umount(m_root.c_str());
 
         QVERIFY(isOpen && before && !after && !preference && !readOnly);
-        const QString messages =
-            preference.error().message + after.error().message + readOnly.error().message;
+        const QString messages = preference.error().message.text() + after.error().message.text() +
+                                 readOnly.error().message.text();
         QVERIFY2(messages.count(u"No space left") == 2 && messages.contains(u"Read-only"),
                  qPrintable(messages));
         QVERIFY(stored == snapshotUsing(1));

@@ -43,7 +43,7 @@ struct Fetch {
           client(program, runner, clock) {
         QCoro::connect(client.fetch(providers::AskedBy::user), &context,
                        [this](const providers::QuotaResult& result) {
-                           outcome = result ? *result->planName : result.error().text;
+                           outcome = result ? *result->planName : result.error().text.text();
                            failure = result ? providers::QuotaFailure() : result.error();
                        });
     }
@@ -128,7 +128,7 @@ private Q_SLOTS:
         Fetch refused({}, 1min, {inHome(".nvm/versions/node/*/bin")});
         QCOMPARE(refused.outcome, u"Could not find Codex CLI."_s);
         QCOMPARE(refused.failure.foundProgram, inHome(".nvm/versions/node/v22.11.0/bin/codex"));
-        QVERIFY(refused.failure.advice.contains(u"once you agree"));
+        QVERIFY(refused.failure.advice.text().contains(u"once you agree"));
         QCOMPARE(providers::codexPathCommand(u"/a b/it's"_s),
                  u"tallyvane config set codex-path '/a b/it'\\''s'"_s);
         QVERIFY(!QFile::exists(inHome("ready")));
@@ -208,7 +208,7 @@ private Q_SLOTS:
             }
             collector.timeoutFired();
             const auto reply = collector.waitForResult().result();
-            return reply ? (*reply)[u"r"].toString() : description(reply.error());
+            return reply ? (*reply)[u"r"].toString() : description(reply.error()).text();
         };
         const QByteArray found = "{\"id\":1,\"r\":\"found\"}\n";
         const QByteArray atLimit(ResponseCollector::maximumLineSize - found.size() + 1, ' ');

@@ -41,13 +41,13 @@ QString signIn(const QByteArray& json) {
 
 QString usageReply(const QByteArray& json) {
     const auto entry = providers::parseUsageReply(json, u"team_premium"_s, readAt);
-    return entry ? text(*entry) : providers::quotaFailure(entry.error()).text;
+    return entry ? text(*entry) : providers::quotaFailure(entry.error()).text.text();
 }
 
 QString rateLimits(const QByteArray& json) {
     const auto reply = providers::parseObject(json);
     const auto entry = providers::parseRateLimitsReply(reply.value(), readAt);
-    return entry ? text(*entry) : entry.error().text;
+    return entry ? text(*entry) : entry.error().text.text();
 }
 
 QString proxy(const QByteArray& input) {

@@ -42,7 +42,7 @@ public:
             const auto path = m_codexProgram.path();
             return {.path = path.value_or(QString()),
                     .chosen = m_codexProgram.chosen(),
-                    .error = path ? QString() : providers::description(path.error())};
+                    .error = path ? QString() : providers::description(path.error()).text()};
         };
         const auto choose = [this](const QString& path) { return m_codexProgram.choose(path); };
         return {.state = state, .choose = choose, .home = m_home.path()};

@@ -121,7 +121,8 @@ private Q_SLOTS:
               {.claude = 40},
               "Tallyvane: 40%|Codex: 5H 0%  ·  WK 0%|"
               "Claude: Sync pending (last updated 5 min ago)");
-        const core::Failures failures{{codex, {.text = u"No."_s, .advice = u"Do."_s}}};
+        const core::Failures failures{
+            {codex, {.text = model::Message("No."), .advice = model::Message("Do.")}}};
         QCOMPARE(ui::tooltipLines({}, failures, now).last(), u"No. Do."_s);
     }
 };

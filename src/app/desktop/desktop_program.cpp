@@ -118,7 +118,7 @@ core::ProgramSetting DesktopProgram::codexSetting() {
         const auto path = program.path();
         return {.path = path.value_or(QString()),
                 .chosen = program.chosen(),
-                .error = path ? QString() : providers::description(path.error())};
+                .error = path ? QString() : providers::description(path.error()).text()};
     };
     const auto choose = [this](const QString& path) {
         auto chosen = m_composition.codexProgram.choose(path);

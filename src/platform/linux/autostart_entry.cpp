@@ -85,7 +85,7 @@ std::expected<void, QString> AutostartEntry::write(const QString& lastLines) con
                          applicationId + QStringLiteral("\nTryExec=") + escapedValue(program) +
                          QStringLiteral("\nExec=") + escapedValue(exec) + u'\n' + lastLines;
     if (const auto saved = model::saveFile(m_file, text.toUtf8()); !saved) {
-        return std::unexpected(saved.error().message);
+        return std::unexpected(saved.error().message.text());
     }
     return {};
 }

@@ -4,6 +4,7 @@
 #include "platform/linux/bus_call.h"
 
 #include <QCoro/QCoroFuture>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QProcess>
 #include <QtCore/QPromise>
 #include <QtCore/QStandardPaths>
@@ -132,9 +133,10 @@ void DBusNotificationCentre::post(const Notification& notification) {
                             {QStringLiteral("urgency"), QVariant::fromValue(uchar{1})}, // normal
                             {QStringLiteral("x-tallyvane-identifier"), notification.identifier}};
     QDBusMessage call = daemonCall(QStringLiteral("Notify"));
-    call.setArguments({applicationName, uint{0}, QString(applicationId), notification.title,
-                       notification.body,
-                       QStringList{defaultAction, QStringLiteral("Open Tallyvane")}, hints, -1});
+    call.setArguments(
+        {applicationName, uint{0}, QString(applicationId), notification.title, notification.body,
+         QStringList{defaultAction, QCoreApplication::translate("Notification", "Open Tallyvane")},
+         hints, -1});
     QCoro::connect(callBus(bus, call, m_patience), this, [this](const BusReply& id) {
         if (id && id->signature() == u"u") {
             m_tokens.insert(id->arguments().constFirst().toUInt(), {});

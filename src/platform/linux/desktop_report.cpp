@@ -10,6 +10,10 @@ namespace tallyvane::platform {
 
 namespace {
 
+class HostAdvice {
+    Q_DECLARE_TR_FUNCTIONS(HostAdvice)
+};
+
 using std::chrono::milliseconds;
 
 const QString statusWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -75,36 +79,36 @@ QString statusHostAdvice(const QString& currentDesktop) {
         return (desktops.contains(QLatin1StringView(names)) || ...);
     };
     if (isOneOf("gnome")) {
-        return QStringLiteral(
+        return HostAdvice::tr(
             "GNOME needs the AppIndicator extension: 'sudo apt install "
             "gnome-shell-extension-appindicator', log out and in, then 'gnome-extensions enable "
             "ubuntu-appindicators@ubuntu.com'.");
     }
     if (isOneOf("xfce")) {
-        return QStringLiteral(
+        return HostAdvice::tr(
             "Add the Status Tray Plugin to the panel: 'xfce4-panel --add=systray'.");
     }
     if (isOneOf("kde")) {
-        return QStringLiteral("Add the widget System Tray to Plasma's panel: right-click it and "
+        return HostAdvice::tr("Add the widget System Tray to Plasma's panel: right-click it and "
                               "choose Add Widgets.");
     }
     if (isOneOf("mate")) {
-        return QStringLiteral("Add the applet Notification Area to the panel: right-click it and "
+        return HostAdvice::tr("Add the applet Notification Area to the panel: right-click it and "
                               "choose Add to Panel.");
     }
     if (isOneOf("lxqt")) {
-        return QStringLiteral("Add the widget Status Notifier to the panel: right-click it and "
+        return HostAdvice::tr("Add the widget Status Notifier to the panel: right-click it and "
                               "choose Manage Widgets.");
     }
     if (isOneOf("x-cinnamon", "cinnamon")) {
-        return QStringLiteral("Add the XApp Status Applet to the panel: "
+        return HostAdvice::tr("Add the XApp Status Applet to the panel: "
                               "'cinnamon-settings applets'.");
     }
     if (isOneOf("sway", "hyprland", "river", "wlroots", "labwc", "wayfire", "niri")) {
-        return QStringLiteral("Start Waybar ('sudo apt install waybar') with \"tray\" in one of "
+        return HostAdvice::tr("Start Waybar ('sudo apt install waybar') with \"tray\" in one of "
                               "the module lists of its configuration.");
     }
-    return QStringLiteral("Add a status area to the panel, often called system tray, that shows "
+    return HostAdvice::tr("Add a status area to the panel, often called system tray, that shows "
                           "StatusNotifier items.");
 }
 

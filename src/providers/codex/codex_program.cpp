@@ -140,11 +140,11 @@ QString CodexProgram::chosen() const {
 std::expected<void, QString> CodexProgram::choose(const QString& path) {
     if (!path.isEmpty()) {
         if (const auto wrong = fault(path)) {
-            return std::unexpected(description(*wrong));
+            return std::unexpected(description(*wrong).text());
         }
     }
     if (const auto stored = m_defaults.setText(codexPathKey, path); !stored) {
-        return std::unexpected(stored.error().message);
+        return std::unexpected(stored.error().message.text());
     }
     return {};
 }

@@ -59,7 +59,8 @@ QuotaResult parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now)
         reply[QLatin1StringView{"result"}].toObject()[QLatin1StringView{"rateLimits"}];
     if (!limits.isObject()) {
         return std::unexpected(
-            QuotaFailure{.text = QStringLiteral("The reply of the Codex CLI could not be read."),
+            QuotaFailure{.text = model::Message(QT_TRANSLATE_NOOP(
+                             "Message", "The reply of the Codex CLI could not be read.")),
                          .advice = advice(Trouble::codexAnswer)});
     }
     const QJsonObject rateLimits = limits.toObject();

@@ -45,7 +45,7 @@ void DashboardModel::update() {
                 .claude = card(model::AIProvider::claude),
                 //: %1 is how long ago, such as "5 min ago"
                 .updated = tr("Updated %1").arg(model::ageText(snapshot.updatedAt, now)),
-                .lastError = m_model.lastError().value_or(QString())};
+                .lastError = m_model.lastError().value_or(model::Message())};
     for (const auto& [provider, failure] : failures) {
         if (failure.text == shown.lastError) {
             shown.failure = failure;

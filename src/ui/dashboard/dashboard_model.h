@@ -34,9 +34,9 @@ public:
     [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
     [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
     /// Empty if there is none.
-    [[nodiscard]] QString lastError() const { return m_shown.lastError; }
+    [[nodiscard]] QString lastError() const { return m_shown.lastError.text(); }
     /// What the user can do about lastError(); may be empty.
-    [[nodiscard]] QString advice() const { return m_shown.failure.advice; }
+    [[nodiscard]] QString advice() const { return m_shown.failure.advice.text(); }
     /// A program that would help, with "~" for the home directory; may be empty.
     [[nodiscard]] QString foundProgram() const {
         return m_codexProgram.shortened(m_shown.failure.foundProgram);
@@ -58,7 +58,7 @@ private:
         ProviderCard codex;
         ProviderCard claude;
         QString updated;
-        QString lastError;
+        model::Message lastError;
         providers::QuotaFailure failure; ///< the one behind lastError, if it is a provider's
 
         bool operator==(const Shown&) const = default;

@@ -22,7 +22,7 @@ QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod 
                  .opacity = isCurrent ? 1 : staleOpacity};
     if (window) {
         const double remaining = model::remainingPercent(*window);
-        row.figure = QStringLiteral("%1%").arg(std::lround(remaining));
+        row.figure = model::percentText(static_cast<int>(std::lround(remaining)));
         row.fraction = remaining / 100;
         if (isCurrent) {
             row.level = remaining < model::lowPercent ? QuotaLevel::Low : QuotaLevel::Ample;

@@ -124,7 +124,7 @@ QString HeatmapModel::currentText() const {
     //: %1 is a day
     const QString unrecorded = tr("%1: No record").arg(day);
     //: Follows "No record"
-    const QString reason = tr("(the history covers %1 days)").arg(history::retentionDays);
+    const QString reason = tr("(the history covers %n days)", nullptr, history::retentionDays);
     return isCovered(pointed->day) ? unrecorded : unrecorded + u' ' + reason;
 }
 

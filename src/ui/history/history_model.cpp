@@ -96,9 +96,10 @@ void HistoryModel::showValueMarks() {
     m_top = m_isEmpty ? 1 : values.back();
     std::vector<AxisMark> marks;
     for (const double value : values) {
+        //: A percentage
         const QString label = m_metric == HistoryMetric::tokens
                                   ? m_labels.compactNumber(std::llround(value))
-                                  : m_labels.number(value) + u'%';
+                                  : tr("%1%").arg(m_labels.number(value));
         marks.push_back({.position = value / m_top, .label = label});
     }
     m_valueMarks.setRecords(std::move(marks));
@@ -159,7 +160,7 @@ QString HistoryModel::hoveredNote() const {
 
 QString HistoryModel::valueText(const ChartPoint& point) const {
     return m_metric == HistoryMetric::percent
-               ? QString::number(point.quota, 'f', 1) + u'%'
+               ? tr("%1%").arg(point.quota, 0, 'f', 1)
                : tr("%1 tokens").arg(m_labels.compactNumber(point.tokens));
 }
 

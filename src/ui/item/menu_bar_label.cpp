@@ -36,8 +36,8 @@ QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry, model::Timestam
 
 QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
     QStringList parts;
-    for (const auto& [window, name] : {std::pair(&entry.fiveHour, QStringLiteral("5H")),
-                                       std::pair(&entry.week, QStringLiteral("WK"))}) {
+    for (const auto& [window, name] : {std::pair(&entry.fiveHour, MenuBarLabel::tr("5H")),
+                                       std::pair(&entry.week, MenuBarLabel::tr("WK"))}) {
         const auto resetsAt = *window ? (*window)->resetsAt : std::nullopt;
         if (entry.syncState == model::QuotaSyncState::current && resetsAt && *resetsAt > now) {
             //: %1 is "5H", %2 a time such as "in 2h 14m"
@@ -65,7 +65,7 @@ QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failu
                          model::Timestamp now) {
     const QString label = model::labelText(snapshot);
     const QString name = QStringLiteral("Tallyvane");
-    QStringList lines = {label.isEmpty() ? name : QStringLiteral("%1: %2").arg(name, label)};
+    QStringList lines = {label.isEmpty() ? name : MenuBarLabel::tr("%1: %2").arg(name, label)};
     const QStringList providerLines = menuLines(snapshot, now);
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         lines += providerLines.at(std::to_underlying(provider));

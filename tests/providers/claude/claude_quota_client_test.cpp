@@ -36,7 +36,7 @@ QByteArray outcome(const providers::QuotaResult& r) {
     const QByteArray shortText = r.error().shortText.value_or(u"-"_s).toUtf8();
     const bool isAdvised =
         shortText == "-" || !providers::storedStatusAdvice(*r.error().shortText).isEmpty();
-    return isInPlace && isAdvised ? shortText + ": " + r.error().text.toUtf8()
+    return isInPlace && isAdvised ? shortText + ": " + r.error().text.text().toUtf8()
                                   : QByteArray("elsewhere");
 }
 
