@@ -102,7 +102,7 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
     camera.take(mainWindow.window(), QStringLiteral("question") + suffix);
     mainWindow.close();
 
-    ui::MenuBarQuotaViewModel panelModel(idle.model, idle.clock, {"en_US", utc});
+    ui::MenuBarQuotaViewModel panelModel(idle.model, idle.clock);
     ui::QuotaPanel panel(givenEngine, panelModel);
     panel.open({});
     camera.take(panel.window(), QStringLiteral("panel") + suffix);

@@ -48,13 +48,24 @@ fs::path homeDirectory() {
     return home.empty() ? registeredHome() : home;
 }
 
-std::string timeLocale() {
-    for (const char* name : {"LC_ALL", "LC_TIME", "LANG"}) {
-        if (std::string value = qgetenv(name).toStdString(); !value.empty()) {
+/// The POSIX locale of a category such as "LC_TIME".
+QByteArray localeOf(const char* category) {
+    for (const char* name : {"LC_ALL", category, "LANG"}) {
+        if (QByteArray value = qgetenv(name); !value.isEmpty()) {
             return value;
         }
     }
     return "C";
+}
+
+/// As gettext has it: $LANGUAGE counts unless the locale is "C".
+QStringList languages() {
+    const QString locale = QString::fromLocal8Bit(localeOf("LC_MESSAGES"));
+    const QString language = locale.section(u'.', 0, 0);
+    if (language == QLatin1StringView("C") || language == QLatin1StringView("POSIX")) {
+        return {};
+    }
+    return qEnvironmentVariable("LANGUAGE").split(u':', Qt::SkipEmptyParts) << locale;
 }
 
 std::vector<fs::path> systemConfigDirectories() {
@@ -123,7 +134,8 @@ Environment readEnvironment() {
             .network = networkVariables(),
             .codexHome = absolutePath("CODEX_HOME", {}),
             .claudeDirectory = absolutePath("CLAUDE_CONFIG_DIR", {}),
-            .timeLocale = timeLocale(),
+            .languages = languages(),
+            .timeLocale = localeOf("LC_TIME").toStdString(),
             .zone = model::LocalZone::ofSystem(qEnvironmentVariableIsSet("TZ")
                                                    ? model::ZoneSource::variable
                                                    : model::ZoneSource::file),

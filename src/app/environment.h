@@ -30,8 +30,9 @@ struct Environment {
     providers::NetworkVariables network;
     std::filesystem::path codexHome;       ///< $CODEX_HOME; may be empty
     std::filesystem::path claudeDirectory; ///< $CLAUDE_CONFIG_DIR; may be empty
-    std::string timeLocale;                ///< the POSIX locale in which times are written
-    model::LocalZone zone;                 ///< follows $TZ or /etc/localtime
+    QStringList languages;  ///< of texts, POSIX locales by preference; none for those of the source
+    std::string timeLocale; ///< the POSIX locale in which times are written
+    model::LocalZone zone;  ///< follows $TZ or /etc/localtime
     ColourUse colour = ColourUse::onTerminal;
     bool hasDumbTerminal = false; ///< which takes text alone
 };

@@ -4,7 +4,10 @@
 #include "app/terminal.h"
 #include "platform/application_id.h"
 #include "platform/linux/termination_signals.h"
+#include "ui/translation/translation.h"
 
+#include <QtCore/QLocale>
+#include <QtCore/QTranslator>
 #include <QtGui/QGuiApplication>
 
 #include <utility>
@@ -31,7 +34,13 @@ void reportUnusableDisplay(QtMsgType type, const QMessageLogContext& /*where*/,
 
 int run(app::StartMode mode) {
     const platform::TerminationSignals signals([] { QCoreApplication::quit(); });
-    app::DesktopProgram program(app::readEnvironment());
+    const app::Environment environment = app::readEnvironment();
+    QTranslator translator;
+    const QLocale locale = ui::loadTranslation(translator, environment.languages);
+    QLocale::setDefault(locale); // in whose digits texts are
+    QGuiApplication::setLayoutDirection(locale.textDirection());
+    QCoreApplication::installTranslator(&translator);
+    app::DesktopProgram program(environment);
     const auto ended = program.start(mode);
     return ended ? std::to_underlying(*ended) : QGuiApplication::exec();
 }

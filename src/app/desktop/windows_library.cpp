@@ -23,8 +23,9 @@ WindowsLibrary::makeWindows(const WindowsContext& context) const {
     void* library = ::dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* function = library == nullptr ? nullptr : ::dlsym(library, "tallyvaneMakeWindows");
     if (function == nullptr) {
-        return std::unexpected(QStringLiteral("The windows could not be loaded: %1")
-                                   .arg(model::readableText(QString::fromLocal8Bit(::dlerror()))));
+        return std::unexpected(
+            QCoreApplication::translate("Notification", "The windows could not be loaded: %1")
+                .arg(model::readableText(QString::fromLocal8Bit(::dlerror()))));
     }
     return std::unique_ptr<Windows>(
         reinterpret_cast<decltype(&tallyvaneMakeWindows)>(function)(context));

@@ -26,7 +26,7 @@ std::unexpected<SecretStoreError> no(Kind kind, const QString& reason = {}) {
 }
 
 std::unexpected<SecretStoreError> locked() {
-    return no(Kind::locked, QStringLiteral("it is locked"));
+    return no(Kind::locked, QString::fromLatin1(QT_TRANSLATE_NOOP("Message", "it is locked")));
 }
 
 /// One lookup, shared by the waiting thread and the one that reads the keyring.
@@ -114,7 +114,8 @@ QCoro::Task<SecretLookup> SecretServiceStore::lookup(QString service) {
     const auto lookup = std::make_shared<Lookup>();
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [lookup] {
-        lookup->answer(no(Kind::failed, QStringLiteral("it did not answer in time")));
+        lookup->answer(no(Kind::failed, QString::fromLatin1(QT_TRANSLATE_NOOP(
+                                            "Message", "it did not answer in time"))));
         g_cancellable_cancel(lookup->cancellable);
     });
     timer.setSingleShot(true);

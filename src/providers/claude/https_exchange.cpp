@@ -38,7 +38,10 @@ HttpsExchange::HttpsExchange(const HttpsRequest& request,
       m_request(requestBytes(request)),
       m_clock(clock),
       m_alarm(clock.after(
-          timeout, [this] { fail(QStringLiteral("it took too long to answer")); },
+          timeout,
+          [this] {
+              fail(QString::fromLatin1(QT_TRANSLATE_NOOP("Message", "it took too long to answer")));
+          },
           platform::SuspendedTime::doesNotCount)) {
     m_url.setPort(portOf(request.url));
     m_promise.start();

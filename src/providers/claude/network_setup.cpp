@@ -45,8 +45,8 @@ std::expected<QNetworkProxy, QString> proxyTo(const QUrl& url, const ProxyVariab
     }
     const auto proxies = QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(url));
     if (proxies.isEmpty()) {
-        return std::unexpected(
-            QStringLiteral("the desktop's settings ask for a kind of proxy that is not supported"));
+        return std::unexpected(QString::fromLatin1(QT_TRANSLATE_NOOP(
+            "Message", "the desktop's settings ask for a kind of proxy that is not supported")));
     }
     return proxies.first();
 }

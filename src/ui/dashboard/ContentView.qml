@@ -106,8 +106,7 @@ FocusScope {
     LayoutMirroring.enabled: Theme.isRightToLeft
     LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Pane
-    //: The program's name; not to be translated
-    Accessible.name: qsTr("Tallyvane")
+    Accessible.name: "Tallyvane"
 
     // For what no control takes.
     Keys.onPressed: event => {

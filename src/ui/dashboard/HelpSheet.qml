@@ -12,7 +12,7 @@ FocusScope {
 
     required property MainWindowModel viewModel
     /// Each followed by what it does.
-    readonly property list<string> shortcuts: ["Ctrl+R, F5", qsTr("Refresh"), "Ctrl+1, Ctrl+2, Ctrl+3", qsTr("Dashboard, Usage History, Settings"), "Ctrl+,", qsTr("Settings"), "Ctrl+Tab, Ctrl+Page Down", qsTr("Next page"), "Ctrl+Shift+Tab, Ctrl+Page Up", qsTr("Previous page"), qsTr("Arrow keys"), qsTr("Select a bar, a day or a choice; scroll"), "F1, Ctrl+?", qsTr("Show or hide this list"), "Ctrl+W", qsTr("Close the window"), "Ctrl+Q", qsTr("Quit Tallyvane")]
+    readonly property list<string> shortcuts: [qsTr("Ctrl+R, F5"), qsTr("Refresh"), qsTr("Ctrl+1, Ctrl+2, Ctrl+3"), qsTr("Dashboard, Usage History, Settings"), qsTr("Ctrl+,"), qsTr("Settings"), qsTr("Ctrl+Tab, Ctrl+Page Down"), qsTr("Next page"), qsTr("Ctrl+Shift+Tab, Ctrl+Page Up"), qsTr("Previous page"), qsTr("Arrow keys"), qsTr("Select a bar, a day or a choice; scroll"), qsTr("F1, Ctrl+?"), qsTr("Show or hide this list"), qsTr("Ctrl+W"), qsTr("Close the window"), qsTr("Ctrl+Q"), qsTr("Quit Tallyvane")]
 
     /// The user wants to go back.
     signal closed

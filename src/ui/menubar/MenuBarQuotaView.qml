@@ -63,8 +63,7 @@ FocusScope {
             TextLabel {
                 id: title
 
-                //: The program's name; not to be translated
-                text: qsTr("Tallyvane")
+                text: "Tallyvane"
                 font: Theme.headline
                 Accessible.role: Accessible.Heading
             }
