@@ -1,5 +1,6 @@
-// Draws the pages, the panel and the first question, with fixed figures at a fixed time, light and
-// dark, into the folder that is named.
+// Draws the pages, the panel and the first question, with fixed figures at a fixed time, into the
+// folder that is named. Fails if a text of theirs is cut off. $QT_SCALE_FACTOR is the screen's
+// scale.
 
 #include "core/fixtures.h"
 #include "platform/linux/autostart_entry.h"
@@ -10,7 +11,11 @@
 #include "ui/menubar/menu_bar_quota_view_model.h"
 #include "ui/menubar/quota_panel.h"
 #include "ui/style/engine.h"
+#include "ui/translation/translation.h"
 
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QLocale>
+#include <QtCore/QTranslator>
 #include <QtGui/QFont>
 #include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickItem>
@@ -48,9 +53,11 @@ class Camera {
 public:
     explicit Camera(QString folder) : m_folder(std::move(folder)) {}
 
-    void take(QWindow* window, const QString& name) const {
+    void take(QWindow* window, const QString& name) {
         QCoreApplication::processEvents();
-        const QImage picture = static_cast<QQuickView*>(window)->grabWindow();
+        auto* view = static_cast<QQuickView*>(window);
+        m_hasSeenCutText |= hasCutText(view->rootObject(), name);
+        const QImage picture = view->grabWindow();
         const QString path = QStringLiteral("%1/%2.png").arg(m_folder, name);
         constexpr int smallest = 0;
         if (!picture.save(path, "PNG", smallest)) {
@@ -58,14 +65,45 @@ public:
         }
     }
 
+    [[nodiscard]] bool hasSeenCutText() const { return m_hasSeenCutText; }
+
 private:
+    /// Whether a text at or below `item` has no room, or reaches past the window's sides.
+    static bool hasCutText(const QQuickItem* item, const QString& name) {
+        if (!item->isVisible()) {
+            return false;
+        }
+        const QRectF place = item->mapRectToScene(item->boundingRect());
+        const QString text = item->property("text").toString();
+        bool isCut = item->inherits("QQuickText") &&
+                     (item->property("truncated").toBool() ||
+                      item->property("contentWidth").toDouble() > item->width() + 1 ||
+                      place.left() < 0 || place.right() > item->window()->width());
+        if (isCut) {
+            qWarning("%s: \"%s\" is cut off", qUtf8Printable(name), qUtf8Printable(text));
+        }
+        for (const QQuickItem* child : item->childItems()) {
+            isCut |= hasCutText(child, name);
+        }
+        return isCut;
+    }
+
     QString m_folder;
+    bool m_hasSeenCutText = false;
 };
 
-void takeAll(const Camera& camera, model::AppAppearance choice, const QString& suffix) {
+/// What the pictures show.
+struct Scene {
+    std::string locale;
+    QSize window;
+    model::AppAppearance scheme;
+    QString suffix; ///< of the files' names
+};
+
+void takeAll(Camera& camera, const Scene& scene) {
     const model::LocalZone utc(QTimeZone::utc());
     tests::IdleModel idle(core::fixtureSnapshot(now, utc), now, quarter());
-    idle.model.setAppearance(choice);
+    idle.model.setAppearance(scene.scheme);
     tests::writeFile(idle.home().filePath(QStringLiteral("codex")), "#!/bin/sh\n");
     ui::Appearance appearance(idle.model);
     appearance.setMotionReduced(true);
@@ -79,33 +117,33 @@ void takeAll(const Camera& camera, model::AppAppearance choice, const QString& s
                                             .clock = idle.clock,
                                             .loginItem = loginItem,
                                             .notificationCentre = idle.notificationCentre,
-                                            .locale = "en_US",
+                                            .locale = scene.locale,
                                             .zone = utc,
                                             .website = QUrl(QStringLiteral(TALLYVANE_WEBSITE)),
                                             .codexProgram = idle.codexSetting(),
                                             .openNotificationSettings = [] {},
                                             .takeLaunchQuestion = [&] { return isToAsk; }});
     // Of a size that the screen in memory is too small for.
-    const auto openMainWindow = [&mainWindow] {
+    const auto openMainWindow = [&] {
         mainWindow.open();
-        mainWindow.window()->resize(820, 760);
+        mainWindow.window()->resize(scene.window.expandedTo(mainWindow.window()->minimumSize()));
     };
     openMainWindow();
     QObject* content = static_cast<QQuickView*>(mainWindow.window())->rootObject();
     for (const auto& [page, name] : {std::pair{0, "dashboard"}, {1, "history"}, {2, "settings"}}) {
         content->setProperty("page", page);
-        camera.take(mainWindow.window(), QLatin1StringView(name) + suffix);
+        camera.take(mainWindow.window(), QLatin1StringView(name) + scene.suffix);
     }
     mainWindow.close();
     isToAsk = true;
     openMainWindow();
-    camera.take(mainWindow.window(), QStringLiteral("question") + suffix);
+    camera.take(mainWindow.window(), QStringLiteral("question") + scene.suffix);
     mainWindow.close();
 
     ui::MenuBarQuotaViewModel panelModel(idle.model, idle.clock);
     ui::QuotaPanel panel(givenEngine, panelModel);
     panel.open({});
-    camera.take(panel.window(), QStringLiteral("panel") + suffix);
+    camera.take(panel.window(), QStringLiteral("panel") + scene.suffix);
 }
 
 } // namespace
@@ -114,15 +152,38 @@ int main(int argc, char** argv) {
     const QTemporaryDir home;
     tests::isolate(home);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_SCALE_FACTOR", "2");
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QGuiApplication application(argc, argv);
-    if (argc != 2) {
-        qFatal("usage: screenshots <folder>");
+    QCommandLineParser options;
+    options.addOptions(
+        {{QStringLiteral("language"), {}, QStringLiteral("locale"), QStringLiteral("en_US")},
+         {QStringLiteral("width"), {}, QStringLiteral("pixels"), QStringLiteral("820")},
+         {QStringLiteral("height"), {}, QStringLiteral("pixels"), QStringLiteral("760")},
+         {QStringLiteral("text"), {}, QStringLiteral("percent"), QStringLiteral("100")}});
+    options.addPositionalArgument(QStringLiteral("folder"), {});
+    options.process(application);
+    const auto number = [&](const char* name) {
+        return options.value(QLatin1StringView(name)).toInt();
+    };
+    if (options.positionalArguments().size() != 1) {
+        options.showHelp(2);
     }
-    QGuiApplication::setFont(QFont(QStringLiteral("Cantarell"), 11));
-    const Camera camera(QString::fromLocal8Bit(argv[1]));
-    takeAll(camera, model::AppAppearance::light, {});
-    takeAll(camera, model::AppAppearance::dark, QStringLiteral("-dark"));
-    return 0;
+    const QString language = options.value(QStringLiteral("language"));
+    QTranslator translator;
+    const QLocale locale = ui::loadTranslation(translator, {language});
+    QLocale::setDefault(locale);
+    QGuiApplication::setLayoutDirection(locale.textDirection());
+    QCoreApplication::installTranslator(&translator);
+    QGuiApplication::setFont(QFont(QStringLiteral("Cantarell"), 11 * number("text") / 100));
+
+    Camera camera(options.positionalArguments().constFirst());
+    Scene scene{.locale = language.toStdString(),
+                .window = {number("width"), number("height")},
+                .scheme = model::AppAppearance::light,
+                .suffix = {}};
+    takeAll(camera, scene);
+    scene.scheme = model::AppAppearance::dark;
+    scene.suffix = QStringLiteral("-dark");
+    takeAll(camera, scene);
+    return camera.hasSeenCutText() ? 1 : 0;
 }

@@ -1,21 +1,29 @@
 #include "model/message.h"
 
+#include <QtCore/QLocale>
+#include <QtCore/QRegularExpression>
+
 #include <algorithm>
 
 namespace tallyvane::model {
 
 namespace {
 
-/// Replaces all place markers at once: an argument may hold what looks like one.
-QString filled(QString text, const QStringList& arguments) {
-    for (qsizetype at = text.indexOf(u'%'); at >= 0 && at + 1 < text.size();) {
-        const qsizetype index = text.at(at + 1).digitValue() - 1;
-        const QString value =
-            index >= 0 && index < arguments.size() ? arguments[index] : text.sliced(at, 2);
-        text.replace(at, 2, value);
-        at = text.indexOf(u'%', at + value.size());
+/// Replaces all place markers at once: an argument may hold what looks like one. "%L1" writes a
+/// whole number in the language's digits.
+QString filled(const QString& text, const QStringList& arguments) {
+    static const QRegularExpression marker(QStringLiteral("%(L?)([1-9])"));
+    QString result;
+    qsizetype end = 0;
+    for (auto markers = marker.globalMatch(text); markers.hasNext();) {
+        const QRegularExpressionMatch match = markers.next();
+        const QString argument = arguments.value(match.captured(2).toInt() - 1);
+        result += text.sliced(end, match.capturedStart() - end);
+        result +=
+            match.captured(1).isEmpty() ? argument : QLocale().toString(argument.toLongLong());
+        end = match.capturedEnd();
     }
-    return text;
+    return result + text.sliced(end);
 }
 
 } // namespace

@@ -55,7 +55,7 @@ void isolate(const QTemporaryDir& directory) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus");
     qputenv("TZ", "UTC");
     qputenv("LANG", "C.UTF-8");
-    for (const char* name : {"LC_ALL", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy",
+    for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy",
                              "HTTP_PROXY", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY",
                              "no_proxy", "NO_PROXY", "CODEX_HOME", "CLAUDE_CONFIG_DIR",
                              "SSL_CERT_FILE", "SSL_CERT_DIR", "GAUGEWELL_USE_FIXTURES"}) {
