@@ -85,7 +85,7 @@ std::vector<double> axisValues(double maximum, HistoryMetric metric) {
     }
     step = std::max(step, metric == HistoryMetric::tokens ? 1 : 0.01);
     std::vector<double> values;
-    // Tolerates rounding: 0.3 / 0.1 is slightly more than 3.
+    // Tolerates rounding: 0.1 + 0.2 is slightly more than three steps of 0.1.
     const int count = static_cast<int>(std::ceil(top / step - 1e-9));
     for (int i = 0; i <= count; ++i) {
         values.push_back(i * step);

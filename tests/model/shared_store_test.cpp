@@ -140,6 +140,22 @@ private Q_SLOTS:
         QCOMPARE(diskCalls, "frd");
     }
 
+    /// Renaming would replace it. Root may write it, so another user tries.
+    void leavesAReadOnlyFile() {
+        constexpr uid_t nobody = 65534;
+        const uid_t user = ::getuid() == 0 ? nobody : ::getuid();
+        const fs::path path = m_root / "file";
+        write(path, "before");
+        QVERIFY(::chown(m_root.c_str(), user, -1U) == 0 && ::chown(path.c_str(), user, -1U) == 0);
+        fs::permissions(path, fs::perms::owner_read);
+        const uid_t before = ::getuid();
+        QVERIFY(::setresuid(user, user, before) == 0);
+        const auto saved = writeFile(path, "after");
+        QVERIFY(::setresuid(before, before, before) == 0);
+        QVERIFY(!saved && saved.error().message.text().endsWith(u"Permission denied."));
+        QVERIFY(readFile(path, 100) == "before");
+    }
+
     void prefersTheFileToTheMirror() {
         const SharedStore store(m_locations);
         QVERIFY(store.saveSnapshot(snapshotUsing(1)));
