@@ -6,290 +6,290 @@
     <message>
         <source>5h</source>
         <extracomment>The five-hour quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5時間</translation>
     </message>
     <message>
         <source>Week</source>
         <extracomment>The weekly quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>週間</translation>
     </message>
 </context>
 <context>
     <name>ContentView</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>ダッシュボード</translation>
     </message>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>使用履歴</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>設定</translation>
     </message>
     <message>
         <source>Keyboard shortcuts and About</source>
-        <translation type="unfinished"></translation>
+        <translation>キーボードショートカットとこのアプリについて</translation>
     </message>
 </context>
 <context>
     <name>DashboardContent</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>ダッシュボード</translation>
     </message>
     <message>
         <source>Auto-refreshes every 5 min</source>
-        <translation type="unfinished"></translation>
+        <translation>5 分ごとに自動更新</translation>
     </message>
     <message>
         <source>· Auto-refreshes every 5 min</source>
         <extracomment>Follows &quot;Updated 5 min ago&quot; and a space</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>· 5 分ごとに自動更新</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Use %1</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 を使用</translation>
     </message>
     <message>
         <source>Bars and percentages show what is left of each quota.</source>
-        <translation type="unfinished"></translation>
+        <translation>バーとパーセントは、それぞれの利用枠の残りを示します。</translation>
     </message>
 </context>
 <context>
     <name>ErrorNotice</name>
     <message>
         <source>Show less</source>
-        <translation type="unfinished"></translation>
+        <translation>折りたたむ</translation>
     </message>
     <message>
         <source>Show all</source>
-        <translation type="unfinished"></translation>
+        <translation>すべて表示</translation>
     </message>
 </context>
 <context>
     <name>HelpSheet</name>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Dashboard, Usage History, Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>ダッシュボード、使用履歴、設定</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>設定</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>次のページ</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>前のページ</translation>
     </message>
     <message>
         <source>Arrow keys</source>
-        <translation type="unfinished"></translation>
+        <translation>矢印キー</translation>
     </message>
     <message>
         <source>Select a bar, a day or a choice; scroll</source>
-        <translation type="unfinished"></translation>
+        <translation>棒・日・選択肢を選択、スクロール</translation>
     </message>
     <message>
         <source>Show or hide this list</source>
-        <translation type="unfinished"></translation>
+        <translation>この一覧を表示または隠す</translation>
     </message>
     <message>
         <source>Close the window</source>
-        <translation type="unfinished"></translation>
+        <translation>ウィンドウを閉じる</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane を終了</translation>
     </message>
     <message>
         <source>Keyboard shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>キーボードショートカット</translation>
     </message>
     <message>
         <source>Tallyvane %1</source>
         <extracomment>%1 is a version such as &quot;1.2.3&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane %1</translation>
     </message>
     <message>
         <source>Free software under the Apache License 2.0</source>
-        <translation type="unfinished"></translation>
+        <translation>Apache License 2.0 に基づく自由ソフトウェア</translation>
     </message>
     <message>
         <source>Figures and history: %1</source>
         <extracomment>%1 is a folder</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>データと履歴: %1</translation>
     </message>
     <message>
         <source>Settings: %1</source>
         <extracomment>%1 is a file</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>設定: %1</translation>
     </message>
     <message>
         <source>Project page</source>
-        <translation type="unfinished"></translation>
+        <translation>プロジェクトのページ</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>閉じる</translation>
     </message>
     <message>
         <source>Ctrl+R, F5</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+R、F5</translation>
     </message>
     <message>
         <source>Ctrl+1, Ctrl+2, Ctrl+3</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+1、Ctrl+2、Ctrl+3</translation>
     </message>
     <message>
         <source>Ctrl+,</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+,</translation>
     </message>
     <message>
         <source>Ctrl+Tab, Ctrl+Page Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Tab、Ctrl+Page Down</translation>
     </message>
     <message>
         <source>Ctrl+Shift+Tab, Ctrl+Page Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Shift+Tab、Ctrl+Page Up</translation>
     </message>
     <message>
         <source>F1, Ctrl+?</source>
-        <translation type="unfinished"></translation>
+        <translation>F1、Ctrl+?</translation>
     </message>
     <message>
         <source>Ctrl+W</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+W</translation>
     </message>
     <message>
         <source>Ctrl+Q</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Q</translation>
     </message>
 </context>
 <context>
     <name>HistoryChart</name>
     <message>
         <source>Nothing recorded yet</source>
-        <translation type="unfinished"></translation>
+        <translation>まだ記録がありません</translation>
     </message>
 </context>
 <context>
     <name>HostAdvice</name>
     <message>
         <source>GNOME needs the AppIndicator extension: &apos;sudo apt install gnome-shell-extension-appindicator&apos;, log out and in, then &apos;gnome-extensions enable ubuntu-appindicators@ubuntu.com&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>GNOME では AppIndicator 拡張機能が必要です。「sudo apt install gnome-shell-extension-appindicator」を実行し、ログアウトしてログインし直してから、「gnome-extensions enable ubuntu-appindicators@ubuntu.com」を実行してください。</translation>
     </message>
     <message>
         <source>Add the Status Tray Plugin to the panel: &apos;xfce4-panel --add=systray&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>パネルにステータストレイプラグインを追加してください:「xfce4-panel --add=systray」</translation>
     </message>
     <message>
         <source>Add the widget System Tray to Plasma&apos;s panel: right-click it and choose Add Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Plasma のパネルに「システムトレイ」ウィジェットを追加してください。パネルを右クリックして「ウィジェットを追加」を選びます。</translation>
     </message>
     <message>
         <source>Add the applet Notification Area to the panel: right-click it and choose Add to Panel.</source>
-        <translation type="unfinished"></translation>
+        <translation>パネルに「通知エリア」アプレットを追加してください。パネルを右クリックして「パネルへ追加」を選びます。</translation>
     </message>
     <message>
         <source>Add the widget Status Notifier to the panel: right-click it and choose Manage Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>パネルに Status Notifier (ステータス通知) ウィジェットを追加してください。パネルを右クリックして「ウィジェットの管理」を選びます。</translation>
     </message>
     <message>
         <source>Add the XApp Status Applet to the panel: &apos;cinnamon-settings applets&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>パネルに XApp ステータスアプレットを追加してください:「cinnamon-settings applets」</translation>
     </message>
     <message>
         <source>Start Waybar (&apos;sudo apt install waybar&apos;) with &quot;tray&quot; in one of the module lists of its configuration.</source>
-        <translation type="unfinished"></translation>
+        <translation>Waybar (「sudo apt install waybar」) を起動し、設定のいずれかのモジュール一覧に &quot;tray&quot; を加えてください。</translation>
     </message>
     <message>
         <source>Add a status area to the panel, often called system tray, that shows StatusNotifier items.</source>
-        <translation type="unfinished"></translation>
+        <translation>StatusNotifier アイテムを表示できる領域 (一般にシステムトレイと呼ばれます) をパネルに追加してください。</translation>
     </message>
 </context>
 <context>
     <name>HostNotice</name>
     <message>
         <source>This desktop shows no status icons, so Tallyvane can be seen in this window only.</source>
-        <translation type="unfinished"></translation>
+        <translation>このデスクトップにはステータスアイコンが表示されないため、Tallyvane はこのウィンドウでのみ確認できます。</translation>
     </message>
     <message>
         <source>It keeps running when you close the window.</source>
-        <translation type="unfinished"></translation>
+        <translation>ウィンドウを閉じても動作し続けます。</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane を終了</translation>
     </message>
     <message>
         <source>Don&apos;t show again</source>
-        <translation type="unfinished"></translation>
+        <translation>今後表示しない</translation>
     </message>
 </context>
 <context>
     <name>LaunchAtLoginPrompt</name>
     <message>
         <source>Keep quotas up to date?</source>
-        <translation type="unfinished"></translation>
+        <translation>利用枠を常に最新に保ちますか？</translation>
     </message>
     <message>
         <source>Tallyvane can live in the menu bar and refresh Codex every five minutes after you sign in to your Mac.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane をシステムトレイに常駐させ、このコンピューターへのログイン後、Codex の利用枠を 5 分ごとに更新できます。</translation>
     </message>
     <message>
         <source>Launch Tallyvane at login</source>
-        <translation type="unfinished"></translation>
+        <translation>ログイン時に Tallyvane を起動</translation>
     </message>
     <message>
         <source>Not now</source>
-        <translation type="unfinished"></translation>
+        <translation>今はしない</translation>
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>続ける</translation>
     </message>
 </context>
 <context>
     <name>MenuBarLabel</name>
     <message>
         <source>5H</source>
-        <translation type="unfinished"></translation>
+        <translation>5時間</translation>
     </message>
     <message>
         <source>WK</source>
-        <translation type="unfinished"></translation>
+        <translation>週間</translation>
     </message>
     <message>
         <source>%1 resets %2</source>
         <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2にリセット</translation>
     </message>
     <message>
         <source>%1 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source> (last updated %1)</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> (最終更新: %1)</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -297,183 +297,183 @@
     <message>
         <source>Open Tallyvane</source>
         <extracomment>A button that opens the program&apos;s window</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane を開く</translation>
     </message>
     <message>
         <source>Refresh</source>
         <extracomment>Read aloud for the button that fetches new figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Quit</source>
         <extracomment>A button that ends the program</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>終了</translation>
     </message>
 </context>
 <context>
     <name>Message</name>
     <message>
         <source>Another program is refreshing the same files and did not end within a minute.</source>
-        <translation type="unfinished"></translation>
+        <translation>別のプログラムが同じファイルを更新していて、1 分以内に終わりませんでした。</translation>
     </message>
     <message>
         <source>The session logs could not be counted: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>セッションログを集計できませんでした: %1。</translation>
     </message>
     <message>
         <source>%1 does not hold settings, and stays as it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 には設定が含まれていないため、そのまま残します。</translation>
     </message>
     <message>
         <source>Could not save %1: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 を保存できませんでした: %2。</translation>
     </message>
     <message>
         <source>A figure is not a finite number.</source>
-        <translation type="unfinished"></translation>
+        <translation>有限でない数値があります。</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; in a terminal and sign in.</source>
-        <translation type="unfinished"></translation>
+        <translation>ターミナルで「claude」を起動し、サインインしてください。</translation>
     </message>
     <message>
         <source>Unlock the keyring, for example in &apos;seahorse&apos; (Passwords and Keys) or by logging in with your password.</source>
-        <translation type="unfinished"></translation>
+        <translation>「seahorse」(パスワードと鍵) などを使うか、パスワードでログインして、キーリングのロックを解除してください。</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; once; it renews its sign-in by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>「claude」を一度起動してください。サインイン情報は自動的に更新されます。</translation>
     </message>
     <message>
         <source>Check the network connection; &apos;tallyvane doctor --online&apos; says more.</source>
-        <translation type="unfinished"></translation>
+        <translation>ネットワーク接続を確認してください。「tallyvane doctor --online」で詳細を確認できます。</translation>
     </message>
     <message>
         <source>Nothing needs to be done; the next refresh asks again.</source>
-        <translation type="unfinished"></translation>
+        <translation>何もする必要はありません。次回の更新時に再度問い合わせます。</translation>
     </message>
     <message>
         <source>Install the Codex CLI, or choose its program in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex CLI をインストールするか、設定でそのプログラムを選択してください。</translation>
     </message>
     <message>
         <source>A Codex CLI was found in another place; it is used once you agree.</source>
-        <translation type="unfinished"></translation>
+        <translation>別の場所で Codex CLI が見つかりました。同意すると使用されます。</translation>
     </message>
     <message>
         <source>Choose another program in the settings, or go back to automatic with &apos;tallyvane config unset codex-path&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>設定で別のプログラムを選択するか、「tallyvane config unset codex-path」で自動に戻してください。</translation>
     </message>
     <message>
         <source>Run &apos;codex login&apos; in a terminal.</source>
-        <translation type="unfinished"></translation>
+        <translation>ターミナルで「codex login」を実行してください。</translation>
     </message>
     <message>
         <source>Start &apos;codex&apos; in a terminal to see whether it works there.</source>
-        <translation type="unfinished"></translation>
+        <translation>ターミナルで「codex」を起動し、動作するかどうか確認してください。</translation>
     </message>
     <message>
         <source>It is asked again within five minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>5 分以内に再度問い合わせます。</translation>
     </message>
     <message>
         <source>It is asked again in about %1 minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>約 %1 分後に再度問い合わせます。</translation>
     </message>
     <message>
         <source>The Claude service did not accept the sign-in of Claude Code.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude のサービスが Claude Code のサインイン情報を受け付けませんでした。</translation>
     </message>
     <message>
         <source>Sign-in expired</source>
-        <translation type="unfinished"></translation>
+        <translation>サインイン失効</translation>
     </message>
     <message>
         <source>The Claude service answered with status %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude のサービスがステータス %1 を返しました。</translation>
     </message>
     <message>
         <source>No sign-in of Claude Code was found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude Code のサインイン情報が見つかりませんでした。</translation>
     </message>
     <message>
         <source>No file with a sign-in of Claude Code was found, and the keyring could not be asked: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude Code のサインイン情報のファイルが見つからず、キーリングにも問い合わせできませんでした: %1。</translation>
     </message>
     <message>
         <source>Keychain auth</source>
-        <translation type="unfinished"></translation>
+        <translation>未サインイン</translation>
     </message>
     <message>
         <source>The sign-in of Claude Code has expired.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude Code のサインインは有効期限が切れています。</translation>
     </message>
     <message>
         <source>The Claude service was asked too many times.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude のサービスへの問い合わせが多すぎます。</translation>
     </message>
     <message>
         <source>Rate limited</source>
-        <translation type="unfinished"></translation>
+        <translation>レート制限中</translation>
     </message>
     <message>
         <source>The Claude service could not be reached: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude のサービスに接続できませんでした: %1。</translation>
     </message>
     <message>
         <source>Network error</source>
-        <translation type="unfinished"></translation>
+        <translation>通信エラー</translation>
     </message>
     <message>
         <source>The answer of the Claude service was not understood.</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude のサービスの応答を解釈できませんでした。</translation>
     </message>
     <message>
         <source>The reply of the Codex CLI could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex CLI の応答を読み取れませんでした。</translation>
     </message>
     <message>
         <source>Could not find %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 が見つかりませんでした。</translation>
     </message>
     <message>
         <source>Command failed (%1): %2</source>
-        <translation type="unfinished"></translation>
+        <translation>コマンドが失敗しました (%1): %2</translation>
     </message>
     <message>
         <source>Command timed out.</source>
-        <translation type="unfinished"></translation>
+        <translation>コマンドがタイムアウトしました。</translation>
     </message>
     <message>
         <source>it is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>ロックされています</translation>
     </message>
     <message>
         <source>it did not answer in time</source>
-        <translation type="unfinished"></translation>
+        <translation>時間内に応答がありませんでした</translation>
     </message>
     <message>
         <source>it took too long to answer</source>
-        <translation type="unfinished"></translation>
+        <translation>応答に時間がかかりすぎました</translation>
     </message>
     <message>
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
-        <translation type="unfinished"></translation>
+        <translation>デスクトップの設定で、対応していない種類のプロキシが指定されています</translation>
     </message>
 </context>
 <context>
     <name>Notification</name>
     <message>
         <source>The windows could not be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ウィンドウを読み込めませんでした: %1</translation>
     </message>
     <message>
         <source>您的 %1 token 已经重置了。</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 の利用枠がリセットされました。</translation>
     </message>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane を開く</translation>
     </message>
 </context>
 <context>
@@ -481,7 +481,7 @@
     <message>
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1のデータ</translation>
     </message>
 </context>
 <context>
@@ -489,7 +489,7 @@
     <message>
         <source>Sync pending</source>
         <extracomment>Read aloud for the symbol that marks outdated figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>同期待ち</translation>
     </message>
 </context>
 <context>
@@ -497,88 +497,88 @@
     <message>
         <source>%1: %2, %3</source>
         <extracomment>A quota window, the percentage left of it, and when it resets</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2、%3</translation>
     </message>
     <message>
         <source>5h</source>
-        <translation type="unfinished"></translation>
+        <translation>5時間</translation>
     </message>
     <message>
         <source>Week</source>
-        <translation type="unfinished"></translation>
+        <translation>週間</translation>
     </message>
     <message>
         <source>Open %1 usage details</source>
         <extracomment>%1 is an assistant&apos;s name</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 の使用状況の詳細を開く</translation>
     </message>
 </context>
 <context>
     <name>Quota</name>
     <message>
         <source>Sync pending</source>
-        <translation type="unfinished"></translation>
+        <translation>同期待ち</translation>
     </message>
     <message>
         <source>5H %1%  ·  WK %2%</source>
         <extracomment>What is left in the five-hour window and in the week, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5時間 %1%  ·  週間 %2%</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>%1: %2</source>
         <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 its figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Not available</source>
-        <translation type="unfinished"></translation>
+        <translation>利用できません</translation>
     </message>
     <message>
         <source>Reset unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>リセット日時不明</translation>
     </message>
     <message>
         <source>in %1d %2h</source>
         <extracomment>Days and hours, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1日%2時間後</translation>
     </message>
     <message>
         <source>in %1h %2m</source>
-        <translation type="unfinished"></translation>
+        <translation>%1時間%2分後</translation>
     </message>
     <message>
         <source>in %1m</source>
-        <translation type="unfinished"></translation>
+        <translation>%1分後</translation>
     </message>
     <message>
         <source>never</source>
-        <translation type="unfinished"></translation>
+        <translation>なし</translation>
     </message>
     <message>
         <source>just now</source>
-        <translation type="unfinished"></translation>
+        <translation>たった今</translation>
     </message>
     <message numerus="yes">
         <source>%n min ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n 分前</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hr ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n 時間前</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n d ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n 日前</numerusform>
         </translation>
     </message>
 </context>
@@ -586,98 +586,98 @@
     <name>RefreshToast</name>
     <message>
         <source>Refreshed</source>
-        <translation type="unfinished"></translation>
+        <translation>更新しました</translation>
     </message>
     <message>
         <source>Refreshing</source>
-        <translation type="unfinished"></translation>
+        <translation>更新中</translation>
     </message>
 </context>
 <context>
     <name>SettingsContent</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>設定</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation type="unfinished"></translation>
+        <translation>外観</translation>
     </message>
     <message>
         <source>Color scheme</source>
-        <translation type="unfinished"></translation>
+        <translation>配色</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>システム</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>ライト</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>ダーク</translation>
     </message>
     <message>
         <source>Background refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>バックグラウンド更新</translation>
     </message>
     <message>
         <source>Launch menu bar app at login</source>
-        <translation type="unfinished"></translation>
+        <translation>ログイン時にシステムトレイで Tallyvane を起動</translation>
     </message>
     <message>
         <source>The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code&apos;s stored sign-in; macOS asks once for Keychain access.</source>
-        <translation type="unfinished"></translation>
+        <translation>システムトレイの Tallyvane は、Codex と Claude の利用枠を 5 分ごとに更新します。Claude の使用量は、保存されている Claude Code のサインイン情報を使って取得します。キーリングのロック解除を求めることはありません。</translation>
     </message>
     <message>
         <source>Codex program</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex のプログラム</translation>
     </message>
     <message>
         <source>Automatic</source>
-        <translation type="unfinished"></translation>
+        <translation>自動</translation>
     </message>
     <message>
         <source>Reset notifications</source>
-        <translation type="unfinished"></translation>
+        <translation>リセット通知</translation>
     </message>
     <message>
         <source>Notify when a quota resets</source>
-        <translation type="unfinished"></translation>
+        <translation>利用枠がリセットされたときに通知</translation>
     </message>
     <message>
         <source>Sends a desktop alert when Codex or Claude&apos;s quota resets during an enabled window. Requires the menu bar app to be running.</source>
-        <translation type="unfinished"></translation>
+        <translation>有効な時間帯に Codex または Claude の利用枠がリセットされると、デスクトップ通知を送ります。Tallyvane がシステムトレイで動作している必要があります。</translation>
     </message>
     <message>
         <source>Notifications are turned off in System Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>システム設定で通知がオフになっています</translation>
     </message>
     <message>
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>システム設定を開く</translation>
     </message>
     <message>
         <source>Add time window</source>
-        <translation type="unfinished"></translation>
+        <translation>時間帯を追加</translation>
     </message>
     <message>
         <source>Privacy</source>
-        <translation type="unfinished"></translation>
+        <translation>プライバシー</translation>
     </message>
     <message>
         <source>All history stays on this Mac</source>
-        <translation type="unfinished"></translation>
+        <translation>履歴はすべてこのコンピューターに保存されます</translation>
     </message>
     <message>
         <source>No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.</source>
-        <translation type="unfinished"></translation>
+        <translation>分析データ、プロンプト、応答、ファイルパス、メールアドレス、認証情報、アカウント識別子は収集せず、クラウドデータベースやリモートログも使用しません。</translation>
     </message>
     <message>
         <source>Clear usage history</source>
-        <translation type="unfinished"></translation>
+        <translation>使用履歴を消去</translation>
     </message>
 </context>
 <context>
@@ -685,118 +685,118 @@
     <message>
         <source>Working</source>
         <extracomment>Read aloud for the busy indicator</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>処理中</translation>
     </message>
 </context>
 <context>
     <name>TimeWindowRow</name>
     <message>
         <source>All day</source>
-        <translation type="unfinished"></translation>
+        <translation>終日</translation>
     </message>
     <message>
         <source>Start time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>開始時刻</translation>
     </message>
     <message>
         <source>End time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>終了時刻</translation>
     </message>
     <message>
         <source>Remove time window</source>
         <extracomment>Read aloud for the button</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>時間帯を削除</translation>
     </message>
     <message>
         <source>Turn on</source>
-        <translation type="unfinished"></translation>
+        <translation>有効にする</translation>
     </message>
 </context>
 <context>
     <name>UsageHeatmapView</name>
     <message>
         <source>Token Heatmap</source>
-        <translation type="unfinished"></translation>
+        <translation>トークンのヒートマップ</translation>
     </message>
     <message>
         <source>Estimated tokens per day</source>
-        <translation type="unfinished"></translation>
+        <translation>1 日あたりの推定トークン数</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>対象</translation>
     </message>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>合計</translation>
     </message>
     <message>
         <source>Codex</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex</translation>
     </message>
     <message>
         <source>Claude</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude</translation>
     </message>
     <message>
         <source>Less</source>
-        <translation type="unfinished"></translation>
+        <translation>少</translation>
     </message>
     <message>
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>多</translation>
     </message>
 </context>
 <context>
     <name>UsageHistoryView</name>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>使用履歴</translation>
     </message>
     <message>
         <source>Metric</source>
-        <translation type="unfinished"></translation>
+        <translation>指標</translation>
     </message>
     <message>
         <source>%</source>
-        <translation type="unfinished"></translation>
+        <translation>%</translation>
     </message>
     <message>
         <source>Tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>トークン</translation>
     </message>
     <message>
         <source>Period</source>
-        <translation type="unfinished"></translation>
+        <translation>期間</translation>
     </message>
     <message>
         <source>Daily</source>
-        <translation type="unfinished"></translation>
+        <translation>日別</translation>
     </message>
     <message>
         <source>Monthly</source>
-        <translation type="unfinished"></translation>
+        <translation>月別</translation>
     </message>
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>推定値です。ローリング式のリセット、同期と同期の間の使用、提供元による調整が精度に影響することがあります。ローカルのトークン数は、使用量の数値フィールドのみから算出しています。プロンプトや応答を保存することはありません。</translation>
     </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane を開く</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>終了</translation>
     </message>
 </context>
 <context>
@@ -804,7 +804,7 @@
     <message>
         <source>Updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;5 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>最終更新: %1</translation>
     </message>
 </context>
 <context>
@@ -812,18 +812,18 @@
     <message>
         <source>%1: %2 tokens</source>
         <extracomment>%1 is a day, %2 a number such as &quot;12K&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 トークン</translation>
     </message>
     <message>
         <source>%1: No record</source>
         <extracomment>%1 is a day</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: 記録なし</translation>
     </message>
     <message numerus="yes">
         <source>(the history covers %n days)</source>
         <extracomment>Follows &quot;No record&quot;</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>(履歴は %n 日分です)</numerusform>
         </translation>
     </message>
 </context>
@@ -831,24 +831,24 @@
     <name>tallyvane::ui::HistoryModel</name>
     <message>
         <source>% of quota used</source>
-        <translation type="unfinished"></translation>
+        <translation>利用枠の使用率 (%)</translation>
     </message>
     <message>
         <source>Estimated tokens used</source>
-        <translation type="unfinished"></translation>
+        <translation>推定トークン使用量</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>Shares of two weekly quotas, added up</source>
-        <translation type="unfinished"></translation>
+        <translation>2 つの週間利用枠の使用率の合計</translation>
     </message>
     <message>
         <source>%1 tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 トークン</translation>
     </message>
 </context>
 <context>
@@ -856,7 +856,7 @@
     <message>
         <source>Last updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>最終更新: %1</translation>
     </message>
 </context>
 <context>
@@ -864,31 +864,31 @@
     <message>
         <source>In use: %1, found by Tallyvane.</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>使用中: %1 (Tallyvane が検出)</translation>
     </message>
     <message>
         <source>In use: %1, chosen by you.</source>
-        <translation type="unfinished"></translation>
+        <translation>使用中: %1 (ユーザーが選択)</translation>
     </message>
     <message>
         <source>No notification can come: there is no time window.</source>
-        <translation type="unfinished"></translation>
+        <translation>通知は届きません。時間帯がありません。</translation>
     </message>
     <message>
         <source>No notification can come: no time window allows any.</source>
-        <translation type="unfinished"></translation>
+        <translation>通知は届きません。通知できる時間帯がありません。</translation>
     </message>
     <message>
         <source>Usage history cleared.</source>
-        <translation type="unfinished"></translation>
+        <translation>使用履歴を消去しました。</translation>
     </message>
     <message>
         <source>This window is off; no notification comes in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>この時間帯はオフです。この間、通知は届きません。</translation>
     </message>
     <message>
         <source>No time lies between this start and end.</source>
-        <translation type="unfinished"></translation>
+        <translation>この開始時刻と終了時刻の間に時間がありません。</translation>
     </message>
 </context>
 </TS>
