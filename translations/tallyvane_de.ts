@@ -6,290 +6,290 @@
     <message>
         <source>5h</source>
         <extracomment>The five-hour quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>Week</source>
         <extracomment>The weekly quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Woche</translation>
     </message>
 </context>
 <context>
     <name>ContentView</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersicht</translation>
     </message>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>Nutzungsverlauf</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Keyboard shortcuts and About</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel und Info</translation>
     </message>
 </context>
 <context>
     <name>DashboardContent</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersicht</translation>
     </message>
     <message>
         <source>Auto-refreshes every 5 min</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisiert automatisch alle 5&#xa0;min</translation>
     </message>
     <message>
         <source>· Auto-refreshes every 5 min</source>
         <extracomment>Follows &quot;Updated 5 min ago&quot; and a space</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>· Aktualisiert automatisch alle 5&#xa0;min</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Use %1</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 verwenden</translation>
     </message>
     <message>
         <source>Bars and percentages show what is left of each quota.</source>
-        <translation type="unfinished"></translation>
+        <translation>Balken und Prozentwerte zeigen, was von jedem Kontingent übrig ist.</translation>
     </message>
 </context>
 <context>
     <name>ErrorNotice</name>
     <message>
         <source>Show less</source>
-        <translation type="unfinished"></translation>
+        <translation>Weniger anzeigen</translation>
     </message>
     <message>
         <source>Show all</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles anzeigen</translation>
     </message>
 </context>
 <context>
     <name>HelpSheet</name>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Dashboard, Usage History, Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Übersicht, Nutzungsverlauf, Einstellungen</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>Nächste Seite</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorherige Seite</translation>
     </message>
     <message>
         <source>Arrow keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfeiltasten</translation>
     </message>
     <message>
         <source>Select a bar, a day or a choice; scroll</source>
-        <translation type="unfinished"></translation>
+        <translation>Balken, Tag oder Option auswählen; blättern</translation>
     </message>
     <message>
         <source>Show or hide this list</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Liste ein- oder ausblenden</translation>
     </message>
     <message>
         <source>Close the window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fenster schließen</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane beenden</translation>
     </message>
     <message>
         <source>Keyboard shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Tastenkürzel</translation>
     </message>
     <message>
         <source>Tallyvane %1</source>
         <extracomment>%1 is a version such as &quot;1.2.3&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane %1</translation>
     </message>
     <message>
         <source>Free software under the Apache License 2.0</source>
-        <translation type="unfinished"></translation>
+        <translation>Freie Software unter der Apache-Lizenz 2.0</translation>
     </message>
     <message>
         <source>Figures and history: %1</source>
         <extracomment>%1 is a folder</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Werte und Verlauf: %1</translation>
     </message>
     <message>
         <source>Settings: %1</source>
         <extracomment>%1 is a file</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen: %1</translation>
     </message>
     <message>
         <source>Project page</source>
-        <translation type="unfinished"></translation>
+        <translation>Projektseite</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Ctrl+R, F5</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+R, F5</translation>
     </message>
     <message>
         <source>Ctrl+1, Ctrl+2, Ctrl+3</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+1, Strg+2, Strg+3</translation>
     </message>
     <message>
         <source>Ctrl+,</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+,</translation>
     </message>
     <message>
         <source>Ctrl+Tab, Ctrl+Page Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+Tab, Strg+Bild ab</translation>
     </message>
     <message>
         <source>Ctrl+Shift+Tab, Ctrl+Page Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+Umschalt+Tab, Strg+Bild auf</translation>
     </message>
     <message>
         <source>F1, Ctrl+?</source>
-        <translation type="unfinished"></translation>
+        <translation>F1, Strg+?</translation>
     </message>
     <message>
         <source>Ctrl+W</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+W</translation>
     </message>
     <message>
         <source>Ctrl+Q</source>
-        <translation type="unfinished"></translation>
+        <translation>Strg+Q</translation>
     </message>
 </context>
 <context>
     <name>HistoryChart</name>
     <message>
         <source>Nothing recorded yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch nichts aufgezeichnet</translation>
     </message>
 </context>
 <context>
     <name>HostAdvice</name>
     <message>
         <source>GNOME needs the AppIndicator extension: &apos;sudo apt install gnome-shell-extension-appindicator&apos;, log out and in, then &apos;gnome-extensions enable ubuntu-appindicators@ubuntu.com&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>GNOME benötigt die AppIndicator-Erweiterung: „sudo apt install gnome-shell-extension-appindicator“, ab- und wieder anmelden, dann „gnome-extensions enable ubuntu-appindicators@ubuntu.com“.</translation>
     </message>
     <message>
         <source>Add the Status Tray Plugin to the panel: &apos;xfce4-panel --add=systray&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Plugin für den Statusbereich zur Leiste hinzufügen: „xfce4-panel --add=systray“.</translation>
     </message>
     <message>
         <source>Add the widget System Tray to Plasma&apos;s panel: right-click it and choose Add Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Miniprogramm „Systemabschnitt der Kontrollleiste“ zur Kontrollleiste von Plasma hinzufügen: Rechtsklick darauf und „Miniprogramme hinzufügen“ wählen.</translation>
     </message>
     <message>
         <source>Add the applet Notification Area to the panel: right-click it and choose Add to Panel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Applet „Benachrichtigungsfeld“ zum Panel hinzufügen: Rechtsklick darauf und „Zum Panel hinzufügen“ wählen.</translation>
     </message>
     <message>
         <source>Add the widget Status Notifier to the panel: right-click it and choose Manage Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Widget „Status Notifier“ zur Leiste hinzufügen: Rechtsklick darauf und „Widgets verwalten“ wählen.</translation>
     </message>
     <message>
         <source>Add the XApp Status Applet to the panel: &apos;cinnamon-settings applets&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das XApp-Status-Applet zur Leiste hinzufügen: „cinnamon-settings applets“.</translation>
     </message>
     <message>
         <source>Start Waybar (&apos;sudo apt install waybar&apos;) with &quot;tray&quot; in one of the module lists of its configuration.</source>
-        <translation type="unfinished"></translation>
+        <translation>Waybar („sudo apt install waybar“) mit &quot;tray&quot; in einer der Modullisten seiner Konfiguration starten.</translation>
     </message>
     <message>
         <source>Add a status area to the panel, often called system tray, that shows StatusNotifier items.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Leiste einen Statusbereich hinzufügen (oft „System Tray“ genannt), der StatusNotifier-Elemente anzeigt.</translation>
     </message>
 </context>
 <context>
     <name>HostNotice</name>
     <message>
         <source>This desktop shows no status icons, so Tallyvane can be seen in this window only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Desktop zeigt keine Statussymbole an, daher ist Tallyvane nur in diesem Fenster zu sehen.</translation>
     </message>
     <message>
         <source>It keeps running when you close the window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es läuft weiter, wenn das Fenster geschlossen wird.</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane beenden</translation>
     </message>
     <message>
         <source>Don&apos;t show again</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht mehr anzeigen</translation>
     </message>
 </context>
 <context>
     <name>LaunchAtLoginPrompt</name>
     <message>
         <source>Keep quotas up to date?</source>
-        <translation type="unfinished"></translation>
+        <translation>Kontingente aktuell halten?</translation>
     </message>
     <message>
         <source>Tallyvane can live in the menu bar and refresh Codex every five minutes after you sign in to your Mac.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane kann im Statusbereich laufen und nach der Anmeldung an diesem Computer alle fünf Minuten Codex und Claude aktualisieren.</translation>
     </message>
     <message>
         <source>Launch Tallyvane at login</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane bei der Anmeldung starten</translation>
     </message>
     <message>
         <source>Not now</source>
-        <translation type="unfinished"></translation>
+        <translation>Jetzt nicht</translation>
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiter</translation>
     </message>
 </context>
 <context>
     <name>MenuBarLabel</name>
     <message>
         <source>5H</source>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>WK</source>
-        <translation type="unfinished"></translation>
+        <translation>Wo.</translation>
     </message>
     <message>
         <source>%1 resets %2</source>
         <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: Reset %2</translation>
     </message>
     <message>
         <source>%1 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source> (last updated %1)</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> (zuletzt aktualisiert %1)</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -297,183 +297,183 @@
     <message>
         <source>Open Tallyvane</source>
         <extracomment>A button that opens the program&apos;s window</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane öffnen</translation>
     </message>
     <message>
         <source>Refresh</source>
         <extracomment>Read aloud for the button that fetches new figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Quit</source>
         <extracomment>A button that ends the program</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Beenden</translation>
     </message>
 </context>
 <context>
     <name>Message</name>
     <message>
         <source>Another program is refreshing the same files and did not end within a minute.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm aktualisiert dieselben Dateien und war nach einer Minute noch nicht fertig.</translation>
     </message>
     <message>
         <source>The session logs could not be counted: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sitzungsprotokolle konnten nicht ausgezählt werden: %1.</translation>
     </message>
     <message>
         <source>%1 does not hold settings, and stays as it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 enthält keine Einstellungen und bleibt unverändert.</translation>
     </message>
     <message>
         <source>Could not save %1: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht gespeichert werden: %2.</translation>
     </message>
     <message>
         <source>A figure is not a finite number.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Wert ist keine endliche Zahl.</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; in a terminal and sign in.</source>
-        <translation type="unfinished"></translation>
+        <translation>„claude“ in einem Terminal starten und sich dort anmelden.</translation>
     </message>
     <message>
         <source>Unlock the keyring, for example in &apos;seahorse&apos; (Passwords and Keys) or by logging in with your password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Schlüsselbund entsperren, zum Beispiel in „seahorse“ (Passwörter und Schlüssel) oder durch Anmelden mit Passwort.</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; once; it renews its sign-in by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>„claude“ einmal starten; es erneuert seine Anmeldung selbst.</translation>
     </message>
     <message>
         <source>Check the network connection; &apos;tallyvane doctor --online&apos; says more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Netzwerkverbindung prüfen; „tallyvane doctor --online“ sagt mehr.</translation>
     </message>
     <message>
         <source>Nothing needs to be done; the next refresh asks again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist nichts zu tun; die nächste Aktualisierung fragt erneut.</translation>
     </message>
     <message>
         <source>Install the Codex CLI, or choose its program in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Codex CLI installieren oder ihr Programm in den Einstellungen wählen.</translation>
     </message>
     <message>
         <source>A Codex CLI was found in another place; it is used once you agree.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Codex CLI wurde an anderer Stelle gefunden; sie wird erst nach Zustimmung verwendet.</translation>
     </message>
     <message>
         <source>Choose another program in the settings, or go back to automatic with &apos;tallyvane config unset codex-path&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>In den Einstellungen ein anderes Programm wählen oder mit „tallyvane config unset codex-path“ zu Automatisch zurückkehren.</translation>
     </message>
     <message>
         <source>Run &apos;codex login&apos; in a terminal.</source>
-        <translation type="unfinished"></translation>
+        <translation>„codex login“ in einem Terminal ausführen.</translation>
     </message>
     <message>
         <source>Start &apos;codex&apos; in a terminal to see whether it works there.</source>
-        <translation type="unfinished"></translation>
+        <translation>„codex“ in einem Terminal starten, um zu sehen, ob es dort funktioniert.</translation>
     </message>
     <message>
         <source>It is asked again within five minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>In spätestens fünf Minuten wird erneut gefragt.</translation>
     </message>
     <message>
         <source>It is asked again in about %1 minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>In etwa %1 Minuten wird erneut gefragt.</translation>
     </message>
     <message>
         <source>The Claude service did not accept the sign-in of Claude Code.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Claude-Dienst hat die Anmeldung von Claude Code nicht akzeptiert.</translation>
     </message>
     <message>
         <source>Sign-in expired</source>
-        <translation type="unfinished"></translation>
+        <translation>Login abgelaufen</translation>
     </message>
     <message>
         <source>The Claude service answered with status %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Claude-Dienst hat mit Status %1 geantwortet.</translation>
     </message>
     <message>
         <source>No sign-in of Claude Code was found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde keine Anmeldung von Claude Code gefunden.</translation>
     </message>
     <message>
         <source>No file with a sign-in of Claude Code was found, and the keyring could not be asked: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde keine Datei mit einer Anmeldung von Claude Code gefunden, und der Schlüsselbund konnte nicht abgefragt werden: %1.</translation>
     </message>
     <message>
         <source>Keychain auth</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht angemeldet</translation>
     </message>
     <message>
         <source>The sign-in of Claude Code has expired.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Anmeldung von Claude Code ist abgelaufen.</translation>
     </message>
     <message>
         <source>The Claude service was asked too many times.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Claude-Dienst wurde zu oft gefragt.</translation>
     </message>
     <message>
         <source>Rate limited</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu viele Anfragen</translation>
     </message>
     <message>
         <source>The Claude service could not be reached: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Claude-Dienst war nicht erreichbar: %1.</translation>
     </message>
     <message>
         <source>Network error</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerkfehler</translation>
     </message>
     <message>
         <source>The answer of the Claude service was not understood.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort des Claude-Dienstes war nicht verständlich.</translation>
     </message>
     <message>
         <source>The reply of the Codex CLI could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Antwort der Codex CLI konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>Could not find %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde nicht gefunden.</translation>
     </message>
     <message>
         <source>Command failed (%1): %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Befehl fehlgeschlagen (%1): %2</translation>
     </message>
     <message>
         <source>Command timed out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitüberschreitung beim Befehl.</translation>
     </message>
     <message>
         <source>it is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>er ist gesperrt</translation>
     </message>
     <message>
         <source>it did not answer in time</source>
-        <translation type="unfinished"></translation>
+        <translation>er hat nicht rechtzeitig geantwortet</translation>
     </message>
     <message>
         <source>it took too long to answer</source>
-        <translation type="unfinished"></translation>
+        <translation>er hat zu lange für die Antwort gebraucht</translation>
     </message>
     <message>
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
-        <translation type="unfinished"></translation>
+        <translation>die Einstellungen des Desktops verlangen eine Proxy-Art, die nicht unterstützt wird</translation>
     </message>
 </context>
 <context>
     <name>Notification</name>
     <message>
         <source>The windows could not be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Fenster konnten nicht geladen werden: %1</translation>
     </message>
     <message>
         <source>您的 %1 token 已经重置了。</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Kontingent von %1 wurde zurückgesetzt.</translation>
     </message>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane öffnen</translation>
     </message>
 </context>
 <context>
@@ -481,7 +481,7 @@
     <message>
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Stand: %1</translation>
     </message>
 </context>
 <context>
@@ -489,7 +489,7 @@
     <message>
         <source>Sync pending</source>
         <extracomment>Read aloud for the symbol that marks outdated figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Sync ausstehend</translation>
     </message>
 </context>
 <context>
@@ -497,91 +497,91 @@
     <message>
         <source>%1: %2, %3</source>
         <extracomment>A quota window, the percentage left of it, and when it resets</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2, %3</translation>
     </message>
     <message>
         <source>5h</source>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>Week</source>
-        <translation type="unfinished"></translation>
+        <translation>Woche</translation>
     </message>
     <message>
         <source>Open %1 usage details</source>
         <extracomment>%1 is an assistant&apos;s name</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Nutzungsdetails von %1 öffnen</translation>
     </message>
 </context>
 <context>
     <name>Quota</name>
     <message>
         <source>Sync pending</source>
-        <translation type="unfinished"></translation>
+        <translation>Sync ausstehend</translation>
     </message>
     <message>
         <source>5H %1%  ·  WK %2%</source>
         <extracomment>What is left in the five-hour window and in the week, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5h %L1&#xa0;%  ·  Wo. %L2&#xa0;%</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%L1&#xa0;%</translation>
     </message>
     <message>
         <source>%1: %2</source>
         <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 its figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Not available</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht verfügbar</translation>
     </message>
     <message>
         <source>Reset unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Reset unbekannt</translation>
     </message>
     <message>
         <source>in %1d %2h</source>
         <extracomment>Days and hours, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>in %1&#xa0;Tg. %2&#xa0;h</translation>
     </message>
     <message>
         <source>in %1h %2m</source>
-        <translation type="unfinished"></translation>
+        <translation>in %1&#xa0;h %2&#xa0;min</translation>
     </message>
     <message>
         <source>in %1m</source>
-        <translation type="unfinished"></translation>
+        <translation>in %1&#xa0;min</translation>
     </message>
     <message>
         <source>never</source>
-        <translation type="unfinished"></translation>
+        <translation>nie</translation>
     </message>
     <message>
         <source>just now</source>
-        <translation type="unfinished"></translation>
+        <translation>gerade eben</translation>
     </message>
     <message numerus="yes">
         <source>%n min ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>vor %n&#xa0;min</numerusform>
+            <numerusform>vor %n&#xa0;min</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hr ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>vor %n&#xa0;h</numerusform>
+            <numerusform>vor %n&#xa0;h</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n d ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>vor %n&#xa0;Tag</numerusform>
+            <numerusform>vor %n&#xa0;Tagen</numerusform>
         </translation>
     </message>
 </context>
@@ -589,98 +589,98 @@
     <name>RefreshToast</name>
     <message>
         <source>Refreshed</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisiert</translation>
     </message>
     <message>
         <source>Refreshing</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird aktualisiert</translation>
     </message>
 </context>
 <context>
     <name>SettingsContent</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation type="unfinished"></translation>
+        <translation>Erscheinungsbild</translation>
     </message>
     <message>
         <source>Color scheme</source>
-        <translation type="unfinished"></translation>
+        <translation>Farbschema</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>System</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>Hell</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Dunkel</translation>
     </message>
     <message>
         <source>Background refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisierung im Hintergrund</translation>
     </message>
     <message>
         <source>Launch menu bar app at login</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei der Anmeldung im Statusbereich starten</translation>
     </message>
     <message>
         <source>The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code&apos;s stored sign-in; macOS asks once for Keychain access.</source>
-        <translation type="unfinished"></translation>
+        <translation>Im Statusbereich aktualisiert Tallyvane alle fünf Minuten Codex und Claude. Die Claude-Nutzung wird mit der gespeicherten Anmeldung von Claude Code abgefragt. Dabei wird nie verlangt, den Schlüsselbund zu entsperren.</translation>
     </message>
     <message>
         <source>Codex program</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex-Programm</translation>
     </message>
     <message>
         <source>Automatic</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatisch</translation>
     </message>
     <message>
         <source>Reset notifications</source>
-        <translation type="unfinished"></translation>
+        <translation>Reset-Benachrichtigungen</translation>
     </message>
     <message>
         <source>Notify when a quota resets</source>
-        <translation type="unfinished"></translation>
+        <translation>Benachrichtigen, wenn ein Kontingent zurückgesetzt wird</translation>
     </message>
     <message>
         <source>Sends a desktop alert when Codex or Claude&apos;s quota resets during an enabled window. Requires the menu bar app to be running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt eine Benachrichtigung an, wenn das Kontingent von Codex oder Claude in einem aktiven Zeitfenster zurückgesetzt wird. Dazu muss Tallyvane im Statusbereich laufen.</translation>
     </message>
     <message>
         <source>Notifications are turned off in System Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Benachrichtigungen sind in den Systemeinstellungen ausgeschaltet</translation>
     </message>
     <message>
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen öffnen</translation>
     </message>
     <message>
         <source>Add time window</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitfenster hinzufügen</translation>
     </message>
     <message>
         <source>Privacy</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenschutz</translation>
     </message>
     <message>
         <source>All history stays on this Mac</source>
-        <translation type="unfinished"></translation>
+        <translation>Der gesamte Verlauf bleibt auf diesem Computer</translation>
     </message>
     <message>
         <source>No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keine Analysedaten, keine Cloud-Datenbank und keine Protokollierung auf fremden Servern; Prompts, Antworten, Dateipfade, E-Mails, Zugangsdaten und Kontokennungen werden nicht erfasst.</translation>
     </message>
     <message>
         <source>Clear usage history</source>
-        <translation type="unfinished"></translation>
+        <translation>Nutzungsverlauf löschen</translation>
     </message>
 </context>
 <context>
@@ -688,118 +688,118 @@
     <message>
         <source>Working</source>
         <extracomment>Read aloud for the busy indicator</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Bitte warten</translation>
     </message>
 </context>
 <context>
     <name>TimeWindowRow</name>
     <message>
         <source>All day</source>
-        <translation type="unfinished"></translation>
+        <translation>Ganztägig</translation>
     </message>
     <message>
         <source>Start time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
     <message>
         <source>End time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Ende</translation>
     </message>
     <message>
         <source>Remove time window</source>
         <extracomment>Read aloud for the button</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Zeitfenster entfernen</translation>
     </message>
     <message>
         <source>Turn on</source>
-        <translation type="unfinished"></translation>
+        <translation>Einschalten</translation>
     </message>
 </context>
 <context>
     <name>UsageHeatmapView</name>
     <message>
         <source>Token Heatmap</source>
-        <translation type="unfinished"></translation>
+        <translation>Token-Heatmap</translation>
     </message>
     <message>
         <source>Estimated tokens per day</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschätzte Tokens pro Tag</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Quelle</translation>
     </message>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>Gesamt</translation>
     </message>
     <message>
         <source>Codex</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex</translation>
     </message>
     <message>
         <source>Claude</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude</translation>
     </message>
     <message>
         <source>Less</source>
-        <translation type="unfinished"></translation>
+        <translation>Weniger</translation>
     </message>
     <message>
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr</translation>
     </message>
 </context>
 <context>
     <name>UsageHistoryView</name>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>Nutzungsverlauf</translation>
     </message>
     <message>
         <source>Metric</source>
-        <translation type="unfinished"></translation>
+        <translation>Messgröße</translation>
     </message>
     <message>
         <source>%</source>
-        <translation type="unfinished"></translation>
+        <translation>%</translation>
     </message>
     <message>
         <source>Tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>Tokens</translation>
     </message>
     <message>
         <source>Period</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitraum</translation>
     </message>
     <message>
         <source>Daily</source>
-        <translation type="unfinished"></translation>
+        <translation>Täglich</translation>
     </message>
     <message>
         <source>Monthly</source>
-        <translation type="unfinished"></translation>
+        <translation>Monatlich</translation>
     </message>
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschätzte Werte. Gleitende Resets, Nutzung zwischen zwei Aktualisierungen und Anpassungen seitens der Anbieter können die Genauigkeit beeinträchtigen. Die lokalen Token-Summen stammen nur aus numerischen Nutzungsfeldern; Prompts und Antworten werden nie gespeichert.</translation>
     </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane öffnen</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Beenden</translation>
     </message>
 </context>
 <context>
@@ -807,7 +807,7 @@
     <message>
         <source>Updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;5 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Aktualisiert: %1</translation>
     </message>
 </context>
 <context>
@@ -815,19 +815,19 @@
     <message>
         <source>%1: %2 tokens</source>
         <extracomment>%1 is a day, %2 a number such as &quot;12K&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 Tokens</translation>
     </message>
     <message>
         <source>%1: No record</source>
         <extracomment>%1 is a day</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: Keine Aufzeichnung</translation>
     </message>
     <message numerus="yes">
         <source>(the history covers %n days)</source>
         <extracomment>Follows &quot;No record&quot;</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>(der Verlauf umfasst %n Tag)</numerusform>
+            <numerusform>(der Verlauf umfasst %n Tage)</numerusform>
         </translation>
     </message>
 </context>
@@ -835,24 +835,24 @@
     <name>tallyvane::ui::HistoryModel</name>
     <message>
         <source>% of quota used</source>
-        <translation type="unfinished"></translation>
+        <translation>% des Kontingents verbraucht</translation>
     </message>
     <message>
         <source>Estimated tokens used</source>
-        <translation type="unfinished"></translation>
+        <translation>Geschätzte verbrauchte Tokens</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%L1&#xa0;%</translation>
     </message>
     <message>
         <source>Shares of two weekly quotas, added up</source>
-        <translation type="unfinished"></translation>
+        <translation>Anteile zweier Wochenkontingente, zusammengezählt</translation>
     </message>
     <message>
         <source>%1 tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Tokens</translation>
     </message>
 </context>
 <context>
@@ -860,7 +860,7 @@
     <message>
         <source>Last updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt aktualisiert %1</translation>
     </message>
 </context>
 <context>
@@ -868,31 +868,31 @@
     <message>
         <source>In use: %1, found by Tallyvane.</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Verwendet: %1, von Tallyvane gefunden.</translation>
     </message>
     <message>
         <source>In use: %1, chosen by you.</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwendet: %1, selbst gewählt.</translation>
     </message>
     <message>
         <source>No notification can come: there is no time window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es kann keine Benachrichtigung kommen: Es gibt kein Zeitfenster.</translation>
     </message>
     <message>
         <source>No notification can come: no time window allows any.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es kann keine Benachrichtigung kommen: Kein Zeitfenster lässt eine zu.</translation>
     </message>
     <message>
         <source>Usage history cleared.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nutzungsverlauf gelöscht.</translation>
     </message>
     <message>
         <source>This window is off; no notification comes in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Zeitfenster ist ausgeschaltet; darin kommt keine Benachrichtigung.</translation>
     </message>
     <message>
         <source>No time lies between this start and end.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zwischen Beginn und Ende liegt keine Zeit.</translation>
     </message>
 </context>
 </TS>

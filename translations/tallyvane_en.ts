@@ -6,290 +6,290 @@
     <message>
         <source>5h</source>
         <extracomment>The five-hour quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>Week</source>
         <extracomment>The weekly quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Week</translation>
     </message>
 </context>
 <context>
     <name>ContentView</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Dashboard</translation>
     </message>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>Usage History</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Settings</translation>
     </message>
     <message>
         <source>Keyboard shortcuts and About</source>
-        <translation type="unfinished"></translation>
+        <translation>Keyboard shortcuts and About</translation>
     </message>
 </context>
 <context>
     <name>DashboardContent</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Dashboard</translation>
     </message>
     <message>
         <source>Auto-refreshes every 5 min</source>
-        <translation type="unfinished"></translation>
+        <translation>Auto-refreshes every 5 min</translation>
     </message>
     <message>
         <source>· Auto-refreshes every 5 min</source>
         <extracomment>Follows &quot;Updated 5 min ago&quot; and a space</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>· Auto-refreshes every 5 min</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Refresh</translation>
     </message>
     <message>
         <source>Use %1</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Use %1</translation>
     </message>
     <message>
         <source>Bars and percentages show what is left of each quota.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bars and percentages show what is left of each quota.</translation>
     </message>
 </context>
 <context>
     <name>ErrorNotice</name>
     <message>
         <source>Show less</source>
-        <translation type="unfinished"></translation>
+        <translation>Show less</translation>
     </message>
     <message>
         <source>Show all</source>
-        <translation type="unfinished"></translation>
+        <translation>Show all</translation>
     </message>
 </context>
 <context>
     <name>HelpSheet</name>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Refresh</translation>
     </message>
     <message>
         <source>Dashboard, Usage History, Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Dashboard, Usage History, Settings</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Settings</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>Next page</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>Previous page</translation>
     </message>
     <message>
         <source>Arrow keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrow keys</translation>
     </message>
     <message>
         <source>Select a bar, a day or a choice; scroll</source>
-        <translation type="unfinished"></translation>
+        <translation>Select a bar, a day or a choice; scroll</translation>
     </message>
     <message>
         <source>Show or hide this list</source>
-        <translation type="unfinished"></translation>
+        <translation>Show or hide this list</translation>
     </message>
     <message>
         <source>Close the window</source>
-        <translation type="unfinished"></translation>
+        <translation>Close the window</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Quit Tallyvane</translation>
     </message>
     <message>
         <source>Keyboard shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Keyboard shortcuts</translation>
     </message>
     <message>
         <source>Tallyvane %1</source>
         <extracomment>%1 is a version such as &quot;1.2.3&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane %1</translation>
     </message>
     <message>
         <source>Free software under the Apache License 2.0</source>
-        <translation type="unfinished"></translation>
+        <translation>Free software under the Apache License 2.0</translation>
     </message>
     <message>
         <source>Figures and history: %1</source>
         <extracomment>%1 is a folder</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Figures and history: %1</translation>
     </message>
     <message>
         <source>Settings: %1</source>
         <extracomment>%1 is a file</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Settings: %1</translation>
     </message>
     <message>
         <source>Project page</source>
-        <translation type="unfinished"></translation>
+        <translation>Project page</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Close</translation>
     </message>
     <message>
         <source>Ctrl+R, F5</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+R, F5</translation>
     </message>
     <message>
         <source>Ctrl+1, Ctrl+2, Ctrl+3</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+1, Ctrl+2, Ctrl+3</translation>
     </message>
     <message>
         <source>Ctrl+,</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+,</translation>
     </message>
     <message>
         <source>Ctrl+Tab, Ctrl+Page Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Tab, Ctrl+Page Down</translation>
     </message>
     <message>
         <source>Ctrl+Shift+Tab, Ctrl+Page Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Shift+Tab, Ctrl+Page Up</translation>
     </message>
     <message>
         <source>F1, Ctrl+?</source>
-        <translation type="unfinished"></translation>
+        <translation>F1, Ctrl+?</translation>
     </message>
     <message>
         <source>Ctrl+W</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+W</translation>
     </message>
     <message>
         <source>Ctrl+Q</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Q</translation>
     </message>
 </context>
 <context>
     <name>HistoryChart</name>
     <message>
         <source>Nothing recorded yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Nothing recorded yet</translation>
     </message>
 </context>
 <context>
     <name>HostAdvice</name>
     <message>
         <source>GNOME needs the AppIndicator extension: &apos;sudo apt install gnome-shell-extension-appindicator&apos;, log out and in, then &apos;gnome-extensions enable ubuntu-appindicators@ubuntu.com&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>GNOME needs the AppIndicator extension: &apos;sudo apt install gnome-shell-extension-appindicator&apos;, log out and in, then &apos;gnome-extensions enable ubuntu-appindicators@ubuntu.com&apos;.</translation>
     </message>
     <message>
         <source>Add the Status Tray Plugin to the panel: &apos;xfce4-panel --add=systray&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Add the Status Tray Plugin to the panel: &apos;xfce4-panel --add=systray&apos;.</translation>
     </message>
     <message>
         <source>Add the widget System Tray to Plasma&apos;s panel: right-click it and choose Add Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Add the widget System Tray to Plasma&apos;s panel: right-click it and choose Add Widgets.</translation>
     </message>
     <message>
         <source>Add the applet Notification Area to the panel: right-click it and choose Add to Panel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Add the applet Notification Area to the panel: right-click it and choose Add to Panel.</translation>
     </message>
     <message>
         <source>Add the widget Status Notifier to the panel: right-click it and choose Manage Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Add the widget Status Notifier to the panel: right-click it and choose Manage Widgets.</translation>
     </message>
     <message>
         <source>Add the XApp Status Applet to the panel: &apos;cinnamon-settings applets&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Add the XApp Status Applet to the panel: &apos;cinnamon-settings applets&apos;.</translation>
     </message>
     <message>
         <source>Start Waybar (&apos;sudo apt install waybar&apos;) with &quot;tray&quot; in one of the module lists of its configuration.</source>
-        <translation type="unfinished"></translation>
+        <translation>Start Waybar (&apos;sudo apt install waybar&apos;) with &quot;tray&quot; in one of the module lists of its configuration.</translation>
     </message>
     <message>
         <source>Add a status area to the panel, often called system tray, that shows StatusNotifier items.</source>
-        <translation type="unfinished"></translation>
+        <translation>Add a status area to the panel, often called system tray, that shows StatusNotifier items.</translation>
     </message>
 </context>
 <context>
     <name>HostNotice</name>
     <message>
         <source>This desktop shows no status icons, so Tallyvane can be seen in this window only.</source>
-        <translation type="unfinished"></translation>
+        <translation>This desktop shows no status icons, so Tallyvane can be seen in this window only.</translation>
     </message>
     <message>
         <source>It keeps running when you close the window.</source>
-        <translation type="unfinished"></translation>
+        <translation>It keeps running when you close the window.</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Quit Tallyvane</translation>
     </message>
     <message>
         <source>Don&apos;t show again</source>
-        <translation type="unfinished"></translation>
+        <translation>Don&apos;t show again</translation>
     </message>
 </context>
 <context>
     <name>LaunchAtLoginPrompt</name>
     <message>
         <source>Keep quotas up to date?</source>
-        <translation type="unfinished"></translation>
+        <translation>Keep quotas up to date?</translation>
     </message>
     <message>
         <source>Tallyvane can live in the menu bar and refresh Codex every five minutes after you sign in to your Mac.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane can live in the status area and refresh Codex and Claude every five minutes after you log in to this computer.</translation>
     </message>
     <message>
         <source>Launch Tallyvane at login</source>
-        <translation type="unfinished"></translation>
+        <translation>Launch Tallyvane at login</translation>
     </message>
     <message>
         <source>Not now</source>
-        <translation type="unfinished"></translation>
+        <translation>Not now</translation>
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>Continue</translation>
     </message>
 </context>
 <context>
     <name>MenuBarLabel</name>
     <message>
         <source>5H</source>
-        <translation type="unfinished"></translation>
+        <translation>5H</translation>
     </message>
     <message>
         <source>WK</source>
-        <translation type="unfinished"></translation>
+        <translation>WK</translation>
     </message>
     <message>
         <source>%1 resets %2</source>
         <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 resets %2</translation>
     </message>
     <message>
         <source>%1 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2</translation>
     </message>
     <message>
         <source> (last updated %1)</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> (last updated %1)</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -297,183 +297,183 @@
     <message>
         <source>Open Tallyvane</source>
         <extracomment>A button that opens the program&apos;s window</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Open Tallyvane</translation>
     </message>
     <message>
         <source>Refresh</source>
         <extracomment>Read aloud for the button that fetches new figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Refresh</translation>
     </message>
     <message>
         <source>Quit</source>
         <extracomment>A button that ends the program</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Quit</translation>
     </message>
 </context>
 <context>
     <name>Message</name>
     <message>
         <source>Another program is refreshing the same files and did not end within a minute.</source>
-        <translation type="unfinished"></translation>
+        <translation>Another program is refreshing the same files and did not end within a minute.</translation>
     </message>
     <message>
         <source>The session logs could not be counted: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>The session logs could not be counted: %1.</translation>
     </message>
     <message>
         <source>%1 does not hold settings, and stays as it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 does not hold settings, and stays as it is.</translation>
     </message>
     <message>
         <source>Could not save %1: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Could not save %1: %2.</translation>
     </message>
     <message>
         <source>A figure is not a finite number.</source>
-        <translation type="unfinished"></translation>
+        <translation>A figure is not a finite number.</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; in a terminal and sign in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Start &apos;claude&apos; in a terminal and sign in.</translation>
     </message>
     <message>
         <source>Unlock the keyring, for example in &apos;seahorse&apos; (Passwords and Keys) or by logging in with your password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Unlock the keyring, for example in &apos;seahorse&apos; (Passwords and Keys) or by logging in with your password.</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; once; it renews its sign-in by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Start &apos;claude&apos; once; it renews its sign-in by itself.</translation>
     </message>
     <message>
         <source>Check the network connection; &apos;tallyvane doctor --online&apos; says more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Check the network connection; &apos;tallyvane doctor --online&apos; says more.</translation>
     </message>
     <message>
         <source>Nothing needs to be done; the next refresh asks again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nothing needs to be done; the next refresh asks again.</translation>
     </message>
     <message>
         <source>Install the Codex CLI, or choose its program in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Install the Codex CLI, or choose its program in the settings.</translation>
     </message>
     <message>
         <source>A Codex CLI was found in another place; it is used once you agree.</source>
-        <translation type="unfinished"></translation>
+        <translation>A Codex CLI was found in another place; it is used once you agree.</translation>
     </message>
     <message>
         <source>Choose another program in the settings, or go back to automatic with &apos;tallyvane config unset codex-path&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose another program in the settings, or go back to automatic with &apos;tallyvane config unset codex-path&apos;.</translation>
     </message>
     <message>
         <source>Run &apos;codex login&apos; in a terminal.</source>
-        <translation type="unfinished"></translation>
+        <translation>Run &apos;codex login&apos; in a terminal.</translation>
     </message>
     <message>
         <source>Start &apos;codex&apos; in a terminal to see whether it works there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Start &apos;codex&apos; in a terminal to see whether it works there.</translation>
     </message>
     <message>
         <source>It is asked again within five minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>It is asked again within five minutes.</translation>
     </message>
     <message>
         <source>It is asked again in about %1 minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>It is asked again in about %1 minutes.</translation>
     </message>
     <message>
         <source>The Claude service did not accept the sign-in of Claude Code.</source>
-        <translation type="unfinished"></translation>
+        <translation>The Claude service did not accept the sign-in of Claude Code.</translation>
     </message>
     <message>
         <source>Sign-in expired</source>
-        <translation type="unfinished"></translation>
+        <translation>Sign-in expired</translation>
     </message>
     <message>
         <source>The Claude service answered with status %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>The Claude service answered with status %1.</translation>
     </message>
     <message>
         <source>No sign-in of Claude Code was found.</source>
-        <translation type="unfinished"></translation>
+        <translation>No sign-in of Claude Code was found.</translation>
     </message>
     <message>
         <source>No file with a sign-in of Claude Code was found, and the keyring could not be asked: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>No file with a sign-in of Claude Code was found, and the keyring could not be asked: %1.</translation>
     </message>
     <message>
         <source>Keychain auth</source>
-        <translation type="unfinished"></translation>
+        <translation>Not signed in</translation>
     </message>
     <message>
         <source>The sign-in of Claude Code has expired.</source>
-        <translation type="unfinished"></translation>
+        <translation>The sign-in of Claude Code has expired.</translation>
     </message>
     <message>
         <source>The Claude service was asked too many times.</source>
-        <translation type="unfinished"></translation>
+        <translation>The Claude service was asked too many times.</translation>
     </message>
     <message>
         <source>Rate limited</source>
-        <translation type="unfinished"></translation>
+        <translation>Rate limited</translation>
     </message>
     <message>
         <source>The Claude service could not be reached: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>The Claude service could not be reached: %1.</translation>
     </message>
     <message>
         <source>Network error</source>
-        <translation type="unfinished"></translation>
+        <translation>Network error</translation>
     </message>
     <message>
         <source>The answer of the Claude service was not understood.</source>
-        <translation type="unfinished"></translation>
+        <translation>The answer of the Claude service was not understood.</translation>
     </message>
     <message>
         <source>The reply of the Codex CLI could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>The reply of the Codex CLI could not be read.</translation>
     </message>
     <message>
         <source>Could not find %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Could not find %1.</translation>
     </message>
     <message>
         <source>Command failed (%1): %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Command failed (%1): %2</translation>
     </message>
     <message>
         <source>Command timed out.</source>
-        <translation type="unfinished"></translation>
+        <translation>Command timed out.</translation>
     </message>
     <message>
         <source>it is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>it is locked</translation>
     </message>
     <message>
         <source>it did not answer in time</source>
-        <translation type="unfinished"></translation>
+        <translation>it did not answer in time</translation>
     </message>
     <message>
         <source>it took too long to answer</source>
-        <translation type="unfinished"></translation>
+        <translation>it took too long to answer</translation>
     </message>
     <message>
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
-        <translation type="unfinished"></translation>
+        <translation>the desktop&apos;s settings ask for a kind of proxy that is not supported</translation>
     </message>
 </context>
 <context>
     <name>Notification</name>
     <message>
         <source>The windows could not be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>The windows could not be loaded: %1</translation>
     </message>
     <message>
         <source>您的 %1 token 已经重置了。</source>
-        <translation type="unfinished"></translation>
+        <translation>Your %1 quota has been reset.</translation>
     </message>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Open Tallyvane</translation>
     </message>
 </context>
 <context>
@@ -481,7 +481,7 @@
     <message>
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>From %1</translation>
     </message>
 </context>
 <context>
@@ -489,7 +489,7 @@
     <message>
         <source>Sync pending</source>
         <extracomment>Read aloud for the symbol that marks outdated figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Sync pending</translation>
     </message>
 </context>
 <context>
@@ -497,91 +497,91 @@
     <message>
         <source>%1: %2, %3</source>
         <extracomment>A quota window, the percentage left of it, and when it resets</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2, %3</translation>
     </message>
     <message>
         <source>5h</source>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>Week</source>
-        <translation type="unfinished"></translation>
+        <translation>Week</translation>
     </message>
     <message>
         <source>Open %1 usage details</source>
         <extracomment>%1 is an assistant&apos;s name</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Open %1 usage details</translation>
     </message>
 </context>
 <context>
     <name>Quota</name>
     <message>
         <source>Sync pending</source>
-        <translation type="unfinished"></translation>
+        <translation>Sync pending</translation>
     </message>
     <message>
         <source>5H %1%  ·  WK %2%</source>
         <extracomment>What is left in the five-hour window and in the week, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5H %1%  ·  WK %2%</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>%1: %2</source>
         <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 its figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Not available</source>
-        <translation type="unfinished"></translation>
+        <translation>Not available</translation>
     </message>
     <message>
         <source>Reset unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Reset unknown</translation>
     </message>
     <message>
         <source>in %1d %2h</source>
         <extracomment>Days and hours, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>in %1d %2h</translation>
     </message>
     <message>
         <source>in %1h %2m</source>
-        <translation type="unfinished"></translation>
+        <translation>in %1h %2m</translation>
     </message>
     <message>
         <source>in %1m</source>
-        <translation type="unfinished"></translation>
+        <translation>in %1m</translation>
     </message>
     <message>
         <source>never</source>
-        <translation type="unfinished"></translation>
+        <translation>never</translation>
     </message>
     <message>
         <source>just now</source>
-        <translation type="unfinished"></translation>
+        <translation>just now</translation>
     </message>
     <message numerus="yes">
         <source>%n min ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n min ago</numerusform>
+            <numerusform>%n min ago</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hr ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n hr ago</numerusform>
+            <numerusform>%n hr ago</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n d ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n d ago</numerusform>
+            <numerusform>%n d ago</numerusform>
         </translation>
     </message>
 </context>
@@ -589,98 +589,98 @@
     <name>RefreshToast</name>
     <message>
         <source>Refreshed</source>
-        <translation type="unfinished"></translation>
+        <translation>Refreshed</translation>
     </message>
     <message>
         <source>Refreshing</source>
-        <translation type="unfinished"></translation>
+        <translation>Refreshing</translation>
     </message>
 </context>
 <context>
     <name>SettingsContent</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Settings</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation type="unfinished"></translation>
+        <translation>Appearance</translation>
     </message>
     <message>
         <source>Color scheme</source>
-        <translation type="unfinished"></translation>
+        <translation>Color scheme</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>System</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>Light</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Dark</translation>
     </message>
     <message>
         <source>Background refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Background refresh</translation>
     </message>
     <message>
         <source>Launch menu bar app at login</source>
-        <translation type="unfinished"></translation>
+        <translation>Launch in the status area at login</translation>
     </message>
     <message>
         <source>The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code&apos;s stored sign-in; macOS asks once for Keychain access.</source>
-        <translation type="unfinished"></translation>
+        <translation>In the status area, Tallyvane refreshes Codex and Claude every five minutes. Claude usage is read with Claude Code&apos;s stored sign-in. The keyring is never asked to unlock.</translation>
     </message>
     <message>
         <source>Codex program</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex program</translation>
     </message>
     <message>
         <source>Automatic</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatic</translation>
     </message>
     <message>
         <source>Reset notifications</source>
-        <translation type="unfinished"></translation>
+        <translation>Reset notifications</translation>
     </message>
     <message>
         <source>Notify when a quota resets</source>
-        <translation type="unfinished"></translation>
+        <translation>Notify when a quota resets</translation>
     </message>
     <message>
         <source>Sends a desktop alert when Codex or Claude&apos;s quota resets during an enabled window. Requires the menu bar app to be running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sends a desktop alert when Codex or Claude&apos;s quota resets during an enabled time window. Requires Tallyvane to be running in the status area.</translation>
     </message>
     <message>
         <source>Notifications are turned off in System Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Notifications are turned off in the system settings</translation>
     </message>
     <message>
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Open Settings</translation>
     </message>
     <message>
         <source>Add time window</source>
-        <translation type="unfinished"></translation>
+        <translation>Add time window</translation>
     </message>
     <message>
         <source>Privacy</source>
-        <translation type="unfinished"></translation>
+        <translation>Privacy</translation>
     </message>
     <message>
         <source>All history stays on this Mac</source>
-        <translation type="unfinished"></translation>
+        <translation>All history stays on this computer</translation>
     </message>
     <message>
         <source>No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.</source>
-        <translation type="unfinished"></translation>
+        <translation>No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.</translation>
     </message>
     <message>
         <source>Clear usage history</source>
-        <translation type="unfinished"></translation>
+        <translation>Clear usage history</translation>
     </message>
 </context>
 <context>
@@ -688,118 +688,118 @@
     <message>
         <source>Working</source>
         <extracomment>Read aloud for the busy indicator</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Working</translation>
     </message>
 </context>
 <context>
     <name>TimeWindowRow</name>
     <message>
         <source>All day</source>
-        <translation type="unfinished"></translation>
+        <translation>All day</translation>
     </message>
     <message>
         <source>Start time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Start time</translation>
     </message>
     <message>
         <source>End time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>End time</translation>
     </message>
     <message>
         <source>Remove time window</source>
         <extracomment>Read aloud for the button</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Remove time window</translation>
     </message>
     <message>
         <source>Turn on</source>
-        <translation type="unfinished"></translation>
+        <translation>Turn on</translation>
     </message>
 </context>
 <context>
     <name>UsageHeatmapView</name>
     <message>
         <source>Token Heatmap</source>
-        <translation type="unfinished"></translation>
+        <translation>Token Heatmap</translation>
     </message>
     <message>
         <source>Estimated tokens per day</source>
-        <translation type="unfinished"></translation>
+        <translation>Estimated tokens per day</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Source</translation>
     </message>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>Total</translation>
     </message>
     <message>
         <source>Codex</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex</translation>
     </message>
     <message>
         <source>Claude</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude</translation>
     </message>
     <message>
         <source>Less</source>
-        <translation type="unfinished"></translation>
+        <translation>Less</translation>
     </message>
     <message>
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>More</translation>
     </message>
 </context>
 <context>
     <name>UsageHistoryView</name>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>Usage History</translation>
     </message>
     <message>
         <source>Metric</source>
-        <translation type="unfinished"></translation>
+        <translation>Metric</translation>
     </message>
     <message>
         <source>%</source>
-        <translation type="unfinished"></translation>
+        <translation>%</translation>
     </message>
     <message>
         <source>Tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>Tokens</translation>
     </message>
     <message>
         <source>Period</source>
-        <translation type="unfinished"></translation>
+        <translation>Period</translation>
     </message>
     <message>
         <source>Daily</source>
-        <translation type="unfinished"></translation>
+        <translation>Daily</translation>
     </message>
     <message>
         <source>Monthly</source>
-        <translation type="unfinished"></translation>
+        <translation>Monthly</translation>
     </message>
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</translation>
     </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Open Tallyvane</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Refresh</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Quit</translation>
     </message>
 </context>
 <context>
@@ -807,7 +807,7 @@
     <message>
         <source>Updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;5 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Updated %1</translation>
     </message>
 </context>
 <context>
@@ -815,19 +815,19 @@
     <message>
         <source>%1: %2 tokens</source>
         <extracomment>%1 is a day, %2 a number such as &quot;12K&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 tokens</translation>
     </message>
     <message>
         <source>%1: No record</source>
         <extracomment>%1 is a day</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1: No record</translation>
     </message>
     <message numerus="yes">
         <source>(the history covers %n days)</source>
         <extracomment>Follows &quot;No record&quot;</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>(the history covers %n day)</numerusform>
+            <numerusform>(the history covers %n days)</numerusform>
         </translation>
     </message>
 </context>
@@ -835,24 +835,24 @@
     <name>tallyvane::ui::HistoryModel</name>
     <message>
         <source>% of quota used</source>
-        <translation type="unfinished"></translation>
+        <translation>% of quota used</translation>
     </message>
     <message>
         <source>Estimated tokens used</source>
-        <translation type="unfinished"></translation>
+        <translation>Estimated tokens used</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>Shares of two weekly quotas, added up</source>
-        <translation type="unfinished"></translation>
+        <translation>Shares of two weekly quotas, added up</translation>
     </message>
     <message>
         <source>%1 tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 tokens</translation>
     </message>
 </context>
 <context>
@@ -860,7 +860,7 @@
     <message>
         <source>Last updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Last updated %1</translation>
     </message>
 </context>
 <context>
@@ -868,31 +868,31 @@
     <message>
         <source>In use: %1, found by Tallyvane.</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>In use: %1, found by Tallyvane.</translation>
     </message>
     <message>
         <source>In use: %1, chosen by you.</source>
-        <translation type="unfinished"></translation>
+        <translation>In use: %1, chosen by you.</translation>
     </message>
     <message>
         <source>No notification can come: there is no time window.</source>
-        <translation type="unfinished"></translation>
+        <translation>No notification can come: there is no time window.</translation>
     </message>
     <message>
         <source>No notification can come: no time window allows any.</source>
-        <translation type="unfinished"></translation>
+        <translation>No notification can come: no time window allows any.</translation>
     </message>
     <message>
         <source>Usage history cleared.</source>
-        <translation type="unfinished"></translation>
+        <translation>Usage history cleared.</translation>
     </message>
     <message>
         <source>This window is off; no notification comes in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>This window is off; no notification comes in it.</translation>
     </message>
     <message>
         <source>No time lies between this start and end.</source>
-        <translation type="unfinished"></translation>
+        <translation>No time lies between this start and end.</translation>
     </message>
 </context>
 </TS>

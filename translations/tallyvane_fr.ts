@@ -6,290 +6,290 @@
     <message>
         <source>5h</source>
         <extracomment>The five-hour quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>Week</source>
         <extracomment>The weekly quota window, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Sem.</translation>
     </message>
 </context>
 <context>
     <name>ContentView</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Tableau de bord</translation>
     </message>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>Historique d’utilisation</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Paramètres</translation>
     </message>
     <message>
         <source>Keyboard shortcuts and About</source>
-        <translation type="unfinished"></translation>
+        <translation>Raccourcis clavier et À propos</translation>
     </message>
 </context>
 <context>
     <name>DashboardContent</name>
     <message>
         <source>Dashboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Tableau de bord</translation>
     </message>
     <message>
         <source>Auto-refreshes every 5 min</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualisation automatique toutes les 5&#xa0;min</translation>
     </message>
     <message>
         <source>· Auto-refreshes every 5 min</source>
         <extracomment>Follows &quot;Updated 5 min ago&quot; and a space</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>· Actualisation automatique toutes les 5&#xa0;min</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualiser</translation>
     </message>
     <message>
         <source>Use %1</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Utiliser %1</translation>
     </message>
     <message>
         <source>Bars and percentages show what is left of each quota.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les barres et les pourcentages indiquent ce qu’il reste de chaque quota.</translation>
     </message>
 </context>
 <context>
     <name>ErrorNotice</name>
     <message>
         <source>Show less</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher moins</translation>
     </message>
     <message>
         <source>Show all</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout afficher</translation>
     </message>
 </context>
 <context>
     <name>HelpSheet</name>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualiser</translation>
     </message>
     <message>
         <source>Dashboard, Usage History, Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Tableau de bord, Historique d’utilisation, Paramètres</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Paramètres</translation>
     </message>
     <message>
         <source>Next page</source>
-        <translation type="unfinished"></translation>
+        <translation>Page suivante</translation>
     </message>
     <message>
         <source>Previous page</source>
-        <translation type="unfinished"></translation>
+        <translation>Page précédente</translation>
     </message>
     <message>
         <source>Arrow keys</source>
-        <translation type="unfinished"></translation>
+        <translation>Touches fléchées</translation>
     </message>
     <message>
         <source>Select a bar, a day or a choice; scroll</source>
-        <translation type="unfinished"></translation>
+        <translation>Sélectionner une barre, un jour ou une option&#xa0;; faire défiler</translation>
     </message>
     <message>
         <source>Show or hide this list</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher ou masquer cette liste</translation>
     </message>
     <message>
         <source>Close the window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fermer la fenêtre</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitter Tallyvane</translation>
     </message>
     <message>
         <source>Keyboard shortcuts</source>
-        <translation type="unfinished"></translation>
+        <translation>Raccourcis clavier</translation>
     </message>
     <message>
         <source>Tallyvane %1</source>
         <extracomment>%1 is a version such as &quot;1.2.3&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane %1</translation>
     </message>
     <message>
         <source>Free software under the Apache License 2.0</source>
-        <translation type="unfinished"></translation>
+        <translation>Logiciel libre sous licence Apache 2.0</translation>
     </message>
     <message>
         <source>Figures and history: %1</source>
         <extracomment>%1 is a folder</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Chiffres et historique&#xa0;: %1</translation>
     </message>
     <message>
         <source>Settings: %1</source>
         <extracomment>%1 is a file</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Paramètres&#xa0;: %1</translation>
     </message>
     <message>
         <source>Project page</source>
-        <translation type="unfinished"></translation>
+        <translation>Page du projet</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Fermer</translation>
     </message>
     <message>
         <source>Ctrl+R, F5</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+R, F5</translation>
     </message>
     <message>
         <source>Ctrl+1, Ctrl+2, Ctrl+3</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+1, Ctrl+2, Ctrl+3</translation>
     </message>
     <message>
         <source>Ctrl+,</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+,</translation>
     </message>
     <message>
         <source>Ctrl+Tab, Ctrl+Page Down</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Tab, Ctrl+Pg. suiv</translation>
     </message>
     <message>
         <source>Ctrl+Shift+Tab, Ctrl+Page Up</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Maj+Tab, Ctrl+Pg. préc</translation>
     </message>
     <message>
         <source>F1, Ctrl+?</source>
-        <translation type="unfinished"></translation>
+        <translation>F1, Ctrl+?</translation>
     </message>
     <message>
         <source>Ctrl+W</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+W</translation>
     </message>
     <message>
         <source>Ctrl+Q</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+Q</translation>
     </message>
 </context>
 <context>
     <name>HistoryChart</name>
     <message>
         <source>Nothing recorded yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Rien d’enregistré pour l’instant</translation>
     </message>
 </context>
 <context>
     <name>HostAdvice</name>
     <message>
         <source>GNOME needs the AppIndicator extension: &apos;sudo apt install gnome-shell-extension-appindicator&apos;, log out and in, then &apos;gnome-extensions enable ubuntu-appindicators@ubuntu.com&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>GNOME a besoin de l’extension AppIndicator&#xa0;: «&#xa0;sudo apt install gnome-shell-extension-appindicator&#xa0;», fermez puis rouvrez la session, puis «&#xa0;gnome-extensions enable ubuntu-appindicators@ubuntu.com&#xa0;».</translation>
     </message>
     <message>
         <source>Add the Status Tray Plugin to the panel: &apos;xfce4-panel --add=systray&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutez le greffon de la zone de notification au tableau de bord&#xa0;: «&#xa0;xfce4-panel --add=systray&#xa0;».</translation>
     </message>
     <message>
         <source>Add the widget System Tray to Plasma&apos;s panel: right-click it and choose Add Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutez le composant graphique «&#xa0;Boîte à miniatures&#xa0;» au tableau de bord de Plasma&#xa0;: faites un clic droit dessus et choisissez «&#xa0;Ajouter des composants graphiques&#xa0;».</translation>
     </message>
     <message>
         <source>Add the applet Notification Area to the panel: right-click it and choose Add to Panel.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutez l’applet «&#xa0;Zone de notification&#xa0;» au tableau de bord&#xa0;: faites un clic droit dessus et choisissez «&#xa0;Ajouter au tableau de bord&#xa0;».</translation>
     </message>
     <message>
         <source>Add the widget Status Notifier to the panel: right-click it and choose Manage Widgets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutez le widget «&#xa0;Status Notifier&#xa0;» au tableau de bord&#xa0;: faites un clic droit dessus et choisissez «&#xa0;Gérer les widgets&#xa0;».</translation>
     </message>
     <message>
         <source>Add the XApp Status Applet to the panel: &apos;cinnamon-settings applets&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutez l’applet d’état XApp au tableau de bord&#xa0;: «&#xa0;cinnamon-settings applets&#xa0;».</translation>
     </message>
     <message>
         <source>Start Waybar (&apos;sudo apt install waybar&apos;) with &quot;tray&quot; in one of the module lists of its configuration.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancez Waybar («&#xa0;sudo apt install waybar&#xa0;») avec &quot;tray&quot; dans l’une des listes de modules de sa configuration.</translation>
     </message>
     <message>
         <source>Add a status area to the panel, often called system tray, that shows StatusNotifier items.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajoutez au tableau de bord une zone de notification (souvent appelée «&#xa0;system tray&#xa0;») qui affiche les éléments StatusNotifier.</translation>
     </message>
 </context>
 <context>
     <name>HostNotice</name>
     <message>
         <source>This desktop shows no status icons, so Tallyvane can be seen in this window only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ce bureau n’affiche pas d’icônes d’état&#xa0;: Tallyvane n’est visible que dans cette fenêtre.</translation>
     </message>
     <message>
         <source>It keeps running when you close the window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il continue de fonctionner quand vous fermez la fenêtre.</translation>
     </message>
     <message>
         <source>Quit Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitter Tallyvane</translation>
     </message>
     <message>
         <source>Don&apos;t show again</source>
-        <translation type="unfinished"></translation>
+        <translation>Ne plus afficher</translation>
     </message>
 </context>
 <context>
     <name>LaunchAtLoginPrompt</name>
     <message>
         <source>Keep quotas up to date?</source>
-        <translation type="unfinished"></translation>
+        <translation>Garder les quotas à jour&#xa0;?</translation>
     </message>
     <message>
         <source>Tallyvane can live in the menu bar and refresh Codex every five minutes after you sign in to your Mac.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tallyvane peut rester dans la zone de notification et actualiser Codex et Claude toutes les cinq minutes dès l’ouverture de session sur cet ordinateur.</translation>
     </message>
     <message>
         <source>Launch Tallyvane at login</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancer Tallyvane à l’ouverture de session</translation>
     </message>
     <message>
         <source>Not now</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas maintenant</translation>
     </message>
     <message>
         <source>Continue</source>
-        <translation type="unfinished"></translation>
+        <translation>Continuer</translation>
     </message>
 </context>
 <context>
     <name>MenuBarLabel</name>
     <message>
         <source>5H</source>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>WK</source>
-        <translation type="unfinished"></translation>
+        <translation>Sem.</translation>
     </message>
     <message>
         <source>%1 resets %2</source>
         <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1 réinit. %2</translation>
     </message>
     <message>
         <source>%1 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2</translation>
     </message>
     <message>
         <source> (last updated %1)</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> (actualisé %1)</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
 </context>
 <context>
@@ -297,183 +297,183 @@
     <message>
         <source>Open Tallyvane</source>
         <extracomment>A button that opens the program&apos;s window</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir Tallyvane</translation>
     </message>
     <message>
         <source>Refresh</source>
         <extracomment>Read aloud for the button that fetches new figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Actualiser</translation>
     </message>
     <message>
         <source>Quit</source>
         <extracomment>A button that ends the program</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Quitter</translation>
     </message>
 </context>
 <context>
     <name>Message</name>
     <message>
         <source>Another program is refreshing the same files and did not end within a minute.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un autre programme actualise les mêmes fichiers et n’a pas terminé en une minute.</translation>
     </message>
     <message>
         <source>The session logs could not be counted: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les journaux de session n’ont pas pu être comptés&#xa0;: %1.</translation>
     </message>
     <message>
         <source>%1 does not hold settings, and stays as it is.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ne contient pas de paramètres et reste tel quel.</translation>
     </message>
     <message>
         <source>Could not save %1: %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d’enregistrer %1&#xa0;: %2.</translation>
     </message>
     <message>
         <source>A figure is not a finite number.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un chiffre n’est pas un nombre fini.</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; in a terminal and sign in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancez «&#xa0;claude&#xa0;» dans un terminal et connectez-vous.</translation>
     </message>
     <message>
         <source>Unlock the keyring, for example in &apos;seahorse&apos; (Passwords and Keys) or by logging in with your password.</source>
-        <translation type="unfinished"></translation>
+        <translation>Déverrouillez le trousseau de clés, par exemple dans «&#xa0;seahorse&#xa0;» (Mots de passe et clés) ou en ouvrant la session avec votre mot de passe.</translation>
     </message>
     <message>
         <source>Start &apos;claude&apos; once; it renews its sign-in by itself.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancez «&#xa0;claude&#xa0;» une fois&#xa0;; il renouvelle sa session tout seul.</translation>
     </message>
     <message>
         <source>Check the network connection; &apos;tallyvane doctor --online&apos; says more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vérifiez la connexion réseau&#xa0;; «&#xa0;tallyvane doctor --online&#xa0;» en dit plus.</translation>
     </message>
     <message>
         <source>Nothing needs to be done; the next refresh asks again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n’y a rien à faire&#xa0;; la prochaine actualisation réessaiera.</translation>
     </message>
     <message>
         <source>Install the Codex CLI, or choose its program in the settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Installez Codex CLI ou choisissez son programme dans les paramètres.</translation>
     </message>
     <message>
         <source>A Codex CLI was found in another place; it is used once you agree.</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex CLI a été trouvé ailleurs&#xa0;; il sera utilisé une fois que vous aurez accepté.</translation>
     </message>
     <message>
         <source>Choose another program in the settings, or go back to automatic with &apos;tallyvane config unset codex-path&apos;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choisissez un autre programme dans les paramètres, ou revenez au choix automatique avec «&#xa0;tallyvane config unset codex-path&#xa0;».</translation>
     </message>
     <message>
         <source>Run &apos;codex login&apos; in a terminal.</source>
-        <translation type="unfinished"></translation>
+        <translation>Exécutez «&#xa0;codex login&#xa0;» dans un terminal.</translation>
     </message>
     <message>
         <source>Start &apos;codex&apos; in a terminal to see whether it works there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancez «&#xa0;codex&#xa0;» dans un terminal pour voir s’il y fonctionne.</translation>
     </message>
     <message>
         <source>It is asked again within five minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle tentative d’ici cinq minutes.</translation>
     </message>
     <message>
         <source>It is asked again in about %1 minutes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nouvelle tentative dans environ %1 minutes.</translation>
     </message>
     <message>
         <source>The Claude service did not accept the sign-in of Claude Code.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service Claude n’a pas accepté la session de Claude Code.</translation>
     </message>
     <message>
         <source>Sign-in expired</source>
-        <translation type="unfinished"></translation>
+        <translation>Session expirée</translation>
     </message>
     <message>
         <source>The Claude service answered with status %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service Claude a répondu avec le statut %1.</translation>
     </message>
     <message>
         <source>No sign-in of Claude Code was found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune session de Claude Code n’a été trouvée.</translation>
     </message>
     <message>
         <source>No file with a sign-in of Claude Code was found, and the keyring could not be asked: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun fichier contenant une session de Claude Code n’a été trouvé, et le trousseau de clés n’a pas pu être interrogé&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Keychain auth</source>
-        <translation type="unfinished"></translation>
+        <translation>Non connecté</translation>
     </message>
     <message>
         <source>The sign-in of Claude Code has expired.</source>
-        <translation type="unfinished"></translation>
+        <translation>La session de Claude Code a expiré.</translation>
     </message>
     <message>
         <source>The Claude service was asked too many times.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service Claude a reçu trop de requêtes.</translation>
     </message>
     <message>
         <source>Rate limited</source>
-        <translation type="unfinished"></translation>
+        <translation>Trop de requêtes</translation>
     </message>
     <message>
         <source>The Claude service could not be reached: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le service Claude n’a pas pu être joint&#xa0;: %1.</translation>
     </message>
     <message>
         <source>Network error</source>
-        <translation type="unfinished"></translation>
+        <translation>Erreur réseau</translation>
     </message>
     <message>
         <source>The answer of the Claude service was not understood.</source>
-        <translation type="unfinished"></translation>
+        <translation>La réponse du service Claude n’a pas été comprise.</translation>
     </message>
     <message>
         <source>The reply of the Codex CLI could not be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>La réponse de Codex CLI n’a pas pu être lue.</translation>
     </message>
     <message>
         <source>Could not find %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible de trouver %1.</translation>
     </message>
     <message>
         <source>Command failed (%1): %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec de la commande (%1)&#xa0;: %2</translation>
     </message>
     <message>
         <source>Command timed out.</source>
-        <translation type="unfinished"></translation>
+        <translation>La commande a dépassé le délai imparti.</translation>
     </message>
     <message>
         <source>it is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>il est verrouillé</translation>
     </message>
     <message>
         <source>it did not answer in time</source>
-        <translation type="unfinished"></translation>
+        <translation>il n’a pas répondu à temps</translation>
     </message>
     <message>
         <source>it took too long to answer</source>
-        <translation type="unfinished"></translation>
+        <translation>il a mis trop de temps à répondre</translation>
     </message>
     <message>
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
-        <translation type="unfinished"></translation>
+        <translation>les paramètres du bureau demandent un type de proxy non pris en charge</translation>
     </message>
 </context>
 <context>
     <name>Notification</name>
     <message>
         <source>The windows could not be loaded: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Les fenêtres n’ont pas pu être chargées&#xa0;: %1</translation>
     </message>
     <message>
         <source>您的 %1 token 已经重置了。</source>
-        <translation type="unfinished"></translation>
+        <translation>Votre quota %1 a été réinitialisé.</translation>
     </message>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir Tallyvane</translation>
     </message>
 </context>
 <context>
@@ -481,7 +481,7 @@
     <message>
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Relevé %1</translation>
     </message>
 </context>
 <context>
@@ -489,7 +489,7 @@
     <message>
         <source>Sync pending</source>
         <extracomment>Read aloud for the symbol that marks outdated figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Sync. en attente</translation>
     </message>
 </context>
 <context>
@@ -497,91 +497,91 @@
     <message>
         <source>%1: %2, %3</source>
         <extracomment>A quota window, the percentage left of it, and when it resets</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: %2, %3</translation>
     </message>
     <message>
         <source>5h</source>
-        <translation type="unfinished"></translation>
+        <translation>5h</translation>
     </message>
     <message>
         <source>Week</source>
-        <translation type="unfinished"></translation>
+        <translation>Sem.</translation>
     </message>
     <message>
         <source>Open %1 usage details</source>
         <extracomment>%1 is an assistant&apos;s name</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir les détails d’utilisation de %1</translation>
     </message>
 </context>
 <context>
     <name>Quota</name>
     <message>
         <source>Sync pending</source>
-        <translation type="unfinished"></translation>
+        <translation>Sync. en attente</translation>
     </message>
     <message>
         <source>5H %1%  ·  WK %2%</source>
         <extracomment>What is left in the five-hour window and in the week, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>5h %L1&#xa0;%  ·  Sem. %L2&#xa0;%</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%L1&#xa0;%</translation>
     </message>
     <message>
         <source>%1: %2</source>
         <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 its figures</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: %2</translation>
     </message>
     <message>
         <source>Not available</source>
-        <translation type="unfinished"></translation>
+        <translation>Indisponible</translation>
     </message>
     <message>
         <source>Reset unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Réinit. inconnue</translation>
     </message>
     <message>
         <source>in %1d %2h</source>
         <extracomment>Days and hours, as short as possible</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>dans %1&#xa0;j %2&#xa0;h</translation>
     </message>
     <message>
         <source>in %1h %2m</source>
-        <translation type="unfinished"></translation>
+        <translation>dans %1&#xa0;h %2&#xa0;min</translation>
     </message>
     <message>
         <source>in %1m</source>
-        <translation type="unfinished"></translation>
+        <translation>dans %1&#xa0;min</translation>
     </message>
     <message>
         <source>never</source>
-        <translation type="unfinished"></translation>
+        <translation>jamais</translation>
     </message>
     <message>
         <source>just now</source>
-        <translation type="unfinished"></translation>
+        <translation>à l’instant</translation>
     </message>
     <message numerus="yes">
         <source>%n min ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>il y a %n&#xa0;min</numerusform>
+            <numerusform>il y a %n&#xa0;min</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n hr ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>il y a %n&#xa0;h</numerusform>
+            <numerusform>il y a %n&#xa0;h</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n d ago</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>il y a %n&#xa0;jour</numerusform>
+            <numerusform>il y a %n&#xa0;jours</numerusform>
         </translation>
     </message>
 </context>
@@ -589,98 +589,98 @@
     <name>RefreshToast</name>
     <message>
         <source>Refreshed</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualisé</translation>
     </message>
     <message>
         <source>Refreshing</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualisation en cours</translation>
     </message>
 </context>
 <context>
     <name>SettingsContent</name>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Paramètres</translation>
     </message>
     <message>
         <source>Appearance</source>
-        <translation type="unfinished"></translation>
+        <translation>Apparence</translation>
     </message>
     <message>
         <source>Color scheme</source>
-        <translation type="unfinished"></translation>
+        <translation>Jeu de couleurs</translation>
     </message>
     <message>
         <source>System</source>
-        <translation type="unfinished"></translation>
+        <translation>Système</translation>
     </message>
     <message>
         <source>Light</source>
-        <translation type="unfinished"></translation>
+        <translation>Clair</translation>
     </message>
     <message>
         <source>Dark</source>
-        <translation type="unfinished"></translation>
+        <translation>Sombre</translation>
     </message>
     <message>
         <source>Background refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualisation en arrière-plan</translation>
     </message>
     <message>
         <source>Launch menu bar app at login</source>
-        <translation type="unfinished"></translation>
+        <translation>Lancer dans la zone de notification à l’ouverture de session</translation>
     </message>
     <message>
         <source>The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code&apos;s stored sign-in; macOS asks once for Keychain access.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dans la zone de notification, Tallyvane actualise Codex et Claude toutes les cinq minutes. L’utilisation de Claude est lue avec la session enregistrée de Claude Code. Le déverrouillage du trousseau de clés n’est jamais demandé.</translation>
     </message>
     <message>
         <source>Codex program</source>
-        <translation type="unfinished"></translation>
+        <translation>Programme Codex</translation>
     </message>
     <message>
         <source>Automatic</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatique</translation>
     </message>
     <message>
         <source>Reset notifications</source>
-        <translation type="unfinished"></translation>
+        <translation>Notifications de réinitialisation</translation>
     </message>
     <message>
         <source>Notify when a quota resets</source>
-        <translation type="unfinished"></translation>
+        <translation>Notifier quand un quota est réinitialisé</translation>
     </message>
     <message>
         <source>Sends a desktop alert when Codex or Claude&apos;s quota resets during an enabled window. Requires the menu bar app to be running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Affiche une notification quand le quota de Codex ou de Claude est réinitialisé pendant une plage horaire active. Tallyvane doit être en cours d’exécution dans la zone de notification.</translation>
     </message>
     <message>
         <source>Notifications are turned off in System Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Les notifications sont désactivées dans les paramètres du système</translation>
     </message>
     <message>
         <source>Open Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir les paramètres</translation>
     </message>
     <message>
         <source>Add time window</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une plage horaire</translation>
     </message>
     <message>
         <source>Privacy</source>
-        <translation type="unfinished"></translation>
+        <translation>Confidentialité</translation>
     </message>
     <message>
         <source>All history stays on this Mac</source>
-        <translation type="unfinished"></translation>
+        <translation>Tout l’historique reste sur cet ordinateur</translation>
     </message>
     <message>
         <source>No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas d’outil d’analyse, de base de données dans le cloud ni de journalisation à distance&#xa0;; aucun prompt, aucune réponse, aucun chemin de fichier, aucun e-mail, aucun identifiant de connexion ou de compte n’est collecté.</translation>
     </message>
     <message>
         <source>Clear usage history</source>
-        <translation type="unfinished"></translation>
+        <translation>Effacer l’historique d’utilisation</translation>
     </message>
 </context>
 <context>
@@ -688,118 +688,118 @@
     <message>
         <source>Working</source>
         <extracomment>Read aloud for the busy indicator</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Veuillez patienter</translation>
     </message>
 </context>
 <context>
     <name>TimeWindowRow</name>
     <message>
         <source>All day</source>
-        <translation type="unfinished"></translation>
+        <translation>Toute la journée</translation>
     </message>
     <message>
         <source>Start time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Heure de début</translation>
     </message>
     <message>
         <source>End time</source>
         <extracomment>Read aloud for the field</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Heure de fin</translation>
     </message>
     <message>
         <source>Remove time window</source>
         <extracomment>Read aloud for the button</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la plage horaire</translation>
     </message>
     <message>
         <source>Turn on</source>
-        <translation type="unfinished"></translation>
+        <translation>Activer</translation>
     </message>
 </context>
 <context>
     <name>UsageHeatmapView</name>
     <message>
         <source>Token Heatmap</source>
-        <translation type="unfinished"></translation>
+        <translation>Carte de chaleur des tokens</translation>
     </message>
     <message>
         <source>Estimated tokens per day</source>
-        <translation type="unfinished"></translation>
+        <translation>Tokens estimés par jour</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Source</translation>
     </message>
     <message>
         <source>Total</source>
-        <translation type="unfinished"></translation>
+        <translation>Total</translation>
     </message>
     <message>
         <source>Codex</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex</translation>
     </message>
     <message>
         <source>Claude</source>
-        <translation type="unfinished"></translation>
+        <translation>Claude</translation>
     </message>
     <message>
         <source>Less</source>
-        <translation type="unfinished"></translation>
+        <translation>Moins</translation>
     </message>
     <message>
         <source>More</source>
-        <translation type="unfinished"></translation>
+        <translation>Plus</translation>
     </message>
 </context>
 <context>
     <name>UsageHistoryView</name>
     <message>
         <source>Usage History</source>
-        <translation type="unfinished"></translation>
+        <translation>Historique d’utilisation</translation>
     </message>
     <message>
         <source>Metric</source>
-        <translation type="unfinished"></translation>
+        <translation>Mesure</translation>
     </message>
     <message>
         <source>%</source>
-        <translation type="unfinished"></translation>
+        <translation>%</translation>
     </message>
     <message>
         <source>Tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>Tokens</translation>
     </message>
     <message>
         <source>Period</source>
-        <translation type="unfinished"></translation>
+        <translation>Période</translation>
     </message>
     <message>
         <source>Daily</source>
-        <translation type="unfinished"></translation>
+        <translation>Par jour</translation>
     </message>
     <message>
         <source>Monthly</source>
-        <translation type="unfinished"></translation>
+        <translation>Par mois</translation>
     </message>
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
-        <translation type="unfinished"></translation>
+        <translation>Résultat estimé. Les réinitialisations glissantes, l’utilisation entre deux actualisations et les ajustements des fournisseurs peuvent nuire à la précision. Les totaux locaux de tokens proviennent uniquement de champs numériques d’utilisation&#xa0;; les prompts et les réponses ne sont jamais enregistrés.</translation>
     </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>
     <message>
         <source>Open Tallyvane</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir Tallyvane</translation>
     </message>
     <message>
         <source>Refresh</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualiser</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitter</translation>
     </message>
 </context>
 <context>
@@ -807,7 +807,7 @@
     <message>
         <source>Updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;5 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Actualisé&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -815,19 +815,19 @@
     <message>
         <source>%1: %2 tokens</source>
         <extracomment>%1 is a day, %2 a number such as &quot;12K&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: %2 tokens</translation>
     </message>
     <message>
         <source>%1: No record</source>
         <extracomment>%1 is a day</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: Aucune donnée</translation>
     </message>
     <message numerus="yes">
         <source>(the history covers %n days)</source>
         <extracomment>Follows &quot;No record&quot;</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>(l’historique couvre %n jour)</numerusform>
+            <numerusform>(l’historique couvre %n jours)</numerusform>
         </translation>
     </message>
 </context>
@@ -835,24 +835,24 @@
     <name>tallyvane::ui::HistoryModel</name>
     <message>
         <source>% of quota used</source>
-        <translation type="unfinished"></translation>
+        <translation>% du quota utilisé</translation>
     </message>
     <message>
         <source>Estimated tokens used</source>
-        <translation type="unfinished"></translation>
+        <translation>Tokens utilisés (estimation)</translation>
     </message>
     <message>
         <source>%1%</source>
         <extracomment>A percentage</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>%L1&#xa0;%</translation>
     </message>
     <message>
         <source>Shares of two weekly quotas, added up</source>
-        <translation type="unfinished"></translation>
+        <translation>Parts de deux quotas hebdomadaires, additionnées</translation>
     </message>
     <message>
         <source>%1 tokens</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 tokens</translation>
     </message>
 </context>
 <context>
@@ -860,7 +860,7 @@
     <message>
         <source>Last updated %1</source>
         <extracomment>%1 is how long ago, such as &quot;20 min ago&quot;</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Actualisé %1</translation>
     </message>
 </context>
 <context>
@@ -868,31 +868,31 @@
     <message>
         <source>In use: %1, found by Tallyvane.</source>
         <extracomment>%1 is a program&apos;s path</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Utilisé&#xa0;: %1, trouvé par Tallyvane.</translation>
     </message>
     <message>
         <source>In use: %1, chosen by you.</source>
-        <translation type="unfinished"></translation>
+        <translation>Utilisé&#xa0;: %1, choisi par vous.</translation>
     </message>
     <message>
         <source>No notification can come: there is no time window.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune notification ne peut arriver&#xa0;: il n’y a pas de plage horaire.</translation>
     </message>
     <message>
         <source>No notification can come: no time window allows any.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune notification ne peut arriver&#xa0;: aucune plage horaire n’en autorise.</translation>
     </message>
     <message>
         <source>Usage history cleared.</source>
-        <translation type="unfinished"></translation>
+        <translation>Historique d’utilisation effacé.</translation>
     </message>
     <message>
         <source>This window is off; no notification comes in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette plage est désactivée&#xa0;; aucune notification n’y arrive.</translation>
     </message>
     <message>
         <source>No time lies between this start and end.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n’y a aucun temps entre ce début et cette fin.</translation>
     </message>
 </context>
 </TS>
