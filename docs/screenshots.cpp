@@ -54,8 +54,10 @@ public:
     explicit Camera(QString folder) : m_folder(std::move(folder)) {}
 
     void take(QWindow* window, const QString& name) {
-        QCoreApplication::processEvents();
         auto* view = static_cast<QQuickView*>(window);
+        QCoreApplication::processEvents();
+        std::ignore = view->grabWindow(); // lays out texts, whose lines change the window's height
+        QCoreApplication::processEvents();
         m_hasSeenCutText |= hasCutText(view->rootObject(), name);
         const QImage picture = view->grabWindow();
         const QString path = QStringLiteral("%1/%2.png").arg(m_folder, name);

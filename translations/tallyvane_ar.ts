@@ -6,12 +6,12 @@
     <message>
         <source>5h</source>
         <extracomment>The five-hour quota window, as short as possible</extracomment>
-        <translation>٥ ساعات</translation>
+        <translation>٥ س</translation>
     </message>
     <message>
         <source>Week</source>
         <extracomment>The weekly quota window, as short as possible</extracomment>
-        <translation>الأسبوع</translation>
+        <translation>أسبوع</translation>
     </message>
 </context>
 <context>
@@ -267,11 +267,11 @@
     <name>MenuBarLabel</name>
     <message>
         <source>5H</source>
-        <translation>خمس ساعات</translation>
+        <translation>٥ س</translation>
     </message>
     <message>
         <source>WK</source>
-        <translation>الأسبوع</translation>
+        <translation>أسبوع</translation>
     </message>
     <message>
         <source>%1 resets %2</source>
@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>تطلب إعدادات سطح المكتب نوعًا غير مدعوم من الوسطاء</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>تعذّرت إزالة ⁦%1⁩: %2.</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>أعاد Codex خطأ غير معروف.</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>ليس مسارًا مطلقًا: ⁦%1⁩</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>ليس ملفًا تنفيذيًا: ⁦%1⁩</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>
@@ -522,7 +538,7 @@
     <message>
         <source>5H %1%  ·  WK %2%</source>
         <extracomment>What is left in the five-hour window and in the week, as short as possible</extracomment>
-        <translation>خمس ساعات %L1٪  ·  الأسبوع %L2٪</translation>
+        <translation>٥ س %L1٪  ·  أسبوع %L2٪</translation>
     </message>
     <message>
         <source>%1%</source>

@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>die Einstellungen des Desktops verlangen eine Proxy-Art, die nicht unterstützt wird</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>%1 konnte nicht entfernt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>Codex hat einen unbekannten Fehler gemeldet.</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>Kein absoluter Pfad: %1</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>Keine ausführbare Datei: %1</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>

@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>the desktop&apos;s settings ask for a kind of proxy that is not supported</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>Could not remove %1: %2.</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>Codex returned an unknown error.</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>Not an absolute path: %1</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>Not an executable file: %1</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>

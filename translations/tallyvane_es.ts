@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>la configuración del escritorio pide un tipo de proxy no admitido</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>No se ha podido eliminar %1: %2.</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>Codex ha devuelto un error desconocido.</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>No es una ruta absoluta: %1</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>No es un archivo ejecutable: %1</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>

@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>les paramètres du bureau demandent un type de proxy non pris en charge</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>Impossible de supprimer %1 : %2.</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>Codex a signalé une erreur inconnue.</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>Chemin non absolu : %1</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>Fichier non exécutable : %1</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>

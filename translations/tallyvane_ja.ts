@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>デスクトップの設定で、対応していない種類のプロキシが指定されています</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>%1 を削除できませんでした: %2。</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>Codex が不明なエラーを返しました。</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>絶対パスではありません: %1</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>実行可能なファイルではありません: %1</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>

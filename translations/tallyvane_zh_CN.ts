@@ -460,6 +460,22 @@
         <source>the desktop&apos;s settings ask for a kind of proxy that is not supported</source>
         <translation>桌面设置要求使用不受支持的代理类型</translation>
     </message>
+    <message>
+        <source>Could not remove %1: %2.</source>
+        <translation>无法移除 %1：%2。</translation>
+    </message>
+    <message>
+        <source>Codex returned an unknown error.</source>
+        <translation>Codex 返回了未知错误。</translation>
+    </message>
+    <message>
+        <source>Not an absolute path: %1</source>
+        <translation>不是绝对路径：%1</translation>
+    </message>
+    <message>
+        <source>Not an executable file: %1</source>
+        <translation>不是可执行文件：%1</translation>
+    </message>
 </context>
 <context>
     <name>Notification</name>

@@ -13,6 +13,10 @@ Message description(const ProcessRunnerError& error) {
                        {QString::number(error.status), error.text});
     case ProcessRunnerError::Kind::timedOut:
         return Message(QT_TRANSLATE_NOOP("Message", "Command timed out."));
+    case ProcessRunnerError::Kind::notAbsolute:
+        return Message(QT_TRANSLATE_NOOP("Message", "Not an absolute path: %1"), {error.text});
+    case ProcessRunnerError::Kind::notExecutable:
+        return Message(QT_TRANSLATE_NOOP("Message", "Not an executable file: %1"), {error.text});
     case ProcessRunnerError::Kind::launchFailed:
         break;
     }

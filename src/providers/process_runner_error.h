@@ -13,6 +13,8 @@ struct ProcessRunnerError {
         failed,             ///< `text` is the command's own message
         timedOut,           ///< no reply in time, and no message
         launchFailed,       ///< `text` is the system's reason for not starting the program
+        notAbsolute,        ///< `text` is the path that should be absolute
+        notExecutable,      ///< `text` is the path of something that is no program
     };
 
     Kind kind = Kind::timedOut;

@@ -38,10 +38,10 @@ private Q_SLOTS:
     void followsTheModel() {
         OpenPanel open;
         QCOMPARE(open.text("summary"), u"5H 58%  ·  WK 32%"_s);
-        QCOMPARE(open.text("details"), u"5H resets in 2h 14m  ·  WK in 2d 0h"_s);
+        QCOMPARE(open.text("details").simplified(), u"5H resets in 2h 14m · WK in 2d 0h"_s);
         open.idle.clock.advance(20min);
-        QCOMPARE(open.text("details"),
-                 u"5H resets in 1h 54m  ·  WK in 1d 23h  ·  Last updated 22 min ago"_s);
+        QCOMPARE(open.text("details").simplified(),
+                 u"5H resets in 1h 54m · WK in 1d 23h · Last updated 22 min ago"_s);
         QList<bool> states; // Without an assistant a refresh may end before it is awaited.
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.view(), [&] {
             states << open.item("refresh")->isEnabled() << (open.item("spinner") == nullptr);

@@ -69,8 +69,10 @@ std::expected<void, QString> AutostartEntry::disable() {
     }
     std::filesystem::remove(m_file, error);
     if (error) {
-        return std::unexpected(QStringLiteral("Could not remove %1: %2.")
-                                   .arg(QFile(m_file).fileName(), qt_error_string(error.value())));
+        return std::unexpected(
+            model::Message(QT_TRANSLATE_NOOP("Message", "Could not remove %1: %2."),
+                           {QFile(m_file).fileName(), qt_error_string(error.value())})
+                .text());
     }
     return {};
 }

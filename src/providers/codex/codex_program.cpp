@@ -72,15 +72,13 @@ QStringList versionFolders(const QString& pattern) {
 /// Why the path cannot be the user's choice; nothing if it can.
 std::optional<ProcessRunnerError> fault(const QString& path) {
     if (!QDir::isAbsolutePath(path)) {
-        return ProcessRunnerError{ProgramFault::launchFailed,
-                                  QStringLiteral("Not an absolute path: %1").arg(path)};
+        return ProcessRunnerError{ProgramFault::notAbsolute, path};
     }
     if (!QFileInfo::exists(path)) {
         return ProcessRunnerError{ProgramFault::executableNotFound, path};
     }
     if (!findExecutable({path})) {
-        return ProcessRunnerError{ProgramFault::launchFailed,
-                                  QStringLiteral("Not an executable file: %1").arg(path)};
+        return ProcessRunnerError{ProgramFault::notExecutable, path};
     }
     return std::nullopt;
 }

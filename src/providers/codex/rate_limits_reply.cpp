@@ -46,7 +46,7 @@ bool isLong(const TimedWindow& window) {
 QuotaResult parseRateLimitsReply(const QJsonObject& reply, model::Timestamp now) {
     if (const QJsonValue error = reply[QLatin1StringView{"error"}]; error.isObject()) {
         const QString message = error[QLatin1StringView{"message"}].toString(
-            QStringLiteral("Codex returned an unknown error."));
+            QString::fromLatin1(QT_TRANSLATE_NOOP("Message", "Codex returned an unknown error.")));
         const ProcessRunnerError failed{ProcessRunnerError::Kind::failed,
                                         model::readableText(message)};
         // "codex account authentication required to read rate limits" (CLI 0.169)

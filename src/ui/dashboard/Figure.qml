@@ -32,7 +32,9 @@ Item {
         LayoutMirroring.enabled: false // numbers are written from left to right everywhere
 
         Repeater {
-            model: Array.from(root.text)
+            // Digits of other scripts are equally wide in most fonts, and Arabic ones have their place
+            // among the signs in a whole text only.
+            model: /[0-9]/.test(root.text) ? Array.from(root.text) : [root.text]
 
             TextLabel {
                 required property string modelData

@@ -10,7 +10,7 @@ BaseButton {
     required property string shortcut
 
     // As wide as when it is current, so that tabs stay in place when another page opens.
-    implicitWidth: Theme.symbolSize + Theme.spacing + Math.ceil(widest.advanceWidth) + leftPadding + rightPadding
+    implicitWidth: Theme.symbolSize + Theme.spacing + Math.ceil(widest.implicitWidth) + leftPadding + rightPadding
     horizontalPadding: Theme.padding
     verticalPadding: Theme.spacing
     font: isCurrent ? Theme.bodySemibold : Theme.body
@@ -26,11 +26,14 @@ BaseButton {
         enabled: root.enabled
         onActivated: root.clicked()
     }
-    TextMetrics {
+    // TextMetrics would tell up to two pixels less.
+    TextLabel {
         id: widest
 
+        visible: false
         font: Theme.bodySemibold
         text: root.text
+        Accessible.ignored: true
     }
 
     contentItem: SymbolAndText {

@@ -19,7 +19,9 @@ RowLayout {
         font.family: Theme.body.family
         font.pixelSize: 9 * Theme.point
         font.weight: Font.Bold
-        font.letterSpacing: 0.4
+        font.letterSpacing: Theme.isRightToLeft ? 0 : 0.4 // Arabic letters are joined
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 6 * Theme.point
         horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
     }

@@ -34,7 +34,7 @@ QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry, model::Timestam
     return isOld && entry.syncedAt ? model::ageText(entry.syncedAt, now) : QString();
 }
 
-QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
+QStringList resetTexts(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
     QStringList parts;
     for (const auto& [window, name] : {std::pair(&entry.fiveHour, MenuBarLabel::tr("5H")),
                                        std::pair(&entry.week, MenuBarLabel::tr("WK"))}) {
@@ -46,7 +46,7 @@ QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp n
             parts << text.arg(name, model::countdownText(*resetsAt - now));
         }
     }
-    return parts.join(QStringLiteral("  \u00B7  "));
+    return parts;
 }
 
 QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now) {
@@ -69,9 +69,9 @@ QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failu
     const QStringList providerLines = menuLines(snapshot, now);
     for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
         lines += providerLines.at(std::to_underlying(provider));
-        const QString resets = resetsLine(entryFor(snapshot, provider), now);
+        const QStringList resets = resetTexts(entryFor(snapshot, provider), now);
         if (!resets.isEmpty()) {
-            lines += u'\u2003' + resets; // hosts that parse markup drop plain spaces
+            lines += u'\u2003' + resets.join(dot); // hosts that parse markup drop plain spaces
         }
     }
     for (const auto& [provider, failure] : failures) {

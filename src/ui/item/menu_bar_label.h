@@ -23,8 +23,12 @@ struct GaugeValues {
 [[nodiscard]] QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry,
                                     model::Timestamp now);
 
-/// When the provider's quotas reset, "5H resets in 2h 14m  ·  WK in 3d 4h"; empty if unknown.
-[[nodiscard]] QString resetsLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now);
+/// Between texts of one line.
+inline constexpr QStringView dot = u"  \u00B7  ";
+
+/// When the provider's quotas reset, "5H resets in 2h 14m" and "WK in 3d 4h", as far as known.
+[[nodiscard]] QStringList resetTexts(const model::ProviderQuotaSnapshot& entry,
+                                     model::Timestamp now);
 
 /// model::summaryLines(), with the age of old figures.
 [[nodiscard]] QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now);

@@ -33,14 +33,17 @@ void MenuBarQuotaViewModel::updateRows() {
         const auto failed = failures.find(provider);
         const model::ProviderQuotaSnapshot entry = entryFor(snapshot, provider);
         const QString age = oldFiguresAge(entry, now);
-        QStringList details = {resetsLine(entry, now)};
-        //: %1 is how long ago, such as "20 min ago"
-        details << (age.isEmpty() ? QString() : tr("Last updated %1").arg(age));
-        details.removeAll(QString());
+        QStringList details = resetTexts(entry, now);
+        if (!age.isEmpty()) {
+            //: %1 is how long ago, such as "20 min ago"
+            details << tr("Last updated %1").arg(age);
+        }
+        // A line breaks between the details, not within one.
+        details.replaceInStrings(QStringLiteral(" "), QString(QChar::Nbsp));
         ProviderRow row{.name = model::displayName(provider),
                         .usagePage = QUrl(model::usagePage(provider)),
                         .summary = model::summaryText(entry),
-                        .details = details.join(QStringLiteral("  \u00B7  ")),
+                        .details = details.join(dot),
                         .trouble =
                             failed == failures.end() ? QString() : failed->second.sentences()};
         QStringList spoken = {row.summary, row.details, row.trouble};

@@ -38,7 +38,7 @@ TextEntry {
         showMinutes();
     }
 
-    implicitWidth: metrics.width + leftPadding + rightPadding
+    implicitWidth: Math.ceil(metrics.advanceWidth) + leftPadding + rightPadding
     horizontalAlignment: TextInput.AlignHCenter
     inputMethodHints: Qt.ImhTime
 
