@@ -282,15 +282,13 @@ private Q_SLOTS:
         qputenv("LANG", "ar_EG.UTF-8");
         const Tallyvane program("--background");
         qputenv("LANG", "C.UTF-8");
-        TALLYVANE_TRY_VERIFY(shownItems() == 1);
-        QVERIFY(!menu("GetProperty", quitEntry + " label").contains("Quit"));
+        TALLYVANE_TRY_VERIFY(menu("GetProperty", quitEntry + " label").contains("أنهِ"));
         QVERIFY(callOnBus(u"org.corvelle.Tallyvane"_s, "/MenuBar",
                           "org.freedesktop.DBus.Properties.Get com.canonical.dbusmenu "
                           "TextDirection")
                     .contains("rtl"));
         const QByteArray printed = output("sh -c '" TALLYVANE_PROGRAM " refresh 2>&1'");
         QVERIFY2(printed.contains("Could not find Codex CLI."), printed);
-        QVERIFY2(!item("ToolTip").contains("Could not find"), item("ToolTip"));
     }
 
     void needsADisplay() {
