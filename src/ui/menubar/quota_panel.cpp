@@ -76,6 +76,9 @@ public:
             {{QStringLiteral("viewModel"), QVariant::fromValue(&panel.m_viewModel)}});
         setSource(QUrl(QStringLiteral("qrc:/Tallyvane/MenuBar/MenuBarQuotaView.qml")));
         checkLoaded(*this);
+        connect(rootObject(), &QQuickItem::widthChanged, this, &Window::fixSize);
+        connect(rootObject(), &QQuickItem::heightChanged, this, &Window::fixSize);
+        fixSize();
     }
 
 protected:
@@ -92,6 +95,12 @@ protected:
     }
 
 private:
+    /// Tiling compositors let only windows of a fixed size float.
+    void fixSize() {
+        setMinimumSize(sizeHint());
+        setMaximumSize(sizeHint());
+    }
+
     QuotaPanel& m_panel;
 };
 
