@@ -125,6 +125,7 @@ private Q_SLOTS:
         QVERIFY(hasOpenedPanel());
         QVERIFY(output("xdotool search --onlyvisible --name '^Tallyvane$' getwindowgeometry")
                     .contains("Position: 8,"));
+        QVERIFY(output("xprop -name Tallyvane _NET_WM_STATE").contains("_SKIP_TASKBAR"));
         output("xdotool mousemove 900 700 click 1");
         TALLYVANE_TRY_VERIFY(windows().isEmpty());
         QVERIFY(hasOpenedPanel());
