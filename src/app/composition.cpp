@@ -65,7 +65,7 @@ QuotaSources::QuotaSources(const Environment& environment)
 
 Composition::Composition(const Environment& environment)
     : QuotaSources(environment),
-      notificationCentre(environment.searchPath),
+      notificationCentre(environment.searchPath, environment.locations.configHome),
       store(environment.locations),
       tokenEstimator(environment.home),
       notifier(notificationCentre),

@@ -87,7 +87,8 @@ QCoro::Task<Checks> desktopChecks(Environment environment) {
         co_return checks;
     }
     // Starts the daemon if need be, as a notification would.
-    platform::DBusNotificationCentre centre(environment.searchPath);
+    platform::DBusNotificationCentre centre(environment.searchPath,
+                                            environment.locations.configHome);
     const bool isAuthorized = co_await centre.isAuthorized();
     const DesktopReport report = co_await platform::readDesktop();
     const auto program = QCoreApplication::applicationFilePath().toStdString();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QCoro/QCoroTask>
-#include <QtCore/QString>
+#include <QtCore/QObject>
 
 namespace tallyvane::platform {
 
@@ -15,10 +15,10 @@ struct Notification {
 };
 
 /// Shows notifications on the desktop. Main thread only.
-class NotificationCentre {
-public:
-    virtual ~NotificationCentre() = default;
+class NotificationCentre : public QObject {
+    Q_OBJECT
 
+public:
     /// Shows the notification at once, with the desktop's sound for messages, even while the
     /// program's own window has the focus. Drops it if it cannot be shown.
     virtual void post(const Notification& notification) = 0;
@@ -26,6 +26,10 @@ public:
     /// Whether notifications reach the user: false if nothing shows them or the user turned them
     /// off, true if that is unknown. Takes a few seconds at most.
     [[nodiscard]] virtual QCoro::Task<bool> isAuthorized() = 0;
+
+Q_SIGNALS:
+    /// The answer of isAuthorized() may be another one now. Not emitted before the first question.
+    void authorizationChanged();
 };
 
 } // namespace tallyvane::platform

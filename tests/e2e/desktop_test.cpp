@@ -1,3 +1,4 @@
+#include "status_item.h"
 #include "support/processes.h"
 #include "support/tallyvane_program.h"
 #include "support/xfce_desktop.h"
@@ -11,8 +12,10 @@ using namespace Qt::StringLiterals;
 using tests::callOnBus;
 using tests::inHome;
 using tests::installCodex;
+using tests::item;
 using tests::output;
 using tests::patience;
+using tests::shownItems;
 using Tallyvane = tests::TallyvaneProgram;
 
 namespace {
@@ -23,23 +26,6 @@ int running(const QByteArray& name) {
         std::ranges::count_if(tests::processesIn(qgetenv("HOME")), [&name](const auto& process) {
             return process.read("comm").trimmed() == name.left(15);
         }));
-}
-
-/// How many items the panel shows.
-qsizetype shownItems() {
-    return callOnBus(u"org.kde.StatusNotifierWatcher"_s, "/StatusNotifierWatcher",
-                     "org.freedesktop.DBus.Properties.Get org.kde.StatusNotifierWatcher "
-                     "RegisteredStatusNotifierItems")
-        .count(":1.");
-}
-
-/// A property of the one item in the panel; empty unless there is one.
-QByteArray item(const QByteArray& property) {
-    return shownItems() != 1 ? ""
-                             : callOnBus(u"org.corvelle.Tallyvane"_s, "/StatusNotifierItem",
-                                         "org.freedesktop.DBus.Properties.Get "
-                                         "org.kde.StatusNotifierItem " +
-                                             property);
 }
 
 /// Calls a method of the menu for an entry: "1" and "2" are the assistants.
@@ -139,6 +125,7 @@ private Q_SLOTS:
         QVERIFY(hasOpenedPanel());
         QVERIFY(output("xdotool search --onlyvisible --name '^Tallyvane$' getwindowgeometry")
                     .contains("Position: 8,"));
+        QVERIFY(output("xprop -name Tallyvane _NET_WM_STATE").contains("_SKIP_TASKBAR"));
         output("xdotool mousemove 900 700 click 1");
         TALLYVANE_TRY_VERIFY(windows().isEmpty());
         QVERIFY(hasOpenedPanel());

@@ -55,8 +55,11 @@ class SessionBusTest : public tests::HermeticTest {
 
     const tests::XfceDesktop m_desktop;
     DBusApplication m_application{nullptr};
-    DBusNotificationCentre m_centre{{u"/usr/bin"_s}};
+    DBusNotificationCentre m_centre{{u"/usr/bin"_s}, tests::inHome("config").toStdString()};
 
+    static void reloadServices() {
+        tests::callOnBus(u"org.freedesktop.DBus"_s, "/", "org.freedesktop.DBus.ReloadConfig");
+    }
     [[nodiscard]] bool isOn() { return QCoro::waitFor(m_centre.isAuthorized()); }
 
 private Q_SLOTS:
@@ -86,8 +89,34 @@ private Q_SLOTS:
         // A daemon that the bus cannot start.
         tests::writeFile(tests::inHome("services/daemon.service"),
                          "[D-BUS Service]\nName=org.freedesktop.Notifications\nExec=/bin/false\n");
-        tests::callOnBus(u"org.freedesktop.DBus"_s, "/", "org.freedesktop.DBus.ReloadConfig");
+        reloadServices();
         QVERIFY(!isOn());
+        QVERIFY(QFile::remove(tests::inHome("services/daemon.service")));
+        reloadServices();
+    }
+
+    /// A daemon that has ended counts while the bus can start it, which isOn() leaves to others.
+    void followsTheDaemon() {
+        DBusNotificationCentre centre({}, {});
+        const auto answer = [&centre] { return QCoro::waitFor(centre.isAuthorized()); };
+        const QSignalSpy changed(&centre, &DBusNotificationCentre::authorizationChanged);
+        QVERIFY(!answer());
+        {
+            const ScriptedDaemon daemon{u"another"_s};
+            QTRY_COMPARE(changed.count(), 1);
+            QVERIFY(answer());
+        }
+        QTRY_COMPARE(changed.count(), 2);
+        QVERIFY(!answer());
+        const QString started = tests::inHome("started");
+        tests::writeFile(tests::inHome("services/daemon.service"),
+                         "[D-BUS Service]\nName=org.freedesktop.Notifications\nExec=/bin/touch " +
+                             started.toUtf8());
+        reloadServices();
+        QVERIFY(answer());
+        QVERIFY(!QFile::exists(started));
+        QVERIFY(QFile::remove(tests::inHome("services/daemon.service")));
+        reloadServices();
     }
 
     void canBeTurnedOff() {
@@ -120,22 +149,29 @@ private Q_SLOTS:
         }
     }
 
-    void plasmaCanBeInhibited() {
+    void plasmaCanBeTurnedOff() {
         ScriptedDaemon daemon{u"Plasma"_s};
-        QVERIFY(isOn());
-        daemon.isInhibited = true;
-        QVERIFY(!isOn());
+        const std::tuple<bool, const char*, bool> rows[] = {
+            {false, "ShowPopups=true\n[Applications][other]\nShowPopups=false\n", true},
+            {true, "", false},
+            {false, "Seen=true\nShowPopups=false\n", false}};
+        for (const auto& [isInhibited, ours, expected] : rows) {
+            daemon.isInhibited = isInhibited;
+            tests::writeFile(tests::inHome("config/plasmanotifyrc"),
+                             "[Applications][org.corvelle.Tallyvane]\n" + QByteArray(ours));
+            QCOMPARE(isOn(), expected);
+        }
     }
 
     void needsNoAnswer() {
         ScriptedDaemon daemon{u"gnome-shell"_s};
         for (const char* script : {"#!/bin/sh\nexec sleep 1000", "#!/nowhere"}) {
             tests::writeFile(tests::inHome("bin/gsettings"), script);
-            DBusNotificationCentre centre({tests::inHome("bin")}, 100ms);
+            DBusNotificationCentre centre({tests::inHome("bin")}, {}, 100ms);
             QVERIFY(QCoro::waitFor(centre.isAuthorized()));
         }
         daemon.name.clear();
-        DBusNotificationCentre centre({}, 100ms);
+        DBusNotificationCentre centre({}, {}, 100ms);
         QVERIFY(QCoro::waitFor(centre.isAuthorized()));
     }
 

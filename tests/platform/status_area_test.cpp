@@ -52,6 +52,18 @@ struct Desktop final : tests::ScriptedService {
     QVariantMap xfconf;
 };
 
+const char* const grey = "0xff, 0x76, 0x76, 0x76";
+const char* const light = "0xff, 0xf2, 0xf2, 0xf2";
+const char* const dark = "0xff, 0x2e, 0x34, 0x36";
+
+/// Whether the item's pictures have a pixel of this colour.
+bool hasInk(const char* pixel) {
+    return tests::callOnBus(QDBusConnection::sessionBus().baseService(), "/StatusNotifierItem",
+                            "org.freedesktop.DBus.Properties.Get org.kde.StatusNotifierItem "
+                            "IconPixmap")
+        .contains(pixel);
+}
+
 } // namespace
 
 class StatusAreaTest : public tests::HermeticTest {
@@ -85,16 +97,6 @@ private Q_SLOTS:
     /// The panel's own setting counts for the item's ink, and without one the desktop's preference.
     void inkSuitsThePanel() {
         tests::IdleModel idle(model::placeholderSnapshot({}));
-        const auto hasInk = [](const char* pixel) {
-            return tests::callOnBus(QDBusConnection::sessionBus().baseService(),
-                                    "/StatusNotifierItem",
-                                    "org.freedesktop.DBus.Properties.Get "
-                                    "org.kde.StatusNotifierItem IconPixmap")
-                .contains(pixel);
-        };
-        const char* grey = "0xff, 0x76, 0x76, 0x76";
-        const char* light = "0xff, 0xf2, 0xf2, 0xf2";
-        const char* dark = "0xff, 0x2e, 0x34, 0x36";
         ::prctl(PR_SET_NAME, "wrapper-2.0");
         Desktop desktop;
         const platform::SystemAppearance appearance;
@@ -116,6 +118,21 @@ private Q_SLOTS:
         desktop.xfconf = {{u"/panels/dark-mode"_s, false}, {u"/Net/ThemeName"_s, u"Adwaita"_s}};
         const platform::PanelColourPreference later;
         QTRY_COMPARE(later.value(), ColourPreference::light);
+    }
+
+    /// Waybar is dark where the desktop has no preference, which is the default.
+    void inkSuitsWaybar() {
+        tests::IdleModel idle(model::placeholderSnapshot({}));
+        ::prctl(PR_SET_NAME, "waybar");
+        Desktop desktop;
+        const platform::SystemAppearance appearance;
+        const app::StatusArea area(idle.model, appearance, idle.clock, {});
+        QTRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
+        for (const auto& [preference, ink] : {std::pair(2U, dark), std::pair(0U, light)}) {
+            desktop.change(appearanceGroup, colourScheme, preference);
+            QTRY_VERIFY(hasInk(ink));
+        }
+        ::prctl(PR_SET_NAME, "status_area_test");
     }
 
     void keepsOnlyTheLastTwoPictures() {

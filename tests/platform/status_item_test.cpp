@@ -186,6 +186,9 @@ private Q_SLOTS:
                                  "Activate -- -5 7", "ContextMenu 1 2"}) {
             QCOMPARE(callItem("org.kde.StatusNotifierItem." + QByteArray(call)), "()");
         }
+        // GNOME's host calls SecondaryActivate after this answer alone.
+        QVERIFY(callItem("org.kde.StatusNotifierItem.XAyatanaSecondaryActivate 1")
+                    .contains("UnknownMethod"));
         QCOMPARE(activated,
                  (QList<QVariantList>{{QPoint(-5, 7), u"token"_s}, {QPoint(1, 2), QString()}}));
     }

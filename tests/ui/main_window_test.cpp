@@ -225,6 +225,11 @@ private Q_SLOTS:
         open.press("notifies", Qt::Key_Space);
         QVERIFY(open.idle.model.notificationSettings().enabled);
         QTRY_VERIFY(!open.item("notAuthorized"));
+        for (const bool isOn : {false, true}) { // as when the daemon ends, and starts again
+            open.idle.notificationCentre.isOn = isOn;
+            Q_EMIT open.idle.notificationCentre.authorizationChanged();
+            QTRY_COMPARE(open.item("notAuthorized") == nullptr, isOn);
+        }
 
         open.type("start", "0:00");
         open.type("end", "2359");

@@ -110,9 +110,15 @@ void StatusArea::choose(int entry) {
 }
 
 QColor StatusArea::ink() const {
-    const ColourPreference panel =
-        m_item.hostProfile().hasXfceColours ? m_panelColours.value() : ColourPreference::none;
-    switch (panel != ColourPreference::none ? panel : m_appearance.colourPreference()) {
+    const HostProfile host = m_item.hostProfile();
+    ColourPreference panel = host.hasXfceColours ? m_panelColours.value() : ColourPreference::none;
+    if (panel == ColourPreference::none) {
+        panel = m_appearance.colourPreference();
+    }
+    if (panel == ColourPreference::none && host.isUsuallyDark) {
+        panel = ColourPreference::dark;
+    }
+    switch (panel) {
     case ColourPreference::dark:
         return {0xf2, 0xf2, 0xf2};
     case ColourPreference::light:

@@ -38,7 +38,7 @@ LoginItemStatus AutostartEntry::status() const {
     if (!file) {
         return LoginItemStatus::notRegistered;
     }
-    const auto entry = readDesktopEntry(*file);
+    const auto entry = readKeyFile(*file, u"[Desktop Entry]");
     // The settings of other desktops use GNOME's key too.
     const QString gnomeSwitch = entry.value(QStringLiteral("X-GNOME-Autostart-enabled"));
     if (isTrue(entry.value(QStringLiteral("Hidden"))) ||

@@ -13,6 +13,7 @@ BusReply replyOf(const QDBusMessage& message) {
     }
     const QString error = message.errorName();
     const bool isNobodyThere = error == u"org.freedesktop.DBus.Error.ServiceUnknown" ||
+                               error == u"org.freedesktop.DBus.Error.NameHasNoOwner" ||
                                error.startsWith(u"org.freedesktop.DBus.Error.Spawn.");
     return std::unexpected(isNobodyThere ? BusError::noService : BusError::failed);
 }

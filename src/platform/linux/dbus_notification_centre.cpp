@@ -1,7 +1,9 @@
 #include "platform/linux/dbus_notification_centre.h"
 
+#include "model/file_io.h"
 #include "platform/application_id.h"
 #include "platform/linux/bus_call.h"
+#include "platform/linux/desktop_entry.h"
 
 #include <QCoro/QCoroFuture>
 #include <QtCore/QCoreApplication>
@@ -96,11 +98,39 @@ QCoro::Task<bool> isOffInXfce(milliseconds patience) {
     co_return isOffForAll || isOffForUs;
 }
 
-QCoro::Task<bool> areNotificationsOn(QStringList searchPath, milliseconds patience) {
+QCoro::Task<bool> isOffInPlasma(std::filesystem::path configHome, milliseconds patience) {
+    constexpr qsizetype maximumSize = 1 << 20;
+    const auto file = model::readFile(configHome / "plasmanotifyrc", maximumSize);
+    const QString ours = QStringLiteral("[Applications][%1]").arg(applicationId);
+    const bool isOffForUs =
+        readKeyFile(file.value_or(QByteArray()), ours).value(QStringLiteral("ShowPopups")) ==
+        u"false";
+    const bool isOffForAll =
+        co_await isTrue(daemonPropertyRead(daemonName, QStringLiteral("Inhibited")), patience);
+    co_return isOffForAll || isOffForUs;
+}
+
+QCoro::Task<bool> canBeStarted(milliseconds patience) {
+    const QDBusMessage question = busCall(QStringLiteral("ListActivatableNames"));
+    const BusReply names = co_await callBus(QDBusConnection::sessionBus(), question, patience);
+    co_return names && names->arguments().value(0).toStringList().contains(daemonName);
+}
+
+/// Where the desktops keep their settings.
+struct Places {
+    QStringList searchPath;
+    std::filesystem::path configHome;
+};
+
+QCoro::Task<bool> areNotificationsOn(Places places, bool mayStartDaemon, milliseconds patience) {
+    QDBusMessage question = daemonCall(QStringLiteral("GetServerInformation"));
+    question.setAutoStartService(mayStartDaemon);
     const BusReply information =
-        co_await callBus(QDBusConnection::sessionBus(),
-                         daemonCall(QStringLiteral("GetServerInformation")), patience);
+        co_await callBus(QDBusConnection::sessionBus(), question, patience);
     if (!information) {
+        if (information.error() == BusError::noService && !mayStartDaemon) {
+            co_return co_await canBeStarted(patience);
+        }
         co_return information.error() == BusError::failed;
     }
     const QString daemon = information->arguments().value(0).toString();
@@ -112,10 +142,9 @@ QCoro::Task<bool> areNotificationsOn(QStringList searchPath, milliseconds patien
     } else if (daemon == u"Xfce Notify Daemon") {
         isOff = co_await isOffInXfce(patience);
     } else if (daemon == u"Plasma") {
-        isOff =
-            co_await isTrue(daemonPropertyRead(daemonName, QStringLiteral("Inhibited")), patience);
+        isOff = co_await isOffInPlasma(places.configHome, patience);
     } else if (daemon == u"gnome-shell") {
-        isOff = co_await isOffInGnome(searchPath, patience);
+        isOff = co_await isOffInGnome(places.searchPath, patience);
     }
     co_return !isOff;
 }
@@ -145,7 +174,11 @@ void DBusNotificationCentre::post(const Notification& notification) {
 }
 
 QCoro::Task<bool> DBusNotificationCentre::isAuthorized() {
-    return areNotificationsOn(m_searchPath, m_patience);
+    if (QDBusConnection::sessionBus().isConnected()) {
+        listen();
+    }
+    const Places places{.searchPath = m_searchPath, .configHome = m_configHome};
+    return areNotificationsOn(places, m_mayStartDaemon, m_patience);
 }
 
 void DBusNotificationCentre::listen() {
@@ -159,10 +192,13 @@ void DBusNotificationCentre::listen() {
     connectSignal("ActivationToken", SLOT(keepToken(uint, QString)));
     connectSignal("ActionInvoked", SLOT(activate(uint, QString)));
     connectSignal("NotificationClosed", SLOT(forget(uint)));
-    // A new daemon reuses the ids of the old one.
     const auto* watcher =
-        new QDBusServiceWatcher(daemonName, bus, QDBusServiceWatcher::WatchForUnregistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_tokens.clear(); });
+        new QDBusServiceWatcher(daemonName, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, [this] {
+        m_tokens.clear(); // a new daemon reuses the ids of the old one
+        m_mayStartDaemon = false;
+        Q_EMIT authorizationChanged();
+    });
 }
 
 void DBusNotificationCentre::keepToken(uint id, const QString& token) {

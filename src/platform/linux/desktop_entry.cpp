@@ -36,14 +36,14 @@ QString unescapedValue(QStringView value) {
 
 } // namespace
 
-QMap<QString, QString> readDesktopEntry(const QByteArray& file) {
+QMap<QString, QString> readKeyFile(const QByteArray& file, QStringView heading) {
     QMap<QString, QString> entry;
     bool isInGroup = false;
     for (const QString& line : QString::fromUtf8(file).split(u'\n')) {
         const QStringView text = QStringView(line).trimmed();
         const qsizetype equals = text.indexOf(u'=');
         if (text.startsWith(u'[')) {
-            isInGroup = text == u"[Desktop Entry]";
+            isInGroup = text == heading;
         } else if (isInGroup && equals > 0 && !text.startsWith(u'#')) {
             entry[text.first(equals).trimmed().toString()] =
                 unescapedValue(text.sliced(equals + 1).trimmed());

@@ -4,12 +4,12 @@
 #include <QtCore/QMap>
 #include <QtCore/QString>
 
-/// Reads and writes .desktop files (Desktop Entry Specification 1.5).
+/// Reads and writes .desktop files (Desktop Entry Specification 1.5) and files like them.
 namespace tallyvane::platform {
 
-/// Returns the keys and unescaped values of the group "Desktop Entry". The last line of a key wins;
-/// malformed lines are ignored.
-[[nodiscard]] QMap<QString, QString> readDesktopEntry(const QByteArray& file);
+/// Returns the keys and unescaped values below a heading, such as "[Desktop Entry]". The last line
+/// of a key wins; malformed lines are ignored.
+[[nodiscard]] QMap<QString, QString> readKeyFile(const QByteArray& file, QStringView heading);
 
 /// Escapes a text (\s, \n, \t, \r, \\) for use as a string value.
 [[nodiscard]] QString escapedValue(const QString& text);

@@ -12,7 +12,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
+#include <string_view>
 #include <utility>
+#include <xcb/xcb.h>
 
 namespace tallyvane::ui {
 
@@ -48,6 +51,29 @@ QPoint itemPlace(QPoint position) {
     return fromPixels(position);
 }
 
+/// Keeps a window that is not shown yet out of the lists of windows: under X11 many taskbars, such
+/// as Plasma's in a Wayland session, list tools too.
+void leaveOutOfTaskbar(QWindow& window) {
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t* connection = x11 != nullptr ? x11->connection() : nullptr;
+    if (connection == nullptr) {
+        return;
+    }
+    const auto atom = [connection](std::string_view name) {
+        const auto asked =
+            xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.data());
+        const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+            xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    };
+    const xcb_atom_t property = atom("_NET_WM_STATE");
+    const xcb_atom_t states[] = {atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                                 atom("_NET_WM_STATE_SKIP_PAGER")};
+    // Qt adds its own states to those that it finds.
+    xcb_change_property(connection, XCB_PROP_MODE_APPEND, static_cast<xcb_window_t>(window.winId()),
+                        property, XCB_ATOM_ATOM, 32, std::size(states), states);
+}
+
 QRect availableAt(QPoint point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
@@ -76,6 +102,9 @@ public:
             {{QStringLiteral("viewModel"), QVariant::fromValue(&panel.m_viewModel)}});
         setSource(QUrl(QStringLiteral("qrc:/Tallyvane/MenuBar/MenuBarQuotaView.qml")));
         checkLoaded(*this);
+        connect(rootObject(), &QQuickItem::widthChanged, this, &Window::fixSize);
+        connect(rootObject(), &QQuickItem::heightChanged, this, &Window::fixSize);
+        fixSize();
     }
 
 protected:
@@ -92,6 +121,12 @@ protected:
     }
 
 private:
+    /// Tiling compositors let only windows of a fixed size float.
+    void fixSize() {
+        setMinimumSize(sizeHint());
+        setMaximumSize(sizeHint());
+    }
+
     QuotaPanel& m_panel;
 };
 
@@ -133,6 +168,7 @@ void QuotaPanel::open(std::optional<QPoint> itemPosition) {
     }
     m_itemPlace = itemPosition ? itemPlace(*itemPosition) : QCursor::pos();
     place();
+    leaveOutOfTaskbar(*m_window);
     m_window->show();
     m_window->requestActivate();
     m_presses.setWatching(true);

@@ -41,6 +41,8 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
         showWindows();
         Q_EMIT notificationSettingsChanged();
     });
+    connect(&notificationCentre, &platform::NotificationCentre::authorizationChanged, this,
+            &SettingsModel::readAuthorization);
     showWindows();
 }
 

@@ -86,7 +86,8 @@ public:
     /// Call when the page is shown: rereads what other programs may have changed and clears the
     /// messages.
     Q_INVOKABLE void show();
-    /// Call when the user may have changed the desktop's notification settings.
+    /// Call when the user may have changed the desktop's notification settings; a change of what
+    /// shows the notifications is noticed without.
     Q_INVOKABLE void readAuthorization();
     Q_INVOKABLE void setLaunchesAtLogin(bool wanted);
     /// `path` may begin with "~/"; empty: automatic. A path that cannot be used changes nothing,

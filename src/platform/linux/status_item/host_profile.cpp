@@ -27,6 +27,7 @@ constexpr std::array knownHosts{
     KnownHost{"xfce4-panel", xfce},
     KnownHost{"wrapper-2.0", xfce}, // its plugins since 4.20
     KnownHost{"lxqt-panel", {.hasTrustedCoordinates = true}},
+    KnownHost{"waybar", {.isUsuallyDark = true}},
     KnownHost{"mate-panel", mate},
     KnownHost{"notification-ar", mate},
     KnownHost{"ayatana-indicat", {.showsLabel = true, .iconForm = IconForm::path}},

@@ -18,6 +18,7 @@ struct HostProfile {
     /// Whether a click's position is one on the screen, in its pixels.
     bool hasTrustedCoordinates = false;
     bool hasXfceColours = false; ///< whether its panel is as light as Xfce's settings say
+    bool isUsuallyDark = false;  ///< whether its panel is dark unless the user prefers light ones
     IconForm iconForm = IconForm::pixmaps;
 
     bool operator==(const HostProfile&) const = default;

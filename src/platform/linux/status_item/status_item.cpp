@@ -195,7 +195,10 @@ bool StatusItem::handleMessage(const QDBusMessage& call, const QDBusConnection& 
                          name == QLatin1StringView("ProvideXdgActivationToken");
     if (!isActivation && !isToken &&
         !(name == QLatin1StringView("Scroll") && call.signature() == QLatin1StringView("is"))) {
-        return false;
+        // QtDBus would answer that the interface is unknown; GNOME's host tries another method only
+        // when the method is.
+        return call.interface() == itemInterface &&
+               bus.send(call.createErrorReply(QDBusError::UnknownMethod, name));
     }
     if (call.isReplyRequired()) {
         bus.send(call.createReply());

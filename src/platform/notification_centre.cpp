@@ -1,0 +1,3 @@
+#include "platform/notification_centre.h"
+
+#include "moc_notification_centre.cpp"
