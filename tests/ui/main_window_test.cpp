@@ -1,4 +1,5 @@
 #include "core/fixtures.h"
+#include "core/preferences.h"
 #include "platform/linux/autostart_entry.h"
 #include "support/home_files.h"
 #include "support/shown_window.h"
@@ -52,6 +53,9 @@ struct OpenWindow final : tests::ShownWindow {
     [[nodiscard]] ui::MainWindowModel* viewModel() const {
         return root()->property("viewModel").value<ui::MainWindowModel*>();
     }
+    [[nodiscard]] ui::ProviderCard card(const char* name) const {
+        return item(name)->property("card").value<ui::ProviderCard>();
+    }
     [[nodiscard]] notify::NotificationWindow timeWindow() const {
         return idle.model.notificationSettings().windows.at(0);
     }
@@ -94,7 +98,7 @@ private Q_SLOTS:
     void dashboard() {
         OpenWindow open;
         QVERIFY(!open.item("lastError"));
-        QCOMPARE(open.viewModel()->dashboard()->codex().week.resetText, u"Mo., 04:00"_s);
+        QCOMPARE(open.card("Codex").week.resetText, u"Mo., 04:00"_s);
         for (const QuotaBarLook& look : {QuotaBarLook{0, 0.58, false}, {2, 0.19, true}}) {
             const QQuickItem* fill = open.items("fill").at(look.index);
             QTRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
@@ -135,12 +139,12 @@ private Q_SLOTS:
         OpenWindow open(snapshot);
         const QQuickItem* sliver = open.items("fill").at(3);
         QTRY_COMPARE(sliver->width(), sliver->parentItem()->width() * (100 - 99.6) / 100);
-        QCOMPARE(open.viewModel()->dashboard()->codex().age, QString());
+        QCOMPARE(open.card("Codex").age, QString());
         QVERIFY(open.text("trouble").startsWith(u"Network error. Check "));
         open.idle.clock.advance(29s);
-        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 2 min ago"_s);
+        QCOMPARE(open.card("Claude").age, u"From 2 min ago"_s);
         open.idle.clock.advance(1s);
-        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 3 min ago"_s);
+        QCOMPARE(open.card("Claude").age, u"From 3 min ago"_s);
     }
 
     void history() {
@@ -260,6 +264,22 @@ private Q_SLOTS:
         QTRY_COMPARE(open.items("remove").size(), 1);
         open.press("remove", Qt::Key_Space);
         QTRY_VERIFY(open.text("windowsNote").endsWith(u"there is no time window."));
+
+        open.press("providers", Qt::Key_Right);
+        QCOMPARE(core::loadOnlyProvider(open.idle.defaults), model::AIProvider::codex);
+        QVERIFY(open.item("codexState"));
+        open.press(Qt::Key_Right);
+        QVERIFY(!open.item("codexState") && !open.item("codexPath"));
+        open.open(1);
+        QTRY_VERIFY(open.item("Claude") && !open.item("Codex"));
+        open.open(2);
+        QVERIFY(!open.item("filter"));
+        QCOMPARE(open.viewModel()->history()->key()->rowCount(), 1);
+        open.idle.model.setOnlyProvider({});
+        QVERIFY(open.item("filter"));
+        open.open(1);
+        QTRY_VERIFY(open.item("Codex")->y() < open.item("Claude")->y());
+        open.open(3);
 
         tests::writeFile(open.idle.home().filePath(u"mine/codex"_s), "#!/bin/sh\n");
         const std::pair<const char*, const char*> rows[] = {

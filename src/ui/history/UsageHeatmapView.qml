@@ -39,6 +39,7 @@ ColumnLayout {
         }
         SegmentedPicker {
             objectName: "filter"
+            visible: root.viewModel.hasFilter
             title: qsTr("Source")
             choices: [qsTr("Total"), qsTr("Codex"), qsTr("Claude")]
             currentIndex: root.viewModel.filter

@@ -23,11 +23,19 @@ HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& c
       m_calendar(calendar),
       m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HeatmapModel::update);
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &HeatmapModel::followProviders);
     connect(&appearance, &Appearance::changed, this, &HeatmapModel::update);
 }
 
 void HeatmapModel::setFilter(int filter) {
     m_filter = static_cast<history::HeatmapFilter>(filter);
+    update();
+}
+
+void HeatmapModel::followProviders() {
+    if (!hasFilter()) {
+        m_filter = history::HeatmapFilter::total;
+    }
     update();
 }
 

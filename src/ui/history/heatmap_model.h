@@ -28,6 +28,7 @@ class HeatmapModel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
     Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
+    Q_PROPERTY(bool hasFilter READ hasFilter NOTIFY changed)
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
     Q_PROPERTY(QStringList weekdays READ weekdays CONSTANT)
@@ -45,6 +46,8 @@ public:
     /// A history::HeatmapFilter, as a picker's index.
     [[nodiscard]] int filter() const { return static_cast<int>(m_filter); }
     void setFilter(int filter);
+    /// Whether there is a choice: without one the total is that of the provider shown alone.
+    [[nodiscard]] bool hasFilter() const { return !m_model.onlyProvider(); }
     /// The number of columns, 0 until the view sets it.
     [[nodiscard]] int weeks() const { return m_weeks; }
     void setWeeks(int weeks);
@@ -68,6 +71,7 @@ Q_SIGNALS:
     void currentChanged();
 
 private:
+    void followProviders();
     [[nodiscard]] model::ColourScheme scheme() const;
     [[nodiscard]] const history::DayCell* cell(int index) const;
     [[nodiscard]] bool isCovered(QDate day) const;

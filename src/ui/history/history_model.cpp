@@ -30,13 +30,8 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
                            const history::Calendar& calendar, const model::LocaleLabels& labels)
     : m_model(model), m_clock(clock), m_calendar(calendar), m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HistoryModel::update);
-    std::vector<TooltipLine> key;
-    key.reserve(model::allCases<model::AIProvider>.size());
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        key.push_back({.name = model::displayName(provider),
-                       .colour = toColour(model::accentColour(provider))});
-    }
-    m_key.setRecords(std::move(key));
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &HistoryModel::showKey);
+    showKey();
     update();
 }
 
@@ -103,6 +98,15 @@ void HistoryModel::showValueMarks() {
         marks.push_back({.position = value / m_top, .label = label});
     }
     m_valueMarks.setRecords(std::move(marks));
+}
+
+void HistoryModel::showKey() {
+    std::vector<TooltipLine> key;
+    for (const model::AIProvider provider : m_model.shownProviders()) {
+        key.push_back({.name = model::displayName(provider),
+                       .colour = toColour(model::accentColour(provider))});
+    }
+    m_key.setRecords(std::move(key));
 }
 
 double HistoryModel::barThickness() const {

@@ -122,6 +122,7 @@ private:
     [[nodiscard]] double centre(QDate date) const;
     [[nodiscard]] QString valueText(const history::ChartPoint& point) const;
     void setHoveredDate(std::optional<QDate> date);
+    void showKey();
     void showSegments();
     void showValueMarks();
 
