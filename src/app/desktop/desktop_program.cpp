@@ -182,11 +182,16 @@ Windows* DesktopProgram::windows() {
         }
         m_windows = std::move(*loaded);
         const auto follow = [this] {
-            m_windows->setSystemLook(m_appearance.colourPreference(),
-                                     m_appearance.isMotionReduced());
+            m_windows->setSystemLook(
+                {.scheme = m_appearance.colourPreference(),
+                 .isMotionReduced = m_appearance.isMotionReduced(),
+                 .isHighContrast = m_appearance.isHighContrast() ||
+                                   m_statusArea.panelColours().isHighContrast()});
             m_windows->setStatusItemShown(m_statusArea.isShown());
         };
         connect(&m_appearance, &platform::SystemAppearance::changed, this, follow);
+        connect(&m_statusArea.panelColours(), &platform::PanelColourPreference::changed, this,
+                follow);
         connect(&m_statusArea, &StatusArea::isShownChanged, this, follow);
         follow();
     }

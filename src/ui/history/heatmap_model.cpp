@@ -64,6 +64,7 @@ void HeatmapModel::update() {
                 history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
             cells.push_back({.colour = cell.isFuture ? QColor(Qt::transparent)
                                                      : toColour(fill.colour, fill.opacity),
+                             .level = history::cellLevel(cell.day, m_totals),
                              .isFilled = isCovered(cell.day)});
         }
     }

@@ -12,10 +12,12 @@ namespace tallyvane::ui {
 class HeatmapCell {
     Q_GADGET
     Q_PROPERTY(QColor colour MEMBER colour)
+    Q_PROPERTY(int level MEMBER level)
     Q_PROPERTY(bool isFilled MEMBER isFilled)
 
 public:
     QColor colour;        ///< transparent if the day is in the future
+    int level = 0;        ///< history::level() of its tokens
     bool isFilled = true; ///< false for an outline: the history does not reach back to that day
 
     bool operator==(const HeatmapCell&) const = default;

@@ -35,6 +35,7 @@ BaseButton {
     background: Rectangle {
         radius: Theme.radius
         color: root.kind === PushButton.Primary ? Theme.accentFill : root.down ? Theme.controlPressed : root.hovered ? Theme.controlHovered : Theme.control
+        border.color: Theme.controlOutline
 
         Rectangle {
             anchors.fill: parent
