@@ -341,6 +341,7 @@ private Q_SLOTS:
 
     void followsShortcuts() {
         const OpenWindow open;
+        const QSignalSpy quit(&open.window, &ui::MainWindow::quitRequested);
         const auto goes = [&](Qt::Key key, Qt::KeyboardModifiers with, int page) {
             open.press(key, with);
             QCOMPARE(open.root()->property("page").toInt(), page);
@@ -355,9 +356,14 @@ private Q_SLOTS:
             QCOMPARE(open.text("version"), u"Tallyvane 1.2"_s);
             QVERIFY(open.text("settingsFile").contains(u"~/"));
             goes(Qt::Key_Tab, Qt::ControlModifier, 2);
+            open.press(Qt::Key_Q, Qt::ControlModifier);
             open.press(close);
             QTRY_VERIFY(!open.item("version"));
         }
+        open.press(Qt::Key_Escape);
+        QVERIFY(open.view()->isVisible());
+        open.press(Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quit.count(), 4);
     }
 
     void asksOnce() {
@@ -367,9 +373,11 @@ private Q_SLOTS:
             open.questions = 1;
             open.show();
         };
-        ask();
-        open.press("notNow", Qt::Key_Space);
-        QTRY_VERIFY(!open.item("notNow"));
+        for (const auto decline : {Qt::Key_Space, Qt::Key_Escape}) {
+            ask();
+            open.press("notNow", decline);
+            QTRY_VERIFY(!open.item("notNow") && open.view()->isVisible());
+        }
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::notRegistered);
         open.setLoginItemBroken(true);
         ask();
