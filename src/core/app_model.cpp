@@ -307,11 +307,12 @@ QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, As
     Answers answers;
     for (std::size_t i = 0; i < fetches.size(); ++i) {
         const AIProvider provider = m_services.quotaClients[i].get().provider();
-        if (!fetches[i]) {
+        auto& fetch = fetches[i];
+        if (!fetch) {
             answers.entries.push_back(model::entryFor(previous, provider));
             continue;
         }
-        const providers::QuotaResult fetched = co_await *fetches[i];
+        const providers::QuotaResult fetched = co_await *fetch;
         if (fetched) {
             answers.entries.push_back(*fetched);
             continue;
