@@ -99,6 +99,7 @@ struct Scene {
     std::string locale;
     QSize window;
     model::AppAppearance scheme;
+    bool isHighContrast;
     QString suffix; ///< of the files' names
 };
 
@@ -109,6 +110,7 @@ void takeAll(Camera& camera, const Scene& scene) {
     tests::writeFile(idle.home().filePath(QStringLiteral("codex")), "#!/bin/sh\n");
     ui::Appearance appearance(idle.model);
     appearance.setMotionReduced(true);
+    appearance.setHighContrast(scene.isHighContrast);
     const auto engine = ui::makeEngine(appearance);
     const auto givenEngine = [&]() -> QQmlEngine& { return *engine; };
     platform::AutostartEntry loginItem({});
@@ -161,7 +163,8 @@ int main(int argc, char** argv) {
         {{QStringLiteral("language"), {}, QStringLiteral("locale"), QStringLiteral("en_US")},
          {QStringLiteral("width"), {}, QStringLiteral("pixels"), QStringLiteral("820")},
          {QStringLiteral("height"), {}, QStringLiteral("pixels"), QStringLiteral("760")},
-         {QStringLiteral("text"), {}, QStringLiteral("percent"), QStringLiteral("100")}});
+         {QStringLiteral("text"), {}, QStringLiteral("percent"), QStringLiteral("100")},
+         {QStringLiteral("contrast"), QStringLiteral("high contrast")}});
     options.addPositionalArgument(QStringLiteral("folder"), {});
     options.process(application);
     const auto number = [&](const char* name) {
@@ -182,6 +185,7 @@ int main(int argc, char** argv) {
     Scene scene{.locale = language.toStdString(),
                 .window = {number("width"), number("height")},
                 .scheme = model::AppAppearance::light,
+                .isHighContrast = options.isSet(QStringLiteral("contrast")),
                 .suffix = {}};
     takeAll(camera, scene);
     scene.scheme = model::AppAppearance::dark;

@@ -710,6 +710,26 @@
         <source>Clear usage history</source>
         <translation>امسح سجل الاستخدام</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>المساعدات المعروضة</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>كلاهما</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>لا يُطلب من المساعد المخفي أي بيانات، ويُحتفظ بسجله. ويُعرض أحدهما دائمًا.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

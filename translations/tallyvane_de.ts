@@ -698,6 +698,26 @@
         <source>Clear usage history</source>
         <translation>Nutzungsverlauf löschen</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>Angezeigte Assistenten</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beide</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>Ein ausgeblendeter Assistent wird nicht abgefragt; sein Verlauf bleibt erhalten. Einer wird immer angezeigt.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

@@ -698,6 +698,26 @@
         <source>Clear usage history</source>
         <translation>Clear usage history</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>Assistants shown</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Both</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

@@ -698,6 +698,26 @@
         <source>Clear usage history</source>
         <translation>Borrar el historial de uso</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>Asistentes mostrados</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Ambos</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>A un asistente oculto no se le piden datos y su historial se conserva. Siempre se muestra uno.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

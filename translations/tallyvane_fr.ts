@@ -698,6 +698,26 @@
         <source>Clear usage history</source>
         <translation>Effacer l’historique d’utilisation</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>Assistants affichés</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Les deux</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>Un assistant masqué n’est pas interrogé, et son historique est conservé. Il y en a toujours un d’affiché.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

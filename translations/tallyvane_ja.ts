@@ -695,6 +695,26 @@
         <source>Clear usage history</source>
         <translation>使用履歴を消去</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>表示するアシスタント</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>非表示のアシスタントには問い合わせず、履歴は保持されます。どちらか一方は必ず表示されます。</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

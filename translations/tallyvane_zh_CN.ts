@@ -695,6 +695,26 @@
         <source>Clear usage history</source>
         <translation>清除使用历史</translation>
     </message>
+    <message>
+        <source>Assistants shown</source>
+        <translation>显示的助手</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>两者</translation>
+    </message>
+    <message>
+        <source>Codex</source>
+        <translation>Codex</translation>
+    </message>
+    <message>
+        <source>Claude</source>
+        <translation>Claude</translation>
+    </message>
+    <message>
+        <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
+        <translation>隐藏的助手不会被查询，其历史记录会保留。至少显示其中一个。</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>

@@ -13,7 +13,8 @@ namespace tallyvane::app {
 /// programs never write at once.
 [[nodiscard]] ExitCode runRefresh(const Environment& environment, OutputFormat format);
 
-/// Prints the stored snapshot, without a refresh. Fails when the lowest five-hour percentage left
+/// Prints the stored snapshot, without a refresh: as text, the providers that are shown, or the one
+/// chosen; as JSON, all that is stored. Fails when the lowest five-hour percentage left
 /// of the providers shown is under `choice.below`.
 [[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format,
                                  const StatusChoice& choice);
@@ -22,7 +23,7 @@ namespace tallyvane::app {
 [[nodiscard]] bool printStatusText(const Environment& environment,
                                    const model::QuotaSnapshot& snapshot, model::Timestamp now);
 
-/// Prints the stored usage history, a row per day and provider.
+/// Prints the stored usage history, a row per day and provider shown; as JSON, all of it.
 [[nodiscard]] ExitCode runHistory(const Environment& environment, OutputFormat format);
 
 /// Counts the tokens in the local session logs and prints the totals, the files counted and
@@ -30,8 +31,9 @@ namespace tallyvane::app {
 [[nodiscard]] ExitCode runTokens(const Environment& environment, OutputFormat format);
 
 /// Checks everything that figures depend on and prints a line per check, with what to do about each
-/// fault. Starts no program that the user has not chosen; sends a request to the Claude service
-/// only if `isOnline`. Succeeds if a refresh would work for at least one provider.
+/// fault; of a hidden provider, only that it is. Starts no program that the user has not chosen;
+/// sends a request to the Claude service only if `isOnline`. Succeeds if a refresh would work for
+/// at least one provider.
 [[nodiscard]] ExitCode runDoctor(const Environment& environment, OutputFormat format,
                                  bool isOnline);
 

@@ -1,6 +1,7 @@
 #include "app/composition.h"
 
 #include "core/fixtures.h"
+#include "core/preferences.h"
 #include "platform/linux/session_bus.h"
 
 #include <QtCore/QFile>
@@ -46,6 +47,10 @@ platform::AutostartPlaces autostartPlaces(const Environment& environment,
 model::DefaultsStore openDefaults(const Environment& environment) {
     return model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
                                            environment.locations.standardDefaults());
+}
+
+std::optional<model::AIProvider> onlyProvider(const Environment& environment) {
+    return core::loadOnlyProvider(openDefaults(environment));
 }
 
 std::filesystem::path claudeCredentialsFile(const Environment& environment) {

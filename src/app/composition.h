@@ -24,6 +24,9 @@ namespace tallyvane::app {
 /// The preferences and token baselines.
 [[nodiscard]] model::DefaultsStore openDefaults(const Environment& environment);
 
+/// The provider that alone is shown according to the preferences.
+[[nodiscard]] std::optional<model::AIProvider> onlyProvider(const Environment& environment);
+
 /// Where figures come from. Creates no file or folder. Must outlive the event loop: suspended
 /// coroutines resume on it.
 struct QuotaSources {

@@ -21,6 +21,8 @@ namespace {
 
 using Saved = std::expected<void, QString>;
 
+constexpr QLatin1StringView allProviders("both");
+
 struct Setting {
     SettingUsage usage;
     QString standard;
@@ -109,6 +111,19 @@ QList<Setting> settings(model::DefaultsStore& defaults, platform::LoginItem& log
              const auto value = model::fromRawValue<model::AppAppearance>(text);
              return value ? std::optional(saved(core::saveAppearance(defaults, *value)))
                           : std::nullopt;
+         }},
+        {.usage = providersSetting,
+         .standard = QString(allProviders),
+         .value =
+             [&] {
+                 const auto only = core::loadOnlyProvider(defaults);
+                 return QString(only ? model::rawValue(*only) : allProviders);
+             },
+         .set = [&](const QString& text) -> std::optional<Saved> {
+             const auto only = model::fromRawValue<model::AIProvider>(text);
+             return only || text == allProviders
+                        ? std::optional(saved(core::saveOnlyProvider(defaults, only)))
+                        : std::nullopt;
          }},
         {.usage = launchAtLoginSetting,
          .standard = QStringLiteral("off"),

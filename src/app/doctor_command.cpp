@@ -1,6 +1,7 @@
 #include "app/commands.h"
 #include "app/doctor_checks.h"
 #include "app/resource_check.h"
+#include "core/preferences.h"
 #include "platform/spawn.h"
 
 #include <QtCore/QEventLoop>
@@ -72,18 +73,42 @@ QFuture<Checks> serviceCheck(QuotaSources& sources, bool isOnline) {
     return startedInThread([notAsked] { return Checks(1, notAsked); });
 }
 
+Part hiddenPart(const QString& id) {
+    QPromise<Checks> promise;
+    promise.start();
+    promise.addResult(Checks{{.id = id,
+                              .state = CheckState::unknown,
+                              .text = QStringLiteral("Hidden, and not asked; 'tallyvane config set "
+                                                     "providers both' shows it"),
+                              .advice = {}}});
+    promise.finish();
+    return {.id = id, .asked = {}, .checks = promise.future()};
+}
+
 /// In the order in which they are shown. `sources` must outlive the event loop.
 QList<Part> startChecks(const Environment& environment, QuotaSources& sources, bool isOnline) {
     const model::Timestamp now = sources.clock.now();
     const auto own = [](const char* text) { return QString::fromLatin1(text); };
-    return {
-        {own("codex.program"), own("the folders of programs"),
-         startedInThread([&sources] { return codexProgramChecks(sources.codexProgram); })},
-        {own("codex.version"), own("the Codex CLI"), started(codexVersionCheck(&sources))},
-        {own("codex.answer"), own("the Codex CLI"), started(codexAnswerCheck(&sources))},
-        {own("claude.signIn"), own("the keyring"),
-         started(claudeSignInChecks(&sources, environment))},
-        {own("claude.service"), own("the Claude service"), serviceCheck(sources, isOnline)},
+    const auto only = core::loadOnlyProvider(sources.defaults);
+    QList<Part> parts;
+    if (only == model::AIProvider::claude) {
+        parts += hiddenPart(own("codex.hidden"));
+    } else {
+        parts +=
+            {{own("codex.program"), own("the folders of programs"),
+              startedInThread([&sources] { return codexProgramChecks(sources.codexProgram); })},
+             {own("codex.version"), own("the Codex CLI"), started(codexVersionCheck(&sources))},
+             {own("codex.answer"), own("the Codex CLI"), started(codexAnswerCheck(&sources))}};
+    }
+    if (only == model::AIProvider::codex) {
+        parts += hiddenPart(own("claude.hidden"));
+    } else {
+        parts +=
+            {{own("claude.signIn"), own("the keyring"),
+              started(claudeSignInChecks(&sources, environment))},
+             {own("claude.service"), own("the Claude service"), serviceCheck(sources, isOnline)}};
+    }
+    parts += {
         {own("network.proxy"), own("the desktop's proxy setting"),
          started(proxyCheck(environment.network))},
         {own("network.certificates"), own("the certificates"),
@@ -94,6 +119,7 @@ QList<Part> startChecks(const Environment& environment, QuotaSources& sources, b
          startedInThread([environment, now] { return ownFileChecks(environment, now); })},
         {own("desktop.bus"), own("the session bus"), started(desktopChecks(environment))},
     };
+    return parts;
 }
 
 /// Runs the event loop until all have ended or the patience has.

@@ -1,5 +1,7 @@
 #include "app/commands.h"
+#include "app/composition.h"
 #include "core/fixtures.h"
+#include "core/preferences.h"
 #include "history/calendar_days.h"
 #include "history/usage_history.h"
 #include "model/quota_display.h"
@@ -36,10 +38,12 @@ ExitCode runHistory(const Environment& environment, OutputFormat format) {
         printError(QStringLiteral("No history is stored yet; each refresh adds to it."));
         return ExitCode::nothingStored;
     }
+    const history::UsageHistory shown =
+        history::withProviders(*history, core::shownProviders(onlyProvider(environment)));
     // What was decoded can be encoded.
     const bool isPrinted = format == OutputFormat::json
                                ? print(QString::fromUtf8(*history::encodeHistory(*history)) + u'\n')
-                               : print(table(*history, environment.zone));
+                               : print(table(shown, environment.zone));
     return isPrinted ? ExitCode::success : ExitCode::failure;
 }
 

@@ -3,10 +3,13 @@
 #include "app/refresh_result.h"
 #include "app/resource_check.h"
 #include "app/status_report.h"
+#include "core/preferences.h"
 #include "model/foreign_text.h"
 #include "model/quota_display.h"
 #include "platform/linux/dbus_application.h"
 #include "providers/advice.h"
+
+#include <algorithm>
 
 namespace tallyvane::app {
 
@@ -14,7 +17,12 @@ namespace {
 
 /// Erasing it takes a control sequence.
 QString progressText(const Environment& environment) {
-    return environment.hasDumbTerminal ? QString() : QStringLiteral("Asking Codex and Claude ...");
+    QStringList names;
+    std::ranges::transform(core::shownProviders(onlyProvider(environment)),
+                           std::back_inserter(names), model::displayName);
+    return environment.hasDumbTerminal
+               ? QString()
+               : QStringLiteral("Asking %1 ...").arg(names.join(QStringLiteral(" and ")));
 }
 
 void printFailures(const core::RefreshReport& report) {
@@ -44,8 +52,9 @@ ExitCode printResult(const Environment& environment, const RefreshResult& result
         }
     } else {
         printFailures(result.report);
-        if (isStored && !printStatusText(environment, shownSnapshot(result.snapshot),
-                                         platform::BootClock().now())) {
+        if (isStored &&
+            !printStatusText(environment, shownSnapshot(result.snapshot, onlyProvider(environment)),
+                             platform::BootClock().now())) {
             return ExitCode::failure;
         }
     }
@@ -60,7 +69,7 @@ RefreshResult refreshHere(const Environment& environment) {
     Composition composition(environment);
     core::RefreshReport report =
         QCoro::waitFor(composition.model.refresh(providers::AskedBy::user));
-    return {.report = std::move(report), .snapshot = composition.model.snapshot()};
+    return {.report = std::move(report), .snapshot = composition.model.wholeSnapshot()};
 }
 
 /// What the running program did.

@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/composition.h"
 #include "app/status_format.h"
 #include "app/status_report.h"
 #include "core/fixtures.h"
@@ -55,8 +56,9 @@ ExitCode runStatus(const Environment& environment, OutputFormat format,
                    const StatusChoice& choice) {
     const model::Timestamp now = platform::BootClock().now();
     const auto stored = storedSnapshot(environment, now);
+    const auto only = choice.provider ? choice.provider : onlyProvider(environment);
     const model::QuotaSnapshot shown =
-        shownSnapshot(stored.value_or(model::placeholderSnapshot(now)), choice.provider);
+        shownSnapshot(stored.value_or(model::placeholderSnapshot(now)), only);
     ExitCode result = ExitCode::success;
     switch (format) {
     case OutputFormat::text:

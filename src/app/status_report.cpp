@@ -1,5 +1,6 @@
 #include "app/status_report.h"
 
+#include "core/preferences.h"
 #include "model/foreign_text.h"
 #include "model/quota_display.h"
 
@@ -94,16 +95,11 @@ std::optional<QString> fitForTerminal(const std::optional<QString>& text) {
 } // namespace
 
 model::QuotaSnapshot shownSnapshot(const model::QuotaSnapshot& snapshot,
-                                   std::optional<model::AIProvider> provider) {
-    model::QuotaSnapshot shown{.schemaVersion = snapshot.schemaVersion,
-                               .updatedAt = snapshot.updatedAt};
-    for (const model::AIProvider candidate : model::allCases<model::AIProvider>) {
-        if (candidate == provider.value_or(candidate)) {
-            ProviderQuotaSnapshot entry = model::entryFor(snapshot, candidate);
-            entry.planName = fitForTerminal(entry.planName);
-            entry.statusMessage = fitForTerminal(entry.statusMessage);
-            shown.providers.push_back(std::move(entry));
-        }
+                                   std::optional<model::AIProvider> only) {
+    model::QuotaSnapshot shown = model::withProviders(snapshot, core::shownProviders(only));
+    for (ProviderQuotaSnapshot& entry : shown.providers) {
+        entry.planName = fitForTerminal(entry.planName);
+        entry.statusMessage = fitForTerminal(entry.statusMessage);
     }
     return shown;
 }

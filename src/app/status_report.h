@@ -8,11 +8,11 @@
 
 namespace tallyvane::app {
 
-/// The snapshot with one entry for each provider, or for one provider alone; an entry that is
-/// missing is a placeholder. The foreign texts are fit for a terminal.
+/// The snapshot with one entry for each provider, or for `only`; an entry that is missing is a
+/// placeholder. The foreign texts are fit for a terminal.
 [[nodiscard]] model::QuotaSnapshot
 shownSnapshot(const model::QuotaSnapshot& snapshot,
-              std::optional<model::AIProvider> provider = std::nullopt);
+              std::optional<model::AIProvider> only = std::nullopt);
 
 /// Human-readable figures: a heading and a line per quota window for each entry.
 [[nodiscard]] QString statusText(const model::QuotaSnapshot& snapshot, model::Timestamp now,

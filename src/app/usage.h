@@ -75,7 +75,8 @@ inline constexpr OptionUsage commandOptionUsages[] = {
      .text = QLatin1StringView{"With doctor: send one request to the Claude service too."},
      .commands = QLatin1StringView{"doctor"}},
     {.name = QLatin1StringView{"provider"},
-     .text = QLatin1StringView{"With status: show this provider alone, codex or claude."},
+     .text = QLatin1StringView{"With status: show this provider alone, codex or claude, even "
+                               "if it is hidden."},
      .commands = QLatin1StringView{"status"},
      .value = QLatin1StringView{"NAME"},
      .values = QLatin1StringView{"codex, claude"}},
@@ -116,6 +117,10 @@ inline constexpr ConfigWordUsage configWordUsages[] = {
 inline constexpr SettingUsage appearanceSetting{QLatin1StringView{"appearance"},
                                                 QLatin1StringView{"system, light or dark"},
                                                 QLatin1StringView{"system, light, dark"}};
+inline constexpr SettingUsage providersSetting{
+    QLatin1StringView{"providers"},
+    QLatin1StringView{"both, or codex or claude, to hide the other everywhere"},
+    QLatin1StringView{"both, codex, claude"}};
 inline constexpr SettingUsage launchAtLoginSetting{QLatin1StringView{"launch-at-login"},
                                                    QLatin1StringView{"on or off"},
                                                    QLatin1StringView{"on, off"}};
@@ -131,9 +136,9 @@ inline constexpr SettingUsage codexPathSetting{
     QLatin1StringView{"codex-path"},
     QLatin1StringView{"the path of the Codex CLI, or nothing, to have it looked for"},
     {}};
-inline constexpr SettingUsage settingUsages[] = {appearanceSetting, launchAtLoginSetting,
-                                                 notificationsSetting, notificationWindowsSetting,
-                                                 codexPathSetting};
+inline constexpr SettingUsage settingUsages[] = {appearanceSetting,          providersSetting,
+                                                 launchAtLoginSetting,       notificationsSetting,
+                                                 notificationWindowsSetting, codexPathSetting};
 
 /// A term and its meaning, or without a term a literal line.
 struct UsageEntry {

@@ -8,6 +8,7 @@
 #include <QCoro/QCoroFuture>
 #include <QtCore/QPromise>
 
+#include <algorithm>
 #include <stop_token>
 
 namespace tallyvane::core {
@@ -64,6 +65,13 @@ Failures storedFailures(const QuotaSnapshot& snapshot) {
     return failures;
 }
 
+/// The first that is to be shown in the error line.
+std::optional<model::Message> errorLine(const Failures& failures) {
+    const auto found = std::ranges::find_if(
+        failures, [](const auto& failed) { return failed.second.shownAt == Place::errorLine; });
+    return found == failures.end() ? std::nullopt : std::optional(found->second.text);
+}
+
 } // namespace
 
 AppModel::AppModel(const Services& services, std::optional<QuotaSnapshot> snapshot,
@@ -77,9 +85,10 @@ AppModel::AppModel(const Services& services, std::optional<QuotaSnapshot> snapsh
     if (!history) {
         history = history::loadHistory(services.store);
     }
-    m_snapshot = snapshot.value_or(model::placeholderSnapshot(services.clock.now()));
-    m_failures = storedFailures(m_snapshot);
-    m_history = history.value_or(history::UsageHistory{});
+    m_wholeSnapshot = snapshot.value_or(model::placeholderSnapshot(services.clock.now()));
+    m_allFailures = storedFailures(m_wholeSnapshot);
+    m_wholeHistory = history.value_or(history::UsageHistory{});
+    publish(loadOnlyProvider(services.defaults));
     reloadPreferences();
 }
 
@@ -87,12 +96,56 @@ void AppModel::reloadPreferences() {
     model::DefaultsStore& defaults = m_services.defaults;
     m_appearance = loadAppearance(defaults);
     m_notificationSettings = notify::loadNotificationSettings(defaults);
+    show(loadOnlyProvider(defaults));
     Q_EMIT preferencesReloaded();
 }
 
 void AppModel::setAppearance(model::AppAppearance appearance) {
     showError(saveAppearance(m_services.defaults, appearance));
     m_appearance = appearance;
+}
+
+std::vector<AIProvider> AppModel::shownProviders() const {
+    return core::shownProviders(onlyProvider());
+}
+
+bool AppModel::isShown(AIProvider provider) const {
+    const std::vector<AIProvider> shown = shownProviders();
+    return std::ranges::find(shown, provider) != shown.end();
+}
+
+void AppModel::setOnlyProvider(std::optional<AIProvider> only) {
+    const auto saved = saveOnlyProvider(m_services.defaults, only);
+    show(only);
+    showError(saved);
+}
+
+void AppModel::show(std::optional<AIProvider> only) {
+    if (only == onlyProvider()) {
+        return;
+    }
+    const auto isLastError = [this](const auto& failed) {
+        return failed.second.text == lastError();
+    };
+    const bool isOfProvider = std::ranges::any_of(m_allFailures, isLastError);
+    publish(only);
+    if (isOfProvider) {
+        m_lastError = errorLine(m_failures);
+    }
+}
+
+void AppModel::publish(std::optional<AIProvider> only) {
+    const std::vector<AIProvider> shown = core::shownProviders(only);
+    Failures failures;
+    for (const AIProvider provider : shown) {
+        if (const auto failed = m_allFailures.find(provider); failed != m_allFailures.end()) {
+            failures.insert(*failed);
+        }
+    }
+    m_history = history::withProviders(m_wholeHistory, shown);
+    m_snapshot = model::withProviders(m_wholeSnapshot, shown);
+    m_failures = failures;
+    m_onlyProvider = only;
 }
 
 void AppModel::setNotificationSettings(const notify::NotificationSettings& settings) {
@@ -107,8 +160,9 @@ void AppModel::showError(const std::expected<void, model::FileError>& saved) {
 }
 
 void AppModel::clearHistory() {
-    m_history = history::UsageHistory{};
-    (void)history::saveHistory(m_services.store, m_history);
+    m_wholeHistory = history::UsageHistory{};
+    publish(onlyProvider());
+    (void)history::saveHistory(m_services.store, m_wholeHistory);
 }
 
 void AppModel::startRefresh() {
@@ -220,12 +274,14 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
     report.uncounted = totals ? recorded->uncounted : history::scanFailureText(totals.error());
     m_recordedSnapshot = current;
 
-    m_history = recorded->history;
-    m_snapshot = current;
-    m_failures = answers.failures;
-    m_services.notifier.process(current, m_notificationSettings, m_services.clock.now(),
+    m_wholeHistory = recorded->history;
+    m_wholeSnapshot = current;
+    m_allFailures = answers.failures;
+    publish(onlyProvider());
+    m_services.notifier.process(m_snapshot, m_notificationSettings, m_services.clock.now(),
                                 m_services.zone);
-    m_lastError = answers.errorLine ? answers.errorLine : report.uncounted;
+    const std::optional<model::Message> failed = errorLine(m_failures);
+    m_lastError = failed ? failed : report.uncounted;
     m_services.widgetCentre.reloadTimelines(widgetKind);
     m_services.widgetCentre.reloadAllTimelines();
     co_return report;
@@ -239,25 +295,30 @@ RefreshReport AppModel::notSaved(RefreshReport report, const model::Message& rea
 }
 
 QCoro::Task<AppModel::Answers> AppModel::askProviders(QuotaSnapshot previous, AskedBy askedBy) {
-    std::vector<QCoro::Task<providers::QuotaResult>> fetches;
+    // Nothing for a provider that is hidden as the refresh begins.
+    std::vector<std::optional<QCoro::Task<providers::QuotaResult>>> fetches;
     fetches.reserve(m_services.quotaClients.size());
     for (providers::QuotaClient& client : m_services.quotaClients) {
-        fetches.push_back(client.fetch(askedBy)); // eager
+        auto& fetch = fetches.emplace_back();
+        if (isShown(client.provider())) {
+            fetch = client.fetch(askedBy); // eager
+        }
     }
     Answers answers;
     for (std::size_t i = 0; i < fetches.size(); ++i) {
-        const providers::QuotaResult fetched = co_await fetches[i];
+        const AIProvider provider = m_services.quotaClients[i].get().provider();
+        auto& fetch = fetches[i];
+        if (!fetch) {
+            answers.entries.push_back(model::entryFor(previous, provider));
+            continue;
+        }
+        const providers::QuotaResult fetched = co_await *fetch;
         if (fetched) {
             answers.entries.push_back(*fetched);
             continue;
         }
-        const AIProvider provider = m_services.quotaClients[i].get().provider();
-        const providers::QuotaFailure& failure = fetched.error();
-        answers.entries.push_back(staleEntry(previous, provider, failure));
-        answers.failures[provider] = failure;
-        if (failure.shownAt == Place::errorLine && !answers.errorLine) {
-            answers.errorLine = failure.text;
-        }
+        answers.entries.push_back(staleEntry(previous, provider, fetched.error()));
+        answers.failures[provider] = fetched.error();
     }
     co_return answers;
 }

@@ -72,6 +72,9 @@ public:
                       std::optional<model::QuotaSnapshot> snapshot = std::nullopt,
                       std::optional<history::UsageHistory> history = std::nullopt);
 
+    // What is shown: nothing of a hidden provider.
+
+    /// Holds one entry for each of shownProviders().
     [[nodiscard]] model::QuotaSnapshot snapshot() const { return m_snapshot; }
     [[nodiscard]] history::UsageHistory history() const { return m_history; }
     [[nodiscard]] bool isRefreshing() const { return m_isRefreshing; }
@@ -81,6 +84,12 @@ public:
     /// Why providers gave no figures in the last refresh. Before the first one ends, what the shown
     /// snapshot tells of an earlier run.
     [[nodiscard]] Failures failures() const { return m_failures; }
+
+    /// The snapshot of all providers, as it is stored.
+    [[nodiscard]] model::QuotaSnapshot wholeSnapshot() const { return m_wholeSnapshot; }
+    /// Nothing if all are shown.
+    [[nodiscard]] std::optional<model::AIProvider> onlyProvider() const { return m_onlyProvider; }
+    [[nodiscard]] std::vector<model::AIProvider> shownProviders() const;
     [[nodiscard]] model::AppAppearance appearance() const { return m_appearance; }
     [[nodiscard]] notify::NotificationSettings notificationSettings() const {
         return m_notificationSettings;
@@ -89,19 +98,25 @@ public:
     /// Also stores it under "appearance"; a failure to do so goes to lastError().
     void setAppearance(model::AppAppearance appearance);
 
+    /// Shows one provider alone, or all, at once, and stores that; a failure to do so goes to
+    /// lastError(). The figures of one that was hidden are as old as that until the next refresh.
+    void setOnlyProvider(std::optional<model::AIProvider> only);
+
     /// Also stores them; a failure to do so goes to lastError().
     void setNotificationSettings(const notify::NotificationSettings& settings);
 
-    /// Takes over the appearance and the notification settings that another program has stored.
+    /// Takes over what another program has stored: the appearance, the provider shown alone and the
+    /// notification settings.
     void reloadPreferences();
 
     /// Empties the history, in memory and on disk; write errors are ignored. Keeps the token
     /// baselines, so that the next refresh counts only new tokens.
     void clearHistory();
 
-    /// Asks all providers, counts local tokens, saves and publishes the result. Succeeds even if
-    /// providers fail. Returns at once if another call is in progress. Waits up to a minute for
-    /// another process that is refreshing the same files, and builds on what that process stored.
+    /// Asks the providers that are shown, counts local tokens, saves and publishes the result.
+    /// Succeeds even if providers fail. Returns at once if another call is in progress. Waits up to
+    /// a minute for another process that is refreshing the same files, and builds on what that
+    /// process stored.
     QCoro::Task<RefreshReport> refresh(providers::AskedBy askedBy);
 
     /// Starts a refresh on the user's behalf.
@@ -124,13 +139,13 @@ Q_SIGNALS:
     void lastErrorChanged();
     void failuresChanged();
     void appearanceChanged();
+    void onlyProviderChanged();
     void notificationSettingsChanged();
 
 private:
     struct Answers {
         std::vector<model::ProviderQuotaSnapshot> entries;
         Failures failures;
-        std::optional<model::Message> errorLine;
     };
 
     QCoro::Task<Answers> askProviders(model::QuotaSnapshot previous, providers::AskedBy askedBy);
@@ -138,6 +153,10 @@ private:
     QCoro::Task<> refreshRepeatedly();
     QCoro::Task<RefreshReport> runCycle(providers::AskedBy askedBy);
     QCoro::Task<std::expected<model::FileLock, model::Message>> lockStore();
+    [[nodiscard]] bool isShown(model::AIProvider provider) const;
+    void show(std::optional<model::AIProvider> only);
+    /// Shows what is to be seen of the whole figures.
+    void publish(std::optional<model::AIProvider> only);
     /// The figures that the next refresh is compared with.
     [[nodiscard]] model::QuotaSnapshot previousSnapshot();
     void showError(const std::expected<void, model::FileError>& saved);
@@ -147,7 +166,11 @@ private:
     history::TokenBaselines m_baselines;
     /// The file as this process last read or wrote it; other processes write it too.
     std::optional<model::QuotaSnapshot> m_storedSnapshot;
-    /// The last snapshot that the history accounts for. Differs from `m_snapshot` in fixture mode.
+    model::QuotaSnapshot m_wholeSnapshot;
+    history::UsageHistory m_wholeHistory;
+    Failures m_allFailures;
+    /// The last snapshot that the history accounts for. Differs from `m_wholeSnapshot` in fixture
+    /// mode.
     std::optional<model::QuotaSnapshot> m_recordedSnapshot;
     QFuture<RefreshReport> m_end; ///< of the latest refresh
     std::unique_ptr<platform::Alarm> m_nextRefresh;
@@ -161,6 +184,8 @@ private:
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, Failures, m_failures, &AppModel::failuresChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, model::AppAppearance, m_appearance,
                                &AppModel::appearanceChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, std::optional<model::AIProvider>, m_onlyProvider,
+                               &AppModel::onlyProviderChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, notify::NotificationSettings, m_notificationSettings,
                                &AppModel::notificationSettingsChanged)
 };

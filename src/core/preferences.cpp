@@ -5,6 +5,7 @@ namespace tallyvane::core {
 namespace {
 
 const QString appearanceKey = QStringLiteral("appearance");
+const QString onlyProviderKey = QStringLiteral("onlyProvider");
 const QString windowSizeKey = QStringLiteral("windowSize");
 const QString windowMaximizedKey = QStringLiteral("windowMaximized");
 const QString hostNoticeKey = QStringLiteral("hidesStatusHostNotice");
@@ -19,6 +20,20 @@ model::AppAppearance loadAppearance(const model::DefaultsStore& defaults) {
 std::expected<void, model::FileError> saveAppearance(model::DefaultsStore& defaults,
                                                      model::AppAppearance appearance) {
     return defaults.setText(appearanceKey, model::rawValue(appearance));
+}
+
+std::optional<model::AIProvider> loadOnlyProvider(const model::DefaultsStore& defaults) {
+    return model::fromRawValue<model::AIProvider>(defaults.text(onlyProviderKey));
+}
+
+std::expected<void, model::FileError> saveOnlyProvider(model::DefaultsStore& defaults,
+                                                       std::optional<model::AIProvider> only) {
+    return defaults.setText(onlyProviderKey, only ? QString(model::rawValue(*only)) : QString());
+}
+
+std::vector<model::AIProvider> shownProviders(std::optional<model::AIProvider> only) {
+    const auto& all = model::allCases<model::AIProvider>;
+    return only ? std::vector{*only} : std::vector(all.begin(), all.end());
 }
 
 WindowShape loadWindowShape(const model::DefaultsStore& defaults) {

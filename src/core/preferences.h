@@ -5,6 +5,9 @@
 
 #include <QtCore/QSize>
 
+#include <optional>
+#include <vector>
+
 namespace tallyvane::core {
 
 /// The appearance stored under "appearance"; that of the system if there is none.
@@ -12,6 +15,17 @@ namespace tallyvane::core {
 
 std::expected<void, model::FileError> saveAppearance(model::DefaultsStore& defaults,
                                                      model::AppAppearance appearance);
+
+/// The provider that alone is shown, stored under "onlyProvider"; nothing if all are.
+[[nodiscard]] std::optional<model::AIProvider>
+loadOnlyProvider(const model::DefaultsStore& defaults);
+
+std::expected<void, model::FileError> saveOnlyProvider(model::DefaultsStore& defaults,
+                                                       std::optional<model::AIProvider> only);
+
+/// The providers to show when `only` is stored; never none. Those that are not are hidden
+/// everywhere: nothing is asked of them, and what is stored of them stays.
+[[nodiscard]] std::vector<model::AIProvider> shownProviders(std::optional<model::AIProvider> only);
 
 /// The main window as the user left it, stored under "windowSize" and "windowMaximized".
 struct WindowShape {

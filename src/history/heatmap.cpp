@@ -63,6 +63,11 @@ int level(std::int64_t total, std::int64_t maximum) {
     return ratio < 0.25 ? 1 : ratio < 0.5 ? 2 : ratio < 0.75 ? 3 : highestLevel;
 }
 
+int cellLevel(QDate day, const DayTotals& totals) {
+    const auto total = totals.byDay.find(day);
+    return total != totals.byDay.end() ? level(total->second, totals.maximum) : 0;
+}
+
 CellColour levelColour(int level, HeatmapFilter filter, model::ColourScheme scheme) {
     if (level == 0) {
         return {.colour = emptyColour, .opacity = scheme == model::ColourScheme::dark ? 0.4 : 0.16};

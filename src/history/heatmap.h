@@ -43,6 +43,8 @@ inline constexpr int highestLevel = 4;
 /// 0 for a day without tokens, else 1 to 4 by the share of the maximum.
 [[nodiscard]] int level(std::int64_t total, std::int64_t maximum);
 
+[[nodiscard]] int cellLevel(QDate day, const DayTotals& totals);
+
 /// The fill of a cell of that level; level 0 is the colour of empty cells.
 [[nodiscard]] CellColour levelColour(int level, HeatmapFilter filter, model::ColourScheme scheme);
 

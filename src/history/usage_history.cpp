@@ -3,11 +3,19 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonObject>
 
+#include <algorithm>
 #include <limits>
 
 namespace tallyvane::history {
 
 using model::JsonReader;
+
+UsageHistory withProviders(UsageHistory history, const std::vector<model::AIProvider>& providers) {
+    std::erase_if(history.points, [&](const UsageHistoryPoint& point) {
+        return std::ranges::find(providers, point.provider) == providers.end();
+    });
+    return history;
+}
 
 std::expected<QByteArray, model::FileError> encodeHistory(const UsageHistory& history) {
     QJsonArray points;

@@ -30,6 +30,10 @@ struct UsageHistory {
     bool operator==(const UsageHistory&) const = default;
 };
 
+/// The points of `providers` alone.
+[[nodiscard]] UsageHistory withProviders(UsageHistory history,
+                                         const std::vector<model::AIProvider>& providers);
+
 /// The JSON form: keys are the field names. Decoding requires each and ignores others.
 [[nodiscard]] std::expected<QByteArray, model::FileError>
 encodeHistory(const UsageHistory& history);

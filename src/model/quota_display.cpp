@@ -93,10 +93,9 @@ QString labelText(const QuotaSnapshot& snapshot) {
 
 QStringList summaryLines(const QuotaSnapshot& snapshot) {
     QStringList lines;
-    for (const AIProvider provider : allCases<AIProvider>) {
+    for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
         //: %1 is "Codex" or "Claude", %2 its figures
-        lines.append(Quota::tr("%1: %2").arg(displayName(provider),
-                                             summaryText(entryFor(snapshot, provider))));
+        lines.append(Quota::tr("%1: %2").arg(displayName(entry.provider), summaryText(entry)));
     }
     return lines;
 }

@@ -44,7 +44,7 @@ inline constexpr double lowPercent = 25;
 /// lowestRemainingPercent() as text, such as "37%"; empty when there is none.
 [[nodiscard]] QString labelText(const QuotaSnapshot& snapshot);
 
-/// One line per provider, "Codex: 5H 19%  ·  WK 63%"; plain text.
+/// One line per entry, "Codex: 5H 19%  ·  WK 63%"; plain text.
 [[nodiscard]] QStringList summaryLines(const QuotaSnapshot& snapshot);
 
 /// When a window resets: "in 1h 30m", or the weekday and time if that is a day or more away, or why

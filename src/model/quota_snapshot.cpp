@@ -91,6 +91,15 @@ ProviderQuotaSnapshot entryFor(const QuotaSnapshot& snapshot, AIProvider provide
     return *found;
 }
 
+QuotaSnapshot withProviders(const QuotaSnapshot& snapshot,
+                            const std::vector<AIProvider>& providers) {
+    QuotaSnapshot chosen{.schemaVersion = snapshot.schemaVersion, .updatedAt = snapshot.updatedAt};
+    for (const AIProvider provider : providers) {
+        chosen.providers.push_back(entryFor(snapshot, provider));
+    }
+    return chosen;
+}
+
 QuotaSnapshot placeholderSnapshot(Timestamp now) {
     QuotaSnapshot snapshot{.updatedAt = now};
     for (const AIProvider provider : allCases<AIProvider>) {

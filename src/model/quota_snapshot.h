@@ -75,6 +75,10 @@ struct QuotaSnapshot {
 /// The provider's entry in the snapshot, or a placeholder without figures.
 [[nodiscard]] ProviderQuotaSnapshot entryFor(const QuotaSnapshot& snapshot, AIProvider provider);
 
+/// The snapshot with one entry for each of `providers`, in their order: its own, or a placeholder.
+[[nodiscard]] QuotaSnapshot withProviders(const QuotaSnapshot& snapshot,
+                                          const std::vector<AIProvider>& providers);
+
 /// A snapshot of placeholders for all providers.
 [[nodiscard]] QuotaSnapshot placeholderSnapshot(Timestamp now);
 

@@ -59,6 +59,7 @@ private Q_SLOTS:
             {"tallyvane config get n", "notification-windows notifications"},
             {"tallyvane config list a", ""},
             {"tallyvane config set appearance ", "dark light system"},
+            {"tallyvane config set providers b", "both"},
             {"tallyvane config set notifications o", "off on"},
             {"tallyvane config set codex-path cod", "codex"}};
         for (const auto& [line, expected] : rows) {

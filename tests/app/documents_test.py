@@ -109,7 +109,7 @@ class Documents(unittest.TestCase):
 
     def test_settings(self):
         self.install_codex('bin')
-        for key, value in (('appearance', 'dark'), ('notifications', 'on'),
+        for key, value in (('appearance', 'dark'), ('notifications', 'on'), ('providers', 'codex'),
                            ('codex-path', str(self.home / 'bin/codex'))):
             self.run_program('config', 'set', key, value)
         self.run_program('refresh')

@@ -156,6 +156,7 @@ private Q_SLOTS:
         installCodex("");
         const std::pair<const char*, const char*> rows[] = {
             {"appearance", "dark"},           {"launch-at-login", "on"},
+            {"providers", "codex"},           {"providers", "claude"},
             {"notifications", "on"},          {"notification-windows", "22:00-06:30, off all-day"},
             {"notification-windows", "none"}, {"codex-path", "$HOME/.local/bin/codex"}};
         for (const auto& [key, value] : rows) {
@@ -169,14 +170,15 @@ private Q_SLOTS:
         }
         QCOMPARE(
             run("config list").output,
-            u"appearance = dark\nlaunch-at-login = on\nnotifications = on\n"
+            u"appearance = dark\nproviders = claude\nlaunch-at-login = on\nnotifications = on\n"
             "notification-windows = none\ncodex-path = %1\n"_s.arg(inHome(".local/bin/codex")));
         for (const auto& [key, value] : rows) {
             QCOMPARE(runShell(u"\"$0\" config unset "_s + QLatin1StringView(key)).exitCode, 0);
         }
-        QCOMPARE(run("config").output, u"appearance = system\nlaunch-at-login = off\n"
-                                       "notifications = off\nnotification-windows = 09:00-18:00\n"
-                                       "codex-path = \n"_s);
+        QCOMPARE(run("config").output,
+                 u"appearance = system\nproviders = both\nlaunch-at-login = off\n"
+                 "notifications = off\nnotification-windows = 09:00-18:00\n"
+                 "codex-path = \n"_s);
 
         const Run odd = runShell(u"cd; cp .local/bin/codex \"`printf 'a\\033[2mb'`\"; "
                                  "\"$0\" config set codex-path \"$HOME/a\"*b; export P=\"$0\"; "
@@ -186,6 +188,7 @@ private Q_SLOTS:
 
         const std::pair<const char*, int> mistakes[] = {{"set appearance Dark", 2},
                                                         {"set notifications yes", 2},
+                                                        {"set providers none", 2},
                                                         {"set notification-windows 9", 2},
                                                         {"set notification-windows 24:00-25:00", 2},
                                                         {"set colour red", 2},
@@ -200,6 +203,31 @@ private Q_SLOTS:
             QVERIFY2(refused.exitCode == exitCode && refused.error.count(u'\n') == 1, words);
         }
         QCOMPARE(run("config get codex-path").output, u"\n"_s);
+    }
+
+    void hidesAProvider() {
+        installCodex("echo >\"$HOME/started\"");
+        QCOMPARE(run("config set providers claude").exitCode, 0);
+        QVERIFY(!run("refresh").error.contains(u"Codex"));
+        const std::tuple<const char*, const char*, const char*> rows[] = {
+            {"status", "Claude", "Codex"},
+            {"history", "Claude", "Codex"},
+            {"status --waybar", "Claude", "Codex"},
+            {"status --format {codex.state}-{claude.state}", "--unavailable", "--un-"},
+            {"status --provider codex", "Codex", "Claude"},
+            {"status --json", "codex", "hidden"},
+            {"history --json", "codex", "hidden"},
+            {"refresh --json", "\"codex\",\"syncState\":\"unav", "\"codex\":"},
+            {"doctor", "Hidden, and not asked", "In use"}};
+        for (const auto& [command, present, absent] : rows) {
+            const QString shown = run(command).output;
+            QVERIFY2(shown.contains(QLatin1StringView(present)) &&
+                         !shown.contains(QLatin1StringView(absent)),
+                     qPrintable(QLatin1StringView(command) + u": "_s + shown));
+        }
+        QVERIFY(!QFile::exists(inHome("started")) && QFile::remove(inHome(".local/bin/codex")));
+        QCOMPARE(run("config set providers codex").exitCode, 0);
+        QVERIFY(run("doctor --online").output.contains(u"Claude\n  – Hidden"));
     }
 
     void prefersVariablesInLowerCase() {

@@ -217,6 +217,51 @@ private Q_SLOTS:
         QCOMPARE(writer.notificationCentre.posts[0].identifier, u"reset-codex-1772323200.0");
     }
 
+    void hidesAProvider() {
+        World world;
+        auto& [codex, claude] = world.assistants;
+        codex.used = claude.used = 42;
+        codex.failure = {.text = model::Message("Codex failed.")};
+        Writer writer(world);
+        core::AppModel& model = writer.model;
+        model.setNotificationSettings({.enabled = true, .windows = {{.allDay = true}}});
+        QCOMPARE(writer.refresh(), Outcome::published);
+        codex.isFailing = true;
+        QCOMPARE(writer.refresh(), Outcome::published);
+        QCOMPARE(model.lastError(), codex.failure.text);
+
+        // Even in the course of a refresh, whose answer is then stored but not shown.
+        codex.isFailing = false;
+        codex.used = 3;
+        world.isHoldingAnswers = true;
+        const auto held = model.refresh(AskedBy::user);
+        model.setOnlyProvider(model::AIProvider::claude);
+        world.letAnswer();
+        const auto isClaudeAlone = [&] {
+            const auto shown = model.snapshot().providers;
+            const auto points = model.history().points;
+            return shown.size() == 1 && shown[0].provider == model::AIProvider::claude &&
+                   points.size() == 1 && points[0].provider == model::AIProvider::claude &&
+                   model.failures().empty() && !model.lastError();
+        };
+        QVERIFY(isClaudeAlone());
+        QCOMPARE(QCoro::waitFor(held).outcome, Outcome::published);
+        QVERIFY(isClaudeAlone() && writer.notificationCentre.posts.isEmpty());
+        const auto stored = model.wholeSnapshot().providers.at(0);
+        QCOMPARE(stored.week->usedPercent, 3);
+        codex.used = 50;
+        QCOMPARE(writer.refresh(), Outcome::published);
+        QCOMPARE(codex.requests.size(), 3);
+        QVERIFY(isClaudeAlone() && Writer(world).model.snapshot() == model.snapshot());
+        QVERIFY(writer.store.loadSnapshot()->providers.at(0) == stored);
+        QCOMPARE(history::loadHistory(writer.store)->points.size(), 2U);
+
+        Writer(world).model.setOnlyProvider(std::nullopt);
+        model.reloadPreferences();
+        QVERIFY(model.snapshot() == writer.store.loadSnapshot());
+        QCOMPARE(model.history().points.size(), 2U);
+    }
+
     void refreshesEveryFiveMinutes() {
         World world;
         Writer writer(world);

@@ -93,6 +93,12 @@ Color scheme
 System (on)
 Light
 Dark
+Assistants shown
+Assistants shown
+Both (on)
+Codex
+Claude
+A hidden assistant is not asked for figures, and its history is kept. One is always shown.
 Background refresh
 The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.
 Codex program

@@ -180,10 +180,22 @@ private Q_SLOTS:
         TALLYVANE_TRY_COMPARE(shownTexts(), 1);
         QVERIFY(hasClosed("ctrl+w"));
 
+        // A preference that another program stores.
+        const auto show = [](const char* providers) {
+            return Tallyvane(QByteArray("config set providers ") + providers).hasEnded();
+        };
+        QVERIFY(show("claude"));
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<''>,)");
+        QVERIFY(!menu("GetProperty", "1 label").contains("Codex"));
+        QVERIFY(menu("GetProperty", "2 label").contains("Claude"));
+        installCodex(1);
+        QVERIFY(show("both"));
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'99%'>,)");
+
         m_desktop->endPanel();
         TALLYVANE_TRY_COMPARE(shownItems(), 0);
         m_desktop->startPanel();
-        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'98%'>,)");
+        TALLYVANE_TRY_COMPARE(item("XAyatanaLabel"), "(<'99%'>,)");
 
         QVERIFY(hasOpenedPanel());
         output("xdotool key Tab Tab Tab Tab Tab Return");

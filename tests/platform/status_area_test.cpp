@@ -92,6 +92,19 @@ private Q_SLOTS:
         desktop.change(u"org.kde.kdeglobals.KDE"_s, u"AnimationDurationFactor"_s, u"0"_s);
         QTRY_VERIFY(appearance.isMotionReduced());
         QCOMPARE(changed.count(), 6);
+        const QString gnomeAccessGroup = u"org.gnome.desktop.a11y.interface"_s;
+        const std::tuple<QString, QString, QVariant, QVariant> askingForContrast[] = {
+            {appearanceGroup, u"contrast"_s, 1U, 0U},
+            {gnomeAccessGroup, u"high-contrast"_s, true, false},
+            {gnomeGroup, u"gtk-theme"_s, u"HighContrastInverse"_s, u"Adwaita"_s}};
+        for (const auto& [group, key, high, normal] : askingForContrast) {
+            QVERIFY(!appearance.isHighContrast());
+            desktop.change(group, key, high);
+            QTRY_VERIFY(appearance.isHighContrast());
+            desktop.change(group, key, normal);
+            QTRY_VERIFY(!appearance.isHighContrast());
+        }
+        QCOMPARE(changed.count(), 12);
     }
 
     /// The panel's own setting counts for the item's ink, and without one the desktop's preference.
@@ -118,6 +131,9 @@ private Q_SLOTS:
         desktop.xfconf = {{u"/panels/dark-mode"_s, false}, {u"/Net/ThemeName"_s, u"Adwaita"_s}};
         const platform::PanelColourPreference later;
         QTRY_COMPARE(later.value(), ColourPreference::light);
+        QVERIFY(!later.isHighContrast());
+        desktop.changeXfce(u"xsettings"_s, u"/Net/ThemeName"_s, u"HighContrast"_s);
+        QTRY_VERIFY(later.isHighContrast());
     }
 
     /// Waybar is dark where the desktop has no preference, which is the default.

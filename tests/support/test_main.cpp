@@ -28,7 +28,8 @@ bool HermeticTest::maySkip() {
 }
 
 void HermeticTest::init() {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    // Windows in memory have no manager that could heed their limits.
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!.* propagateSizeHints\\(\\)$)")));
     // A failure in a class's own cleanup() keeps ours from being reached.
     m_hasFailed = m_hasFailed || m_isUnderWay;
     m_isUnderWay = true;
@@ -55,10 +56,11 @@ void isolate(const QTemporaryDir& directory) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + home + "/no-bus");
     qputenv("TZ", "UTC");
     qputenv("LANG", "C.UTF-8");
-    for (const char* name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY", "http_proxy",
-                             "HTTP_PROXY", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY",
-                             "no_proxy", "NO_PROXY", "CODEX_HOME", "CLAUDE_CONFIG_DIR",
-                             "SSL_CERT_FILE", "SSL_CERT_DIR", "GAUGEWELL_USE_FIXTURES"}) {
+    for (const char* name :
+         {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LC_TIME", "DISPLAY", "WAYLAND_DISPLAY",
+          "http_proxy", "HTTP_PROXY", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY",
+          "no_proxy", "NO_PROXY", "CODEX_HOME", "CLAUDE_CONFIG_DIR", "SSL_CERT_FILE",
+          "SSL_CERT_DIR", "GAUGEWELL_USE_FIXTURES"}) {
         qunsetenv(name);
     }
 }

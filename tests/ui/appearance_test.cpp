@@ -1,3 +1,4 @@
+#include "history/heatmap.h"
 #include "support/gui_test_main.h"
 #include "support/idle_model.h"
 #include "ui/style/appearance.h"
@@ -36,6 +37,21 @@ private Q_SLOTS:
         QVERIFY(!isDark(AppAppearance::system, ColourPreference::none, Qt::white));
     }
 
+    void recognisesABlackAndWhitePalette() {
+        const std::tuple<QColor, QColor, bool> rows[] = {{Qt::white, Qt::black, true},
+                                                         {Qt::black, Qt::white, true},
+                                                         {Qt::white, 0x202020, false},
+                                                         {0xf6f5f4, Qt::black, false},
+                                                         {Qt::black, Qt::black, false}};
+        for (const auto& [window, text, isHigh] : rows) {
+            QPalette palette;
+            palette.setColor(QPalette::Window, window);
+            palette.setColor(QPalette::WindowText, text);
+            QGuiApplication::setPalette(palette);
+            QCOMPARE(m_appearance.isHighContrast(), isHigh);
+        }
+    }
+
     void canBeRead() {
         const auto engine = ui::makeEngine(m_appearance);
         QQmlComponent component(engine.get());
@@ -44,7 +60,7 @@ private Q_SLOTS:
                           {});
         const std::unique_ptr<QObject> holder(component.create());
         QVERIFY2(holder, qPrintable(component.errorString()));
-        const auto* theme = holder->property("theme").value<QObject*>();
+        auto* const theme = holder->property("theme").value<QObject*>();
         const auto colour = [=](const QByteArray& name) {
             return theme->property(name).value<QColor>();
         };
@@ -59,8 +75,45 @@ private Q_SLOTS:
                          ink + " on " + layers);
             }
         };
+        const auto derived = [=](const char* function, const QColor& from) {
+            QColor colour;
+            QMetaObject::invokeMethod(theme, function, Q_RETURN_ARG(QColor, colour),
+                                      Q_ARG(QColor, from));
+            return colour;
+        };
         for (const auto choice : {AppAppearance::light, AppAppearance::dark}) {
             m_idle.model.setAppearance(choice);
+            m_appearance.setHighContrast(true);
+            for (const char* ink : {"text", "secondaryText", "destructive"}) {
+                check(ink, 7, "window,panel,card,segment,window notice,panel rowHovered");
+                check(ink, 7, "window controlHovered,card control");
+            }
+            check("accent", 7, "window,panel,card,segment,panel rowHovered");
+            check("whiteText", 7, "accentFill");
+            for (const char* edge : {"outline", "divider", "tertiaryText", "controlOutline"}) {
+                check(edge, 7, "window,panel,card,segment");
+            }
+            check("warning", 7, "window notice,card");
+            check("success", 7, "segment");
+            for (const bool isHigh : {true, false}) {
+                m_appearance.setHighContrast(isHigh);
+                const double least = isHigh ? 7 : 3;
+                const QColor card = colour("card");
+                for (const auto provider : model::allCases<model::AIProvider>) {
+                    const QColor accent = ui::toColour(model::accentColour(provider));
+                    QVERIFY(ui::contrast(derived("badgeInk", accent),
+                                         derived("badgeGround", accent)) >= least);
+                }
+                using enum history::HeatmapFilter;
+                for (const auto filter : {total, codex, claude}) {
+                    for (int level = 1; level <= history::highestLevel; ++level) {
+                        const auto fill =
+                            history::levelColour(level, filter, model::ColourScheme::dark);
+                        const QColor cell = ui::toColour(fill.colour, fill.opacity);
+                        QVERIFY(ui::contrast(derived("cellEdge", cell), card) >= least);
+                    }
+                }
+            }
             check("text", 4.5, "window,panel,card,segment,window notice,panel rowHovered");
             check("text", 4.5, "window controlPressed,card controlPressed");
             check("secondaryText", 4.5, "window,panel,card,panel rowHovered");
@@ -84,10 +137,11 @@ private Q_SLOTS:
         m_idle.model.setAppearance(AppAppearance::light);
         m_appearance.setSystemColourScheme(ColourPreference::dark);
         m_appearance.setMotionReduced(true);
-        QCOMPARE(changed.count(), 3);
+        m_appearance.setHighContrast(true);
+        QCOMPARE(changed.count(), 4);
         QGuiApplication::setFont(QFont(QGuiApplication::font().family(), 20));
         QCOMPARE(qRound(m_appearance.textScale() * 10), 20);
-        QTRY_COMPARE(changed.count(), 4);
+        QTRY_COMPARE(changed.count(), 5);
     }
 };
 

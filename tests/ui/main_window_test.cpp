@@ -1,4 +1,5 @@
 #include "core/fixtures.h"
+#include "core/preferences.h"
 #include "platform/linux/autostart_entry.h"
 #include "support/home_files.h"
 #include "support/shown_window.h"
@@ -52,6 +53,9 @@ struct OpenWindow final : tests::ShownWindow {
     [[nodiscard]] ui::MainWindowModel* viewModel() const {
         return root()->property("viewModel").value<ui::MainWindowModel*>();
     }
+    [[nodiscard]] ui::ProviderCard card(const char* name) const {
+        return item(name)->property("card").value<ui::ProviderCard>();
+    }
     [[nodiscard]] notify::NotificationWindow timeWindow() const {
         return idle.model.notificationSettings().windows.at(0);
     }
@@ -94,7 +98,7 @@ private Q_SLOTS:
     void dashboard() {
         OpenWindow open;
         QVERIFY(!open.item("lastError"));
-        QCOMPARE(open.viewModel()->dashboard()->codex().week.resetText, u"Mo., 04:00"_s);
+        QCOMPARE(open.card("Codex").week.resetText, u"Mo., 04:00"_s);
         for (const QuotaBarLook& look : {QuotaBarLook{0, 0.58, false}, {2, 0.19, true}}) {
             const QQuickItem* fill = open.items("fill").at(look.index);
             QTRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
@@ -135,12 +139,12 @@ private Q_SLOTS:
         OpenWindow open(snapshot);
         const QQuickItem* sliver = open.items("fill").at(3);
         QTRY_COMPARE(sliver->width(), sliver->parentItem()->width() * (100 - 99.6) / 100);
-        QCOMPARE(open.viewModel()->dashboard()->codex().age, QString());
+        QCOMPARE(open.card("Codex").age, QString());
         QVERIFY(open.text("trouble").startsWith(u"Network error. Check "));
         open.idle.clock.advance(29s);
-        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 2 min ago"_s);
+        QCOMPARE(open.card("Claude").age, u"From 2 min ago"_s);
         open.idle.clock.advance(1s);
-        QCOMPARE(open.viewModel()->dashboard()->claude().age, u"From 3 min ago"_s);
+        QCOMPARE(open.card("Claude").age, u"From 3 min ago"_s);
     }
 
     void history() {
@@ -266,6 +270,22 @@ private Q_SLOTS:
         open.press("remove", Qt::Key_Space);
         QTRY_VERIFY(open.text("windowsNote").endsWith(u"there is no time window."));
 
+        open.press("providers", Qt::Key_Right);
+        QCOMPARE(core::loadOnlyProvider(open.idle.defaults), model::AIProvider::codex);
+        QVERIFY(open.item("codexState"));
+        open.press(Qt::Key_Right);
+        QVERIFY(!open.item("codexState") && !open.item("codexPath"));
+        open.open(1);
+        QTRY_VERIFY(open.item("Claude") && !open.item("Codex"));
+        open.open(2);
+        QVERIFY(!open.item("filter"));
+        QCOMPARE(open.viewModel()->history()->key()->rowCount(), 1);
+        open.idle.model.setOnlyProvider({});
+        QVERIFY(open.item("filter"));
+        open.open(1);
+        QTRY_VERIFY(open.item("Codex")->y() < open.item("Claude")->y());
+        open.open(3);
+
         tests::writeFile(open.idle.home().filePath(u"mine/codex"_s), "#!/bin/sh\n");
         const std::pair<const char*, const char*> rows[] = {
             {"~/mine/codex", "In use: ~/mine/codex, chosen by you."},
@@ -326,6 +346,7 @@ private Q_SLOTS:
 
     void followsShortcuts() {
         const OpenWindow open;
+        const QSignalSpy quit(&open.window, &ui::MainWindow::quitRequested);
         const auto goes = [&](Qt::Key key, Qt::KeyboardModifiers with, int page) {
             open.press(key, with);
             QCOMPARE(open.root()->property("page").toInt(), page);
@@ -340,9 +361,14 @@ private Q_SLOTS:
             QCOMPARE(open.text("version"), u"Tallyvane 1.2"_s);
             QVERIFY(open.text("settingsFile").contains(u"~/"));
             goes(Qt::Key_Tab, Qt::ControlModifier, 2);
+            open.press(Qt::Key_Q, Qt::ControlModifier);
             open.press(close);
             QTRY_VERIFY(!open.item("version"));
         }
+        open.press(Qt::Key_Escape);
+        QVERIFY(open.view()->isVisible());
+        open.press(Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quit.count(), 4);
     }
 
     void asksOnce() {
@@ -352,9 +378,11 @@ private Q_SLOTS:
             open.questions = 1;
             open.show();
         };
-        ask();
-        open.press("notNow", Qt::Key_Space);
-        QTRY_VERIFY(!open.item("notNow"));
+        for (const auto decline : {Qt::Key_Space, Qt::Key_Escape}) {
+            ask();
+            open.press("notNow", decline);
+            QTRY_VERIFY(!open.item("notNow") && open.view()->isVisible());
+        }
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::notRegistered);
         open.setLoginItemBroken(true);
         ask();

@@ -42,12 +42,20 @@ private Q_SLOTS:
         open.idle.clock.advance(20min);
         QCOMPARE(open.text("details").simplified(),
                  u"5H resets in 1h 54m · WK in 1d 23h · Last updated 22 min ago"_s);
+        QTRY_VERIFY(open.view()->isActive());
+        open.item("refresh")->forceActiveFocus(Qt::TabFocusReason);
         QList<bool> states; // Without an assistant a refresh may end before it is awaited.
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.view(), [&] {
-            states << open.item("refresh")->isEnabled() << (open.item("spinner") == nullptr);
+            states << open.item("refresh")->isEnabled() << (open.item("spinner") == nullptr)
+                   << open.item("refresh")->property("showsFocus").toBool();
         });
         QCoro::waitFor(open.idle.model.refresh(providers::AskedBy::user));
-        QCOMPARE(states, QList({false, false, true, true}));
+        QCOMPARE(states, QList({false, false, true, true, true, true}));
+        QVERIFY(open.item("refresh")->property("visualFocus").toBool());
+        open.item("refresh")->setEnabled(false);
+        open.press(Qt::Key_Tab);
+        open.item("refresh")->setEnabled(true);
+        QVERIFY(open.item("quit")->property("visualFocus").toBool());
         QCOMPARE(open.text("summary"), u"5H 0%  ·  WK 0%"_s);
         const auto* refresh = QAccessible::queryAccessibleInterface(open.item("refresh"));
         QCOMPARE(refresh->text(QAccessible::Name), u"Refresh"_s);

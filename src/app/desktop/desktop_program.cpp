@@ -10,6 +10,8 @@
 #include <QtCore/QProcess>
 #include <QtGui/QDesktopServices>
 
+#include <algorithm>
+
 namespace tallyvane::app {
 
 namespace {
@@ -64,6 +66,8 @@ DesktopProgram::DesktopProgram(const Environment& environment)
     // Queued, so that the caller gets its reply first.
     connect(&m_application, &platform::DBusApplication::quitRequested, qApp,
             &QCoreApplication::quit, Qt::QueuedConnection);
+    connect(&m_composition.model, &core::AppModel::onlyProviderChanged, this,
+            &DesktopProgram::refreshNewlyShown);
     connect(&m_composition.notificationCentre, &platform::DBusNotificationCentre::activated, this,
             &DesktopProgram::openMainWindow);
 }
@@ -89,7 +93,7 @@ QCoro::Task<platform::DBusApplication::RefreshAnswer> DesktopProgram::refreshAnd
     platform::DBusApplication::RefreshAnswer answer;
     answer.isStored = report.outcome == core::RefreshReport::Outcome::published;
     answer.report = QString::fromUtf8(
-        encodeRefreshResult({.report = report, .snapshot = m_composition.model.snapshot()}));
+        encodeRefreshResult({.report = report, .snapshot = m_composition.model.wholeSnapshot()}));
     co_return answer;
 }
 
@@ -99,12 +103,23 @@ void DesktopProgram::reloadSettings() {
 }
 
 void DesktopProgram::refreshWithChosenCodex() {
-    core::AppModel& model = m_composition.model;
     const QString chosen = m_composition.codexProgram.chosen();
-    if (std::exchange(m_chosenCodex, chosen) == chosen) {
-        return;
+    if (std::exchange(m_chosenCodex, chosen) != chosen) {
+        refreshAnew();
     }
-    if (model.isRefreshing()) { // perhaps with the program of before
+}
+
+void DesktopProgram::refreshNewlyShown() {
+    const std::vector<model::AIProvider> shown = m_composition.model.shownProviders();
+    const std::vector<model::AIProvider> before = std::exchange(m_shown, shown);
+    if (!std::ranges::includes(before, shown) && !m_environment.launchContext.isFixtureMode) {
+        refreshAnew();
+    }
+}
+
+void DesktopProgram::refreshAnew() {
+    core::AppModel& model = m_composition.model;
+    if (model.isRefreshing()) { // with the settings of before
         connect(&model, &core::AppModel::isRefreshingChanged, &model, &core::AppModel::startRefresh,
                 static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
     } else {
@@ -167,11 +182,16 @@ Windows* DesktopProgram::windows() {
         }
         m_windows = std::move(*loaded);
         const auto follow = [this] {
-            m_windows->setSystemLook(m_appearance.colourPreference(),
-                                     m_appearance.isMotionReduced());
+            m_windows->setSystemLook(
+                {.scheme = m_appearance.colourPreference(),
+                 .isMotionReduced = m_appearance.isMotionReduced(),
+                 .isHighContrast = m_appearance.isHighContrast() ||
+                                   m_statusArea.panelColours().isHighContrast()});
             m_windows->setStatusItemShown(m_statusArea.isShown());
         };
         connect(&m_appearance, &platform::SystemAppearance::changed, this, follow);
+        connect(&m_statusArea.panelColours(), &platform::PanelColourPreference::changed, this,
+                follow);
         connect(&m_statusArea, &StatusArea::isShownChanged, this, follow);
         follow();
     }

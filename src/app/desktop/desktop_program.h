@@ -24,6 +24,10 @@ private:
     void reloadSettings();
     /// Does nothing unless the choice has changed since the last call.
     void refreshWithChosenCodex();
+    /// Does nothing unless a provider was hidden at the last call and is shown now.
+    void refreshNewlyShown();
+    /// Refreshes now, or again when the refresh in progress has ended.
+    void refreshAnew();
     [[nodiscard]] core::ProgramSetting codexSetting();
     QCoro::Task<platform::DBusApplication::RefreshAnswer> refreshAndReport();
     void openMainWindow(const QString& activationToken);
@@ -33,6 +37,7 @@ private:
     Environment m_environment;
     Composition m_composition;
     QString m_chosenCodex = m_composition.codexProgram.chosen(); ///< at the last look
+    std::vector<model::AIProvider> m_shown = m_composition.model.shownProviders(); ///< likewise
     platform::AutostartEntry m_loginItem;
     platform::SystemAppearance m_appearance;
     StatusArea m_statusArea;

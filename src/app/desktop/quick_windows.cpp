@@ -57,9 +57,10 @@ public:
 
     void togglePanel(std::optional<QPoint> itemPosition) override { m_panel.toggle(itemPosition); }
     void openMainWindow() override { m_mainWindow.open(); }
-    void setSystemLook(platform::ColourPreference scheme, bool isMotionReduced) override {
-        m_appearance.setSystemColourScheme(scheme);
-        m_appearance.setMotionReduced(isMotionReduced);
+    void setSystemLook(const SystemLook& look) override {
+        m_appearance.setSystemColourScheme(look.scheme);
+        m_appearance.setMotionReduced(look.isMotionReduced);
+        m_appearance.setHighContrast(look.isHighContrast);
     }
     void setStatusItemShown(bool isShown) override { m_mainWindow.setHasStatusHost(isShown); }
 

@@ -14,7 +14,15 @@ using platform::HostProfile;
 
 namespace {
 
-enum MenuEntry { codexEntry = 1, claudeEntry, firstSeparator, open, refresh, lastSeparator, quit };
+constexpr int firstProvider = 1;
+/// After the providers.
+enum MenuEntry {
+    firstSeparator = firstProvider + static_cast<int>(model::allCases<model::AIProvider>.size()),
+    open,
+    refresh,
+    lastSeparator,
+    quit
+};
 
 /// The sizes that common panels use. xfce4-panel scales the largest down to 22 pixels, which is
 /// sharp from twice that size only.
@@ -38,6 +46,8 @@ StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppear
     // each minute would wake the program and the panel for a text that is rarely read.
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showToolTip);
     connect(&model, &core::AppModel::isRefreshingChanged, this, &StatusArea::showMenu);
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &StatusArea::showToolTip);
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &StatusArea::showMenu);
     connect(&appearance, &platform::SystemAppearance::changed, this, &StatusArea::showSnapshot);
     connect(&m_panelColours, &platform::PanelColourPreference::changed, this,
             &StatusArea::showSnapshot);
@@ -77,24 +87,27 @@ void StatusArea::showToolTip() {
 }
 
 void StatusArea::showMenu() {
+    const std::vector<model::AIProvider> providers = m_model.shownProviders();
     const QStringList lines = ui::menuLines(m_model.snapshot(), m_clock.now());
-    m_item.setMenu({{.id = codexEntry, .text = lines.at(0)},
-                    {.id = claudeEntry, .text = lines.at(1)},
-                    {.id = firstSeparator, .isSeparator = true},
-                    {.id = open, .text = tr("Open Tallyvane")},
-                    {.id = refresh, .text = tr("Refresh"), .isEnabled = !m_model.isRefreshing()},
-                    {.id = lastSeparator, .isSeparator = true},
-                    {.id = quit, .text = tr("Quit")}});
+    QList<platform::ItemMenuEntry> menu;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const model::AIProvider provider = providers[static_cast<std::size_t>(i)];
+        menu.append({.id = firstProvider + std::to_underlying(provider), .text = lines[i]});
+    }
+    menu += {{.id = firstSeparator, .isSeparator = true},
+             {.id = open, .text = tr("Open Tallyvane")},
+             {.id = refresh, .text = tr("Refresh"), .isEnabled = !m_model.isRefreshing()},
+             {.id = lastSeparator, .isSeparator = true},
+             {.id = quit, .text = tr("Quit")}};
+    m_item.setMenu(menu);
 }
 
 void StatusArea::choose(int entry) {
+    if (entry < firstSeparator) {
+        Q_EMIT usagePageRequested(static_cast<model::AIProvider>(entry - firstProvider));
+        return;
+    }
     switch (entry) {
-    case codexEntry:
-        Q_EMIT usagePageRequested(model::AIProvider::codex);
-        break;
-    case claudeEntry:
-        Q_EMIT usagePageRequested(model::AIProvider::claude);
-        break;
     case open:
         Q_EMIT openRequested();
         break;

@@ -21,6 +21,10 @@ public:
     StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
                const platform::Clock& clock, const std::filesystem::path& iconFolder);
 
+    /// The colours of the panel it is in.
+    [[nodiscard]] const platform::PanelColourPreference& panelColours() const {
+        return m_panelColours;
+    }
     [[nodiscard]] bool isShown() const { return m_item.isHostAvailable(); }
 
 Q_SIGNALS:

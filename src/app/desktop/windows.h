@@ -31,6 +31,13 @@ struct WindowsContext {
     std::function<void()> openNotificationSettings; ///< empty when the desktop has none to open
 };
 
+/// The desktop-wide appearance settings.
+struct SystemLook {
+    platform::ColourPreference scheme = platform::ColourPreference::none;
+    bool isMotionReduced = false;
+    bool isHighContrast = false;
+};
+
 /// The panel and the main window. Main thread.
 class Windows {
 public:
@@ -45,7 +52,7 @@ public:
     /// Opens the main window, or brings the open one to the front.
     virtual void openMainWindow() = 0;
     /// Applies the desktop-wide appearance settings.
-    virtual void setSystemLook(platform::ColourPreference scheme, bool isMotionReduced) = 0;
+    virtual void setSystemLook(const SystemLook& look) = 0;
     /// Without a status item the main window shows a notice.
     virtual void setStatusItemShown(bool isShown) = 0;
 };

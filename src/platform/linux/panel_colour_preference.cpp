@@ -60,6 +60,7 @@ void PanelColourPreference::onPropertyChanged(const QDBusMessage& signal) {
 
 void PanelColourPreference::take(const QString& channel, const QString& property,
                                  const QVariant& value) {
+    const bool wasHighContrast = isHighContrast();
     if (channel == panelChannel && property == darkMode) {
         m_isInDarkMode = value.toBool();
     } else if (channel == themeChannel && property == themeName) {
@@ -69,7 +70,8 @@ void PanelColourPreference::take(const QString& channel, const QString& property
     const auto preference = isDark              ? ColourPreference::dark
                             : m_theme.isEmpty() ? ColourPreference::none
                                                 : ColourPreference::light;
-    if (std::exchange(m_value, preference) != preference) {
+    const bool isSame = std::exchange(m_value, preference) == preference;
+    if (!isSame || isHighContrast() != wasHighContrast) {
         Q_EMIT changed();
     }
 }

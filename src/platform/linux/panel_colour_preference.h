@@ -7,6 +7,11 @@
 
 namespace tallyvane::platform {
 
+/// Whether a GTK theme is one of those made for high contrast, by its name.
+[[nodiscard]] inline bool isHighContrastTheme(const QString& name) {
+    return name.startsWith(QStringLiteral("HighContrast"));
+}
+
 /// Whether Xfce's panel is dark, which is independent of the desktop's preference: the property
 /// "/panels/dark-mode" of the Xfconf channel "xfce4-panel" makes it dark; otherwise it looks as the
 /// GTK theme does, "/Net/ThemeName" of the channel "xsettings" (seen in 4.18). Reads both once,
@@ -19,6 +24,8 @@ public:
 
     /// None while nothing is known.
     [[nodiscard]] ColourPreference value() const { return m_value; }
+    /// Whether that GTK theme, which is all of Xfce's, is made for high contrast.
+    [[nodiscard]] bool isHighContrast() const { return isHighContrastTheme(m_theme); }
 
 Q_SIGNALS:
     void changed();

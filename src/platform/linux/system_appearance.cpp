@@ -1,6 +1,7 @@
 #include "platform/linux/system_appearance.h"
 
 #include "platform/linux/bus_call.h"
+#include "platform/linux/panel_colour_preference.h"
 
 #include <QtDBus/QDBusArgument>
 #include <QtDBus/QDBusVariant>
@@ -14,6 +15,7 @@ const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto settings = QStringLiteral("org.freedesktop.portal.Settings");
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const auto gnomeGroup = QStringLiteral("org.gnome.desktop.interface");
+const auto gnomeAccessGroup = QStringLiteral("org.gnome.desktop.a11y.interface");
 const auto plasmaGroup = QStringLiteral("org.kde.kdeglobals.KDE");
 
 } // namespace
@@ -24,7 +26,7 @@ SystemAppearance::SystemAppearance(QObject* parent) : QObject(parent) {
                 SLOT(onSettingChanged(QDBusMessage)));
     const auto call =
         QDBusMessage::createMethodCall(portal, portalPath, settings, QStringLiteral("ReadAll"))
-        << QStringList{appearanceGroup, gnomeGroup, plasmaGroup};
+        << QStringList{appearanceGroup, gnomeGroup, gnomeAccessGroup, plasmaGroup};
     QCoro::connect(callBus(bus, call), this, [this](const BusReply& reply) {
         if (!reply || reply->signature() != u"a{sa{sv}}") {
             return;
@@ -49,11 +51,12 @@ void SystemAppearance::onSettingChanged(const QDBusMessage& signal) {
 void SystemAppearance::take(const QString& group, const QString& key, const QVariant& value) {
     const ColourPreference coloursBefore = m_colours;
     const bool wasMotionReduced = isMotionReduced();
-    const auto setReducing = [&](bool isReducing) {
-        if (isReducing) {
-            m_reducingKeys.insert(key);
+    const bool wasHighContrast = isHighContrast();
+    const auto set = [&key](QSet<QString>& keys, bool isAsking) {
+        if (isAsking) {
+            keys.insert(key);
         } else {
-            m_reducingKeys.remove(key);
+            keys.remove(key);
         }
     };
     if (group == appearanceGroup && key == u"color-scheme") {
@@ -62,13 +65,20 @@ void SystemAppearance::take(const QString& group, const QString& key, const QVar
                     : number == 2 ? ColourPreference::light
                                   : ColourPreference::none;
     } else if (group == appearanceGroup && key == u"reduced-motion") {
-        setReducing(value.toUInt() == 1);
+        set(m_reducingKeys, value.toUInt() == 1);
     } else if (group == gnomeGroup && key == u"enable-animations") {
-        setReducing(!value.toBool());
+        set(m_reducingKeys, !value.toBool());
     } else if (group == plasmaGroup && key == u"AnimationDurationFactor") {
-        setReducing(value.toString() == u"0");
+        set(m_reducingKeys, value.toString() == u"0");
+    } else if (group == appearanceGroup && key == u"contrast") {
+        set(m_contrastKeys, value.toUInt() == 1);
+    } else if (group == gnomeAccessGroup && key == u"high-contrast") {
+        set(m_contrastKeys, value.toBool());
+    } else if (group == gnomeGroup && key == u"gtk-theme") {
+        set(m_contrastKeys, isHighContrastTheme(value.toString()));
     }
-    if (m_colours != coloursBefore || isMotionReduced() != wasMotionReduced) {
+    if (m_colours != coloursBefore || isMotionReduced() != wasMotionReduced ||
+        isHighContrast() != wasHighContrast) {
         Q_EMIT changed();
     }
 }

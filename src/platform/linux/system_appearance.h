@@ -22,6 +22,9 @@ public:
     /// Whether to avoid animation: `reduced-motion` of `org.freedesktop.appearance`, or GNOME's or
     /// Plasma's own setting.
     [[nodiscard]] bool isMotionReduced() const { return !m_reducingKeys.isEmpty(); }
+    /// Whether to draw with high contrast: `contrast` of `org.freedesktop.appearance`, GNOME's own
+    /// setting, or a GTK theme made for it.
+    [[nodiscard]] bool isHighContrast() const { return !m_contrastKeys.isEmpty(); }
 
 Q_SIGNALS:
     void changed();
@@ -34,6 +37,7 @@ private:
 
     ColourPreference m_colours = ColourPreference::none;
     QSet<QString> m_reducingKeys; ///< the settings that ask for reduced motion
+    QSet<QString> m_contrastKeys; ///< the settings that ask for high contrast
 };
 
 } // namespace tallyvane::platform

@@ -8,6 +8,7 @@ Rectangle {
     Rectangle {
         width: parent.width
         height: Math.min(parent.height, 360)
+        visible: !Theme.isHighContrast
         gradient: Gradient {
             GradientStop {
                 position: 0

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Dashboard
@@ -72,15 +74,13 @@ ColumnLayout {
         action: root.viewModel.foundProgram === "" ? "" : qsTr("Use %1").arg(root.viewModel.foundProgram)
         onAccepted: root.viewModel.useFoundProgram()
     }
-    ProviderQuotaCard {
-        objectName: "Codex"
-        Layout.fillWidth: true
-        card: root.viewModel.codex
-    }
-    ProviderQuotaCard {
-        objectName: "Claude"
-        Layout.fillWidth: true
-        card: root.viewModel.claude
+    Repeater {
+        model: root.viewModel.cards
+
+        ProviderQuotaCard {
+            objectName: card.name
+            Layout.fillWidth: true
+        }
     }
     Caption {
         Layout.fillWidth: true

@@ -19,6 +19,7 @@ Rectangle {
     implicitHeight: content.implicitHeight + 2 * Theme.largeSpacing
     radius: Theme.largeRadius
     color: Theme.notice
+    border.color: Theme.controlOutline
 
     FontMetrics {
         id: metrics

@@ -45,6 +45,7 @@ BaseButton {
     background: Rectangle {
         radius: Theme.radius
         color: root.isCurrent ? Theme.controlHovered : root.hovered || root.down ? Theme.control : "transparent"
+        border.color: root.isCurrent ? Theme.controlOutline : "transparent"
 
         FocusRing {
             gap: 0

@@ -16,7 +16,7 @@ RowLayout {
     SymbolImage {
         name: root.card.icon
         size: Theme.scaled(20)
-        color: root.card.accent
+        color: Theme.distinct(root.card.accent, Theme.card)
     }
     TextLabel {
         text: root.card.name
@@ -36,7 +36,8 @@ RowLayout {
         implicitWidth: hasPlan ? Math.ceil(plan.implicitWidth) + 2 * 6 : 0 // the layout rounds
         implicitHeight: plan.implicitHeight + 2 * 2
         radius: Theme.smallRadius - 1
-        color: Qt.alpha(root.card.accent, 0.14)
+        color: Theme.badgeGround(root.card.accent)
+        border.color: Theme.isHighContrast ? plan.color : "transparent"
 
         TextLabel {
             id: plan
@@ -46,7 +47,7 @@ RowLayout {
             width: Math.min(implicitWidth, parent.width - 2 * 6)
             text: root.card.plan
             elide: Text.ElideRight
-            color: root.card.accent
+            color: Theme.badgeInk(root.card.accent)
             font.family: Theme.body.family
             font.pixelSize: 9 * Theme.point
             font.weight: Font.Bold

@@ -7,6 +7,8 @@ Capsule {
 
     required property double fraction
     required property color fill
+    /// Whether little is left, shown by more than the colour in high contrast.
+    required property bool isLow
 
     implicitHeight: 7
     color: Theme.quotaTrack
@@ -24,6 +26,11 @@ Capsule {
             height: parent.height
             color: root.fill
         }
+        Hatching {
+            anchors.fill: parent
+            visible: Theme.isHighContrast && root.isLow && width >= 1
+            color: Theme.hatching
+        }
         Behavior on width {
             enabled: root.Window.active && Theme.isAnimated
             NumberAnimation {
@@ -31,5 +38,12 @@ Capsule {
                 easing.type: Easing.OutCubic
             }
         }
+    }
+    Rectangle {
+        anchors.fill: parent
+        visible: Theme.isHighContrast
+        radius: height / 2
+        color: "transparent"
+        border.color: Theme.outline
     }
 }

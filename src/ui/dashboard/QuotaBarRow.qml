@@ -29,12 +29,13 @@ RowLayout {
         Layout.fillWidth: true
         fraction: root.row.fraction
         fill: root.ink
-        opacity: root.row.opacity
+        isLow: root.row.level === QuotaLevel.Low
+        opacity: Theme.isHighContrast ? 1 : root.row.opacity
     }
     Figure {
         Layout.preferredWidth: 42 * Theme.point
         text: root.row.figure
-        color: root.ink
+        color: Theme.isHighContrast ? Theme.text : root.ink
         font.family: Theme.body.family
         font.pixelSize: 12 * Theme.point
         font.weight: Font.Bold

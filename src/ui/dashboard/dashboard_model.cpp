@@ -33,17 +33,17 @@ void DashboardModel::update() {
     const model::Timestamp now = m_clock.now();
     const model::QuotaSnapshot snapshot = m_model.snapshot();
     const core::Failures failures = m_model.failures();
-    const auto card = [&](model::AIProvider provider) {
-        ProviderCard shown = providerCard(model::entryFor(snapshot, provider), now, m_weekdayTime);
-        const auto failed = failures.find(provider);
+    std::vector<ProviderCardRow> cards;
+    for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
+        ProviderCard card = providerCard(entry, now, m_weekdayTime);
+        const auto failed = failures.find(entry.provider);
         if (failed != failures.end() && failed->second.text != m_model.lastError()) {
-            shown.trouble = failed->second.sentences();
+            card.trouble = failed->second.sentences();
         }
-        return shown;
-    };
-    Shown shown{.codex = card(model::AIProvider::codex),
-                .claude = card(model::AIProvider::claude),
-                //: %1 is how long ago, such as "5 min ago"
+        cards.push_back({std::move(card)});
+    }
+    m_cards.setRecords(std::move(cards));
+    Shown shown{//: %1 is how long ago, such as "5 min ago"
                 .updated = tr("Updated %1").arg(model::ageText(snapshot.updatedAt, now)),
                 .lastError = m_model.lastError().value_or(model::Message())};
     for (const auto& [provider, failure] : failures) {

@@ -5,6 +5,7 @@
 #include "model/weekday_time_format.h"
 #include "ui/dashboard/provider_card.h"
 #include "ui/dashboard/refresh_toast_model.h"
+#include "ui/style/record_list.h"
 
 namespace tallyvane::ui {
 
@@ -13,8 +14,7 @@ class DashboardModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
-    Q_PROPERTY(tallyvane::ui::ProviderCard codex READ codex NOTIFY changed)
-    Q_PROPERTY(tallyvane::ui::ProviderCard claude READ claude NOTIFY changed)
+    Q_PROPERTY(QAbstractItemModel* cards READ cards CONSTANT)
     Q_PROPERTY(QString updated READ updated NOTIFY changed)
     Q_PROPERTY(QString lastError READ lastError NOTIFY changed)
     Q_PROPERTY(QString advice READ advice NOTIFY changed)
@@ -30,8 +30,8 @@ public:
                    model::WeekdayTimeFormat weekdayTime, const QUrl& website,
                    core::ProgramSetting codexProgram);
 
-    [[nodiscard]] ProviderCard codex() const { return m_shown.codex; }
-    [[nodiscard]] ProviderCard claude() const { return m_shown.claude; }
+    /// Of ProviderCardRow: Codex, then Claude, as far as they are shown.
+    [[nodiscard]] QAbstractItemModel* cards() { return &m_cards; }
     [[nodiscard]] QString updated() const { return m_shown.updated; } ///< "Updated 5 min ago"
     /// Empty if there is none.
     [[nodiscard]] QString lastError() const { return m_shown.lastError.text(); }
@@ -55,8 +55,6 @@ Q_SIGNALS:
 
 private:
     struct Shown {
-        ProviderCard codex;
-        ProviderCard claude;
         QString updated;
         model::Message lastError;
         providers::QuotaFailure failure; ///< the one behind lastError, if it is a provider's
@@ -72,6 +70,7 @@ private:
     QUrl m_website;
     core::ProgramSetting m_codexProgram;
     RefreshToastModel m_toast;
+    RecordList<ProviderCardRow> m_cards;
     Shown m_shown;
     std::unique_ptr<platform::Alarm> m_nextChange;
 };

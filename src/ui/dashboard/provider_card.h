@@ -72,6 +72,17 @@ public:
     bool operator==(const ProviderCard&) const = default;
 };
 
+/// A card as a row of a list.
+class ProviderCardRow {
+    Q_GADGET
+    Q_PROPERTY(tallyvane::ui::ProviderCard card MEMBER card)
+
+public:
+    ProviderCard card;
+
+    bool operator==(const ProviderCardRow&) const = default;
+};
+
 [[nodiscard]] ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry,
                                         model::Timestamp now,
                                         const model::WeekdayTimeFormat& weekdayTime);

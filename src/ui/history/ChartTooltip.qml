@@ -39,14 +39,13 @@ Rectangle {
                 required property string name
                 required property string value
                 required property color colour
+                required property bool isHatched
 
                 spacing: Theme.smallSpacing + 2
 
-                Rectangle {
-                    implicitWidth: Theme.scaled(8)
-                    implicitHeight: implicitWidth
-                    radius: width / 2
-                    color: line.colour
+                ProviderDot {
+                    colour: line.colour
+                    isHatched: line.isHatched
                 }
                 TextLabel {
                     text: line.name

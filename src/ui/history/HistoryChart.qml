@@ -97,6 +97,8 @@ FocusScope {
             model: root.viewModel.segments
 
             Rectangle {
+                id: segment
+
                 objectName: "segment"
 
                 required property double centre
@@ -104,6 +106,7 @@ FocusScope {
                 required property double extent
                 required property color colour
                 required property double strength
+                required property bool isHatched
 
                 x: root.across(centre, width)
                 y: (1 - base - extent) * plot.height
@@ -112,8 +115,16 @@ FocusScope {
                 height: Math.max(extent * plot.height - (base > 0 ? 0 : 1), 0)
                 radius: Math.min(3, width / 4, height / 2)
                 color: colour
+                border.color: Theme.controlOutline
                 opacity: strength
 
+                Hatching {
+                    anchors.fill: parent
+                    anchors.margins: 1
+                    // Nothing can be painted on less than a pixel.
+                    visible: Theme.isHighContrast && segment.isHatched && height >= 1
+                    color: Theme.hatching
+                }
                 Behavior on opacity {
                     enabled: Theme.isAnimated
                     NumberAnimation {

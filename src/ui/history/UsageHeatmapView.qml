@@ -39,6 +39,7 @@ ColumnLayout {
         }
         SegmentedPicker {
             objectName: "filter"
+            visible: root.viewModel.hasFilter
             title: qsTr("Source")
             choices: [qsTr("Total"), qsTr("Codex"), qsTr("Claude")]
             currentIndex: root.viewModel.filter
@@ -134,16 +135,10 @@ ColumnLayout {
 
                 model: root.viewModel.cells
 
-                Rectangle {
-                    required property color colour
-                    required property bool isFilled
+                HeatCell {
+                    required isFilled
 
                     width: root.cell
-                    height: root.cell
-                    radius: root.cell / 4.5
-                    color: isFilled ? colour : "transparent"
-                    border.width: isFilled ? 0 : 1
-                    border.color: colour
                 }
             }
         }
@@ -187,6 +182,8 @@ ColumnLayout {
             font: Theme.caption
         }
         Row {
+            id: legend
+
             Layout.alignment: Qt.AlignRight
             spacing: root.gap
 
@@ -197,14 +194,14 @@ ColumnLayout {
             Repeater {
                 model: root.viewModel.legend
 
-                Rectangle {
+                HeatCell {
+                    required property int index
                     required property color modelData
 
-                    anchors.verticalCenter: parent.verticalCenter
+                    y: (legend.height - height) / 2
                     width: Theme.scaled(12)
-                    height: width
-                    radius: width / 4.5
-                    color: modelData
+                    colour: modelData
+                    level: index
                 }
             }
             Caption {

@@ -44,15 +44,14 @@ ColumnLayout {
 
                         required property string name
                         required property color colour
+                        required property bool isHatched
 
                         spacing: Theme.smallSpacing + 2
 
-                        Rectangle {
+                        ProviderDot {
                             anchors.verticalCenter: parent.verticalCenter
-                            width: Theme.scaled(8)
-                            height: width
-                            radius: width / 2
-                            color: provider.colour
+                            colour: provider.colour
+                            isHatched: provider.isHatched
                         }
                         TextLabel {
                             text: provider.name

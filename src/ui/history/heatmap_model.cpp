@@ -23,11 +23,19 @@ HeatmapModel::HeatmapModel(const core::AppModel& model, const platform::Clock& c
       m_calendar(calendar),
       m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HeatmapModel::update);
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &HeatmapModel::followProviders);
     connect(&appearance, &Appearance::changed, this, &HeatmapModel::update);
 }
 
 void HeatmapModel::setFilter(int filter) {
     m_filter = static_cast<history::HeatmapFilter>(filter);
+    update();
+}
+
+void HeatmapModel::followProviders() {
+    if (!hasFilter()) {
+        m_filter = history::HeatmapFilter::total;
+    }
     update();
 }
 
@@ -56,6 +64,7 @@ void HeatmapModel::update() {
                 history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
             cells.push_back({.colour = cell.isFuture ? QColor(Qt::transparent)
                                                      : toColour(fill.colour, fill.opacity),
+                             .level = history::cellLevel(cell.day, m_totals),
                              .isFilled = isCovered(cell.day)});
         }
     }

@@ -12,10 +12,12 @@ namespace tallyvane::ui {
 class HeatmapCell {
     Q_GADGET
     Q_PROPERTY(QColor colour MEMBER colour)
+    Q_PROPERTY(int level MEMBER level)
     Q_PROPERTY(bool isFilled MEMBER isFilled)
 
 public:
     QColor colour;        ///< transparent if the day is in the future
+    int level = 0;        ///< history::level() of its tokens
     bool isFilled = true; ///< false for an outline: the history does not reach back to that day
 
     bool operator==(const HeatmapCell&) const = default;
@@ -28,6 +30,7 @@ class HeatmapModel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
     Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
+    Q_PROPERTY(bool hasFilter READ hasFilter NOTIFY changed)
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
     Q_PROPERTY(QStringList weekdays READ weekdays CONSTANT)
@@ -45,6 +48,8 @@ public:
     /// A history::HeatmapFilter, as a picker's index.
     [[nodiscard]] int filter() const { return static_cast<int>(m_filter); }
     void setFilter(int filter);
+    /// Whether there is a choice: without one the total is that of the provider shown alone.
+    [[nodiscard]] bool hasFilter() const { return !m_model.onlyProvider(); }
     /// The number of columns, 0 until the view sets it.
     [[nodiscard]] int weeks() const { return m_weeks; }
     void setWeeks(int weeks);
@@ -68,6 +73,7 @@ Q_SIGNALS:
     void currentChanged();
 
 private:
+    void followProviders();
     [[nodiscard]] model::ColourScheme scheme() const;
     [[nodiscard]] const history::DayCell* cell(int index) const;
     [[nodiscard]] bool isCovered(QDate day) const;

@@ -18,6 +18,10 @@ namespace {
 constexpr double dimmedOpacity = 0.28;
 constexpr double barShare = 0.62; // a bar's share of its bucket's width
 
+bool isHatched(model::AIProvider provider) {
+    return provider == model::AIProvider::claude;
+}
+
 /// The nominal length of a bucket.
 model::Timestamp::duration bucketLength(HistoryGranularity granularity) {
     using std::chrono::days;
@@ -30,13 +34,8 @@ HistoryModel::HistoryModel(const core::AppModel& model, const platform::Clock& c
                            const history::Calendar& calendar, const model::LocaleLabels& labels)
     : m_model(model), m_clock(clock), m_calendar(calendar), m_labels(labels) {
     connect(&model, &core::AppModel::historyChanged, this, &HistoryModel::update);
-    std::vector<TooltipLine> key;
-    key.reserve(model::allCases<model::AIProvider>.size());
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        key.push_back({.name = model::displayName(provider),
-                       .colour = toColour(model::accentColour(provider))});
-    }
-    m_key.setRecords(std::move(key));
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &HistoryModel::showKey);
+    showKey();
     update();
 }
 
@@ -105,6 +104,16 @@ void HistoryModel::showValueMarks() {
     m_valueMarks.setRecords(std::move(marks));
 }
 
+void HistoryModel::showKey() {
+    std::vector<TooltipLine> key;
+    for (const model::AIProvider provider : m_model.shownProviders()) {
+        key.push_back({.name = model::displayName(provider),
+                       .colour = toColour(model::accentColour(provider)),
+                       .isHatched = isHatched(provider)});
+    }
+    m_key.setRecords(std::move(key));
+}
+
 double HistoryModel::barThickness() const {
     return barShare * duration<double>(bucketLength(m_granularity)) /
            duration<double>(m_end - m_start);
@@ -124,7 +133,8 @@ void HistoryModel::showSegments() {
              .base = base,
              .extent = extent,
              .colour = toColour(model::accentColour(point.provider)),
-             .strength = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity});
+             .strength = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity,
+             .isHatched = isHatched(point.provider)});
         base += extent;
     }
     m_segments.setRecords(std::move(segments));
@@ -197,7 +207,8 @@ void HistoryModel::setHoveredDate(std::optional<QDate> date) {
         if (date == point.date) {
             lines.push_back({.name = model::displayName(point.provider),
                              .value = valueText(point),
-                             .colour = toColour(model::accentColour(point.provider))});
+                             .colour = toColour(model::accentColour(point.provider)),
+                             .isHatched = isHatched(point.provider)});
         }
     }
     m_hoveredLines.setRecords(std::move(lines));

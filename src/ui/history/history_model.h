@@ -18,13 +18,15 @@ class ChartSegment {
     Q_PROPERTY(double extent MEMBER extent)
     Q_PROPERTY(QColor colour MEMBER colour)
     Q_PROPERTY(double strength MEMBER strength)
+    Q_PROPERTY(bool isHatched MEMBER isHatched)
 
 public:
     double centre = 0;
     double base = 0; ///< the height of its lower end
     double extent = 0;
     QColor colour;
-    double strength = 1; ///< opacity
+    double strength = 1;    ///< opacity
+    bool isHatched = false; ///< where colours alone do not do, to tell the providers apart
 
     bool operator==(const ChartSegment&) const = default;
 };
@@ -47,11 +49,13 @@ class TooltipLine {
     Q_PROPERTY(QString name MEMBER name)
     Q_PROPERTY(QString value MEMBER value)
     Q_PROPERTY(QColor colour MEMBER colour)
+    Q_PROPERTY(bool isHatched MEMBER isHatched)
 
 public:
     QString name;
     QString value; ///< "12.5%" or "12K tokens"
     QColor colour;
+    bool isHatched = false; ///< like ChartSegment::isHatched
 
     bool operator==(const TooltipLine&) const = default;
 };
@@ -122,6 +126,7 @@ private:
     [[nodiscard]] double centre(QDate date) const;
     [[nodiscard]] QString valueText(const history::ChartPoint& point) const;
     void setHoveredDate(std::optional<QDate> date);
+    void showKey();
     void showSegments();
     void showValueMarks();
 

@@ -36,19 +36,20 @@ QPainterPath slantedStroke() {
     return strokeOutline(line, 2.1);
 }
 
-QPainterPath ring(QPointF centre) {
-    constexpr double radius = 3.7;
+/// Lengths are multiplied by `scale`.
+QPainterPath ring(QPointF centre, double scale) {
+    const double radius = 3.7 * scale;
     constexpr int segments = 64;
     QPainterPath circle(onCircle(centre, radius, 0));
     for (int i = 1; i <= segments; ++i) {
         circle.lineTo(onCircle(centre, radius, static_cast<double>(i) / segments));
     }
     circle.closeSubpath();
-    return strokeOutline(circle, 0.8);
+    return strokeOutline(circle, 0.8 * scale);
 }
 
-QPainterPath sector(QPointF centre, double value) {
-    constexpr double radius = 3.05;
+QPainterPath sector(QPointF centre, double value, double scale) {
+    const double radius = 3.05 * scale;
     constexpr double leastFraction = 0.001;
     const double fraction = std::min(value / 100, 1.0);
     if (!(fraction > leastFraction)) {
@@ -96,21 +97,30 @@ QPainterPath digit(int number, const QRectF& box, double stroke) {
 } // namespace
 
 Drawing gaugeDrawing(const GaugeValues& values) {
-    constexpr QPointF codex(6.6, 6.6);
-    constexpr QPointF claude(15.4, 15.4);
-    return {.side = grid,
-            .areas = {{slantedStroke()},
-                      {ring(codex)},
-                      {sector(codex, values.codex.value_or(0))},
-                      {ring(claude)},
-                      {sector(claude, values.claude.value_or(0))}}};
+    constexpr std::array centres{QPointF(6.6, 6.6), QPointF(15.4, 15.4)};
+    Drawing drawing{.side = grid};
+    const auto add = [&drawing](QPointF centre, std::optional<double> value, double scale) {
+        drawing.areas.push_back({ring(centre, scale)});
+        drawing.areas.push_back({sector(centre, value.value_or(0), scale)});
+    };
+    if (values.size() == 1) {
+        constexpr double large = 2.2;
+        add(QPointF(grid / 2, grid / 2), values.front(), large);
+        return drawing;
+    }
+    drawing.areas.push_back({slantedStroke()});
+    for (std::size_t i = 0; i < std::min(values.size(), centres.size()); ++i) {
+        add(centres[i], values[i], 1);
+    }
+    return drawing;
 }
 
 Drawing figureDrawing(int figure, const GaugeValues& values, int size) {
     const int stroke = std::max(2, qRound(size / 11.0));
     const int gap = size / 11;
     const int thin = std::max(1, size / 22);
-    const int digitHeight = size - 2 * stroke - gap - 2 * thin;
+    const int bars = static_cast<int>(values.size());
+    const int digitHeight = size - gap - thin - bars * (stroke + thin) + thin;
     const int digitWidth = qRound(size * 0.36);
 
     const QString text = QString::number(figure);
@@ -129,7 +139,7 @@ Drawing figureDrawing(int figure, const GaugeValues& values, int size) {
 
     constexpr double faint = 0.35;
     int top = thin + digitHeight + gap;
-    for (const auto& value : {values.codex, values.claude}) {
+    for (const std::optional<double>& value : values) {
         const double filled = size * value.value_or(0) / 100;
         QPainterPath bar;
         bar.addRect(0, top, filled, stroke);

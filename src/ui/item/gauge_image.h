@@ -23,12 +23,12 @@ struct Drawing {
     std::vector<Area> areas;
 };
 
-/// Two gauges, Codex top left and Claude bottom right, on either side of a diagonal stroke. The
-/// sector that is filled, clockwise from the top, is the quota left.
+/// Two gauges, top left and bottom right, on either side of a diagonal stroke; a large one for a
+/// single value. The sector that is filled, clockwise from the top, is the quota left.
 [[nodiscard]] Drawing gaugeDrawing(const GaugeValues& values);
 
-/// `figure`, 0 to 100, in large digits above Codex's bar and Claude's, for panels that show no
-/// text beside an icon. Laid out on the pixel grid of a picture `size` pixels large, at least 16.
+/// `figure`, 0 to 100, in large digits above a bar for each value, for panels that show no text
+/// beside an icon. Laid out on the pixel grid of a picture `size` pixels large, at least 16.
 [[nodiscard]] Drawing figureDrawing(int figure, const GaugeValues& values, int size);
 
 /// Paints the drawing `size` pixels wide and high.

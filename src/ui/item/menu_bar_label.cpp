@@ -4,6 +4,7 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
 #include <utility>
 
 namespace tallyvane::ui {
@@ -24,8 +25,9 @@ std::optional<double> gaugeValue(const model::ProviderQuotaSnapshot& entry) {
 } // namespace
 
 GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot) {
-    return {.codex = gaugeValue(entryFor(snapshot, model::AIProvider::codex)),
-            .claude = gaugeValue(entryFor(snapshot, model::AIProvider::claude))};
+    GaugeValues values;
+    std::ranges::transform(snapshot.providers, std::back_inserter(values), gaugeValue);
+    return values;
 }
 
 QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
@@ -51,11 +53,12 @@ QStringList resetTexts(const model::ProviderQuotaSnapshot& entry, model::Timesta
 
 QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now) {
     QStringList lines = model::summaryLines(snapshot);
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        const QString age = oldFiguresAge(entryFor(snapshot, provider), now);
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const auto& entry = snapshot.providers[static_cast<std::size_t>(i)];
+        const QString age = oldFiguresAge(entry, now);
         if (!age.isEmpty()) {
             //: %1 is how long ago, such as "20 min ago"
-            lines[std::to_underlying(provider)] += MenuBarLabel::tr(" (last updated %1)").arg(age);
+            lines[i] += MenuBarLabel::tr(" (last updated %1)").arg(age);
         }
     }
     return lines;
@@ -67,9 +70,9 @@ QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failu
     const QString name = QStringLiteral("Tallyvane");
     QStringList lines = {label.isEmpty() ? name : MenuBarLabel::tr("%1: %2").arg(name, label)};
     const QStringList providerLines = menuLines(snapshot, now);
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
-        lines += providerLines.at(std::to_underlying(provider));
-        const QStringList resets = resetTexts(entryFor(snapshot, provider), now);
+    for (qsizetype i = 0; i < providerLines.size(); ++i) {
+        lines += providerLines[i];
+        const QStringList resets = resetTexts(snapshot.providers[static_cast<std::size_t>(i)], now);
         if (!resets.isEmpty()) {
             lines += u'\u2003' + resets.join(dot); // hosts that parse markup drop plain spaces
         }

@@ -7,13 +7,8 @@
 /// What the status item shows of a snapshot; pure functions.
 namespace tallyvane::ui {
 
-/// The figures of the two gauges: percent left, 0 to 100, or nothing where no window is known.
-struct GaugeValues {
-    std::optional<double> codex;
-    std::optional<double> claude;
-
-    bool operator==(const GaugeValues&) const = default;
-};
+/// A figure for each provider shown: percent left, 0 to 100, or nothing where no window is known.
+using GaugeValues = std::vector<std::optional<double>>;
 
 /// The percentages of the five-hour windows, or of the weekly ones where those are absent.
 [[nodiscard]] GaugeValues gaugeValues(const model::QuotaSnapshot& snapshot);

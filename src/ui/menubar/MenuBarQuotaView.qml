@@ -12,7 +12,9 @@ FocusScope {
     required property MenuBarQuotaViewModel viewModel
 
     function moveFocus(forward: bool): void {
-        const next = Window.activeFocusItem?.nextItemInFocusChain(forward);
+        // While it is disabled nothing has the focus.
+        const current = refresh.showsFocus ? refresh : Window.activeFocusItem;
+        const next = current?.nextItemInFocusChain(forward);
         next?.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 
@@ -26,6 +28,8 @@ FocusScope {
     Accessible.name: title.text
     Keys.onDownPressed: moveFocus(true)
     Keys.onUpPressed: moveFocus(false)
+    Keys.onTabPressed: moveFocus(true)
+    Keys.onBacktabPressed: moveFocus(false)
 
     Shortcut {
         sequences: ["Ctrl+R", "F5"]
@@ -103,6 +107,8 @@ FocusScope {
                 Layout.fillWidth: true
             }
             PushButton {
+                id: refresh
+
                 objectName: "refresh"
                 symbol: "arrow.clockwise"
                 enabled: !root.viewModel.isRefreshing

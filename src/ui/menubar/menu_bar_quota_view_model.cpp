@@ -28,10 +28,10 @@ void MenuBarQuotaViewModel::updateRows() {
     const model::QuotaSnapshot snapshot = m_model.snapshot();
     const core::Failures failures = m_model.failures();
     std::vector<ProviderRow> rows;
-    rows.reserve(model::allCases<model::AIProvider>.size());
-    for (const model::AIProvider provider : model::allCases<model::AIProvider>) {
+    rows.reserve(snapshot.providers.size());
+    for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
+        const model::AIProvider provider = entry.provider;
         const auto failed = failures.find(provider);
-        const model::ProviderQuotaSnapshot entry = entryFor(snapshot, provider);
         const QString age = oldFiguresAge(entry, now);
         QStringList details = resetTexts(entry, now);
         if (!age.isEmpty()) {

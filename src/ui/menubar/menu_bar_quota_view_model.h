@@ -44,7 +44,7 @@ public:
     MenuBarQuotaViewModel(const core::AppModel& model, platform::Clock& clock);
     void setShown(bool isShown);
 
-    /// Codex, then Claude.
+    /// Codex, then Claude, as far as they are shown.
     [[nodiscard]] QAbstractItemModel* rows() { return &m_rows; }
     [[nodiscard]] bool isRefreshing() const { return m_model.isRefreshing(); }
 

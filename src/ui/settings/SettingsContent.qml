@@ -53,6 +53,27 @@ ColumnLayout {
                 onActivated: index => root.viewModel.appearance = index
             }
         }
+        AdaptiveRow {
+            columnSpacing: Theme.spacing
+
+            TextLabel {
+                id: providersLabel
+
+                Layout.fillWidth: true
+                text: qsTr("Assistants shown")
+            }
+            SegmentedPicker {
+                objectName: "providers"
+                title: providersLabel.text
+                choices: [qsTr("Both"), qsTr("Codex"), qsTr("Claude")]
+                currentIndex: root.viewModel.providers
+                onActivated: index => root.viewModel.providers = index
+            }
+        }
+        Caption {
+            Layout.fillWidth: true
+            text: qsTr("A hidden assistant is not asked for figures, and its history is kept. One is always shown.")
+        }
     }
     SettingsSection {
         title: qsTr("Background refresh")
@@ -75,9 +96,11 @@ ColumnLayout {
             text: qsTr("The menu bar app refreshes Codex and Claude every five minutes. Claude usage is read from Claude Code's stored sign-in; macOS asks once for Keychain access.")
         }
         Divider {
+            visible: root.viewModel.showsCodex
             Layout.fillWidth: true
         }
         AdaptiveRow {
+            visible: root.viewModel.showsCodex
             columnSpacing: Theme.spacing
 
             TextLabel {
@@ -119,6 +142,7 @@ ColumnLayout {
         Caption {
             objectName: "codexState"
             Layout.fillWidth: true
+            visible: root.viewModel.showsCodex
             text: root.viewModel.codexState
             color: root.viewModel.isCodexFound ? Theme.secondaryText : Theme.destructive
         }

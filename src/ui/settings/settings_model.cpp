@@ -33,6 +33,7 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
       m_codexProgram(std::move(codexProgram)),
       m_openNotificationSettings(std::move(openNotificationSettings)) {
     connect(&model, &core::AppModel::appearanceChanged, this, &SettingsModel::appearanceChanged);
+    connect(&model, &core::AppModel::onlyProviderChanged, this, &SettingsModel::providersChanged);
     connect(&model, &core::AppModel::preferencesReloaded, this,
             &SettingsModel::launchesAtLoginChanged);
     connect(&model, &core::AppModel::preferencesReloaded, this, &SettingsModel::codexChanged);
@@ -48,6 +49,17 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
 
 void SettingsModel::setAppearance(int appearance) {
     m_model.setAppearance(static_cast<model::AppAppearance>(appearance));
+}
+
+int SettingsModel::providers() const {
+    const auto only = m_model.onlyProvider();
+    return only ? 1 + std::to_underlying(*only) : 0;
+}
+
+void SettingsModel::setProviders(int providers) {
+    m_model.setOnlyProvider(providers == 0
+                                ? std::nullopt
+                                : std::optional(static_cast<model::AIProvider>(providers - 1)));
 }
 
 bool SettingsModel::launchesAtLogin() const {

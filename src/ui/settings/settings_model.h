@@ -40,6 +40,8 @@ class SettingsModel : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("Made with the main window")
     Q_PROPERTY(int appearance READ appearance WRITE setAppearance NOTIFY appearanceChanged)
+    Q_PROPERTY(int providers READ providers WRITE setProviders NOTIFY providersChanged)
+    Q_PROPERTY(bool showsCodex READ showsCodex NOTIFY providersChanged)
     Q_PROPERTY(bool launchesAtLogin READ launchesAtLogin NOTIFY launchesAtLoginChanged)
     Q_PROPERTY(QString codexPath READ codexPath NOTIFY codexChanged)
     Q_PROPERTY(QString codexState READ codexState NOTIFY codexChanged)
@@ -63,6 +65,13 @@ public:
     /// A model::AppAppearance, as a picker's index.
     [[nodiscard]] int appearance() const { return static_cast<int>(m_model.appearance()); }
     void setAppearance(int appearance);
+
+    /// As a picker's index: both, then the model::AIProvider that alone is shown.
+    [[nodiscard]] int providers() const;
+    void setProviders(int providers);
+    [[nodiscard]] bool showsCodex() const {
+        return m_model.onlyProvider() != model::AIProvider::claude;
+    }
 
     [[nodiscard]] bool launchesAtLogin() const; ///< according to the desktop
     /// The path that the user chose, with "~" for the home directory; empty: automatic.
@@ -110,6 +119,7 @@ public:
 
 Q_SIGNALS:
     void appearanceChanged();
+    void providersChanged();
     void launchesAtLoginChanged();
     void codexChanged();
     void notificationSettingsChanged();

@@ -11,7 +11,7 @@ Rectangle {
 
     radius: Theme.largeRadius
     color: Theme.card
-    border.color: Theme.isDark ? Theme.outline : "transparent"
+    border.color: Theme.isDark || Theme.isHighContrast ? Theme.outline : "transparent"
 
     Repeater {
         model: root.shadowReaches

@@ -17,6 +17,7 @@ BaseToggle {
         height: 24
         radius: height / 2
         color: root.checked ? Theme.accentFill : Theme.switchOff
+        border.color: Theme.controlOutline
 
         Behavior on color {
             enabled: root.visible && Theme.isAnimated
@@ -34,6 +35,7 @@ BaseToggle {
             height: parent.height - 2 * root.inset
             radius: height / 2
             color: Theme.knob
+            border.color: Theme.controlOutline
 
             Rectangle {
                 z: -1

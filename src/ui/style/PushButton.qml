@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tallyvane.Style
 
-/// A button with a symbol, a text, or both.
+/// A button with a symbol, a text, or both. The keyboard's focus returns to one that was disabled for
+/// a moment.
 BaseButton {
     id: root
 
@@ -15,6 +16,9 @@ BaseButton {
 
     property int kind: PushButton.Plain
     property string symbol
+    /// Whether the keyboard's focus is here or will return.
+    readonly property bool showsFocus: visualFocus || keepsFocus && focus && !enabled
+    property bool keepsFocus: false
     readonly property color ink: kind === PushButton.Primary ? Theme.whiteText : kind === PushButton.Destructive ? Theme.destructive : Theme.text
 
     implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, implicitHeight)
@@ -24,6 +28,17 @@ BaseButton {
     spacing: Theme.smallSpacing + 2
     font: Theme.body
     opacity: enabled ? 1 : Theme.disabledOpacity
+    onFocusChanged: keepsFocus = false
+    onVisualFocusChanged: {
+        if (enabled) {
+            keepsFocus = visualFocus;
+        }
+    }
+    onEnabledChanged: {
+        if (enabled && keepsFocus && focus) {
+            focusReason = Qt.TabFocusReason; // Qt gives the focus back, but for another reason
+        }
+    }
 
     contentItem: SymbolAndText {
         symbol: root.symbol
@@ -35,6 +50,7 @@ BaseButton {
     background: Rectangle {
         radius: Theme.radius
         color: root.kind === PushButton.Primary ? Theme.accentFill : root.down ? Theme.controlPressed : root.hovered ? Theme.controlHovered : Theme.control
+        border.color: Theme.controlOutline
 
         Rectangle {
             anchors.fill: parent
@@ -43,7 +59,7 @@ BaseButton {
             color: root.down ? Theme.controlPressed : Theme.controlHovered
         }
         FocusRing {
-            shown: root.visualFocus
+            shown: root.showsFocus
         }
     }
 }

@@ -17,6 +17,6 @@ T.ScrollBar {
         implicitHeight: 6
         radius: 3
         color: root.pressed || root.hovered ? Theme.secondaryText : Theme.tertiaryText
-        opacity: root.active || root.hovered ? 0.9 : 0.45
+        opacity: Theme.isHighContrast ? 1 : root.active || root.hovered ? 0.9 : 0.45
     }
 }

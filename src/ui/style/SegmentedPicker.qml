@@ -75,13 +75,13 @@ T.Control {
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                     text: segment.text
-                    font: root.font
+                    font: Theme.isHighContrast && segment.isChosen ? Theme.bodySemibold : root.font
                     Accessible.ignored: true
                 }
                 background: Rectangle {
                     radius: Theme.smallRadius
                     color: segment.isChosen ? Theme.segment : segment.hovered ? Theme.rowHovered : "transparent"
-                    border.width: segment.isChosen ? 1 : 0
+                    border.width: !segment.isChosen ? 0 : Theme.isHighContrast ? 2 : 1
                     border.color: Theme.outline
                 }
             }
@@ -90,6 +90,7 @@ T.Control {
     background: Rectangle {
         radius: Theme.radius
         color: Theme.control
+        border.color: Theme.controlOutline
 
         FocusRing {
             shown: root.visualFocus

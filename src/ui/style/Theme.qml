@@ -19,43 +19,50 @@ QtObject {
     /// Whether changes may be animated.
     readonly property bool isAnimated: !Appearance.isMotionReduced
 
+    /// Whether borders and text have a contrast of 7 or more. Colours that stand for something then
+    /// get an outline, a pattern or a weight beside them.
+    readonly property bool isHighContrast: Appearance.isHighContrast
+
     // Surfaces, from back to front.
-    readonly property color window: isDark ? "#202124" : "#f6f6f8"
-    readonly property color panel: isDark ? "#2a2b2f" : "#fcfcfd"
-    readonly property color card: isDark ? "#2a2b2f" : "#ffffff"
-    readonly property color outline: isDark ? "#1fffffff" : "#1f000000"
-    readonly property color divider: isDark ? "#1cffffff" : "#18000000"
-    readonly property color cardShadow: isDark ? "#18000000" : "#08000000"
+    readonly property color window: pick("#f6f6f8", "#202124", "#ffffff", "#000000")
+    readonly property color panel: pick("#fcfcfd", "#2a2b2f", "#ffffff", "#000000")
+    readonly property color card: pick("#ffffff", "#2a2b2f", "#ffffff", "#000000")
+    readonly property color outline: pick("#1f000000", "#1fffffff", "#000000", "#ffffff")
+    readonly property color divider: pick("#18000000", "#1cffffff", "#404040", "#c8c8c8")
+    readonly property color cardShadow: pick("#08000000", "#18000000", "transparent", "transparent")
     readonly property color scrim: isDark ? "#8c000000" : "#4d000000"
 
     // Ink. The first two are readable as small text on every surface, the third as a symbol.
-    readonly property color text: isDark ? "#f3f3f5" : "#1c1c1f"
-    readonly property color secondaryText: isDark ? "#b6b7bd" : "#5d5e66"
-    readonly property color tertiaryText: isDark ? "#8e9098" : "#82848d"
+    readonly property color text: pick("#1c1c1f", "#f3f3f5", "#000000", "#ffffff")
+    readonly property color secondaryText: pick("#5d5e66", "#b6b7bd", "#26262a", "#e4e4e8")
+    readonly property color tertiaryText: pick("#82848d", "#8e9098", "#404040", "#c8c8c8")
     readonly property color accent: Appearance.accentInk
-    readonly property color destructive: isDark ? "#ff9b94" : "#b3201a"
-    readonly property color success: isDark ? "#30d158" : "#1f9d43"
-    readonly property color warning: isDark ? "#ffb340" : "#c25e00"
+    readonly property color destructive: pick("#b3201a", "#ff9b94", "#7a0d08", "#ffc9c5")
+    readonly property color success: pick("#1f9d43", "#30d158", "#0a5220", "#6be88c")
+    readonly property color warning: pick("#c25e00", "#ffb340", "#6b3200", "#ffc870")
     readonly property color notice: Qt.alpha(warning, isDark ? 0.14 : 0.1)
-    readonly property color indigo: isDark ? "#8b8af5" : "#5856d6"
+    readonly property color indigo: pick("#5856d6", "#8b8af5", "#35339e", "#b9b8ff")
 
     // Quota bars and their figures.
     readonly property color quotaAmple: isDark ? Qt.rgba(0.188, 0.82, 0.345, 1) : Qt.rgba(0.204, 0.78, 0.349, 1)
     readonly property color quotaLow: isDark ? Qt.rgba(1, 0.839, 0.039, 1) : Qt.rgba(0.91, 0.639, 0, 1)
-    readonly property color quotaTrack: isDark ? "#2cffffff" : "#16000000"
+    readonly property color quotaTrack: pick("#16000000", "#2cffffff", "transparent", "transparent")
+    /// The lines of a pattern on any of the colours that stand for something.
+    readonly property color hatching: "#000000"
 
     // Controls.
     readonly property color control: isDark ? "#1affffff" : "#0d000000"
     readonly property color controlHovered: isDark ? "#2affffff" : "#16000000"
     readonly property color controlPressed: isDark ? "#22ffffff" : "#22000000"
+    readonly property color controlOutline: isHighContrast ? outline : "transparent"
     readonly property color rowHovered: isDark ? "#12ffffff" : "#0a000000"
     readonly property color accentFill: Appearance.accentFill
     readonly property color whiteText: "#ffffff"
     readonly property color switchOff: "#59808080"
     readonly property color knob: "#ffffff"
     readonly property color knobShadow: "#38000000"
-    readonly property color segment: isDark ? "#5a5c63" : "#ffffff"
-    readonly property double disabledOpacity: 0.4
+    readonly property color segment: pick("#ffffff", "#5a5c63", "#ffffff", "#000000")
+    readonly property double disabledOpacity: isHighContrast ? 0.7 : 0.4
 
     // Distances, in pixels.
     readonly property double smallSpacing: 4
@@ -66,7 +73,7 @@ QtObject {
     readonly property double smallRadius: 6
     readonly property double radius: 8
     readonly property double largeRadius: 12
-    readonly property double focusWidth: 2
+    readonly property double focusWidth: isHighContrast ? 3 : 2
     readonly property int quickly: 120 // milliseconds
 
     // Type.
@@ -82,6 +89,28 @@ QtObject {
     /// One point, the unit of sizes that belong to type, in pixels. Screens have more of them to the
     /// inch than the 72 of old.
     readonly property double point: scaled(12) / 10
+
+    function pick(light: color, dark: color, highLight: color, highDark: color): color {
+        return isHighContrast ? (isDark ? highDark : highLight) : (isDark ? dark : light);
+    }
+
+    /// `colour`, if need be changed until a symbol or an edge in it can be seen on `ground`.
+    function distinct(colour: color, ground: color): color {
+        return Appearance.readable(colour, ground, isHighContrast ? 7 : 3);
+    }
+
+    /// The ink and the ground of a badge in `colour` on a card.
+    function badgeGround(colour: color): color {
+        return Qt.tint(card, Qt.alpha(colour, 0.14));
+    }
+    function badgeInk(colour: color): color {
+        return distinct(colour, badgeGround(colour));
+    }
+
+    /// The edge of a cell on a card, whose fill has that colour in any opacity.
+    function cellEdge(fill: color): color {
+        return distinct(Qt.rgba(fill.r, fill.g, fill.b, 1), card);
+    }
 
     /// A length in pixels that scales with the desktop's text.
     function scaled(pixels: double): double {

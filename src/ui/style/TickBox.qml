@@ -14,7 +14,7 @@ BaseToggle {
         height: width
         radius: Theme.smallRadius - 1
         color: root.checked ? Theme.accentFill : root.hovered ? Theme.controlHovered : Theme.control
-        border.width: root.checked ? 0 : 1
+        border.width: root.checked && !Theme.isHighContrast ? 0 : 1
         border.color: Theme.tertiaryText
 
         SymbolImage {

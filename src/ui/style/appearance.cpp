@@ -16,19 +16,8 @@ namespace tallyvane::ui {
 
 namespace {
 
-/// Moves `colour` towards `end` until it is readable against `ground`.
-QColor readable(const QColor& colour, const QColor& ground, const QColor& end) {
-    constexpr double enough = 4.5;
-    constexpr int steps = 20;
-    QColor moved = colour;
-    for (int step = 1; step <= steps && contrast(moved, ground) < enough; ++step) {
-        const float part = static_cast<float>(step) / steps;
-        const auto mix = [part](float from, float to) { return from + (to - from) * part; };
-        moved = QColor::fromRgbF(mix(colour.redF(), end.redF()), mix(colour.greenF(), end.greenF()),
-                                 mix(colour.blueF(), end.blueF()));
-    }
-    return moved;
-}
+constexpr double enough = 4.5;
+constexpr double enoughForHighContrast = 7;
 
 QColor systemAccent() {
     return QGuiApplication::palette().color(QPalette::Active, QPalette::Highlight);
@@ -66,14 +55,33 @@ double Appearance::textScale() const {
     return std::max(QFontInfo(QGuiApplication::font()).pixelSize() / tenPoints, 1.0);
 }
 
+bool Appearance::isHighContrast() const {
+    const QPalette palette = QGuiApplication::palette();
+    const QRgb window = palette.color(QPalette::Window).rgb();
+    const QRgb text = palette.color(QPalette::WindowText).rgb();
+    const auto isIn = [&](Qt::GlobalColor one, Qt::GlobalColor other) {
+        return window == QColor(one).rgb() && text == QColor(other).rgb();
+    };
+    return m_isHighContrast || isIn(Qt::black, Qt::white) || isIn(Qt::white, Qt::black);
+}
+
+double Appearance::textContrast() const {
+    return isHighContrast() ? enoughForHighContrast : enough;
+}
+
 QColor Appearance::accentFill() const {
-    return readable(systemAccent(), Qt::white, Qt::black);
+    return ui::readable(systemAccent(), Qt::white, textContrast());
 }
 
 QColor Appearance::accentInk() const {
     // Roughly Theme.qml's raised surfaces, where contrast is lowest.
-    return isDark() ? readable(systemAccent(), QColor(0x35, 0x36, 0x3b), Qt::white)
-                    : readable(systemAccent(), QColor(0xf0, 0xf0, 0xf3), Qt::black);
+    return ui::readable(systemAccent(),
+                        isDark() ? QColor(0x35, 0x36, 0x3b) : QColor(0xf0, 0xf0, 0xf3),
+                        textContrast());
+}
+
+QColor Appearance::readable(const QColor& colour, const QColor& ground, double least) {
+    return ui::readable(colour, ground, least);
 }
 
 Appearance* Appearance::create(QQmlEngine* engine, QJSEngine* /*scriptEngine*/) {

@@ -18,4 +18,19 @@ double contrast(const QColor& one, const QColor& other) {
     return (light + 0.05) / (dark + 0.05);
 }
 
+QColor readable(const QColor& colour, const QColor& ground, double least) {
+    constexpr int steps = 20;
+    const QColor black(Qt::black);
+    const QColor white(Qt::white);
+    const QColor end = contrast(black, ground) > contrast(white, ground) ? black : white;
+    QColor moved = colour;
+    for (int step = 1; step <= steps && contrast(moved, ground) < least; ++step) {
+        const float part = static_cast<float>(step) / steps;
+        const auto mix = [part](float from, float to) { return from + (to - from) * part; };
+        moved = QColor::fromRgbF(mix(colour.redF(), end.redF()), mix(colour.greenF(), end.greenF()),
+                                 mix(colour.blueF(), end.blueF()));
+    }
+    return moved;
+}
+
 } // namespace tallyvane::ui

@@ -19,4 +19,8 @@ namespace tallyvane::ui {
 /// text and 3 for symbols.
 [[nodiscard]] double contrast(const QColor& one, const QColor& other);
 
+/// `colour`, moved towards black or white, whichever differs more from `ground`, until their
+/// contrast is at least `least` or it has arrived.
+[[nodiscard]] QColor readable(const QColor& colour, const QColor& ground, double least);
+
 } // namespace tallyvane::ui
