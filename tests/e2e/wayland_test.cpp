@@ -108,7 +108,7 @@ private Q_SLOTS:
         const auto shows = [&seen](const QString& text) { return seen.texts().contains(text); };
         tests::TallyvaneProgram program("--background");
         TALLYVANE_TRY_COMPARE(tests::item("XAyatanaLabel"), "(<'37%'>,)");
-        QCOMPARE(SwayDesktop::windows(), QStringList());
+        QVERIFY(SwayDesktop::windows().isEmpty());
 
         // The panel floats, until a click elsewhere, Escape or another click on the item.
         const auto isPanelOpen = [] {
@@ -118,7 +118,7 @@ private Q_SLOTS:
         const auto hasOpenedPanel = [&] {
             const auto clickAndLook = [&] {
                 desktop.use("mousemove 20 15 click 1");
-                return QTest::qWaitFor(isPanelOpen, 1000);
+                return QTest::qWaitFor(isPanelOpen, 3000); // a second click would close it
             };
             return QTest::qWaitFor(clickAndLook, tests::patience);
         };
@@ -126,7 +126,7 @@ private Q_SLOTS:
              {"mousemove 900 700 click 1", "key Escape", "mousemove 20 15 click 1"}) {
             QVERIFY2(hasOpenedPanel(), qPrintable(SwayDesktop::windows().join(u'\n')));
             desktop.use(closing);
-            TALLYVANE_TRY_COMPARE(SwayDesktop::windows(), QStringList());
+            TALLYVANE_TRY_VERIFY(SwayDesktop::windows().isEmpty());
         }
         QVERIFY(hasOpenedPanel());
         TALLYVANE_TRY_VERIFY(seen.texts().join(u"; "_s).contains(u"5H 37%"_s));
@@ -140,7 +140,7 @@ private Q_SLOTS:
         desktop.use("key ctrl+comma");
         TALLYVANE_TRY_VERIFY(shows(u"Color scheme"_s));
         desktop.use("key ctrl+w");
-        TALLYVANE_TRY_COMPARE(SwayDesktop::windows(), QStringList());
+        TALLYVANE_TRY_VERIFY(SwayDesktop::windows().isEmpty());
 
         desktop.endBar();
         TALLYVANE_TRY_COMPARE(tests::shownItems(), 0);
