@@ -114,7 +114,7 @@ private Q_SLOTS:
 
         const tests::PrivateBus bus;
         const tests::GnomeKeyring keyring;
-        QTRY_VERIFY(tests::GnomeKeyring::store(u"service"_s, signIn(3)));
+        TALLYVANE_TRY_VERIFY(tests::GnomeKeyring::store(u"service"_s, signIn(3)));
         check("", 0, {"claude.keyring fine", "claude.signIn fine: *in the keyring is used"});
         tests::callOnBus(u"org.freedesktop.secrets"_s, "/org/freedesktop/secrets",
                          "org.freedesktop.Secret.Service.Lock "

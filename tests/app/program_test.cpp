@@ -319,7 +319,7 @@ private Q_SLOTS:
         for (int round = 0; round < rounds; ++round) {
             QCOMPARE(run("refresh").exitCode, 3);
         }
-        QTRY_COMPARE(m_signals, rounds);
+        TALLYVANE_TRY_COMPARE(m_signals, rounds);
     }
 
     void refreshesDespiteASilentBus() {
@@ -407,7 +407,7 @@ private Q_SLOTS:
         QCOMPARE(run("refresh").exitCode, 3);
         QVERIFY(!QFile::exists(inHome("ended")));
         tests::writeFile(inHome("go"), {});
-        QTRY_VERIFY(QFile::exists(inHome("ended")));
+        TALLYVANE_TRY_VERIFY(QFile::exists(inHome("ended")));
     }
 
     void countsTokens() {

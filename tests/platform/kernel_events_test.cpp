@@ -28,7 +28,7 @@ private Q_SLOTS:
             });
             cancelled.reset();
             QVERIFY(rung.empty());
-            QTRY_VERIFY(rung == (std::multiset<QByteArray>{kept, "later"}));
+            TALLYVANE_TRY_VERIFY(rung == (std::multiset<QByteArray>{kept, "later"}));
         }
     }
 
@@ -40,7 +40,7 @@ private Q_SLOTS:
                 const platform::TerminationSignals signals([&calls] { ++calls; });
                 ::raise(number);
                 QCOMPARE(calls, 0);
-                QTRY_COMPARE(calls, 1);
+                TALLYVANE_TRY_COMPARE(calls, 1);
             }
             QVERIFY(::signal(number, SIG_IGN) == SIG_DFL);
             const platform::TerminationSignals ignored([&calls] { ++calls; });

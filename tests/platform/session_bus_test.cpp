@@ -69,7 +69,7 @@ private Q_SLOTS:
 
     void init() {
         HermeticTest::init();
-        QTRY_VERIFY(!hasDaemon());
+        TALLYVANE_TRY_VERIFY(!hasDaemon());
     }
 
     void answersTheDesktop() {
@@ -103,10 +103,10 @@ private Q_SLOTS:
         QVERIFY(!answer());
         {
             const ScriptedDaemon daemon{u"another"_s};
-            QTRY_COMPARE(changed.count(), 1);
+            TALLYVANE_TRY_COMPARE(changed.count(), 1);
             QVERIFY(answer());
         }
-        QTRY_COMPARE(changed.count(), 2);
+        TALLYVANE_TRY_COMPARE(changed.count(), 2);
         QVERIFY(!answer());
         const QString started = tests::inHome("started");
         tests::writeFile(tests::inHome("services/daemon.service"),
@@ -135,13 +135,13 @@ private Q_SLOTS:
         qputenv("GSETTINGS_BACKEND", "keyfile");
         tests::output("gdbus wait --session --timeout 30 org.xfce.Xfconf");
         for (const auto& [daemon, command] : rows) {
-            QTRY_VERIFY(!hasDaemon());
+            TALLYVANE_TRY_VERIFY(!hasDaemon());
             const QTemporaryDir configuration;
             qputenv("XDG_CONFIG_HOME", configuration.path().toUtf8());
             std::optional<tests::RunningProgram> program;
             std::optional<ScriptedDaemon> gnome;
             *daemon == '\0' ? void(gnome.emplace(u"gnome-shell"_s)) : void(program.emplace(daemon));
-            QTRY_VERIFY(hasDaemon());
+            TALLYVANE_TRY_VERIFY(hasDaemon());
             std::ignore = std::system("xfconf-query -c xfce4-notifyd -p / -r -R");
             QVERIFY2(isOn(), command);
             QCOMPARE(std::system(command), 0);
@@ -181,7 +181,7 @@ private Q_SLOTS:
         const QSignalSpy activated(&m_centre, &DBusNotificationCentre::activated);
         const QString identifier = u"reset-claude-1750000000.5"_s;
         m_centre.post({.identifier = identifier, .title = u"Title"_s, .body = u"您的"_s});
-        QTRY_COMPARE(daemon.calls.size(), 2);
+        TALLYVANE_TRY_COMPARE(daemon.calls.size(), 2);
         QVariantList arguments = daemon.calls.at(1).arguments();
         const QVariantMap hints{{u"desktop-entry"_s, u"org.corvelle.Tallyvane"_s},
                                 {u"sound-name"_s, u"message-new-instant"_s},
@@ -195,7 +195,7 @@ private Q_SLOTS:
         daemon.tell(u"ActionInvoked"_s, 7, u"other"_s);
         daemon.tell(u"ActivationToken"_s, 7, u"token"_s);
         daemon.tell(u"ActionInvoked"_s, 7, u"default"_s);
-        QTRY_COMPARE(activated, QList<QVariantList>{{u"token"_s}});
+        TALLYVANE_TRY_COMPARE(activated, QList<QVariantList>{{u"token"_s}});
     }
 
     void findsTheSettingsPage() {

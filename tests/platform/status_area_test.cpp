@@ -77,20 +77,20 @@ private Q_SLOTS:
         Desktop desktop;
         const platform::SystemAppearance appearance;
         const QSignalSpy changed(&appearance, &platform::SystemAppearance::changed);
-        QTRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
+        TALLYVANE_TRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
         QVERIFY(appearance.isMotionReduced());
         desktop.change(gnomeGroup, colourScheme, 0U);
         desktop.change(appearanceGroup, u"contrast"_s, 0U);
         desktop.change(appearanceGroup, colourScheme, 2U);
-        QTRY_COMPARE(appearance.colourPreference(), ColourPreference::light);
+        TALLYVANE_TRY_COMPARE(appearance.colourPreference(), ColourPreference::light);
         desktop.change(appearanceGroup, colourScheme, 9U);
-        QTRY_COMPARE(appearance.colourPreference(), ColourPreference::none);
+        TALLYVANE_TRY_COMPARE(appearance.colourPreference(), ColourPreference::none);
         desktop.change(appearanceGroup, u"reduced-motion"_s, 1U);
         desktop.change(gnomeGroup, animations, true);
         desktop.change(appearanceGroup, u"reduced-motion"_s, 0U);
-        QTRY_VERIFY(!appearance.isMotionReduced());
+        TALLYVANE_TRY_VERIFY(!appearance.isMotionReduced());
         desktop.change(u"org.kde.kdeglobals.KDE"_s, u"AnimationDurationFactor"_s, u"0"_s);
-        QTRY_VERIFY(appearance.isMotionReduced());
+        TALLYVANE_TRY_VERIFY(appearance.isMotionReduced());
         QCOMPARE(changed.count(), 6);
         const QString gnomeAccessGroup = u"org.gnome.desktop.a11y.interface"_s;
         const std::tuple<QString, QString, QVariant, QVariant> askingForContrast[] = {
@@ -100,9 +100,9 @@ private Q_SLOTS:
         for (const auto& [group, key, high, normal] : askingForContrast) {
             QVERIFY(!appearance.isHighContrast());
             desktop.change(group, key, high);
-            QTRY_VERIFY(appearance.isHighContrast());
+            TALLYVANE_TRY_VERIFY(appearance.isHighContrast());
             desktop.change(group, key, normal);
-            QTRY_VERIFY(!appearance.isHighContrast());
+            TALLYVANE_TRY_VERIFY(!appearance.isHighContrast());
         }
         QCOMPARE(changed.count(), 12);
     }
@@ -114,26 +114,26 @@ private Q_SLOTS:
         Desktop desktop;
         const platform::SystemAppearance appearance;
         const app::StatusArea area(idle.model, appearance, idle.clock, {});
-        QTRY_VERIFY(hasInk(light));
+        TALLYVANE_TRY_VERIFY(hasInk(light));
         ::prctl(PR_SET_NAME, "status_area_test");
         desktop.change(appearanceGroup, colourScheme, 9U);
-        QTRY_VERIFY(hasInk(grey));
+        TALLYVANE_TRY_VERIFY(hasInk(grey));
         desktop.changeXfce(u"xfce4-panel"_s, u"/panels/size"_s, true);
         desktop.change(appearanceGroup, colourScheme, 2U);
-        QTRY_VERIFY(hasInk(dark));
+        TALLYVANE_TRY_VERIFY(hasInk(dark));
         // The panel looks as its theme does unless it is in dark mode.
         desktop.changeXfce(u"xsettings"_s, u"/Net/ThemeName"_s, u"Greybird-dark"_s);
-        QTRY_VERIFY(hasInk(light));
+        TALLYVANE_TRY_VERIFY(hasInk(light));
         desktop.changeXfce(u"xsettings"_s, u"/Net/ThemeName"_s, u"Greybird"_s);
-        QTRY_VERIFY(hasInk(dark));
+        TALLYVANE_TRY_VERIFY(hasInk(dark));
         desktop.changeXfce(u"xfce4-panel"_s, u"/panels/dark-mode"_s, true);
-        QTRY_VERIFY(hasInk(light));
+        TALLYVANE_TRY_VERIFY(hasInk(light));
         desktop.xfconf = {{u"/panels/dark-mode"_s, false}, {u"/Net/ThemeName"_s, u"Adwaita"_s}};
         const platform::PanelColourPreference later;
-        QTRY_COMPARE(later.value(), ColourPreference::light);
+        TALLYVANE_TRY_COMPARE(later.value(), ColourPreference::light);
         QVERIFY(!later.isHighContrast());
         desktop.changeXfce(u"xsettings"_s, u"/Net/ThemeName"_s, u"HighContrast"_s);
-        QTRY_VERIFY(later.isHighContrast());
+        TALLYVANE_TRY_VERIFY(later.isHighContrast());
     }
 
     /// Waybar is dark where the desktop has no preference, which is the default.
@@ -143,10 +143,10 @@ private Q_SLOTS:
         Desktop desktop;
         const platform::SystemAppearance appearance;
         const app::StatusArea area(idle.model, appearance, idle.clock, {});
-        QTRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
+        TALLYVANE_TRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
         for (const auto& [preference, ink] : {std::pair(2U, dark), std::pair(0U, light)}) {
             desktop.change(appearanceGroup, colourScheme, preference);
-            QTRY_VERIFY(hasInk(ink));
+            TALLYVANE_TRY_VERIFY(hasInk(ink));
         }
         ::prctl(PR_SET_NAME, "status_area_test");
     }

@@ -141,7 +141,7 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 4);
         QGuiApplication::setFont(QFont(QGuiApplication::font().family(), 20));
         QCOMPARE(qRound(m_appearance.textScale() * 10), 20);
-        QTRY_COMPARE(changed.count(), 5);
+        TALLYVANE_TRY_COMPARE(changed.count(), 5);
     }
 };
 

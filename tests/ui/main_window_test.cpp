@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(open.card("Codex").week.resetText, u"Mo., 04:00"_s);
         for (const QuotaBarLook& look : {QuotaBarLook{0, 0.58, false}, {2, 0.19, true}}) {
             const QQuickItem* fill = open.items("fill").at(look.index);
-            QTRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
+            TALLYVANE_TRY_COMPARE(fill->width(), fill->parentItem()->width() * look.fraction);
             const auto colour = fill->childItems().at(0)->property("color").value<QColor>();
             QCOMPARE(colour.red() > colour.green(), look.isLow);
         }
@@ -138,7 +138,7 @@ private Q_SLOTS:
         claude.week->usedPercent = 99.6;
         OpenWindow open(snapshot);
         const QQuickItem* sliver = open.items("fill").at(3);
-        QTRY_COMPARE(sliver->width(), sliver->parentItem()->width() * (100 - 99.6) / 100);
+        TALLYVANE_TRY_COMPARE(sliver->width(), sliver->parentItem()->width() * (100 - 99.6) / 100);
         QCOMPARE(open.card("Codex").age, QString());
         QVERIFY(open.text("trouble").startsWith(u"Network error. Check "));
         open.idle.clock.advance(29s);
@@ -228,11 +228,11 @@ private Q_SLOTS:
         open.idle.notificationCentre.isOn = true;
         open.press("notifies", Qt::Key_Space);
         QVERIFY(open.idle.model.notificationSettings().enabled);
-        QTRY_VERIFY(!open.item("notAuthorized"));
+        TALLYVANE_TRY_VERIFY(!open.item("notAuthorized"));
         for (const bool isOn : {false, true}) { // as when the daemon ends, and starts again
             open.idle.notificationCentre.isOn = isOn;
             Q_EMIT open.idle.notificationCentre.authorizationChanged();
-            QTRY_COMPARE(open.item("notAuthorized") == nullptr, isOn);
+            TALLYVANE_TRY_COMPARE(open.item("notAuthorized") == nullptr, isOn);
         }
 
         open.type("start", "0:00");
@@ -261,14 +261,14 @@ private Q_SLOTS:
         open.press("turnWindowOn", Qt::Key_Space);
         QVERIFY(!open.item("windowNote") && !open.item("windowsNote"));
         open.press("addWindow", Qt::Key_Space);
-        QTRY_COMPARE(open.items("remove").size(), 2);
+        TALLYVANE_TRY_COMPARE(open.items("remove").size(), 2);
         const auto windows = open.idle.model.notificationSettings().windows;
         open.items("remove")[1]->forceActiveFocus(Qt::TabFocusReason);
         open.press(Qt::Key_Space);
         QCOMPARE(open.idle.model.notificationSettings().windows, std::vector{windows[0]});
-        QTRY_COMPARE(open.items("remove").size(), 1);
+        TALLYVANE_TRY_COMPARE(open.items("remove").size(), 1);
         open.press("remove", Qt::Key_Space);
-        QTRY_VERIFY(open.text("windowsNote").endsWith(u"there is no time window."));
+        TALLYVANE_TRY_VERIFY(open.text("windowsNote").endsWith(u"there is no time window."));
 
         open.press("providers", Qt::Key_Right);
         QCOMPARE(core::loadOnlyProvider(open.idle.defaults), model::AIProvider::codex);
@@ -276,14 +276,14 @@ private Q_SLOTS:
         open.press(Qt::Key_Right);
         QVERIFY(!open.item("codexState") && !open.item("codexPath"));
         open.open(1);
-        QTRY_VERIFY(open.item("Claude") && !open.item("Codex"));
+        TALLYVANE_TRY_VERIFY(open.item("Claude") && !open.item("Codex"));
         open.open(2);
         QVERIFY(!open.item("filter"));
         QCOMPARE(open.viewModel()->history()->key()->rowCount(), 1);
         open.idle.model.setOnlyProvider({});
         QVERIFY(open.item("filter"));
         open.open(1);
-        QTRY_VERIFY(open.item("Codex")->y() < open.item("Claude")->y());
+        TALLYVANE_TRY_VERIFY(open.item("Codex")->y() < open.item("Claude")->y());
         open.open(3);
 
         tests::writeFile(open.idle.home().filePath(u"mine/codex"_s), "#!/bin/sh\n");
@@ -363,7 +363,7 @@ private Q_SLOTS:
             goes(Qt::Key_Tab, Qt::ControlModifier, 2);
             open.press(Qt::Key_Q, Qt::ControlModifier);
             open.press(close);
-            QTRY_VERIFY(!open.item("version"));
+            TALLYVANE_TRY_VERIFY(!open.item("version"));
         }
         open.press(Qt::Key_Escape);
         QVERIFY(open.view()->isVisible());
@@ -381,7 +381,7 @@ private Q_SLOTS:
         for (const auto decline : {Qt::Key_Space, Qt::Key_Escape}) {
             ask();
             open.press("notNow", decline);
-            QTRY_VERIFY(!open.item("notNow") && open.view()->isVisible());
+            TALLYVANE_TRY_VERIFY(!open.item("notNow") && open.view()->isVisible());
         }
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::notRegistered);
         open.setLoginItemBroken(true);
@@ -393,7 +393,7 @@ private Q_SLOTS:
         open.setLoginItemBroken(false);
         open.press(Qt::Key_Return);
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
-        QTRY_VERIFY(!open.item("continue"));
+        TALLYVANE_TRY_VERIFY(!open.item("continue"));
     }
 
     void keepsItsLayout() {
@@ -402,17 +402,18 @@ private Q_SLOTS:
                 OpenWindow::setLook(points, direction);
                 const OpenWindow open;
                 open.view()->resize(QSize(width, 700).expandedTo(open.view()->minimumSize()));
-                QTRY_COMPARE(open.misplaced({"Codex", "Claude", "refresh", "website"}), "");
-                QTRY_COMPARE(open.misplaced({"plan"}), "");
+                TALLYVANE_TRY_COMPARE(open.misplaced({"Codex", "Claude", "refresh", "website"}),
+                                      "");
+                TALLYVANE_TRY_COMPARE(open.misplaced({"plan"}), "");
                 const bool isBeside = open.item("interval")->y() == 0;
                 QCOMPARE(open.text("interval").startsWith(u"·"), isBeside);
                 open.open(2);
-                QTRY_COMPARE(open.misplaced({"metric", "period", "filter", "chart", "heatmap"}),
-                             "");
+                TALLYVANE_TRY_COMPARE(
+                    open.misplaced({"metric", "period", "filter", "chart", "heatmap"}), "");
                 open.open(3);
-                QTRY_COMPARE(open.misplaced({"appearance", "launchAtLogin", "allDay", "start",
-                                             "end", "remove"}),
-                             "");
+                TALLYVANE_TRY_COMPARE(open.misplaced({"appearance", "launchAtLogin", "allDay",
+                                                      "start", "end", "remove"}),
+                                      "");
             }
         }
     }

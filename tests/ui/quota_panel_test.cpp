@@ -42,7 +42,7 @@ private Q_SLOTS:
         open.idle.clock.advance(20min);
         QCOMPARE(open.text("details").simplified(),
                  u"5H resets in 1h 54m · WK in 1d 23h · Last updated 22 min ago"_s);
-        QTRY_VERIFY(open.view()->isActive());
+        TALLYVANE_TRY_VERIFY(open.view()->isActive());
         open.item("refresh")->forceActiveFocus(Qt::TabFocusReason);
         QList<bool> states; // Without an assistant a refresh may end before it is awaited.
         connect(&open.idle.model, &core::AppModel::isRefreshingChanged, open.view(), [&] {
@@ -64,7 +64,7 @@ private Q_SLOTS:
     void opensAUsagePage() {
         const OpenPanel open;
         QDesktopServices::setUrlHandler(u"https"_s, this, "openUrl");
-        QTRY_VERIFY(open.view()->isActive());
+        TALLYVANE_TRY_VERIFY(open.view()->isActive());
         open.press(Qt::Key_Tab);
         open.press(Qt::Key_Down);
         QVERIFY(open.item("Claude")->property("visualFocus").toBool());
@@ -87,7 +87,7 @@ private Q_SLOTS:
         for (const auto& [key, modifier, command] : rows) {
             const OpenPanel open;
             const QSignalSpy requested(&open.viewModel, command);
-            QTRY_VERIFY(open.view()->isActive());
+            TALLYVANE_TRY_VERIFY(open.view()->isActive());
             open.press(key, modifier);
             QVERIFY2(requested.count() == 1, command.name());
         }
@@ -95,7 +95,7 @@ private Q_SLOTS:
 
     void closes() {
         OpenPanel open;
-        QTRY_VERIFY(open.view()->isActive());
+        TALLYVANE_TRY_VERIFY(open.view()->isActive());
         open.press(Qt::Key_Escape);
         QVERIFY(!open.panel.isOpen());
         open.panel.toggle({}); // by the press that took the focus away
