@@ -267,6 +267,9 @@ private Q_SLOTS:
                  qPrintable(current.output + current.error));
         QCOMPARE(run("refresh --json").output.toUtf8(), encodeRefreshResult(result) + '\n');
 
+        result.report.uncounted = model::Message("Not counted.");
+        QCOMPARE(run("refresh").exitCode, 1);
+        result.report.uncounted.reset();
         result.report.failures[model::AIProvider::codex] = {
             .text = model::Message("Gone\u202E\u0085, a@b.example."),
             .advice = model::Message("Look.")};

@@ -29,6 +29,8 @@ private Q_SLOTS:
         const QString coloured = statusText(snapshot, m_now, m_weekdayTime, Palette::ansi);
         QVERIFY(coloured.contains(u"\033[32m 58% left\033[0m"));
         QVERIFY(coloured.contains(u"\033[31m 19% left\033[0m"));
+        QVERIFY(statusText(usedSnapshot(75, 0), m_now, m_weekdayTime, Palette::ansi)
+                    .contains(u"\033[32m 25% left"));
         QVERIFY(statusText(shownSnapshot({}), m_now, m_weekdayTime, Palette::plain)
                     .startsWith(u"Codex, never synced\n  5 hours     -       Not available\n"));
         snapshot.providers[0].planName = u"A\033[31m\u202E\u009BB"_s; // from whomever

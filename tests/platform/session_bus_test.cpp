@@ -191,7 +191,8 @@ private Q_SLOTS:
         const QStringList actions{u"default"_s, u"Open Tallyvane"_s};
         QCOMPARE(arguments, (QVariantList{u"Tallyvane"_s, 0U, u"org.corvelle.Tallyvane"_s,
                                           u"Title"_s, u"您的"_s, actions, -1}));
-        daemon.tell(u"ActionInvoked"_s, 8, u"default"_s); // not ours
+        daemon.tell(u"ActivationToken"_s, 8, u"token"_s); // not ours
+        daemon.tell(u"ActionInvoked"_s, 8, u"default"_s);
         daemon.tell(u"ActionInvoked"_s, 7, u"other"_s);
         daemon.tell(u"ActivationToken"_s, 7, u"token"_s);
         daemon.tell(u"ActionInvoked"_s, 7, u"default"_s);

@@ -46,7 +46,6 @@ void HistoryModel::setMetric(int metric) {
 
 void HistoryModel::setGranularity(int granularity) {
     m_granularity = static_cast<HistoryGranularity>(granularity);
-    m_hoveredDate.reset();
     update();
 }
 
