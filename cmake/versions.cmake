@@ -1,11 +1,14 @@
-# tallyvane_check_version(<name> <oldest> <newest tried> <version>)
-# Stops below the oldest version that works, and tells above the newest that was tried.
+# tallyvane_check_version(<name> <oldest> <newest> <version>)
+# Stops below the oldest version that works, and tells above the newest that this was written for;
+# what that leaves open, such as a patch level, does not matter.
 function(tallyvane_check_version name oldest newest version)
     if(version VERSION_LESS oldest)
         message(FATAL_ERROR "Tallyvane needs ${name} ${oldest} or later; this is ${version}.")
     endif()
-    string(REGEX MATCH "^[0-9]+[.]?[0-9]*" compared ${version}) # without the patch level
+    string(REGEX REPLACE "[0-9]+" "[0-9]+" form "${newest}")
+    string(REGEX MATCH "^${form}" compared "${version}")
     if(compared VERSION_GREATER newest)
-        message(NOTICE "Tallyvane was tried with ${name} ${oldest} to ${newest}; this is ${version}.")
+        message(NOTICE "Tallyvane was written for ${name} ${oldest} to ${newest}; "
+            "this is ${version}.")
     endif()
 endfunction()
