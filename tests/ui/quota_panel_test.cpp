@@ -8,6 +8,7 @@
 #include <QtGui/QCursor>
 #include <QtGui/QDesktopServices>
 
+using namespace std::chrono_literals;
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
 
