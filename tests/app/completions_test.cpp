@@ -49,8 +49,8 @@ private Q_SLOTS:
             {"tallyvane st", "status"},
             {"tallyvane --b", "--background"},
             {"tallyvane refresh --j", "--json"},
-            {"tallyvane refresh --p", ""},
-            {"tallyvane status --p", "--provider"},
+            {"tallyvane refresh --pr", ""}, // fish also takes letters that lie apart
+            {"tallyvane status --pr", "--provider"},
             {"tallyvane status --provider ", "claude codex"},
             {"tallyvane status --provider=cl", "claude"},
             {"tallyvane status --provider codex --w", "--waybar"},

@@ -54,7 +54,7 @@ QStringList lines(const char* text) {
 /// Everything that there is to see on a page, and the program itself.
 QStringList page(const QString& title, const QStringList& content) {
     QStringList texts = lines(R"(
-Tallyvane | Tallyvane
+Tallyvane
 Tallyvane
 Dashboard
 Usage History
