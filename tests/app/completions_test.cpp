@@ -53,7 +53,7 @@ private Q_SLOTS:
             {"tallyvane status --pr", "--provider"},
             {"tallyvane status --provider ", "claude codex"},
             {"tallyvane status --provider=cl", "claude"},
-            {"tallyvane status --provider codex --w", "--waybar"},
+            {"tallyvane status --provider codex --wa", "--waybar"},
             {"tallyvane status --below ", ""},
             {"tallyvane config se", "set"},
             {"tallyvane config get n", "notification-windows notifications"},
