@@ -8,13 +8,19 @@ using platform::AutostartEntry;
 
 namespace {
 
-/// The login item of a program of this name in ~/bin, a folder of $PATH.
-AutostartEntry entryFor(const char* program) {
+/// The login item of the program with this path, where ~/bin is in $PATH.
+AutostartEntry entryForPath(const QString& program) {
     const auto inHome = [](const char* name) { return tests::inHome(name).toStdString(); };
-    return AutostartEntry({.userDirectory = inHome("user"),
-                           .systemDirectories = {inHome("xdg1"), inHome("xdg2")},
-                           .program = inHome("bin/") + program,
-                           .searchPath = {tests::inHome("bin")}});
+    return AutostartEntry(
+        {.userDirectory = inHome("user"),
+         .systemDirectories = {inHome("xdg1"), inHome("xdg2")},
+         .program = program.toStdString(),
+         .searchPath = {u"/nix/store/shell/bin"_s, tests::inHome("sbin"), tests::inHome("bin")}});
+}
+
+/// That of a program of this name in ~/bin.
+AutostartEntry entryFor(const char* program) {
+    return entryForPath(tests::inHome("bin/") + QString::fromUtf8(program));
 }
 
 /// Writes an entry in which BIN stands for the program's folder.
@@ -71,6 +77,29 @@ private Q_SLOTS:
             const QByteArray text = tests::readFile(m_userFile);
             QVERIFY2(text.contains("/bin/" + QByteArray(quoted) + "\" --background\n"), text);
             QCOMPARE(entry.status(), platform::LoginItemStatus::enabled);
+        }
+    }
+
+    void namesWhatOutlivesAnUpdate() {
+        const auto home = [](const char* name) { return tests::inHome(name); };
+        tests::writeFile(home("cellar/0.2/tallyvane"), {});
+        tests::writeFile(home("elsewhere/tallyvane"), {});
+        QVERIFY(QFile::link(home("cellar/0.2/tallyvane"), home("bin/tallyvane")));
+        QVERIFY(QFile::link(home("bin"), home("sbin")));
+        const std::pair<QString, QString> rows[] = {
+            {home("bin/tally vane"), home("bin/tally vane")}, // though ~/sbin comes first
+            {home("cellar/0.2/tallyvane"), home("sbin/tallyvane")},
+            {home("elsewhere/tallyvane"), home("elsewhere/tallyvane")}, // in $PATH is another
+            {u"/nix/store/shell/bin/tallyvane"_s, u"tallyvane"_s},
+            {u"/nix/store/1a2b-tallyvane-0.2.0/bin/absent"_s, u"absent"_s},
+            {u"/gnu/store/1a2b-tallyvane-0.2.0/bin/tallyvane"_s, u"tallyvane"_s},
+        };
+        for (const auto& [program, named] : rows) {
+            QVERIFY(entryForPath(program).enable());
+            const QByteArray text = tests::readFile(m_userFile);
+            QVERIFY2(text.contains("TryExec=" + named.toUtf8() + "\nExec=\"" + named.toUtf8() +
+                                   "\" --background\n"),
+                     text);
         }
     }
 

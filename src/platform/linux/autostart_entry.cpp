@@ -4,7 +4,7 @@
 #include "platform/application_id.h"
 #include "platform/linux/desktop_entry.h"
 
-#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 
 #include <algorithm>
@@ -21,6 +21,29 @@ std::filesystem::path entryIn(const std::filesystem::path& directory) {
 
 bool isTrue(const QString& value) {
     return value == u"true" || value == u"1"; // the latter in old files
+}
+
+/// Stores of packages give each version a folder of its own, and remove those of old versions.
+bool isInStore(const QString& path) {
+    return path.startsWith(QStringLiteral("/nix/store/")) ||
+           path.startsWith(QStringLiteral("/gnu/store/"));
+}
+
+/// What an update leaves where it is: the program itself if its folder is in $PATH, else a link to
+/// it there, as those who install each version into its own folder make it.
+QString lastingPath(const QString& program, const QStringList& searchPath) {
+    const QFileInfo file(program);
+    if (!isInStore(program) && searchPath.contains(file.path())) {
+        return program;
+    }
+    for (const QString& folder : searchPath) {
+        const QFileInfo candidate(folder + u'/' + file.fileName());
+        if (!isInStore(folder) && candidate.exists() &&
+            candidate.canonicalFilePath() == file.canonicalFilePath()) {
+            return candidate.filePath();
+        }
+    }
+    return isInStore(program) ? file.fileName() : program;
 }
 
 } // namespace
@@ -78,7 +101,7 @@ std::expected<void, QString> AutostartEntry::disable() {
 }
 
 std::expected<void, QString> AutostartEntry::write(const QString& lastLines) const {
-    const QString program = QFile(m_places.program).fileName();
+    const QString program = lastingPath(QFile(m_places.program).fileName(), m_places.searchPath);
     const QString exec = quotedArgument(program) + QStringLiteral(" --background");
     const QString text = QStringLiteral("[Desktop Entry]\n"
                                         "Type=Application\n"

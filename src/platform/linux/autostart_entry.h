@@ -25,6 +25,8 @@ public:
     explicit AutostartEntry(AutostartPlaces places);
 
     [[nodiscard]] LoginItemStatus status() const override;
+    /// Writes the user's file, which names the program by a path that outlives its updates: never
+    /// one of a store such as Nix's; there, without a link in $PATH, by its bare name.
     [[nodiscard]] std::expected<void, QString> enable() override;
     /// Removes the user's file, or makes it hide the system's file if there is one.
     [[nodiscard]] std::expected<void, QString> disable() override;
