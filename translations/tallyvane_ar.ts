@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>‏%1: %2</translation>
     </message>
 </context>
@@ -499,6 +500,48 @@
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>بيانات جُلبت %1</translation>
     </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>بهذه الوتيرة تنفد في %1، قبل التجدد بمقدار %2</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>بهذه الوتيرة تكفي حتى التجدد</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCardHeader</name>
@@ -611,6 +654,24 @@
             <numerusform>قبل %Ln ي</numerusform>
             <numerusform>قبل %Ln ي</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>٥ س</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>أسبوع</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1: تنفد %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>

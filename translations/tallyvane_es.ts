@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1: %2</translation>
     </message>
 </context>
@@ -499,6 +500,36 @@
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>Datos de %1</translation>
     </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n&#xa0;min</numerusform>
+            <numerusform>%n&#xa0;min</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n&#xa0;h</numerusform>
+            <numerusform>%n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n&#xa0;día</numerusform>
+            <numerusform>%n&#xa0;días</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>A este ritmo se agota antes (%1, %2 antes del reinicio)</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>A este ritmo alcanza hasta el reinicio</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCardHeader</name>
@@ -599,6 +630,24 @@
             <numerusform>hace %n&#xa0;día</numerusform>
             <numerusform>hace %n&#xa0;días</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5h</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>Sem.</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1: se agota %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>

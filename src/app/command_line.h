@@ -10,7 +10,18 @@
 
 namespace tallyvane::app {
 
-enum class Command { desktop, refresh, status, history, tokens, doctor, config, help, version };
+enum class Command {
+    desktop,
+    refresh,
+    status,
+    pace,
+    history,
+    tokens,
+    doctor,
+    config,
+    help,
+    version
+};
 enum class StartMode { withWindow, background };
 enum class OutputFormat { text, json, waybar, fields };
 

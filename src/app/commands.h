@@ -19,6 +19,10 @@ namespace tallyvane::app {
 [[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format,
                                  const StatusChoice& choice);
 
+/// Prints how the stored use compares with an even one: as text, of the providers that are shown,
+/// or as JSON, of all.
+[[nodiscard]] ExitCode runPace(const Environment& environment, OutputFormat format);
+
 /// Prints a snapshot in human-readable form, in colour where the user wants that.
 [[nodiscard]] bool printStatusText(const Environment& environment,
                                    const model::QuotaSnapshot& snapshot, model::Timestamp now);

@@ -16,6 +16,8 @@ ExitCode run(const CommandLine& commandLine) {
         return runRefresh(readEnvironment(), commandLine.outputFormat);
     case Command::status:
         return runStatus(readEnvironment(), commandLine.outputFormat, commandLine.status);
+    case Command::pace:
+        return runPace(readEnvironment(), commandLine.outputFormat);
     case Command::history:
         return runHistory(readEnvironment(), commandLine.outputFormat);
     case Command::tokens:

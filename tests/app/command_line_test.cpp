@@ -19,6 +19,7 @@ private Q_SLOTS:
         const std::pair<const char*, CommandLine> rows[] = {
             {"", {}},
             {"status --json", {Command::status, OutputFormat::json}},
+            {"pace --json", {Command::pace, OutputFormat::json}},
             {"--waybar status", {Command::status, OutputFormat::waybar}},
             {"status --format={x} --below 5",
              {Command::status, OutputFormat::fields, {.below = 5, .format = u"{x}"_s}}},

@@ -18,7 +18,8 @@ SENTENCE = re.compile(r'[A-Z%].* .*[^.]\.$|(To|Make it|Move it|Keep it) ')
 # Not for the user: what callers on the session bus read.
 NOT_SHOWN = {'There is no action of this name.'}
 CODEX = '''#!/bin/sh
-echo '{"id":1,"result":{"rateLimits":{"planType":"plus","primary":{"usedPercent":1,"resetsAt":1},\
+reset=$(($(date +%s) + 9000))
+echo '{"id":1,"result":{"rateLimits":{"planType":"plus","primary":{"usedPercent":80,"resetsAt":'$reset'},\
 "secondary":{"usedPercent":1,"resetsAt":1}}}}'
 cat
 '''
@@ -83,7 +84,7 @@ class Documents(unittest.TestCase):
         self.run_program('refresh')
         outputs = {name: self.run_program(command, '--json') for name, command in (
             ('quota-snapshot.json', 'status'), ('usage-history.json', 'history'),
-            ('tokens --json', 'tokens'), ('doctor --json', 'doctor'))}
+            ('tokens --json', 'tokens'), ('pace --json', 'pace'), ('doctor --json', 'doctor'))}
         found = {name: paths(json.loads(output)) for name, output in outputs.items()}
         store = self.home / '.local/share/Gaugewell'
         self.assertEqual((store / 'quota-snapshot.json').read_text() + '\n',

@@ -211,6 +211,7 @@ private Q_SLOTS:
         QVERIFY(!run("refresh").error.contains(u"Codex"));
         const std::tuple<const char*, const char*, const char*> rows[] = {
             {"status", "Claude", "Codex"},
+            {"pace", "Claude", "Codex"},
             {"history", "Claude", "Codex"},
             {"status --waybar", "Claude", "Codex"},
             {"status --format {codex.state}-{claude.state}", "--unavailable", "--un-"},

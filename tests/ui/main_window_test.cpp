@@ -7,6 +7,8 @@
 
 #include <QtGui/QAccessible>
 
+#include <cmath>
+
 using namespace std::chrono_literals;
 using namespace tallyvane;
 using namespace Qt::StringLiterals;
@@ -105,6 +107,10 @@ private Q_SLOTS:
             const auto colour = fill->childItems().at(0)->property("color").value<QColor>();
             QCOMPARE(colour.red() > colour.green(), look.isLow);
         }
+        const QQuickItem* mark = open.items("evenMark").at(0);
+        const double even =
+            mark->parentItem()->width() * 136 / 300; // minutes of the window to come
+        QVERIFY(std::abs(mark->x() + mark->width() / 2 - even) <= 0.5);
         open.idle.clock.advance(59s);
         QCOMPARE(open.text("updated"), u"Updated 2 min ago"_s);
         open.idle.clock.advance(1s);
