@@ -895,6 +895,18 @@
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>النتيجة تقديرية. قد يؤثر في دقتها التجدد المتحرك للحصص، والاستخدام بين المزامنات، وتعديلات مزوّد الخدمة. تُستخرج مجاميع التوكنات المحلية من حقول الاستخدام الرقمية فقط؛ ولا تُخزَّن المُدخلات ولا الردود أبدًا.</translation>
     </message>
+    <message>
+        <source>Copied</source>
+        <translation>نُسخ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>انسخ</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>انسخ الأرقام اليومية في شكل جدول</translation>
+    </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>

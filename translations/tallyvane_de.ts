@@ -871,6 +871,18 @@
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Geschätzte Werte. Gleitende Resets, Nutzung zwischen zwei Aktualisierungen und Anpassungen seitens der Anbieter können die Genauigkeit beeinträchtigen. Die lokalen Token-Summen stammen nur aus numerischen Nutzungsfeldern; Prompts und Antworten werden nie gespeichert.</translation>
     </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Die Werte der Tage als Tabelle kopieren</translation>
+    </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>

@@ -871,6 +871,18 @@
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Resultado estimado. Los reinicios continuos, el uso entre actualizaciones y los ajustes de los proveedores pueden afectar a la precisión. Los totales locales de tokens se obtienen solo de campos numéricos de uso; nunca se guardan prompts ni respuestas.</translation>
     </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Copiar los datos diarios como tabla</translation>
+    </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>

@@ -871,6 +871,18 @@
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Résultat estimé. Les réinitialisations glissantes, l’utilisation entre deux actualisations et les ajustements des fournisseurs peuvent nuire à la précision. Les totaux locaux de tokens proviennent uniquement de champs numériques d’utilisation&#xa0;; les prompts et les réponses ne sont jamais enregistrés.</translation>
     </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Copier les chiffres quotidiens sous forme de tableau</translation>
+    </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>

@@ -865,6 +865,18 @@
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>推定値です。ローリング式のリセット、同期と同期の間の使用、提供元による調整が精度に影響することがあります。ローカルのトークン数は、使用量の数値フィールドのみから算出しています。プロンプトや応答を保存することはありません。</translation>
     </message>
+    <message>
+        <source>Copied</source>
+        <translation>コピーしました</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>日ごとの数値を表としてコピー</translation>
+    </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>

@@ -865,6 +865,18 @@
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>结果为估算值。滚动重置、两次同步之间的用量以及服务商的调整都可能影响准确性。本地 Token 总数仅根据数值型用量字段得出；绝不存储提示词和回复。</translation>
     </message>
+    <message>
+        <source>Copied</source>
+        <translation>已复制</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>以表格形式复制每日数据</translation>
+    </message>
 </context>
 <context>
     <name>tallyvane::app::StatusArea</name>

@@ -2,6 +2,7 @@
 
 #include "model/quota_snapshot.h"
 
+#include <QtCore/QDate>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -23,7 +24,7 @@ enum class Command {
     version
 };
 enum class StartMode { withWindow, background };
-enum class OutputFormat { text, json, waybar, fields };
+enum class OutputFormat { text, json, csv, waybar, fields };
 
 /// The options of `status` beside its output format.
 struct StatusChoice {
@@ -34,11 +35,21 @@ struct StatusChoice {
     bool operator==(const StatusChoice&) const = default;
 };
 
+/// The options of `history` beside its output format.
+struct HistoryChoice {
+    std::optional<model::AIProvider> provider; ///< to show; nullopt: all
+    std::optional<QDate> since;                ///< the first day; nullopt: all
+
+    bool operator==(const HistoryChoice&) const = default;
+};
+
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    OutputFormat outputFormat = OutputFormat::text; ///< the last two only with `status`
+    OutputFormat outputFormat =
+        OutputFormat::text; ///< `csv` with `history`, the last two with `status`
     StatusChoice status;
+    HistoryChoice history;
     StartMode startMode = StartMode::withWindow; ///< of the desktop program
     bool isOnline = false;                       ///< with `doctor`: ask the service too
     QStringList words;                           ///< of `config`: what follows the command

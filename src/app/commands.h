@@ -27,8 +27,10 @@ namespace tallyvane::app {
 [[nodiscard]] bool printStatusText(const Environment& environment,
                                    const model::QuotaSnapshot& snapshot, model::Timestamp now);
 
-/// Prints the stored usage history, a row per day and provider shown; as JSON, all of it.
-[[nodiscard]] ExitCode runHistory(const Environment& environment, OutputFormat format);
+/// Prints the stored usage history, a row per day and provider that is shown or chosen; as JSON,
+/// all of it.
+[[nodiscard]] ExitCode runHistory(const Environment& environment, OutputFormat format,
+                                  const HistoryChoice& choice);
 
 /// Counts the tokens in the local session logs and prints the totals, the files counted and
 /// skipped, the bytes read and the time taken.

@@ -19,7 +19,7 @@ ExitCode run(const CommandLine& commandLine) {
     case Command::pace:
         return runPace(readEnvironment(), commandLine.outputFormat);
     case Command::history:
-        return runHistory(readEnvironment(), commandLine.outputFormat);
+        return runHistory(readEnvironment(), commandLine.outputFormat, commandLine.history);
     case Command::tokens:
         return runTokens(readEnvironment(), commandLine.outputFormat);
     case Command::doctor:

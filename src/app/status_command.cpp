@@ -68,6 +68,7 @@ ExitCode runStatus(const Environment& environment, OutputFormat format,
     ExitCode result = ExitCode::success;
     switch (format) {
     case OutputFormat::text:
+    case OutputFormat::csv: // of `history` alone
         result = printed(!stored || printStatusText(environment, shown, now));
         break;
     case OutputFormat::json:

@@ -116,6 +116,7 @@ QList<UsageSection> usageSections() {
           {{}, QStringLiteral("tallyvane status --json | jq '.providers[].fiveHour.usedPercent'")},
           {{}, QStringLiteral("tallyvane status --format '{codex.fiveHour}% {claude.fiveHour}%'")},
           {{}, QStringLiteral("tallyvane status --provider claude --below 10")},
+          {{}, QStringLiteral("tallyvane history --csv --since 2026-01-31 >use.csv")},
           {{}, QStringLiteral("tallyvane tokens --json | jq .totals.claude")}}},
     };
 }

@@ -79,11 +79,18 @@ inline constexpr OptionUsage commandOptionUsages[] = {
      .text = QLatin1StringView{"With doctor: send one request to the Claude service too."},
      .commands = QLatin1StringView{"doctor"}},
     {.name = QLatin1StringView{"provider"},
-     .text = QLatin1StringView{"With status: show this provider alone, codex or claude, even "
-                               "if it is hidden."},
-     .commands = QLatin1StringView{"status"},
+     .text = QLatin1StringView{"With status and history: show this provider alone, codex or "
+                               "claude, even if it is hidden."},
+     .commands = QLatin1StringView{"status, history"},
      .value = QLatin1StringView{"NAME"},
      .values = QLatin1StringView{"codex, claude"}},
+    {.name = QLatin1StringView{"csv"},
+     .text = QLatin1StringView{"With history: print comma-separated values."},
+     .commands = QLatin1StringView{"history"}},
+    {.name = QLatin1StringView{"since"},
+     .text = QLatin1StringView{"With history: leave out what is before DAY, such as 2026-01-31."},
+     .commands = QLatin1StringView{"history"},
+     .value = QLatin1StringView{"DAY"}},
     {.name = QLatin1StringView{"below"},
      .text = QLatin1StringView{"With status: exit with 1 when the lowest five-hour percentage left "
                                "is under N, 0 to 100."},

@@ -86,6 +86,7 @@ class Documents(unittest.TestCase):
             ('quota-snapshot.json', 'status'), ('usage-history.json', 'history'),
             ('tokens --json', 'tokens'), ('pace --json', 'pace'), ('doctor --json', 'doctor'))}
         found = {name: paths(json.loads(output)) for name, output in outputs.items()}
+        found['history --csv'] = set(self.run_program('history', '--csv').split('\n')[0].split(','))
         store = self.home / '.local/share/Gaugewell'
         self.assertEqual((store / 'quota-snapshot.json').read_text() + '\n',
                          outputs['quota-snapshot.json'])

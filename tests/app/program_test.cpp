@@ -398,7 +398,7 @@ private Q_SLOTS:
                 ++found;
             }
         }
-        QCOMPARE(found, 8);
+        QCOMPARE(found, 9);
     }
 
     /// It may be about to store a new sign-in of its own, and the user does not wait for that.
@@ -425,7 +425,13 @@ private Q_SLOTS:
         tests::writeFile(path, log + '\n' + QByteArray(log).replace("1000", "250"));
         QCOMPARE(run("refresh").exitCode, 3);
         QVERIFY(run("history --json").output.contains(u"\"estimatedLocalTokens\" : 250,"));
-        QCOMPARE(run("history").output.count(u'\n'), 3);
+        for (const auto& [options, lines] : {std::pair{"", 3},
+                                             {" --provider codex", 2},
+                                             {" --csv --provider claude --since 2026-01-31", 2},
+                                             {" --since 9000-01-01", 1}}) {
+            const QString shown = run(QByteArray("history") + options).output;
+            QVERIFY2(shown.count(u'\n') == lines, qPrintable(shown));
+        }
     }
 
     /// Relative paths in the environment count as not set.

@@ -130,6 +130,7 @@ Tokens
 Period
 Daily (on)
 Monthly
+Copy
 % of quota used
 Nothing recorded yet
 Token Heatmap

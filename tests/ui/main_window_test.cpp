@@ -6,6 +6,7 @@
 #include "ui/dashboard/main_window.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QClipboard>
 
 #include <cmath>
 
@@ -185,6 +186,11 @@ private Q_SLOTS:
         QCOMPARE(chart->hoveredText(),
                  u"November 2026, Codex 13\u00A0Mio. tokens, Claude 8,8\u00A0Mio. tokens"_s);
 
+        open.press("copy", Qt::Key_Space);
+        const QString copied = QGuiApplication::clipboard()->text();
+        QVERIFY2(copied.startsWith(u"day,provider,weekly_quota_percent,tokens\r\n"
+                                   "2026-11-21,codex,8,120000\r\n2026-11-21,claude,14,84000\r\n"),
+                 qPrintable(copied));
         open.press("heatmap", Qt::Key_Down);
         QCOMPARE(open.text("told"), u"Sa., 21. Nov. 2026: 204.000 tokens"_s);
         open.press("filter", Qt::Key_Right);
