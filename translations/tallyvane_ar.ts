@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>افتح Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: تبقّى %L2٪ من حصة الساعات الخمس</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: تبقّى %L2٪ من الحصة الأسبوعية</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: تنفد حصة الساعات الخمس في %2، قبل التجدد</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: تنفد الحصة الأسبوعية في %2، قبل التجدد</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -790,6 +808,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>لا يُطلب من المساعد المخفي أي بيانات، ويُحتفظ بسجله. ويُعرض أحدهما دائمًا.</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>حصة منخفضة</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>الإشعار عند انخفاض حصة</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>يُرسَل إشعار على سطح المكتب عندما يتبقّى ٢٥٪ ثم ١٠٪ من حصة، وعندما توشك أن تنفد قبل تجددها. تسري الفترات الزمنية أعلاه. يلزم أن يكون Tallyvane قيد التشغيل في صينية النظام.</translation>
     </message>
 </context>
 <context>

@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Tallyvane öffnen</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: noch %2 % des Fünf-Stunden-Kontingents</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: noch %2 % des Wochenkontingents</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: Das Fünf-Stunden-Kontingent reicht nur bis %2, nicht bis zum Reset</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: Das Wochenkontingent reicht nur bis %2, nicht bis zum Reset</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -766,6 +784,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>Ein ausgeblendeter Assistent wird nicht abgefragt; sein Verlauf bleibt erhalten. Einer wird immer angezeigt.</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Knappes Kontingent</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Benachrichtigen, wenn ein Kontingent knapp wird</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Zeigt eine Benachrichtigung an, wenn von einem Kontingent noch 25 % und 10 % übrig sind und wenn es vor dem Reset aufgebraucht sein wird. Es gelten die Zeitfenster oben. Dazu muss Tallyvane im Statusbereich laufen.</translation>
     </message>
 </context>
 <context>

@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Open Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: %2% of the five-hour quota left</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: %2% of the weekly quota left</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: the five-hour quota runs out at %2, before the reset</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: the weekly quota runs out at %2, before the reset</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -766,6 +784,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Low quota</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Notify when a quota runs low</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Sends a desktop alert when 25% and 10% of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires Tallyvane to be running in the status area.</translation>
     </message>
 </context>
 <context>

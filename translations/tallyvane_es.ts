@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Abrir Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: queda el %2 % de la cuota de cinco horas</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: queda el %2 % de la cuota semanal</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: la cuota de cinco horas se agota antes del reinicio (%2)</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: la cuota semanal se agota antes del reinicio (%2)</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -766,6 +784,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>A un asistente oculto no se le piden datos y su historial se conserva. Siempre se muestra uno.</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Cuota baja</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Notificar cuando quede poco de una cuota</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Muestra una notificación cuando queda el 25 % y el 10 % de una cuota, y cuando va a agotarse antes de su reinicio. Se aplican las franjas horarias de arriba. Tallyvane debe estar en ejecución en el área de estado.</translation>
     </message>
 </context>
 <context>

@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Ouvrir Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1 : il reste %2 % du quota de cinq heures</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1 : il reste %2 % du quota hebdomadaire</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1 : le quota de cinq heures sera épuisé avant la réinitialisation (%2)</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1 : le quota hebdomadaire sera épuisé avant la réinitialisation (%2)</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -766,6 +784,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>Un assistant masqué n’est pas interrogé, et son historique est conservé. Il y en a toujours un d’affiché.</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Quota faible</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Notifier quand un quota devient faible</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Affiche une notification quand il reste 25 % puis 10 % d’un quota, et quand il sera épuisé avant sa réinitialisation. Les plages horaires ci-dessus s’appliquent. Tallyvane doit être en cours d’exécution dans la zone de notification.</translation>
     </message>
 </context>
 <context>

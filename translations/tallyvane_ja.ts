@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Tallyvane を開く</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: 5 時間の利用枠の残り %2%</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: 週間の利用枠の残り %2%</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: 5 時間の利用枠はリセット前の %2 に使い切ります</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: 週間の利用枠はリセット前の %2 に使い切ります</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -760,6 +778,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>非表示のアシスタントには問い合わせず、履歴は保持されます。どちらか一方は必ず表示されます。</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>利用枠の残りわずか</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>利用枠が残り少なくなったときに通知</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>利用枠の残りが 25% と 10% になったとき、およびリセット前に使い切る見込みになったときに、デスクトップ通知を送ります。上の時間帯が適用されます。Tallyvane がシステムトレイで動作している必要があります。</translation>
     </message>
 </context>
 <context>

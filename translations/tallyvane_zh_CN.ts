@@ -492,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>打开 Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1：5 小时额度剩余 %2%</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1：每周额度剩余 %2%</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1：5 小时额度将在 %2 用完，早于重置</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1：每周额度将在 %2 用完，早于重置</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -760,6 +778,18 @@
     <message>
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>隐藏的助手不会被查询，其历史记录会保留。至少显示其中一个。</translation>
+    </message>
+    <message>
+        <source>Low quota</source>
+        <translation>额度不足</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>额度不足时通知</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>额度剩余 25% 和 10% 时，以及额度将在重置前用完时，发送桌面通知。适用上面的时段。需要 Tallyvane 在系统托盘中运行。</translation>
     </message>
 </context>
 <context>

@@ -143,13 +143,16 @@ inline constexpr SettingUsage notificationWindowsSetting{
     QLatin1StringView{"none, or times such as 09:00-18:00 and all-day separated by commas, each "
                       "with off before it while not in use"},
     QLatin1StringView{"none, all-day"}};
+inline constexpr SettingUsage lowQuotaSetting{QLatin1StringView{"low-quota-notifications"},
+                                              QLatin1StringView{"on or off"},
+                                              QLatin1StringView{"on, off"}};
 inline constexpr SettingUsage codexPathSetting{
     QLatin1StringView{"codex-path"},
     QLatin1StringView{"the path of the Codex CLI, or nothing, to have it looked for"},
     {}};
-inline constexpr SettingUsage settingUsages[] = {appearanceSetting,          providersSetting,
-                                                 launchAtLoginSetting,       notificationsSetting,
-                                                 notificationWindowsSetting, codexPathSetting};
+inline constexpr SettingUsage settingUsages[] = {
+    appearanceSetting,          providersSetting, launchAtLoginSetting, notificationsSetting,
+    notificationWindowsSetting, lowQuotaSetting,  codexPathSetting};
 
 /// A term and its meaning, or without a term a literal line.
 struct UsageEntry {

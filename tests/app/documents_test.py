@@ -112,6 +112,7 @@ class Documents(unittest.TestCase):
     def test_settings(self):
         self.install_codex('bin')
         for key, value in (('appearance', 'dark'), ('notifications', 'on'), ('providers', 'codex'),
+                           ('low-quota-notifications', 'on'),
                            ('codex-path', str(self.home / 'bin/codex'))):
             self.run_program('config', 'set', key, value)
         self.run_program('refresh')
@@ -119,7 +120,8 @@ class Documents(unittest.TestCase):
         settings.optionxform = str
         settings.read(self.home / '.config/group.corvelle.Gaugewell.conf')
         keys = set(settings['General']) | (
-            {'hasAskedLaunchAtLogin', 'hidesStatusHostNotice', 'windowMaximized', 'windowSize'}
+            {'hasAskedLaunchAtLogin', 'hidesStatusHostNotice', 'lowQuotaWarnings',
+             'windowMaximized', 'windowSize'}
             & set(literals()))
         self.assertEqual(keys, set(sections()['Settings']))
 

@@ -155,10 +155,15 @@ private Q_SLOTS:
     void keepsTheSettings() {
         installCodex("");
         const std::pair<const char*, const char*> rows[] = {
-            {"appearance", "dark"},           {"launch-at-login", "on"},
-            {"providers", "codex"},           {"providers", "claude"},
-            {"notifications", "on"},          {"notification-windows", "22:00-06:30, off all-day"},
-            {"notification-windows", "none"}, {"codex-path", "$HOME/.local/bin/codex"}};
+            {"appearance", "dark"},
+            {"launch-at-login", "on"},
+            {"providers", "codex"},
+            {"providers", "claude"},
+            {"notifications", "on"},
+            {"notification-windows", "22:00-06:30, off all-day"},
+            {"notification-windows", "none"},
+            {"low-quota-notifications", "on"},
+            {"codex-path", "$HOME/.local/bin/codex"}};
         for (const auto& [key, value] : rows) {
             const QString after = u" %1 "_s.arg(QLatin1StringView(key));
             const QString command = u"\"$0\" config set"_s + after + u'"' +
@@ -171,13 +176,15 @@ private Q_SLOTS:
         QCOMPARE(
             run("config list").output,
             u"appearance = dark\nproviders = claude\nlaunch-at-login = on\nnotifications = on\n"
-            "notification-windows = none\ncodex-path = %1\n"_s.arg(inHome(".local/bin/codex")));
+            "notification-windows = none\nlow-quota-notifications = on\ncodex-path = %1\n"_s.arg(
+                inHome(".local/bin/codex")));
         for (const auto& [key, value] : rows) {
             QCOMPARE(runShell(u"\"$0\" config unset "_s + QLatin1StringView(key)).exitCode, 0);
         }
         QCOMPARE(run("config").output,
                  u"appearance = system\nproviders = both\nlaunch-at-login = off\n"
                  "notifications = off\nnotification-windows = 09:00-18:00\n"
+                 "low-quota-notifications = off\n"
                  "codex-path = \n"_s);
 
         const Run odd = runShell(u"cd; cp .local/bin/codex \"`printf 'a\\033[2mb'`\"; "

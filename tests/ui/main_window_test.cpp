@@ -238,6 +238,12 @@ private Q_SLOTS:
         open.press("openSettings", Qt::Key_Space);
         QCOMPARE(open.settingsOpened, 1);
         open.idle.notificationCentre.isOn = true;
+        QVERIFY(!open.item("lowQuotaNotAuthorized"));
+        open.idle.notificationCentre.isOn = false;
+        open.press("warnsOfLowQuota", Qt::Key_Space);
+        QVERIFY(open.idle.model.warnsOfLowQuota() && core::loadWarnsOfLowQuota(open.idle.defaults));
+        QVERIFY(open.item("lowQuotaNotAuthorized"));
+        open.idle.notificationCentre.isOn = true;
         open.press("notifies", Qt::Key_Space);
         QVERIFY(open.idle.model.notificationSettings().enabled);
         TALLYVANE_TRY_VERIFY(!open.item("notAuthorized"));
