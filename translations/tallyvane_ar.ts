@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>‏%1: %2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>افتح Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: تبقّى %L2٪ من حصة الساعات الخمس</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: تبقّى %L2٪ من الحصة الأسبوعية</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: تنفد حصة الساعات الخمس في %2، قبل التجدد</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: تنفد الحصة الأسبوعية في %2، قبل التجدد</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,48 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>بيانات جُلبت %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+            <numerusform>%Ln د</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+            <numerusform>%Ln س</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+            <numerusform>%Ln ي</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>بهذه الوتيرة تنفد في %1، قبل التجدد بمقدار %2</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>بهذه الوتيرة تكفي حتى التجدد</translation>
     </message>
 </context>
 <context>
@@ -611,6 +672,24 @@
             <numerusform>قبل %Ln ي</numerusform>
             <numerusform>قبل %Ln ي</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>٥ س</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>أسبوع</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1: تنفد %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -730,6 +809,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>لا يُطلب من المساعد المخفي أي بيانات، ويُحتفظ بسجله. ويُعرض أحدهما دائمًا.</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>حصة منخفضة</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>الإشعار عند انخفاض حصة</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>يُرسَل إشعار على سطح المكتب عندما يتبقّى ٢٥٪ ثم ١٠٪ من حصة، وعندما توشك أن تنفد قبل تجددها. تسري الفترات الزمنية أعلاه. يلزم أن يكون Tallyvane قيد التشغيل في صينية النظام.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -833,6 +924,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>النتيجة تقديرية. قد يؤثر في دقتها التجدد المتحرك للحصص، والاستخدام بين المزامنات، وتعديلات مزوّد الخدمة. تُستخرج مجاميع التوكنات المحلية من حقول الاستخدام الرقمية فقط؛ ولا تُخزَّن المُدخلات ولا الردود أبدًا.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>نُسخ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>انسخ</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>انسخ الأرقام اليومية في شكل جدول</translation>
     </message>
 </context>
 <context>

@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1: %2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Tallyvane öffnen</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: noch %2 % des Fünf-Stunden-Kontingents</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: noch %2 % des Wochenkontingents</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: Das Fünf-Stunden-Kontingent reicht nur bis %2, nicht bis zum Reset</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: Das Wochenkontingent reicht nur bis %2, nicht bis zum Reset</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,36 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>Stand: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n&#xa0;min</numerusform>
+            <numerusform>%n&#xa0;min</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n&#xa0;h</numerusform>
+            <numerusform>%n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n&#xa0;Tag</numerusform>
+            <numerusform>%n&#xa0;Tage</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>In diesem Tempo reicht es nur bis %1, %2 vor dem Reset</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>In diesem Tempo reicht es bis zum Reset</translation>
     </message>
 </context>
 <context>
@@ -599,6 +648,24 @@
             <numerusform>vor %n&#xa0;Tag</numerusform>
             <numerusform>vor %n&#xa0;Tagen</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5h</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>Wo.</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1: leer %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -718,6 +785,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>Ein ausgeblendeter Assistent wird nicht abgefragt; sein Verlauf bleibt erhalten. Einer wird immer angezeigt.</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Knappes Kontingent</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Benachrichtigen, wenn ein Kontingent knapp wird</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Zeigt eine Benachrichtigung an, wenn von einem Kontingent noch 25 % und 10 % übrig sind und wenn es vor dem Reset aufgebraucht sein wird. Es gelten die Zeitfenster oben. Dazu muss Tallyvane im Statusbereich laufen.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -821,6 +900,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Geschätzte Werte. Gleitende Resets, Nutzung zwischen zwei Aktualisierungen und Anpassungen seitens der Anbieter können die Genauigkeit beeinträchtigen. Die lokalen Token-Summen stammen nur aus numerischen Nutzungsfeldern; Prompts und Antworten werden nie gespeichert.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Die Werte der Tage als Tabelle kopieren</translation>
     </message>
 </context>
 <context>

@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1: %2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Open Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: %2% of the five-hour quota left</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: %2% of the weekly quota left</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: the five-hour quota runs out at %2, before the reset</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: the weekly quota runs out at %2, before the reset</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,36 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>From %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n min</numerusform>
+            <numerusform>%n min</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n hr</numerusform>
+            <numerusform>%n hr</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n d</numerusform>
+            <numerusform>%n d</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>At this pace it runs out at %1, %2 before the reset</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>At this pace it lasts until the reset</translation>
     </message>
 </context>
 <context>
@@ -599,6 +648,24 @@
             <numerusform>%n d ago</numerusform>
             <numerusform>%n d ago</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5H</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>WK</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1 runs out %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -718,6 +785,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Low quota</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Notify when a quota runs low</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Sends a desktop alert when 25% and 10% of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires Tallyvane to be running in the status area.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -821,6 +900,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copied</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Copy the daily figures as a table</translation>
     </message>
 </context>
 <context>

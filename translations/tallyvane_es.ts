@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1: %2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Abrir Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: queda el %2 % de la cuota de cinco horas</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: queda el %2 % de la cuota semanal</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: la cuota de cinco horas se agota antes del reinicio (%2)</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: la cuota semanal se agota antes del reinicio (%2)</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,36 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>Datos de %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n&#xa0;min</numerusform>
+            <numerusform>%n&#xa0;min</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n&#xa0;h</numerusform>
+            <numerusform>%n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n&#xa0;día</numerusform>
+            <numerusform>%n&#xa0;días</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>A este ritmo se agota antes (%1, %2 antes del reinicio)</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>A este ritmo alcanza hasta el reinicio</translation>
     </message>
 </context>
 <context>
@@ -599,6 +648,24 @@
             <numerusform>hace %n&#xa0;día</numerusform>
             <numerusform>hace %n&#xa0;días</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5h</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>Sem.</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1: se agota %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -718,6 +785,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>A un asistente oculto no se le piden datos y su historial se conserva. Siempre se muestra uno.</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Cuota baja</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Notificar cuando quede poco de una cuota</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Muestra una notificación cuando queda el 25 % y el 10 % de una cuota, y cuando va a agotarse antes de su reinicio. Se aplican las franjas horarias de arriba. Tallyvane debe estar en ejecución en el área de estado.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -821,6 +900,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Resultado estimado. Los reinicios continuos, el uso entre actualizaciones y los ajustes de los proveedores pueden afectar a la precisión. Los totales locales de tokens se obtienen solo de campos numéricos de uso; nunca se guardan prompts ni respuestas.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Copiar los datos diarios como tabla</translation>
     </message>
 </context>
 <context>

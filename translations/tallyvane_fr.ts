@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1&#xa0;: %2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Ouvrir Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1 : il reste %2 % du quota de cinq heures</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1 : il reste %2 % du quota hebdomadaire</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1 : le quota de cinq heures sera épuisé avant la réinitialisation (%2)</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1 : le quota hebdomadaire sera épuisé avant la réinitialisation (%2)</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,36 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>Relevé %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n&#xa0;min</numerusform>
+            <numerusform>%n&#xa0;min</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n&#xa0;h</numerusform>
+            <numerusform>%n&#xa0;h</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n&#xa0;jour</numerusform>
+            <numerusform>%n&#xa0;jours</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>À ce rythme, épuisé trop tôt (%1, %2 avant la réinitialisation)</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>À ce rythme, il suffit jusqu’à la réinitialisation</translation>
     </message>
 </context>
 <context>
@@ -599,6 +648,24 @@
             <numerusform>il y a %n&#xa0;jour</numerusform>
             <numerusform>il y a %n&#xa0;jours</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5h</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>Sem.</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1 épuisé %2</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -718,6 +785,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>Un assistant masqué n’est pas interrogé, et son historique est conservé. Il y en a toujours un d’affiché.</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>Quota faible</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>Notifier quand un quota devient faible</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>Affiche une notification quand il reste 25 % puis 10 % d’un quota, et quand il sera épuisé avant sa réinitialisation. Les plages horaires ci-dessus s’appliquent. Tallyvane doit être en cours d’exécution dans la zone de notification.</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -821,6 +900,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>Résultat estimé. Les réinitialisations glissantes, l’utilisation entre deux actualisations et les ajustements des fournisseurs peuvent nuire à la précision. Les totaux locaux de tokens proviennent uniquement de champs numériques d’utilisation&#xa0;; les prompts et les réponses ne sont jamais enregistrés.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>Copier les chiffres quotidiens sous forme de tableau</translation>
     </message>
 </context>
 <context>

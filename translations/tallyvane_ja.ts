@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1: %2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>Tallyvane を開く</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1: 5 時間の利用枠の残り %2%</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1: 週間の利用枠の残り %2%</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1: 5 時間の利用枠はリセット前の %2 に使い切ります</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1: 週間の利用枠はリセット前の %2 に使い切ります</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,33 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>%1のデータ</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n 分</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n 時間</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n 日</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>このペースでは %1 に使い切ります（リセットの%2前）</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>このペースならリセットまで持ちます</translation>
     </message>
 </context>
 <context>
@@ -596,6 +642,24 @@
         <translation>
             <numerusform>%n 日前</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5時間</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>週間</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1: %2に使い切る見込み</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -715,6 +779,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>非表示のアシスタントには問い合わせず、履歴は保持されます。どちらか一方は必ず表示されます。</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>利用枠の残りわずか</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>利用枠が残り少なくなったときに通知</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>利用枠の残りが 25% と 10% になったとき、およびリセット前に使い切る見込みになったときに、デスクトップ通知を送ります。上の時間帯が適用されます。Tallyvane がシステムトレイで動作している必要があります。</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -818,6 +894,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>推定値です。ローリング式のリセット、同期と同期の間の使用、提供元による調整が精度に影響することがあります。ローカルのトークン数は、使用量の数値フィールドのみから算出しています。プロンプトや応答を保存することはありません。</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>コピーしました</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>日ごとの数値を表としてコピー</translation>
     </message>
 </context>
 <context>

@@ -289,6 +289,7 @@
     </message>
     <message>
         <source>%1: %2</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 when its quotas run out, such as &quot;5H runs out in 1h 10m&quot;</extracomment>
         <translation>%1：%2</translation>
     </message>
 </context>
@@ -491,6 +492,24 @@
         <source>Open Tallyvane</source>
         <translation>打开 Tallyvane</translation>
     </message>
+    <message>
+        <source>%1: %2 % of the five-hour quota left</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 the percentage</extracomment>
+        <translation>%1：5 小时额度剩余 %2%</translation>
+    </message>
+    <message>
+        <source>%1: %2 % of the weekly quota left</source>
+        <translation>%1：每周额度剩余 %2%</translation>
+    </message>
+    <message>
+        <source>%1: the five-hour quota runs out at %2, before the reset</source>
+        <extracomment>%1 is &quot;Codex&quot; or &quot;Claude&quot;, %2 a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;</extracomment>
+        <translation>%1：5 小时额度将在 %2 用完，早于重置</translation>
+    </message>
+    <message>
+        <source>%1: the weekly quota runs out at %2, before the reset</source>
+        <translation>%1：每周额度将在 %2 用完，早于重置</translation>
+    </message>
 </context>
 <context>
     <name>ProviderCard</name>
@@ -498,6 +517,33 @@
         <source>From %1</source>
         <extracomment>%1 is how long ago the figures were fetched, such as &quot;2 hr ago&quot;</extracomment>
         <translation>%1的数据</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n min</source>
+        <translation>
+            <numerusform>%n 分钟</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hr</source>
+        <translation>
+            <numerusform>%n 小时</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n d</source>
+        <translation>
+            <numerusform>%n 天</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>At this pace it runs out at %1, %2 before the reset</source>
+        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
+        <translation>按此速度将在 %1 用完，比重置早 %2</translation>
+    </message>
+    <message>
+        <source>At this pace it lasts until the reset</source>
+        <translation>按此速度可用到重置</translation>
     </message>
 </context>
 <context>
@@ -596,6 +642,24 @@
         <translation>
             <numerusform>%n 天前</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>5H</source>
+        <extracomment>The five-hour window and the weekly one, as short as possible</extracomment>
+        <translation>5小时</translation>
+    </message>
+    <message>
+        <source>WK</source>
+        <translation>每周</translation>
+    </message>
+    <message>
+        <source>%1 runs out %2</source>
+        <extracomment>%1 is &quot;5H&quot;, %2 a time such as &quot;in 2h 14m&quot;</extracomment>
+        <translation>%1：%2用完</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1：%2</translation>
     </message>
 </context>
 <context>
@@ -715,6 +779,18 @@
         <source>A hidden assistant is not asked for figures, and its history is kept. One is always shown.</source>
         <translation>隐藏的助手不会被查询，其历史记录会保留。至少显示其中一个。</translation>
     </message>
+    <message>
+        <source>Low quota</source>
+        <translation>额度不足</translation>
+    </message>
+    <message>
+        <source>Notify when a quota runs low</source>
+        <translation>额度不足时通知</translation>
+    </message>
+    <message>
+        <source>Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.</source>
+        <translation>额度剩余 25% 和 10% 时，以及额度将在重置前用完时，发送桌面通知。适用上面的时段。需要 Tallyvane 在系统托盘中运行。</translation>
+    </message>
 </context>
 <context>
     <name>Spinner</name>
@@ -818,6 +894,18 @@
     <message>
         <source>Estimated result. Rolling resets, usage between syncs, and provider-side adjustments can affect accuracy. Local token totals are derived from numeric usage fields only; prompts and responses are never stored.</source>
         <translation>结果为估算值。滚动重置、两次同步之间的用量以及服务商的调整都可能影响准确性。本地 Token 总数仅根据数值型用量字段得出；绝不存储提示词和回复。</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>已复制</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Copy the daily figures as a table</source>
+        <translation>以表格形式复制每日数据</translation>
     </message>
 </context>
 <context>

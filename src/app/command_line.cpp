@@ -38,6 +38,7 @@ QString complaint(const QCommandLineParser& parser, const QStringList& arguments
 std::expected<OutputFormat, QString> outputFormat(const QCommandLineParser& parser) {
     constexpr std::pair<QLatin1StringView, OutputFormat> formats[] = {
         {QLatin1StringView{"json"}, OutputFormat::json},
+        {QLatin1StringView{"csv"}, OutputFormat::csv},
         {QLatin1StringView{"waybar"}, OutputFormat::waybar},
         {QLatin1StringView{"format"}, OutputFormat::fields}};
     QLatin1StringView chosen;
@@ -53,24 +54,53 @@ std::expected<OutputFormat, QString> outputFormat(const QCommandLineParser& pars
         chosen = name;
         format = value;
     }
-    if (format == OutputFormat::json && parser.isSet(QStringLiteral("provider"))) {
-        return std::unexpected(QStringLiteral("--json and --provider exclude each other."));
+    for (const QLatin1StringView choice :
+         {QLatin1StringView{"provider"}, QLatin1StringView{"since"}}) {
+        if (format == OutputFormat::json && parser.isSet(choice)) {
+            return std::unexpected(
+                QStringLiteral("--json and --%1 exclude each other.").arg(choice));
+        }
     }
     return format;
 }
 
+std::expected<std::optional<model::AIProvider>, QString>
+chosenProvider(const QCommandLineParser& parser) {
+    const QString text = parser.value(QStringLiteral("provider"));
+    const auto provider = model::fromRawValue<model::AIProvider>(text);
+    if (!provider && parser.isSet(QStringLiteral("provider"))) {
+        return std::unexpected(
+            QStringLiteral("--provider takes 'codex' or 'claude', not '%1'.").arg(text));
+    }
+    return provider;
+}
+
+std::expected<HistoryChoice, QString> historyChoice(const QCommandLineParser& parser) {
+    const auto provider = chosenProvider(parser);
+    if (!provider) {
+        return std::unexpected(provider.error());
+    }
+    HistoryChoice choice{.provider = *provider};
+    if (parser.isSet(QStringLiteral("since"))) {
+        const QString text = parser.value(QStringLiteral("since"));
+        const QDate day = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
+        if (!day.isValid()) {
+            return std::unexpected(
+                QStringLiteral("--since takes a day such as '2026-01-31', not '%1'.").arg(text));
+        }
+        choice.since = day;
+    }
+    return choice;
+}
+
 std::expected<StatusChoice, QString> statusChoice(const QCommandLineParser& parser) {
     const QString format = QStringLiteral("format");
-    const QString provider = QStringLiteral("provider");
     const QString below = QStringLiteral("below");
-    StatusChoice choice{.format = parser.value(format)};
-    if (parser.isSet(provider)) {
-        choice.provider = model::fromRawValue<model::AIProvider>(parser.value(provider));
-        if (!choice.provider) {
-            return std::unexpected(QStringLiteral("--provider takes 'codex' or 'claude', not '%1'.")
-                                       .arg(parser.value(provider)));
-        }
+    const auto provider = chosenProvider(parser);
+    if (!provider) {
+        return std::unexpected(provider.error());
     }
+    StatusChoice choice{.provider = *provider, .format = parser.value(format)};
     if (parser.isSet(below)) {
         bool isNumber = false;
         choice.below = parser.value(below).toInt(&isNumber);
@@ -133,11 +163,19 @@ std::expected<CommandLine, QString> parseCommandLine(const QStringList& argument
         return std::unexpected(format.error());
     }
     commandLine.outputFormat = *format;
-    const auto choice = statusChoice(parser);
-    if (!choice) {
-        return std::unexpected(choice.error());
+    if (commandLine.command == Command::history) {
+        const auto choice = historyChoice(parser);
+        if (!choice) {
+            return std::unexpected(choice.error());
+        }
+        commandLine.history = *choice;
+    } else {
+        const auto choice = statusChoice(parser);
+        if (!choice) {
+            return std::unexpected(choice.error());
+        }
+        commandLine.status = *choice;
     }
-    commandLine.status = *choice;
     commandLine.isOnline = parser.isSet(QStringLiteral("online"));
     if (parser.isSet(QStringLiteral("background"))) {
         commandLine.startMode = StartMode::background;

@@ -2,6 +2,7 @@
 
 #include "model/quota_snapshot.h"
 
+#include <QtCore/QDate>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -10,9 +11,20 @@
 
 namespace tallyvane::app {
 
-enum class Command { desktop, refresh, status, history, tokens, doctor, config, help, version };
+enum class Command {
+    desktop,
+    refresh,
+    status,
+    pace,
+    history,
+    tokens,
+    doctor,
+    config,
+    help,
+    version
+};
 enum class StartMode { withWindow, background };
-enum class OutputFormat { text, json, waybar, fields };
+enum class OutputFormat { text, json, csv, waybar, fields };
 
 /// The options of `status` beside its output format.
 struct StatusChoice {
@@ -23,11 +35,21 @@ struct StatusChoice {
     bool operator==(const StatusChoice&) const = default;
 };
 
+/// The options of `history` beside its output format.
+struct HistoryChoice {
+    std::optional<model::AIProvider> provider; ///< to show; nullopt: all
+    std::optional<QDate> since;                ///< the first day; nullopt: all
+
+    bool operator==(const HistoryChoice&) const = default;
+};
+
 /// What the user asked for.
 struct CommandLine {
     Command command = Command::desktop;
-    OutputFormat outputFormat = OutputFormat::text; ///< the last two only with `status`
+    OutputFormat outputFormat =
+        OutputFormat::text; ///< `csv` with `history`, the last two with `status`
     StatusChoice status;
+    HistoryChoice history;
     StartMode startMode = StartMode::withWindow; ///< of the desktop program
     bool isOnline = false;                       ///< with `doctor`: ask the service too
     QStringList words;                           ///< of `config`: what follows the command

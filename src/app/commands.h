@@ -19,12 +19,18 @@ namespace tallyvane::app {
 [[nodiscard]] ExitCode runStatus(const Environment& environment, OutputFormat format,
                                  const StatusChoice& choice);
 
+/// Prints how the stored use compares with an even one: as text, of the providers that are shown,
+/// or as JSON, of all.
+[[nodiscard]] ExitCode runPace(const Environment& environment, OutputFormat format);
+
 /// Prints a snapshot in human-readable form, in colour where the user wants that.
 [[nodiscard]] bool printStatusText(const Environment& environment,
                                    const model::QuotaSnapshot& snapshot, model::Timestamp now);
 
-/// Prints the stored usage history, a row per day and provider shown; as JSON, all of it.
-[[nodiscard]] ExitCode runHistory(const Environment& environment, OutputFormat format);
+/// Prints the stored usage history, a row per day and provider that is shown or chosen; as JSON,
+/// all of it.
+[[nodiscard]] ExitCode runHistory(const Environment& environment, OutputFormat format,
+                                  const HistoryChoice& choice);
 
 /// Counts the tokens in the local session logs and prints the totals, the files counted and
 /// skipped, the bytes read and the time taken.

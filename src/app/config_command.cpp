@@ -150,6 +150,14 @@ QList<Setting> settings(model::DefaultsStore& defaults, platform::LoginItem& log
                                 [&](NotificationSettings& changed) { changed.windows = *value; }))
                           : std::nullopt;
          }},
+        {.usage = lowQuotaSetting,
+         .standard = QStringLiteral("off"),
+         .value = [&] { return onOrOff(core::loadWarnsOfLowQuota(defaults)); },
+         .set = [&](const QString& text) -> std::optional<Saved> {
+             const auto value = parseSwitch(text);
+             return value ? std::optional(saved(core::saveWarnsOfLowQuota(defaults, *value)))
+                          : std::nullopt;
+         }},
         {.usage = codexPathSetting,
          .standard = QString(),
          .value = [&] { return codex.chosen(); },

@@ -3,6 +3,7 @@
 #include "core/fixtures.h"
 #include "core/preferences.h"
 #include "history/calendar_days.h"
+#include "history/history_csv.h"
 #include "history/usage_history.h"
 #include "model/quota_display.h"
 #include "platform/linux/boot_clock.h"
@@ -32,19 +33,32 @@ QString table(const history::UsageHistory& history, const model::LocalZone& zone
 
 } // namespace
 
-ExitCode runHistory(const Environment& environment, OutputFormat format) {
+ExitCode runHistory(const Environment& environment, OutputFormat format,
+                    const HistoryChoice& choice) {
     const auto history = shownHistory(environment);
     if (!history) {
         printError(QStringLiteral("No history is stored yet; each refresh adds to it."));
         return ExitCode::nothingStored;
     }
-    const history::UsageHistory shown =
-        history::withProviders(*history, core::shownProviders(onlyProvider(environment)));
-    // What was decoded can be encoded.
-    const bool isPrinted = format == OutputFormat::json
-                               ? print(QString::fromUtf8(*history::encodeHistory(*history)) + u'\n')
-                               : print(table(shown, environment.zone));
-    return isPrinted ? ExitCode::success : ExitCode::failure;
+    const auto only = choice.provider ? choice.provider : onlyProvider(environment);
+    history::UsageHistory shown = history::withProviders(*history, core::shownProviders(only));
+    std::erase_if(shown.points, [&](const history::UsageHistoryPoint& point) {
+        return choice.since && history::localDay(point.date, environment.zone) < *choice.since;
+    });
+    QString text;
+    switch (format) {
+    case OutputFormat::json:
+        // What was decoded can be encoded.
+        text = QString::fromUtf8(*history::encodeHistory(*history)) + u'\n';
+        break;
+    case OutputFormat::csv:
+        text = history::csvText(shown, environment.zone);
+        break;
+    default:
+        text = table(shown, environment.zone);
+        break;
+    }
+    return print(text) ? ExitCode::success : ExitCode::failure;
 }
 
 } // namespace tallyvane::app

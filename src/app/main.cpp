@@ -16,8 +16,10 @@ ExitCode run(const CommandLine& commandLine) {
         return runRefresh(readEnvironment(), commandLine.outputFormat);
     case Command::status:
         return runStatus(readEnvironment(), commandLine.outputFormat, commandLine.status);
+    case Command::pace:
+        return runPace(readEnvironment(), commandLine.outputFormat);
     case Command::history:
-        return runHistory(readEnvironment(), commandLine.outputFormat);
+        return runHistory(readEnvironment(), commandLine.outputFormat, commandLine.history);
     case Command::tokens:
         return runTokens(readEnvironment(), commandLine.outputFormat);
     case Command::doctor:

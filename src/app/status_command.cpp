@@ -1,5 +1,6 @@
 #include "app/commands.h"
 #include "app/composition.h"
+#include "app/pace_report.h"
 #include "app/status_format.h"
 #include "app/status_report.h"
 #include "core/fixtures.h"
@@ -38,6 +39,11 @@ ExitCode printFormatted(const Environment& environment, const QString& format,
     return text ? printed(printStyled(*text + u'\n')) : reportMisuse(text.error());
 }
 
+ExitCode reportNothingStored() {
+    printError(QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
+    return ExitCode::nothingStored;
+}
+
 /// What a script learns from the exit status.
 ExitCode judged(const model::QuotaSnapshot& shown, std::optional<int> below) {
     if (!below) {
@@ -62,6 +68,7 @@ ExitCode runStatus(const Environment& environment, OutputFormat format,
     ExitCode result = ExitCode::success;
     switch (format) {
     case OutputFormat::text:
+    case OutputFormat::csv: // of `history` alone
         result = printed(!stored || printStatusText(environment, shown, now));
         break;
     case OutputFormat::json:
@@ -79,11 +86,20 @@ ExitCode runStatus(const Environment& environment, OutputFormat format,
         return result;
     }
     if (!stored) {
-        printError(
-            QStringLiteral("Nothing is stored yet; 'tallyvane refresh' asks the providers."));
-        return ExitCode::nothingStored;
+        return reportNothingStored();
     }
     return judged(shown, choice.below);
+}
+
+ExitCode runPace(const Environment& environment, OutputFormat format) {
+    const model::Timestamp now = platform::BootClock().now();
+    const auto stored = storedSnapshot(environment, now);
+    if (!stored) {
+        return reportNothingStored();
+    }
+    return printed(format == OutputFormat::json
+                       ? print(QString::fromUtf8(paceJson(*stored, now)))
+                       : print(paceTable(shownSnapshot(*stored, onlyProvider(environment)), now)));
 }
 
 } // namespace tallyvane::app

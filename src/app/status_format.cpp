@@ -1,5 +1,6 @@
 #include "app/status_format.h"
 
+#include "app/pace_report.h"
 #include "model/quota_display.h"
 
 #include <algorithm>
@@ -28,18 +29,39 @@ QString resetValue(const model::QuotaWindowSnapshot& window, ProviderQuotaSnapsh
     return model::resetText(window.resetsAt, entry, now, weekdayTime);
 }
 
-FieldValue windowValue(const ProviderQuotaSnapshot& entry, model::QuotaPeriod period, bool ofReset,
+/// Of a quota window.
+enum class Detail { left, reset, pace, runsOut };
+
+/// By the third word of a field.
+std::optional<Detail> detailOf(const QString& word) {
+    constexpr std::pair<QStringView, Detail> known[] = {
+        {u"reset", Detail::reset}, {u"pace", Detail::pace}, {u"runsOut", Detail::runsOut}};
+    const auto* found =
+        std::ranges::find(known, QStringView(word), &std::pair<QStringView, Detail>::first);
+    return found == std::end(known) ? std::nullopt : std::optional(found->second);
+}
+
+FieldValue windowValue(const ProviderQuotaSnapshot& entry, model::QuotaPeriod period, Detail detail,
                        model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime) {
     const auto& window = model::window(entry, period);
     if (!window) {
         return std::nullopt;
     }
-    if (!ofReset) {
+    const auto pace = model::pace(entry, period, now);
+    switch (detail) {
+    case Detail::left:
         return QString::number(static_cast<int>(model::remainingPercent(*window)));
+    case Detail::reset:
+        return window->resetsAt && *window->resetsAt > now
+                   ? FieldValue(resetValue(*window, entry, now, weekdayTime))
+                   : std::nullopt;
+    case Detail::pace:
+        return pace ? FieldValue(aheadText(pace->aheadPercent)) : std::nullopt;
+    case Detail::runsOut:
+        break;
     }
-    return window->resetsAt && *window->resetsAt > now
-               ? FieldValue(resetValue(*window, entry, now, weekdayTime))
-               : std::nullopt;
+    return pace && pace->runsOutAt ? FieldValue(model::countdownText(*pace->runsOutAt - now))
+                                   : std::nullopt;
 }
 
 FieldValue planValue(const ProviderQuotaSnapshot& entry) {
@@ -66,10 +88,12 @@ std::optional<FieldValue> fieldValue(const QString& field, const model::QuotaSna
     const QStringList words = field.split(u'.');
     const auto provider = model::fromRawValue<model::AIProvider>(words[0]);
     const auto period = model::fromRawValue<model::QuotaPeriod>(words.value(1));
-    const bool ofReset = words.size() == 3 && words[2] == u"reset";
+    const auto detail = words.size() == 2   ? std::optional(Detail::left)
+                        : words.size() == 3 ? detailOf(words[2])
+                                            : std::nullopt;
     const bool ofPlan = words.size() == 2 && words[1] == u"plan";
     const bool ofState = words.size() == 2 && words[1] == u"state";
-    if (!provider || !(period ? words.size() == 2 || ofReset : ofPlan || ofState)) {
+    if (!provider || !(period ? detail.has_value() : ofPlan || ofState)) {
         return std::nullopt;
     }
     const auto entry =
@@ -78,7 +102,7 @@ std::optional<FieldValue> fieldValue(const QString& field, const model::QuotaSna
         return FieldValue();
     }
     if (period) {
-        return windowValue(*entry, *period, ofReset, now, weekdayTime);
+        return windowValue(*entry, *period, *detail, now, weekdayTime);
     }
     return ofPlan ? planValue(*entry) : FieldValue(model::rawValue(entry->syncState));
 }

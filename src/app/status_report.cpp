@@ -1,5 +1,6 @@
 #include "app/status_report.h"
 
+#include "app/pace_report.h"
 #include "core/preferences.h"
 #include "model/foreign_text.h"
 #include "model/quota_display.h"
@@ -50,9 +51,12 @@ QString windowLine(const ProviderQuotaSnapshot& entry, QuotaPeriod period, model
     }
     const QString name =
         period == QuotaPeriod::fiveHour ? QStringLiteral("5 hours") : QStringLiteral("Week");
+    const QString reset = model::resetText(resetsAt, entry, now, weekdayTime);
+    const QString outlook = outlookText(entry, period, now);
     return QStringLiteral("  %1  %2  %3\n")
         .arg(name, -7)
-        .arg(figure, model::resetText(resetsAt, entry, now, weekdayTime));
+        .arg(figure,
+             outlook.isEmpty() ? reset : QStringLiteral("%1  %2").arg(reset, -13).arg(outlook));
 }
 
 QString waybarClass(const model::QuotaSnapshot& snapshot, std::optional<int> lowest,
@@ -79,13 +83,15 @@ QString tooltipFigure(const ProviderQuotaSnapshot& entry, QuotaPeriod period) {
 }
 
 /// model::summaryText() writes 0% for a figure that is not known.
-QString tooltipLine(const ProviderQuotaSnapshot& entry) {
+QString tooltipLine(const ProviderQuotaSnapshot& entry, model::Timestamp now) {
     const QString summary = entry.syncState == QuotaSyncState::pending
                                 ? model::summaryText(entry)
                                 : QStringLiteral("5H %1  \u00B7  WK %2")
                                       .arg(tooltipFigure(entry, QuotaPeriod::fiveHour),
                                            tooltipFigure(entry, QuotaPeriod::week));
-    return QStringLiteral("%1: %2").arg(model::displayName(entry.provider), summary);
+    const QStringList runOut = model::runOutTexts(entry, now);
+    return QStringLiteral("%1: %2").arg(model::displayName(entry.provider), summary) +
+           (runOut.isEmpty() ? QString() : QStringLiteral("\n\u2003") + runOut.join(model::dot));
 }
 
 std::optional<QString> fitForTerminal(const std::optional<QString>& text) {
@@ -119,7 +125,9 @@ QString statusText(const model::QuotaSnapshot& snapshot, model::Timestamp now,
 QString waybarLine(const model::QuotaSnapshot& snapshot, model::Timestamp now) {
     const std::optional<int> lowest = model::lowestRemainingPercent(snapshot);
     QStringList tooltip;
-    std::ranges::transform(snapshot.providers, std::back_inserter(tooltip), tooltipLine);
+    for (const ProviderQuotaSnapshot& entry : snapshot.providers) {
+        tooltip += tooltipLine(entry, now);
+    }
     QJsonObject line{{QStringLiteral("text"), model::labelText(snapshot)},
                      // Waybar reads the tooltip as Pango markup.
                      {QStringLiteral("tooltip"), tooltip.join(u'\n').toHtmlEscaped()},

@@ -19,9 +19,10 @@ shownSnapshot(const model::QuotaSnapshot& snapshot,
                                  const model::WeekdayTimeFormat& weekdayTime, Palette palette);
 
 /// One line of JSON as Waybar's custom modules take it (waybar-custom(5)): "text" the lowest
-/// five-hour percentage left, "tooltip" a line per provider, "percentage" the same number, absent
-/// without a figure, "class" one of "ok", "low" (below 25), "stale" (not refreshed for a quarter of
-/// an hour, stored in the future, or the figure's provider is pending) and "none" (no figure).
+/// five-hour percentage left, "tooltip" a line per provider and one on what will run out before its
+/// reset, "percentage" the same number, absent without a figure, "class" one of "ok", "low" (below
+/// 25), "stale" (not refreshed for a quarter of an hour, stored in the future, or the figure's
+/// provider is pending) and "none" (no figure).
 [[nodiscard]] QString waybarLine(const model::QuotaSnapshot& snapshot, model::Timestamp now);
 
 } // namespace tallyvane::app

@@ -70,8 +70,14 @@ QList<UsageSection> usageSections() {
            QStringLiteral("The percentage left of a window; for Claude with claude in place of "
                           "codex, as in all fields.")},
           {QStringLiteral("{codex.fiveHour.reset}"), QStringLiteral("When that window resets.")},
+          {QStringLiteral("{codex.fiveHour.pace}"),
+           QStringLiteral("How many percentage points more than at an even use are left, or with "
+                          "a minus sign less.")},
+          {QStringLiteral("{codex.fiveHour.runsOut}"),
+           QStringLiteral("When the quota runs out at this pace, if that is before its reset.")},
           {QStringLiteral("{codex.week}"), QStringLiteral("The same for the weekly window.")},
-          {QStringLiteral("{codex.week.reset}"), QStringLiteral("The same for the weekly window.")},
+          {QStringLiteral("{codex.week.reset}, {codex.week.pace}, {codex.week.runsOut}"),
+           QStringLiteral("The same for the weekly window.")},
           {QStringLiteral("{codex.plan}"),
            QStringLiteral("The plan's name, without characters that status bars interpret.")},
           {QStringLiteral("{codex.state}"),
@@ -92,7 +98,7 @@ QList<UsageSection> usageSections() {
            QStringLiteral("After refresh: stored, but a provider failed; standard error says why. "
                           "After doctor: a refresh would not work.")},
           {QStringLiteral("4"),
-           QStringLiteral("After status and history: nothing is stored yet; with --below: no "
+           QStringLiteral("After status, pace and history: nothing is stored yet; with --below: no "
                           "figure is known.")}}},
         {QStringLiteral("Environment"),
          {{QStringLiteral("NO_COLOR"),
@@ -104,12 +110,13 @@ QList<UsageSection> usageSections() {
            QStringLiteral("When dumb, print without colour and without a line of progress, unless "
                           "CLICOLOR_FORCE asks for colour.")},
           {QStringLiteral("GAUGEWELL_USE_FIXTURES"),
-           QStringLiteral("When 1, status and history show made-up figures.")}}},
+           QStringLiteral("When 1, status, pace and history show made-up figures.")}}},
         {QStringLiteral("Examples"),
          {{{}, QStringLiteral("tallyvane refresh")},
           {{}, QStringLiteral("tallyvane status --json | jq '.providers[].fiveHour.usedPercent'")},
           {{}, QStringLiteral("tallyvane status --format '{codex.fiveHour}% {claude.fiveHour}%'")},
           {{}, QStringLiteral("tallyvane status --provider claude --below 10")},
+          {{}, QStringLiteral("tallyvane history --csv --since 2026-01-31 >use.csv")},
           {{}, QStringLiteral("tallyvane tokens --json | jq .totals.claude")}}},
     };
 }

@@ -50,6 +50,10 @@ inline constexpr CommandUsage commandUsages[] = {
      QLatin1StringView{"Ask both providers now, store the result and print it."}, Command::refresh},
     {QLatin1StringView{"status"},
      QLatin1StringView{"Print the stored result without asking anybody."}, Command::status},
+    {QLatin1StringView{"pace"},
+     QLatin1StringView{"Print how the use compares with an even one, and what lasts until its "
+                       "reset."},
+     Command::pace},
     {QLatin1StringView{"history"}, QLatin1StringView{"Print the stored use per day and provider."},
      Command::history},
     {QLatin1StringView{"tokens"},
@@ -70,16 +74,23 @@ inline constexpr OptionUsage commandOptionUsages[] = {
      .text = QLatin1StringView{"Without a command: start without a window."}},
     {.name = QLatin1StringView{"json"},
      .text = QLatin1StringView{"With these commands: print JSON."},
-     .commands = QLatin1StringView{"refresh, status, history, tokens, doctor"}},
+     .commands = QLatin1StringView{"refresh, status, pace, history, tokens, doctor"}},
     {.name = QLatin1StringView{"online"},
      .text = QLatin1StringView{"With doctor: send one request to the Claude service too."},
      .commands = QLatin1StringView{"doctor"}},
     {.name = QLatin1StringView{"provider"},
-     .text = QLatin1StringView{"With status: show this provider alone, codex or claude, even "
-                               "if it is hidden."},
-     .commands = QLatin1StringView{"status"},
+     .text = QLatin1StringView{"With status and history: show this provider alone, codex or "
+                               "claude, even if it is hidden."},
+     .commands = QLatin1StringView{"status, history"},
      .value = QLatin1StringView{"NAME"},
      .values = QLatin1StringView{"codex, claude"}},
+    {.name = QLatin1StringView{"csv"},
+     .text = QLatin1StringView{"With history: print comma-separated values."},
+     .commands = QLatin1StringView{"history"}},
+    {.name = QLatin1StringView{"since"},
+     .text = QLatin1StringView{"With history: leave out what is before DAY, such as 2026-01-31."},
+     .commands = QLatin1StringView{"history"},
+     .value = QLatin1StringView{"DAY"}},
     {.name = QLatin1StringView{"below"},
      .text = QLatin1StringView{"With status: exit with 1 when the lowest five-hour percentage left "
                                "is under N, 0 to 100."},
@@ -132,13 +143,16 @@ inline constexpr SettingUsage notificationWindowsSetting{
     QLatin1StringView{"none, or times such as 09:00-18:00 and all-day separated by commas, each "
                       "with off before it while not in use"},
     QLatin1StringView{"none, all-day"}};
+inline constexpr SettingUsage lowQuotaSetting{QLatin1StringView{"low-quota-notifications"},
+                                              QLatin1StringView{"on or off"},
+                                              QLatin1StringView{"on, off"}};
 inline constexpr SettingUsage codexPathSetting{
     QLatin1StringView{"codex-path"},
     QLatin1StringView{"the path of the Codex CLI, or nothing, to have it looked for"},
     {}};
-inline constexpr SettingUsage settingUsages[] = {appearanceSetting,          providersSetting,
-                                                 launchAtLoginSetting,       notificationsSetting,
-                                                 notificationWindowsSetting, codexPathSetting};
+inline constexpr SettingUsage settingUsages[] = {
+    appearanceSetting,          providersSetting, launchAtLoginSetting, notificationsSetting,
+    notificationWindowsSetting, lowQuotaSetting,  codexPathSetting};
 
 /// A term and its meaning, or without a term a literal line.
 struct UsageEntry {

@@ -96,6 +96,7 @@ void AppModel::reloadPreferences() {
     model::DefaultsStore& defaults = m_services.defaults;
     m_appearance = loadAppearance(defaults);
     m_notificationSettings = notify::loadNotificationSettings(defaults);
+    m_warnsOfLowQuota = loadWarnsOfLowQuota(defaults);
     show(loadOnlyProvider(defaults));
     Q_EMIT preferencesReloaded();
 }
@@ -151,6 +152,11 @@ void AppModel::publish(std::optional<AIProvider> only) {
 void AppModel::setNotificationSettings(const notify::NotificationSettings& settings) {
     showError(notify::saveNotificationSettings(m_services.defaults, settings));
     m_notificationSettings = settings;
+}
+
+void AppModel::setWarnsOfLowQuota(bool warns) {
+    showError(saveWarnsOfLowQuota(m_services.defaults, warns));
+    m_warnsOfLowQuota = warns;
 }
 
 void AppModel::showError(const std::expected<void, model::FileError>& saved) {

@@ -95,6 +95,9 @@ public:
         return m_notificationSettings;
     }
 
+    /// Whether to notify when a quota runs low, in the times of notificationSettings().
+    [[nodiscard]] bool warnsOfLowQuota() const { return m_warnsOfLowQuota; }
+
     /// Also stores it under "appearance"; a failure to do so goes to lastError().
     void setAppearance(model::AppAppearance appearance);
 
@@ -105,8 +108,11 @@ public:
     /// Also stores them; a failure to do so goes to lastError().
     void setNotificationSettings(const notify::NotificationSettings& settings);
 
+    /// Also stores it; a failure to do so goes to lastError().
+    void setWarnsOfLowQuota(bool warns);
+
     /// Takes over what another program has stored: the appearance, the provider shown alone and the
-    /// notification settings.
+    /// settings of notifications.
     void reloadPreferences();
 
     /// Empties the history, in memory and on disk; write errors are ignored. Keeps the token
@@ -141,6 +147,7 @@ Q_SIGNALS:
     void appearanceChanged();
     void onlyProviderChanged();
     void notificationSettingsChanged();
+    void warnsOfLowQuotaChanged();
 
 private:
     struct Answers {
@@ -188,6 +195,7 @@ private:
                                &AppModel::onlyProviderChanged)
     Q_OBJECT_BINDABLE_PROPERTY(AppModel, notify::NotificationSettings, m_notificationSettings,
                                &AppModel::notificationSettingsChanged)
+    Q_OBJECT_BINDABLE_PROPERTY(AppModel, bool, m_warnsOfLowQuota, &AppModel::warnsOfLowQuotaChanged)
 };
 
 } // namespace tallyvane::core

@@ -7,6 +7,7 @@ namespace {
 const QString appearanceKey = QStringLiteral("appearance");
 const QString onlyProviderKey = QStringLiteral("onlyProvider");
 const QString windowSizeKey = QStringLiteral("windowSize");
+const QString lowQuotaKey = QStringLiteral("warnsOfLowQuota");
 const QString windowMaximizedKey = QStringLiteral("windowMaximized");
 const QString hostNoticeKey = QStringLiteral("hidesStatusHostNotice");
 
@@ -29,6 +30,15 @@ std::optional<model::AIProvider> loadOnlyProvider(const model::DefaultsStore& de
 std::expected<void, model::FileError> saveOnlyProvider(model::DefaultsStore& defaults,
                                                        std::optional<model::AIProvider> only) {
     return defaults.setText(onlyProviderKey, only ? QString(model::rawValue(*only)) : QString());
+}
+
+bool loadWarnsOfLowQuota(const model::DefaultsStore& defaults) {
+    return defaults.flag(lowQuotaKey);
+}
+
+std::expected<void, model::FileError> saveWarnsOfLowQuota(model::DefaultsStore& defaults,
+                                                          bool warns) {
+    return defaults.setFlag(lowQuotaKey, warns);
 }
 
 std::vector<model::AIProvider> shownProviders(std::optional<model::AIProvider> only) {

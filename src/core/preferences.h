@@ -23,6 +23,12 @@ loadOnlyProvider(const model::DefaultsStore& defaults);
 std::expected<void, model::FileError> saveOnlyProvider(model::DefaultsStore& defaults,
                                                        std::optional<model::AIProvider> only);
 
+/// Whether to notify when a quota runs low, stored under "warnsOfLowQuota"; not at first.
+[[nodiscard]] bool loadWarnsOfLowQuota(const model::DefaultsStore& defaults);
+
+std::expected<void, model::FileError> saveWarnsOfLowQuota(model::DefaultsStore& defaults,
+                                                          bool warns);
+
 /// The providers to show when `only` is stored; never none. Those that are not are hidden
 /// everywhere: nothing is asked of them, and what is stored of them stays.
 [[nodiscard]] std::vector<model::AIProvider> shownProviders(std::optional<model::AIProvider> only);

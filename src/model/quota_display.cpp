@@ -100,6 +100,22 @@ QStringList summaryLines(const QuotaSnapshot& snapshot) {
     return lines;
 }
 
+QStringList runOutTexts(const ProviderQuotaSnapshot& entry, Timestamp now) {
+    QStringList parts;
+    for (const QuotaPeriod period : allCases<QuotaPeriod>) {
+        const auto known = pace(entry, period, now);
+        if (known && known->runsOutAt) {
+            //: The five-hour window and the weekly one, as short as possible
+            const QString name =
+                period == QuotaPeriod::fiveHour ? Quota::tr("5H") : Quota::tr("WK");
+            //: %1 is "5H", %2 a time such as "in 2h 14m"
+            const QString text = parts.isEmpty() ? Quota::tr("%1 runs out %2") : Quota::tr("%1 %2");
+            parts << text.arg(name, countdownText(*known->runsOutAt - now));
+        }
+    }
+    return parts;
+}
+
 QString resetText(std::optional<Timestamp> resetsAt, const ProviderQuotaSnapshot& entry,
                   Timestamp now, const WeekdayTimeFormat& weekdayTime) {
     switch (entry.syncState) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/quota_snapshot.h"
+#include "model/quota_pace.h"
 #include "model/weekday_time_format.h"
 
 /// Figures, texts and colours derived from a snapshot. Pure functions.
@@ -44,8 +44,15 @@ inline constexpr double lowPercent = 25;
 /// lowestRemainingPercent() as text, such as "37%"; empty when there is none.
 [[nodiscard]] QString labelText(const QuotaSnapshot& snapshot);
 
+/// Between texts of one line.
+inline constexpr QStringView dot = u"  \u00B7  ";
+
 /// One line per entry, "Codex: 5H 19%  ·  WK 63%"; plain text.
 [[nodiscard]] QStringList summaryLines(const QuotaSnapshot& snapshot);
+
+/// When the quotas that will not last until their reset run out, "5H runs out in 1h 10m" and "WK in
+/// 2d 3h", as far as known.
+[[nodiscard]] QStringList runOutTexts(const ProviderQuotaSnapshot& entry, Timestamp now);
 
 /// When a window resets: "in 1h 30m", or the weekday and time if that is a day or more away, or why
 /// it is unknown.

@@ -19,11 +19,16 @@ private Q_SLOTS:
         const std::pair<const char*, CommandLine> rows[] = {
             {"", {}},
             {"status --json", {Command::status, OutputFormat::json}},
+            {"pace --json", {Command::pace, OutputFormat::json}},
             {"--waybar status", {Command::status, OutputFormat::waybar}},
             {"status --format={x} --below 5",
              {Command::status, OutputFormat::fields, {.below = 5, .format = u"{x}"_s}}},
             {"status --provider claude --waybar",
              {Command::status, OutputFormat::waybar, {AIProvider::claude}}},
+            {"history --csv --since 2026-01-31 --provider codex",
+             {.command = Command::history,
+              .outputFormat = OutputFormat::csv,
+              .history = {AIProvider::codex, QDate(2026, 1, 31)}}},
             {"--background", {.startMode = StartMode::background}},
             {"status -h", {.command = Command::help}}};
         for (const auto& [arguments, expected] : rows) {
@@ -46,7 +51,13 @@ private Q_SLOTS:
             {"status --below 101", "'101'"},
             {"status --below -1", "'-1'"},
             {"status --below", "below"},
-            {"refresh --provider codex", "with status"},
+            {"refresh --provider codex", "with status, history"},
+            {"history --csv --json", "exclude"},
+            {"history --json --since 2026-01-31", "exclude"},
+            {"history --since 2026-02-29", "'2026-02-29'"},
+            {"history --since 2026-01-31T", "'2026-01-31T'"},
+            {"history --provider gemini", "'gemini'"},
+            {"status --csv", "with history"},
             {"status --json=1", "json"}};
         for (const auto& [arguments, error] : rows) {
             const auto parsed = parse(arguments);

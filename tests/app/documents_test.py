@@ -18,7 +18,8 @@ SENTENCE = re.compile(r'[A-Z%].* .*[^.]\.$|(To|Make it|Move it|Keep it) ')
 # Not for the user: what callers on the session bus read.
 NOT_SHOWN = {'There is no action of this name.'}
 CODEX = '''#!/bin/sh
-echo '{"id":1,"result":{"rateLimits":{"planType":"plus","primary":{"usedPercent":1,"resetsAt":1},\
+reset=$(($(date +%s) + 9000))
+echo '{"id":1,"result":{"rateLimits":{"planType":"plus","primary":{"usedPercent":80,"resetsAt":'$reset'},\
 "secondary":{"usedPercent":1,"resetsAt":1}}}}'
 cat
 '''
@@ -83,8 +84,9 @@ class Documents(unittest.TestCase):
         self.run_program('refresh')
         outputs = {name: self.run_program(command, '--json') for name, command in (
             ('quota-snapshot.json', 'status'), ('usage-history.json', 'history'),
-            ('tokens --json', 'tokens'), ('doctor --json', 'doctor'))}
+            ('tokens --json', 'tokens'), ('pace --json', 'pace'), ('doctor --json', 'doctor'))}
         found = {name: paths(json.loads(output)) for name, output in outputs.items()}
+        found['history --csv'] = set(self.run_program('history', '--csv').split('\n')[0].split(','))
         store = self.home / '.local/share/Gaugewell'
         self.assertEqual((store / 'quota-snapshot.json').read_text() + '\n',
                          outputs['quota-snapshot.json'])
@@ -110,6 +112,7 @@ class Documents(unittest.TestCase):
     def test_settings(self):
         self.install_codex('bin')
         for key, value in (('appearance', 'dark'), ('notifications', 'on'), ('providers', 'codex'),
+                           ('low-quota-notifications', 'on'),
                            ('codex-path', str(self.home / 'bin/codex'))):
             self.run_program('config', 'set', key, value)
         self.run_program('refresh')
@@ -117,7 +120,8 @@ class Documents(unittest.TestCase):
         settings.optionxform = str
         settings.read(self.home / '.config/group.corvelle.Gaugewell.conf')
         keys = set(settings['General']) | (
-            {'hasAskedLaunchAtLogin', 'hidesStatusHostNotice', 'windowMaximized', 'windowSize'}
+            {'hasAskedLaunchAtLogin', 'hidesStatusHostNotice', 'lowQuotaWarnings',
+             'windowMaximized', 'windowSize'}
             & set(literals()))
         self.assertEqual(keys, set(sections()['Settings']))
 

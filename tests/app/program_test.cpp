@@ -155,10 +155,15 @@ private Q_SLOTS:
     void keepsTheSettings() {
         installCodex("");
         const std::pair<const char*, const char*> rows[] = {
-            {"appearance", "dark"},           {"launch-at-login", "on"},
-            {"providers", "codex"},           {"providers", "claude"},
-            {"notifications", "on"},          {"notification-windows", "22:00-06:30, off all-day"},
-            {"notification-windows", "none"}, {"codex-path", "$HOME/.local/bin/codex"}};
+            {"appearance", "dark"},
+            {"launch-at-login", "on"},
+            {"providers", "codex"},
+            {"providers", "claude"},
+            {"notifications", "on"},
+            {"notification-windows", "22:00-06:30, off all-day"},
+            {"notification-windows", "none"},
+            {"low-quota-notifications", "on"},
+            {"codex-path", "$HOME/.local/bin/codex"}};
         for (const auto& [key, value] : rows) {
             const QString after = u" %1 "_s.arg(QLatin1StringView(key));
             const QString command = u"\"$0\" config set"_s + after + u'"' +
@@ -171,13 +176,15 @@ private Q_SLOTS:
         QCOMPARE(
             run("config list").output,
             u"appearance = dark\nproviders = claude\nlaunch-at-login = on\nnotifications = on\n"
-            "notification-windows = none\ncodex-path = %1\n"_s.arg(inHome(".local/bin/codex")));
+            "notification-windows = none\nlow-quota-notifications = on\ncodex-path = %1\n"_s.arg(
+                inHome(".local/bin/codex")));
         for (const auto& [key, value] : rows) {
             QCOMPARE(runShell(u"\"$0\" config unset "_s + QLatin1StringView(key)).exitCode, 0);
         }
         QCOMPARE(run("config").output,
                  u"appearance = system\nproviders = both\nlaunch-at-login = off\n"
                  "notifications = off\nnotification-windows = 09:00-18:00\n"
+                 "low-quota-notifications = off\n"
                  "codex-path = \n"_s);
 
         const Run odd = runShell(u"cd; cp .local/bin/codex \"`printf 'a\\033[2mb'`\"; "
@@ -211,6 +218,7 @@ private Q_SLOTS:
         QVERIFY(!run("refresh").error.contains(u"Codex"));
         const std::tuple<const char*, const char*, const char*> rows[] = {
             {"status", "Claude", "Codex"},
+            {"pace", "Claude", "Codex"},
             {"history", "Claude", "Codex"},
             {"status --waybar", "Claude", "Codex"},
             {"status --format {codex.state}-{claude.state}", "--unavailable", "--un-"},
@@ -400,7 +408,7 @@ private Q_SLOTS:
                 ++found;
             }
         }
-        QCOMPARE(found, 8);
+        QCOMPARE(found, 9);
     }
 
     /// It may be about to store a new sign-in of its own, and the user does not wait for that.
@@ -427,7 +435,13 @@ private Q_SLOTS:
         tests::writeFile(path, log + '\n' + QByteArray(log).replace("1000", "250"));
         QCOMPARE(run("refresh").exitCode, 3);
         QVERIFY(run("history --json").output.contains(u"\"estimatedLocalTokens\" : 250,"));
-        QCOMPARE(run("history").output.count(u'\n'), 3);
+        for (const auto& [options, lines] : {std::pair{"", 3},
+                                             {" --provider codex", 2},
+                                             {" --csv --provider claude --since 2026-01-31", 2},
+                                             {" --since 9000-01-01", 1}}) {
+            const QString shown = run(QByteArray("history") + options).output;
+            QVERIFY2(shown.count(u'\n') == lines, qPrintable(shown));
+        }
     }
 
     /// Relative paths in the environment count as not set.

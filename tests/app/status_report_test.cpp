@@ -1,7 +1,9 @@
+#include "app/pace_report.h"
 #include "app/status_format.h"
 #include "app/status_report.h"
 #include "support/test_main.h"
 
+#include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
@@ -21,10 +23,10 @@ private Q_SLOTS:
             QuotaWindowSnapshot{.usedPercent = 0, .resetsAt = m_now + 7 * 24h};
         QCOMPARE(statusText(snapshot, m_now, m_weekdayTime, Palette::plain),
                  QStringLiteral("Codex (Plus), synced 2 min ago\n"
-                                "  5 hours   58% left  in 1h 30m\n"
+                                "  5 hours   58% left  in 1h 30m      lasts\n"
                                 "  Week        -       Reset unknown\n"
                                 "Claude, synced 2 min ago\n"
-                                "  5 hours   19% left  in 1h 30m\n"
+                                "  5 hours   19% left  in 1h 30m      runs out in 48m\n"
                                 "  Week     100% left  Tue 12:00 AM\n"));
         const QString coloured = statusText(snapshot, m_now, m_weekdayTime, Palette::ansi);
         QVERIFY(coloured.contains(u"\033[32m 58% left\033[0m"));
@@ -46,11 +48,14 @@ private Q_SLOTS:
         snapshot.providers[1].week = QuotaWindowSnapshot{.usedPercent = 1, .resetsAt = m_now};
         snapshot.providers[1].syncState = QuotaSyncState::pending;
         const QuotaSnapshot claude = shownSnapshot(snapshot, AIProvider::claude);
+        const QuotaSnapshot fast = usedSnapshot(80.4, 0);
         const QuotaSnapshot nothing = placeholderSnapshot(m_now);
         // Where the second begins with '!', part of the error.
         const std::tuple<const QuotaSnapshot&, const char*, const char*> rows[] = {
             {snapshot, "{lowest}% {{{updated}}}", "20% {just now}"},
             {snapshot, "{codex.fiveHour} {codex.fiveHour.reset}", "58 in 1h 30m"},
+            {snapshot, "{codex.fiveHour.pace} {codex.fiveHour.runsOut}", "+27 -"},
+            {fast, "{codex.fiveHour.pace} {codex.fiveHour.runsOut}", "-11 in 48m"},
             {snapshot, "{codex.week} {codex.week.reset} {codex.state}", "- - current"},
             {snapshot, "{codex.plan}|{claude.plan}", "Max 20xA1shxb|-"},
             {claude, "{claude.fiveHour.reset} {claude.week} {claude.state}",
@@ -62,6 +67,7 @@ private Q_SLOTS:
             {snapshot, "{codex}", "!'{codex}'"},
             {snapshot, "{gemini.week}", "!'{gemini.week}'"},
             {snapshot, "{codex.plan.reset}", "!'{codex.plan.reset}'"},
+            {snapshot, "{codex.week.}", "!'{codex.week.}'"},
             {snapshot, "{codex.week.reset.x}", "!'{codex.week.reset.x}'"}};
         for (const auto& [shown, format, expected] : rows) {
             const auto text =
@@ -71,6 +77,24 @@ private Q_SLOTS:
                           : result.contains(QLatin1StringView(expected + 1)),
                      qPrintable(result));
         }
+    }
+
+    void paces() {
+        QuotaSnapshot snapshot = usedSnapshot(80.4, 100);
+        snapshot.providers[0].week = {.usedPercent = 1, .resetsAt = m_now + 167h};
+        QCOMPARE(paceTable(snapshot, m_now),
+                 QStringLiteral("Provider  Window    Left   Even  Ahead  Used at reset  Outlook\n"
+                                "Codex     5 hours    20%    31%    -11           116%  "
+                                "runs out in 48m\n"
+                                "Codex     Week       99%    99%      0              -  -\n"
+                                "Claude    5 hours     0%    31%    -31           144%  -\n"
+                                "Claude    Week         -      -      -              -  -\n"));
+        const QJsonArray windows =
+            QJsonDocument::fromJson(paceJson(snapshot, m_now))[u"windows"].toArray();
+        QCOMPARE(windows.size(), 3);
+        QCOMPARE(windows[0][u"runsOutAt"].toString(), u"2025-01-28T00:48:42Z");
+        QVERIFY(windows[1][u"projectedPercent"].isUndefined());
+        QVERIFY(windows[2][u"runsOutAt"].isUndefined());
     }
 
     void waybar() {
@@ -98,6 +122,8 @@ private Q_SLOTS:
         check("ok", "58%", early);
         early.updatedAt += 1s;
         check("stale", "58%", early);
+        QVERIFY(waybarLine(usedSnapshot(80.4, 0), m_now)
+                    .contains(u"WK -\\n\u20035H runs out in 48m\\nClaude: "));
         QVERIFY(!waybarLine(placeholderSnapshot(m_now), m_now).contains(u'0'));
         QuotaSnapshot old = usedSnapshot(43, 10);
         old.updatedAt -= 16min;

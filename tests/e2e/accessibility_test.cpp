@@ -117,6 +117,9 @@ Privacy
 All history stays on this Mac
 No analytics, cloud database, remote logging, prompts, responses, file paths, emails, credentials, or account identifiers are collected.
 Clear usage history
+Low quota
+Notify when a quota runs low
+Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.
 )") << lines(launch));
 }
 
@@ -130,6 +133,7 @@ Tokens
 Period
 Daily (on)
 Monthly
+Copy
 % of quota used
 Nothing recorded yet
 Token Heatmap

@@ -1,3 +1,4 @@
+#include "history/history_csv.h"
 #include "history/usage_history_recorder.h"
 #include "support/test_main.h"
 
@@ -148,6 +149,20 @@ private Q_SLOTS:
         QCOMPARE(history.points.size(), 3U);
         QCOMPARE(history.points[0].date, oldest);
         QCOMPARE(history.points[1].date, at(u"2025-11-02T04:00:00Z"));
+    }
+
+    void writesCsv() {
+        const UsageHistory history{
+            .points = {{.date = at(u"2026-01-30T23:00:00Z"),
+                        .provider = AIProvider::claude,
+                        .estimatedQuotaConsumed = 0.1 + 0.2,
+                        .estimatedLocalTokens = 1234567},
+                       {.date = at(u"2026-01-31T23:00:00Z"), .estimatedQuotaConsumed = 1e-7}}};
+        QLocale::setDefault(QLocale(u"de_DE"_s));
+        QCOMPARE(history::csvText(history, model::LocalZone(QTimeZone("Europe/Berlin"))),
+                 u"day,provider,weekly_quota_percent,tokens\r\n"
+                 "2026-01-31,claude,0.30000000000000004,1234567\r\n"
+                 "2026-02-01,codex,0.0000001,0\r\n"_s);
     }
 
     void copesWithADamagedFile() {

@@ -2,6 +2,8 @@
 #include "support/home_files.h"
 #include "support/test_main.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace tallyvane::model;
@@ -148,6 +150,60 @@ private Q_SLOTS:
         QCOMPARE(text(current, 86399s), u"in 23h 59m");
         QCOMPARE(text(current, 86400s), u"Wed 1:00 AM");
         QCOMPARE(text(current, 24h * 7 + 15h + 45min), u"Tue 4:45 PM");
+    }
+
+    void paces() {
+        struct Row {
+            const char* text;
+            double used;
+            std::optional<std::chrono::minutes> left; ///< from the sync to the reset
+            QString expected; ///< even, ahead, projected, and minutes from the sync to the end
+            std::chrono::seconds age = 60s;
+            QuotaSyncState state = QuotaSyncState::current;
+            QuotaPeriod period = QuotaPeriod::fiveHour;
+        };
+        const Row rows[] = {
+            {"half of both", 50, 150min, u"50 0 100"_s},
+            {"slow", 20, 150min, u"50 30 40"_s},
+            {"fast", 80, 150min, u"50 -30 160 37"_s},
+            {"by the sync's time, not by now", 80, 150min, u"50 -30 160 37"_s, 30min},
+            {"a week", 60, 24h * 7 / 2, u"50 -10 120 3360"_s, 60s, QuotaSyncState::current,
+             QuotaPeriod::week},
+            {"too early to tell", 50, 286min, u"95 -45"_s},
+            {"no longer", 50, 285min, u"95 -45 1000 15"_s},
+            {"nothing used", 0, 150min, u"50 50 0"_s},
+            {"less than nothing used", -5, 150min, u"50 50 0"_s},
+            {"over all", 130, 150min, u"50 -50 260"_s},
+            {"a minute early", 100 * 150 / 299., 150min, u"50 0 100 149"_s},
+            {"half a minute early", 100 * 150 / 299.5, 150min, u"50 0 100"_s},
+            {"should have run out by now", 80, 150min, u"50 -30"_s, 38min},
+            {"reset farther than the window is long", 10, 301min, {}},
+            {"reset past", 10, 1min, {}},
+            {"no reset", 10, {}, {}},
+            {"clock set back", 10, 150min, {}, -1s},
+            {"old figures", 80, 150min, {}, 60s, QuotaSyncState::pending}};
+        for (const Row& row : rows) {
+            const Timestamp synced = tuesday - row.age;
+            ProviderQuotaSnapshot entry{.syncedAt = synced, .syncState = row.state};
+            auto& quota = row.period == QuotaPeriod::week ? entry.week : entry.fiveHour;
+            quota = {.usedPercent = row.used};
+            if (row.left) {
+                quota->resetsAt = synced + *row.left;
+            }
+            QString text;
+            if (const auto found = pace(entry, row.period, tuesday)) {
+                text = u"%1 %2"_s.arg(std::lround(found->evenPercent))
+                           .arg(std::lround(found->aheadPercent));
+                if (found->isProjected) {
+                    text += u" %1"_s.arg(std::lround(found->projectedPercent));
+                }
+                if (found->runsOutAt) {
+                    text += u" %1"_s.arg((*found->runsOutAt - synced) / 1min);
+                }
+            }
+            QVERIFY2(text == row.expected,
+                     qPrintable(QLatin1StringView(row.text) + u": "_s + text));
+        }
     }
 
     void ageTexts() {

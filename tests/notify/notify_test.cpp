@@ -1,3 +1,4 @@
+#include "notify/low_quota_notifier.h"
 #include "notify/quota_notifier.h"
 #include "support/fake_notification_centre.h"
 #include "support/test_main.h"
@@ -40,6 +41,17 @@ struct Notifier {
                          model::Timestamp{1750000000s + 123456us},
                          model::LocalZone(QTimeZone::utc()));
     }
+};
+
+/// Codex's five-hour figures in a refresh of the low-quota notifier.
+struct LowStep {
+    double used;
+    std::chrono::minutes at;                               ///< since the first step
+    std::optional<std::chrono::minutes> resetsAt = 300min; ///< likewise
+    bool isWanted = true;
+    bool isAllowed = true;
+    bool isRestarted = false; ///< before it
+    QuotaSyncState state = QuotaSyncState::current;
 };
 
 } // namespace
@@ -134,6 +146,70 @@ private Q_SLOTS:
         QCOMPARE(posts({{85}, {.fiveHour = 0, .state = pending}, {0}}), 1);
         QCOMPARE(posts({{5}, {.fiveHour = 85, .state = pending}, {0}}), 0);
         QCOMPARE(posts({{85}, {.week = 85}, {0}}), 1);
+    }
+
+    void warnsOfLowQuota() {
+        const auto posts = [](const std::vector<LowStep>& steps) {
+            const QTemporaryDir directory;
+            auto store =
+                model::DefaultsStore::open(directory.path().toStdString() + "/defaults.conf");
+            tests::FakeNotificationCentre centre;
+            std::optional<notify::LowQuotaNotifier> notifier;
+            const model::Timestamp start{1750000000s};
+            for (const LowStep& step : steps) {
+                if (!notifier || step.isRestarted) {
+                    notifier.emplace(centre, *store, "C");
+                }
+                const model::Timestamp now = start + step.at;
+                model::QuotaWindowSnapshot window{.usedPercent = step.used};
+                if (step.resetsAt) {
+                    window.resetsAt = start + *step.resetsAt;
+                }
+                notifier->process({.providers = {{.provider = AIProvider::codex,
+                                                  .fiveHour = window,
+                                                  .syncedAt = now,
+                                                  .syncState = step.state}}},
+                                  step.isWanted,
+                                  {.windows = {{.enabled = step.isAllowed, .allDay = true}}}, now,
+                                  model::LocalZone(QTimeZone::utc()));
+            }
+            QStringList bodies;
+            for (const platform::Notification& post : centre.posts) {
+                bodies += post.body.section(u": "_s, 1)
+                              .replace(u"\nCodex: "_s, u" + "_s)
+                              .remove(u" of the five-hour quota left"_s);
+            }
+            return bodies.join(u", "_s);
+        };
+        constexpr auto pending = QuotaSyncState::pending;
+        const std::pair<QString, std::vector<LowStep>> rows[] = {
+            {{}, {{70, 280min}, {73.9, 290min}}},
+            {u"25 %, 10 %, 25 %"_s,
+             {{75, 280min},
+              {76, 285min},
+              {90, 290min},
+              {100, 295min},
+              {5, 305min, 600min},
+              {75, 580min, 600min}}},
+            {u"0 %"_s, {{10, 280min}, {100, 290min}}}, // at once the lower of two
+            {u"24 %, 10 %"_s,
+             {{75.5, 280min}, {80, 281min, 300min, true, true, true}, {90, 290min}}},
+            {{}, {{75, 280min, 300min, true, false}, {76, 281min}}},
+            {{},
+             {{75, 280min, 300min, false}, {76, 281min}, {76, 282min, 300min, true, true, true}}},
+            {u"25 %, 25 %"_s,
+             {{75, 240min}, {2, 250min, 310min}, {75, 290min, 310min}}}, // reset early
+            {u"25 %"_s, {{75, 280min}, {71, 285min}, {75, 290min}}},     // corrected
+            {u"25 %, 25 %"_s, {{75, 10min, {}}, {0, 20min, {}}, {75, 30min, {}}}},
+            {{}, {{75, 301min}, {75, 280min, 300min, true, true, false, pending}}},
+            {u"the five-hour quota runs out at 19:16, before the reset"_s,
+             {{60, 150min}, {61, 151min}}},
+            {{}, {{52, 150min}}}, // hardly before
+            {u"20 % + the five-hour quota runs out at 18:14, before the reset"_s,
+             {{80, 150min}}}};
+        for (const auto& [expected, steps] : rows) {
+            QCOMPARE(posts(steps), expected);
+        }
     }
 
     void namesTheProvider() {

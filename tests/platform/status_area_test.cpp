@@ -151,6 +151,35 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "status_area_test");
     }
 
+    /// Under the figures of an assistant; both lines open its page.
+    void saysInTheMenuWhatRunsOut() {
+        using namespace std::chrono_literals;
+        const model::Timestamp now{1000h};
+        model::QuotaSnapshot snapshot = model::placeholderSnapshot(now);
+        snapshot.providers[1] = {.provider = model::AIProvider::claude,
+                                 .fiveHour = {{.usedPercent = 80, .resetsAt = now + 150min}},
+                                 .syncedAt = now,
+                                 .syncState = model::QuotaSyncState::current};
+        tests::IdleModel idle(snapshot, now);
+        const platform::SystemAppearance appearance;
+        const app::StatusArea area(idle.model, appearance, idle.clock, {});
+        const auto call = [](const QByteArray& method) {
+            return tests::callOnBus(QDBusConnection::sessionBus().baseService(), "/MenuBar",
+                                    "com.canonical.dbusmenu." + method);
+        };
+        const QByteArray layout = call("GetLayout -- 0 -1 []");
+        const auto line = layout.indexOf("Claude: 5H runs out in 37m");
+        QVERIFY2(line > layout.indexOf("Claude: 5H 20%") && line < layout.indexOf("separator"),
+                 layout);
+        const QSignalSpy requested(&area, &app::StatusArea::usagePageRequested);
+        const QByteArray idOfLine = layout.left(line).split('(').last().split(',').first();
+        for (const QByteArray& id : {QByteArray("2"), idOfLine}) {
+            call("Event " + id + " clicked '<0>' 0");
+            TALLYVANE_TRY_COMPARE(requested.size(), id == "2" ? 1 : 2);
+            QVERIFY(requested.last().at(0).value<model::AIProvider>() == model::AIProvider::claude);
+        }
+    }
+
     void keepsOnlyTheLastTwoPictures() {
         const QTemporaryDir folder;
         app::SymbolicIconFiles files(folder.path().toStdString());

@@ -129,6 +129,14 @@ private Q_SLOTS:
               {{}, 40},
               "Tallyvane: 40%|Codex: 5H 0%  ·  WK 0%|"
               "Claude: Sync pending (last updated 5 min ago)");
+        check({{.provider = codex,
+                .fiveHour = used(80, now + 150min),
+                .week = used(60, now + 84h),
+                .syncedAt = now,
+                .syncState = QuotaSyncState::current}},
+              {20, {}},
+              "Tallyvane: 20%|Codex: 5H 20%  ·  WK 40%| 5H resets in 2h 30m  ·  WK in 3d 12h|"
+              " 5H runs out in 37m  ·  WK in 2d 8h|Claude: 5H 0%  ·  WK 0%");
         const core::Failures failures{
             {codex, {.text = model::Message("No."), .advice = model::Message("Do.")}}};
         QCOMPARE(ui::tooltipLines({}, failures, now).last(), u"No. Do."_s);

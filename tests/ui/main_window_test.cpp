@@ -6,6 +6,9 @@
 #include "ui/dashboard/main_window.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QClipboard>
+
+#include <cmath>
 
 using namespace std::chrono_literals;
 using namespace tallyvane;
@@ -105,6 +108,10 @@ private Q_SLOTS:
             const auto colour = fill->childItems().at(0)->property("color").value<QColor>();
             QCOMPARE(colour.red() > colour.green(), look.isLow);
         }
+        const QQuickItem* mark = open.items("evenMark").at(0);
+        const double even =
+            mark->parentItem()->width() * 136 / 300; // minutes of the window to come
+        QVERIFY(std::abs(mark->x() + mark->width() / 2 - even) <= 0.5);
         open.idle.clock.advance(59s);
         QCOMPARE(open.text("updated"), u"Updated 2 min ago"_s);
         open.idle.clock.advance(1s);
@@ -179,6 +186,11 @@ private Q_SLOTS:
         QCOMPARE(chart->hoveredText(),
                  u"November 2026, Codex 13\u00A0Mio. tokens, Claude 8,8\u00A0Mio. tokens"_s);
 
+        open.press("copy", Qt::Key_Space);
+        const QString copied = QGuiApplication::clipboard()->text();
+        QVERIFY2(copied.startsWith(u"day,provider,weekly_quota_percent,tokens\r\n"
+                                   "2026-11-21,codex,8,120000\r\n2026-11-21,claude,14,84000\r\n"),
+                 qPrintable(copied));
         open.press("heatmap", Qt::Key_Down);
         QCOMPARE(open.text("told"), u"Sa., 21. Nov. 2026: 204.000 tokens"_s);
         open.press("filter", Qt::Key_Right);
@@ -229,6 +241,12 @@ private Q_SLOTS:
         QCOMPARE(open.text("start"), u"09:00"_s);
         open.press("openSettings", Qt::Key_Space);
         QCOMPARE(open.settingsOpened, 1);
+        open.idle.notificationCentre.isOn = true;
+        QVERIFY(!open.item("lowQuotaNotAuthorized"));
+        open.idle.notificationCentre.isOn = false;
+        open.press("warnsOfLowQuota", Qt::Key_Space);
+        QVERIFY(open.idle.model.warnsOfLowQuota() && core::loadWarnsOfLowQuota(open.idle.defaults));
+        QVERIFY(open.item("lowQuotaNotAuthorized"));
         open.idle.notificationCentre.isOn = true;
         open.press("notifies", Qt::Key_Space);
         QVERIFY(open.idle.model.notificationSettings().enabled);

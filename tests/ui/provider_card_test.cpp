@@ -54,6 +54,37 @@ private Q_SLOTS:
         QCOMPARE(card.plan, u"MAX 5X"_s);
     }
 
+    void paces() {
+        struct Row {
+            double used;
+            std::chrono::minutes left; ///< to the reset
+            model::QuotaPeriod period;
+            double even;
+            const char* text;
+        };
+        const auto fiveHour = model::QuotaPeriod::fiveHour;
+        const auto week = model::QuotaPeriod::week;
+        const Row rows[] = {{80, 150min, fiveHour, 0.5,
+                             "At this pace it runs out at 12:37 AM, 1 hr before the reset"},
+                            {60, 150min, fiveHour, 0.5,
+                             "At this pace it runs out at 1:40 AM, 50 min before the reset"},
+                            {60, 24h * 7 / 2, week, 0.5,
+                             "At this pace it runs out at Mon 8:00 AM, 1 d before the reset"},
+                            {50, 150min, fiveHour, 0.5, "At this pace it lasts until the reset"},
+                            {100, 150min, fiveHour, 0.5, ""},
+                            {50, 300min, fiveHour, 1, ""},
+                            {50, -1min, fiveHour, -1, ""}};
+        for (const Row& row : rows) {
+            ProviderQuotaSnapshot entry{.syncedAt = m_now, .syncState = QuotaSyncState::current};
+            auto& quota = row.period == week ? entry.week : entry.fiveHour;
+            quota = {.usedPercent = row.used, .resetsAt = m_now + row.left};
+            const ui::ProviderCard card = ui::providerCard(entry, m_now, m_weekdayTime);
+            const ui::QuotaRow& shown = row.period == week ? card.week : card.fiveHour;
+            QCOMPARE(shown.pace, QLatin1StringView(row.text));
+            QCOMPARE(shown.evenFraction, row.even);
+        }
+    }
+
     /// Each wait ends as soon as the text has changed, and not a millisecond earlier.
     void textsChangeAfterTheirWait() {
         const ProviderQuotaSnapshot entry{.syncState = QuotaSyncState::current};

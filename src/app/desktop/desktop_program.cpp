@@ -41,6 +41,8 @@ DesktopProgram::DesktopProgram(const Environment& environment)
       m_composition(environment),
       m_loginItem(
           autostartPlaces(environment, QCoreApplication::arguments().constFirst().toStdString())),
+      m_lowQuotaNotifier(m_composition.notificationCentre, m_composition.defaults,
+                         environment.timeLocale),
       m_statusArea(m_composition.model, m_appearance, m_composition.clock, iconFolder(environment)),
       m_application([this] { return refreshAndReport(); }) {
     connect(&m_statusArea, &StatusArea::clicked, this,
@@ -68,6 +70,8 @@ DesktopProgram::DesktopProgram(const Environment& environment)
             &QCoreApplication::quit, Qt::QueuedConnection);
     connect(&m_composition.model, &core::AppModel::onlyProviderChanged, this,
             &DesktopProgram::refreshNewlyShown);
+    connect(&m_composition.model, &core::AppModel::isRefreshingChanged, this,
+            &DesktopProgram::warnOfLowQuota);
     connect(&m_composition.notificationCentre, &platform::DBusNotificationCentre::activated, this,
             &DesktopProgram::openMainWindow);
 }
@@ -114,6 +118,15 @@ void DesktopProgram::refreshNewlyShown() {
     const std::vector<model::AIProvider> before = std::exchange(m_shown, shown);
     if (!std::ranges::includes(before, shown) && !m_environment.launchContext.isFixtureMode) {
         refreshAnew();
+    }
+}
+
+void DesktopProgram::warnOfLowQuota() {
+    const core::AppModel& model = m_composition.model;
+    if (!model.isRefreshing()) {
+        m_lowQuotaNotifier.process(model.snapshot(), model.warnsOfLowQuota(),
+                                   model.notificationSettings(), m_composition.clock.now(),
+                                   m_environment.zone);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "app/composition.h"
 #include "app/desktop/status_area.h"
 #include "app/desktop/windows_library.h"
+#include "notify/low_quota_notifier.h"
 #include "platform/linux/autostart_entry.h"
 #include "platform/linux/dbus_application.h"
 
@@ -28,6 +29,8 @@ private:
     void refreshNewlyShown();
     /// Refreshes now, or again when the refresh in progress has ended.
     void refreshAnew();
+    /// Call after each refresh.
+    void warnOfLowQuota();
     [[nodiscard]] core::ProgramSetting codexSetting();
     QCoro::Task<platform::DBusApplication::RefreshAnswer> refreshAndReport();
     void openMainWindow(const QString& activationToken);
@@ -40,6 +43,7 @@ private:
     std::vector<model::AIProvider> m_shown = m_composition.model.shownProviders(); ///< likewise
     platform::AutostartEntry m_loginItem;
     platform::SystemAppearance m_appearance;
+    notify::LowQuotaNotifier m_lowQuotaNotifier;
     StatusArea m_statusArea;
     platform::DBusApplication m_application;
     WindowsLibrary m_windowsLibrary;

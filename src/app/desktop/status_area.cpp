@@ -21,7 +21,8 @@ enum MenuEntry {
     open,
     refresh,
     lastSeparator,
-    quit
+    quit,
+    firstPace ///< a line per provider, above the first separator
 };
 
 /// The sizes that common panels use. xfce4-panel scales the largest down to 22 pixels, which is
@@ -87,12 +88,18 @@ void StatusArea::showToolTip() {
 }
 
 void StatusArea::showMenu() {
-    const std::vector<model::AIProvider> providers = m_model.shownProviders();
-    const QStringList lines = ui::menuLines(m_model.snapshot(), m_clock.now());
+    const model::QuotaSnapshot snapshot = m_model.snapshot();
+    const model::Timestamp now = m_clock.now();
+    const QStringList lines = ui::menuLines(snapshot, now);
     QList<platform::ItemMenuEntry> menu;
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        const model::AIProvider provider = providers[static_cast<std::size_t>(i)];
-        menu.append({.id = firstProvider + std::to_underlying(provider), .text = lines[i]});
+        const auto& entry = snapshot.providers[static_cast<std::size_t>(i)];
+        const int provider = std::to_underlying(entry.provider);
+        menu.append({.id = firstProvider + provider, .text = lines[i]});
+        const QString runOut = ui::runOutMenuLine(entry, now);
+        if (!runOut.isEmpty()) {
+            menu.append({.id = firstPace + provider, .text = runOut});
+        }
     }
     menu += {{.id = firstSeparator, .isSeparator = true},
              {.id = open, .text = tr("Open Tallyvane")},
@@ -103,8 +110,9 @@ void StatusArea::showMenu() {
 }
 
 void StatusArea::choose(int entry) {
-    if (entry < firstSeparator) {
-        Q_EMIT usagePageRequested(static_cast<model::AIProvider>(entry - firstProvider));
+    if (entry < firstSeparator || entry >= firstPace) {
+        const int first = entry < firstSeparator ? firstProvider : firstPace;
+        Q_EMIT usagePageRequested(static_cast<model::AIProvider>(entry - first));
         return;
     }
     switch (entry) {

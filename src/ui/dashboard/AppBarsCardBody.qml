@@ -10,6 +10,8 @@ Item {
     required property providerCard card
     /// Two of these fill a card of the minimum height.
     readonly property double minimumRowHeight: 29
+    /// Whether a bar tells of itself.
+    readonly property bool isExplained: fiveHour.isExplained || week.isExplained
 
     implicitWidth: bars.implicitWidth + 2 * 16
     implicitHeight: Math.max(98, bars.implicitHeight + 2 * 14)
@@ -23,6 +25,8 @@ Item {
         spacing: 12
 
         QuotaBarRow {
+            id: fiveHour
+
             Layout.fillWidth: true
             Layout.minimumHeight: root.minimumRowHeight
             //: The five-hour quota window, as short as possible
@@ -30,6 +34,8 @@ Item {
             row: root.card.fiveHour
         }
         QuotaBarRow {
+            id: week
+
             Layout.fillWidth: true
             Layout.minimumHeight: root.minimumRowHeight
             //: The weekly quota window, as short as possible

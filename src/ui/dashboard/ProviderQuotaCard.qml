@@ -13,7 +13,8 @@ LinkRow {
 
     function spoken(label: string, row: quotaRow): string {
         //: A quota window, the percentage left of it, and when it resets
-        return qsTr("%1: %2, %3").arg(label).arg(row.figure).arg(row.resetText);
+        const figures = qsTr("%1: %2, %3").arg(label).arg(row.figure).arg(row.resetText);
+        return row.pace === "" ? figures : figures + ". " + row.pace;
     }
     function unlessEmpty(text: string): string {
         return text === "" ? "" : "; " + text;
@@ -35,6 +36,8 @@ LinkRow {
             card: root.card
         }
         AppBarsCardBody {
+            id: bars
+
             Layout.fillWidth: true
             card: root.card
         }
@@ -52,7 +55,7 @@ LinkRow {
     }
 
     HelpTip {
-        visible: root.hovered && !root.down
+        visible: root.hovered && !root.down && !bars.isExplained
         //: %1 is an assistant's name
         text: qsTr("Open %1 usage details").arg(root.card.name)
     }

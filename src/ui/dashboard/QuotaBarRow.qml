@@ -11,6 +11,8 @@ RowLayout {
     required property quotaRow row
     readonly property color ink: row.level === QuotaLevel.Unknown ? Theme.secondaryText : row.level === QuotaLevel.Low ? Theme.quotaLow : Theme.quotaAmple
 
+    readonly property bool isExplained: bar.isExplained
+
     spacing: 8
 
     TextLabel {
@@ -26,10 +28,14 @@ RowLayout {
         Accessible.ignored: true
     }
     QuotaBar {
+        id: bar
+
         Layout.fillWidth: true
         fraction: root.row.fraction
         fill: root.ink
         isLow: root.row.level === QuotaLevel.Low
+        evenFraction: root.row.evenFraction
+        pace: root.row.pace
         opacity: Theme.isHighContrast ? 1 : root.row.opacity
     }
     Figure {

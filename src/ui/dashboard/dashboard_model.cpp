@@ -67,6 +67,13 @@ void DashboardModel::update() {
                 waitNoLongerThan(untilResetTextChanges(window->resetsAt, now));
             }
         }
+        for (const model::QuotaPeriod period : model::allCases<model::QuotaPeriod>) {
+            const auto pace = model::pace(entry, period, now);
+            if (pace && pace->runsOutAt) {
+                waitNoLongerThan(
+                    std::chrono::ceil<std::chrono::milliseconds>(*pace->runsOutAt - now));
+            }
+        }
     }
     m_nextChange =
         wait ? m_clock.after(std::max(*wait, shortestWait), [this] { update(); }) : nullptr;

@@ -12,6 +12,30 @@ namespace {
 
 constexpr double staleOpacity = 0.55;
 
+class Card {
+    Q_DECLARE_TR_FUNCTIONS(ProviderCard)
+};
+
+QString lengthText(model::Timestamp::duration length) {
+    using namespace std::chrono;
+    if (length < hours{1}) {
+        return Card::tr("%n min", nullptr, static_cast<int>(length / minutes{1}));
+    }
+    return length < days{1} ? Card::tr("%n hr", nullptr, static_cast<int>(length / hours{1}))
+                            : Card::tr("%n d", nullptr, static_cast<int>(length / days{1}));
+}
+
+QString paceText(const model::QuotaPace& pace, model::Timestamp now,
+                 const model::WeekdayTimeFormat& weekdayTime) {
+    if (pace.runsOutAt) {
+        //: %1 is a time such as "16:40" or "Tue 16:40", %2 a length such as "52 min"
+        return Card::tr("At this pace it runs out at %1, %2 before the reset")
+            .arg(weekdayTime.format(*pace.runsOutAt, now),
+                 lengthText(pace.resetsAt - *pace.runsOutAt));
+    }
+    return pace.isProjected ? Card::tr("At this pace it lasts until the reset") : QString();
+}
+
 QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod period,
                   model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime) {
     const auto& window = model::window(entry, period);
@@ -26,6 +50,10 @@ QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod 
         row.fraction = remaining / 100;
         if (isCurrent) {
             row.level = remaining < model::lowPercent ? QuotaLevel::Low : QuotaLevel::Ample;
+        }
+        if (const auto pace = model::pace(entry, period, now)) {
+            row.evenFraction = pace->evenPercent / 100;
+            row.pace = remaining > 0 ? paceText(*pace, now, weekdayTime) : QString();
         }
     }
     return row;
@@ -43,7 +71,7 @@ ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Time
                           const model::WeekdayTimeFormat& weekdayTime) {
     const bool isPending = entry.syncState == model::QuotaSyncState::pending;
     //: %1 is how long ago the figures were fetched, such as "2 hr ago"
-    const QString age = QCoreApplication::translate("ProviderCard", "From %1");
+    const QString age = Card::tr("From %1");
     return {.name = model::displayName(entry.provider),
             .icon = icon(entry.provider),
             .plan = entry.planName.value_or(QString()).toUpper(),

@@ -29,13 +29,17 @@ class QuotaRow {
     Q_PROPERTY(QString figure MEMBER figure)
     Q_PROPERTY(QString resetText MEMBER resetText)
     Q_PROPERTY(double fraction MEMBER fraction)
+    Q_PROPERTY(double evenFraction MEMBER evenFraction)
+    Q_PROPERTY(QString pace MEMBER pace)
     Q_PROPERTY(double opacity MEMBER opacity)
     Q_PROPERTY(tallyvane::ui::QuotaLevel::Level level MEMBER level)
 
 public:
     QString figure; ///< the percentage left, such as "25%", or "--" if unknown
     QString resetText;
-    double fraction = 0; ///< the filled part of the bar, 0 to 1
+    double fraction = 0;      ///< the filled part of the bar, 0 to 1
+    double evenFraction = -1; ///< what an even use would leave of the bar; negative if unknown
+    QString pace;             ///< whether the quota lasts until its reset; empty if unknown
     double opacity = 1;
     QuotaLevel::Level level = QuotaLevel::Unknown;
 

@@ -80,6 +80,26 @@ ColumnLayout {
                 currentIndex: root.viewModel.granularity
                 onActivated: index => root.viewModel.granularity = index
             }
+            PushButton {
+                id: copy
+
+                objectName: "copy"
+                text: copied.running ? qsTr("Copied") : qsTr("Copy")
+                onClicked: {
+                    root.viewModel.copy();
+                    copied.restart();
+                }
+
+                Timer {
+                    id: copied
+
+                    interval: 1700
+                }
+                HelpTip {
+                    visible: copy.hovered && !copy.down
+                    text: qsTr("Copy the daily figures as a table")
+                }
+            }
         }
     }
     CardSurface {

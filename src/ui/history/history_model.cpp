@@ -1,8 +1,12 @@
 #include "ui/history/history_model.h"
 
 #include "history/calendar_days.h"
+#include "history/history_csv.h"
 #include "model/quota_display.h"
 #include "ui/style/colour.h"
+
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
 
 #include <map>
 
@@ -177,6 +181,10 @@ void HistoryModel::hover(double position) {
     const auto along = std::chrono::round<model::Timestamp::duration>(
         position * duration<double>(m_end - m_start));
     setHoveredDate(history::nearestBucket(m_points, m_calendar, m_start + along));
+}
+
+void HistoryModel::copy() const {
+    QGuiApplication::clipboard()->setText(history::csvText(m_model.history(), m_calendar.zone));
 }
 
 void HistoryModel::leave() {

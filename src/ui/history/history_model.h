@@ -115,6 +115,9 @@ public:
     /// if none is pointed at.
     Q_INVOKABLE void step(int by);
 
+    /// Puts the daily figures on the clipboard, as history::csvText() writes them.
+    Q_INVOKABLE void copy() const;
+
     /// Recomputes everything. Call when a new day begins.
     void update();
 

@@ -64,6 +64,14 @@ QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now
     return lines;
 }
 
+QString runOutMenuLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
+    const QStringList texts = model::runOutTexts(entry, now);
+    //: %1 is "Codex" or "Claude", %2 when its quotas run out, such as "5H runs out in 1h 10m"
+    const QString line = MenuBarLabel::tr("%1: %2");
+    return texts.isEmpty() ? QString()
+                           : line.arg(model::displayName(entry.provider), texts.join(model::dot));
+}
+
 QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failures& failures,
                          model::Timestamp now) {
     const QString label = model::labelText(snapshot);
@@ -71,10 +79,14 @@ QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failu
     QStringList lines = {label.isEmpty() ? name : MenuBarLabel::tr("%1: %2").arg(name, label)};
     const QStringList providerLines = menuLines(snapshot, now);
     for (qsizetype i = 0; i < providerLines.size(); ++i) {
+        const auto& entry = snapshot.providers[static_cast<std::size_t>(i)];
         lines += providerLines[i];
-        const QStringList resets = resetTexts(snapshot.providers[static_cast<std::size_t>(i)], now);
-        if (!resets.isEmpty()) {
-            lines += u'\u2003' + resets.join(dot); // hosts that parse markup drop plain spaces
+        for (const QStringList& details :
+             {resetTexts(entry, now), model::runOutTexts(entry, now)}) {
+            if (!details.isEmpty()) {
+                lines += u'\u2003' +
+                         details.join(model::dot); // hosts that parse markup drop plain spaces
+            }
         }
     }
     for (const auto& [provider, failure] : failures) {

@@ -18,9 +18,6 @@ using GaugeValues = std::vector<std::optional<double>>;
 [[nodiscard]] QString oldFiguresAge(const model::ProviderQuotaSnapshot& entry,
                                     model::Timestamp now);
 
-/// Between texts of one line.
-inline constexpr QStringView dot = u"  \u00B7  ";
-
 /// When the provider's quotas reset, "5H resets in 2h 14m" and "WK in 3d 4h", as far as known.
 [[nodiscard]] QStringList resetTexts(const model::ProviderQuotaSnapshot& entry,
                                      model::Timestamp now);
@@ -28,9 +25,14 @@ inline constexpr QStringView dot = u"  \u00B7  ";
 /// model::summaryLines(), with the age of old figures.
 [[nodiscard]] QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now);
 
+/// "Codex: 5H runs out in 1h 10m"; empty if the provider's quotas last until their resets, as far
+/// as known.
+[[nodiscard]] QString runOutMenuLine(const model::ProviderQuotaSnapshot& entry,
+                                     model::Timestamp now);
+
 /// Plain text: a title with the smallest figure, as some panels show nothing else, then per
-/// provider its line of the menu and the resets, and lines on why figures are missing and what to
-/// do.
+/// provider its line of the menu, the resets and what will run out before, and lines on why figures
+/// are missing and what to do.
 [[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot,
                                        const core::Failures& failures, model::Timestamp now);
 

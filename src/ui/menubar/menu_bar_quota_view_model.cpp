@@ -34,6 +34,7 @@ void MenuBarQuotaViewModel::updateRows() {
         const auto failed = failures.find(provider);
         const QString age = oldFiguresAge(entry, now);
         QStringList details = resetTexts(entry, now);
+        details += model::runOutTexts(entry, now);
         if (!age.isEmpty()) {
             //: %1 is how long ago, such as "20 min ago"
             details << tr("Last updated %1").arg(age);
@@ -43,7 +44,7 @@ void MenuBarQuotaViewModel::updateRows() {
         ProviderRow row{.name = model::displayName(provider),
                         .usagePage = QUrl(model::usagePage(provider)),
                         .summary = model::summaryText(entry),
-                        .details = details.join(dot),
+                        .details = details.join(model::dot),
                         .trouble =
                             failed == failures.end() ? QString() : failed->second.sentences()};
         QStringList spoken = {row.summary, row.details, row.trouble};

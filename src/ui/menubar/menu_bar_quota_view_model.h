@@ -23,7 +23,8 @@ public:
     QString name;
     QUrl usagePage;
     QString summary;
-    /// When the quotas reset and, if the figures are old, since when; may be empty.
+    /// When the quotas reset, which of them run out before and, if the figures are old, since when;
+    /// may be empty.
     QString details;
     QString trouble;     ///< why the figures are not current and what to do; may be empty
     QString description; ///< these texts, to be read aloud

@@ -242,6 +242,36 @@ ColumnLayout {
             }
         }
     }
+    SettingsSection {
+        title: qsTr("Low quota")
+
+        CleanSwitch {
+            objectName: "warnsOfLowQuota"
+            Layout.fillWidth: true
+            text: qsTr("Notify when a quota runs low")
+            checked: root.viewModel.warnsOfLowQuota
+            onToggled: root.viewModel.warnsOfLowQuota = checked
+        }
+        Caption {
+            Layout.fillWidth: true
+            text: qsTr("Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.")
+        }
+        AdaptiveRow {
+            visible: root.viewModel.warnsOfLowQuota && !root.viewModel.isAuthorized
+            columnSpacing: Theme.spacing
+
+            WarningText {
+                objectName: "lowQuotaNotAuthorized"
+                text: qsTr("Notifications are turned off in System Settings")
+            }
+            PushButton {
+                Layout.alignment: Qt.AlignRight
+                visible: root.viewModel.hasNotificationSettings
+                text: qsTr("Open Settings")
+                onClicked: root.viewModel.openNotificationSettings()
+            }
+        }
+    }
     Item {
         Layout.fillHeight: true
     }

@@ -41,6 +41,11 @@ SettingsModel::SettingsModel(core::AppModel& model, platform::LoginItem& loginIt
     connect(&model, &core::AppModel::notificationSettingsChanged, this, [this] {
         showWindows();
         Q_EMIT notificationSettingsChanged();
+        Q_EMIT windowsNoteChanged();
+    });
+    connect(&model, &core::AppModel::warnsOfLowQuotaChanged, this, [this] {
+        Q_EMIT warnsOfLowQuotaChanged();
+        Q_EMIT windowsNoteChanged();
     });
     connect(&notificationCentre, &platform::NotificationCentre::authorizationChanged, this,
             &SettingsModel::readAuthorization);
@@ -119,9 +124,17 @@ void SettingsModel::setNotifies(bool notifies) {
     }
 }
 
+void SettingsModel::setWarnsOfLowQuota(bool warns) {
+    m_model.setWarnsOfLowQuota(warns);
+    if (warns) {
+        readAuthorization();
+    }
+}
+
 QString SettingsModel::windowsNote() const {
     const NotificationSettings settings = m_model.notificationSettings();
-    if (!settings.enabled || notify::allowsAnyTime(settings)) {
+    const bool isAny = settings.enabled || warnsOfLowQuota();
+    if (!isAny || notify::allowsAnyTime(settings)) {
         return {};
     }
     return settings.windows.empty() ? tr("No notification can come: there is no time window.")

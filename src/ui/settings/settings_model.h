@@ -47,7 +47,9 @@ class SettingsModel : public QObject {
     Q_PROPERTY(QString codexState READ codexState NOTIFY codexChanged)
     Q_PROPERTY(bool isCodexFound READ isCodexFound NOTIFY codexChanged)
     Q_PROPERTY(bool notifies READ notifies WRITE setNotifies NOTIFY notificationSettingsChanged)
-    Q_PROPERTY(QString windowsNote READ windowsNote NOTIFY notificationSettingsChanged)
+    Q_PROPERTY(bool warnsOfLowQuota READ warnsOfLowQuota WRITE setWarnsOfLowQuota NOTIFY
+                   warnsOfLowQuotaChanged)
+    Q_PROPERTY(QString windowsNote READ windowsNote NOTIFY windowsNoteChanged)
     Q_PROPERTY(bool isAuthorized READ isAuthorized NOTIFY isAuthorizedChanged)
     Q_PROPERTY(bool hasNotificationSettings READ hasNotificationSettings CONSTANT)
     Q_PROPERTY(QAbstractItemModel* windows READ windows CONSTANT)
@@ -81,6 +83,8 @@ public:
     [[nodiscard]] bool isCodexFound() const;
     [[nodiscard]] bool notifies() const { return m_model.notificationSettings().enabled; }
     void setNotifies(bool notifies);
+    [[nodiscard]] bool warnsOfLowQuota() const { return m_model.warnsOfLowQuota(); }
+    void setWarnsOfLowQuota(bool warns);
     /// Why no notification can come although they are on; empty if any can.
     [[nodiscard]] QString windowsNote() const;
     /// Whether the desktop shows this program's notifications; true until that is known.
@@ -123,6 +127,8 @@ Q_SIGNALS:
     void launchesAtLoginChanged();
     void codexChanged();
     void notificationSettingsChanged();
+    void warnsOfLowQuotaChanged();
+    void windowsNoteChanged();
     void isAuthorizedChanged();
     void launchErrorChanged();
     void historyMessageChanged();

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/quota_snapshot.h"
+
+/// Whether a quota lasts until its reset. Pure functions.
+namespace tallyvane::model {
+
+/// How the use of a quota window compares with an even one, which would reach 100 % just at the
+/// reset. With the window's length L, its reset r and the last sync s, the share of the window gone
+/// at that sync is g = 1 - (r - s) / L. The figures are those of that sync, and so is the pace.
+struct QuotaPace {
+    double evenPercent = 100;    ///< what an even use would have left: 100 (1 - g), 0 to 100
+    double aheadPercent = 0;     ///< percentage points more left than that; negative: less
+    Timestamp resetsAt;          ///< r
+    bool isProjected = false;    ///< whether enough of the window is gone to tell what comes
+    double projectedPercent = 0; ///< used at the reset if use goes on as so far: used / g
+    /// When nothing is left if use goes on as so far: r - L + 100 g L / used. Only if that is in
+    /// the future and a minute or more before the reset.
+    std::optional<Timestamp> runsOutAt;
+
+    bool operator==(const QuotaPace&) const = default;
+};
+
+[[nodiscard]] Timestamp::duration length(QuotaPeriod period);
+
+/// Nothing if the figures are not current, the window or its reset is unknown, the reset is past or
+/// farther away than a window is long, or a clock that was set back puts the sync into the future.
+/// Projected from 5 % of the window on, unless the projected end has passed and the figures are
+/// too old to tell.
+[[nodiscard]] std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod period,
+                                            Timestamp now);
+
+} // namespace tallyvane::model

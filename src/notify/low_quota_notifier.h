@@ -1,0 +1,54 @@
+#pragma once
+
+#include "model/defaults_store.h"
+#include "model/quota_snapshot.h"
+#include "notify/notification_settings.h"
+#include "platform/notification_centre.h"
+
+#include <map>
+#include <string>
+#include <utility>
+
+namespace tallyvane::notify {
+
+/// Posts a notification when 25 % or less, and again when 10 % or less of a quota is left, and when
+/// it is going to run out a tenth of its window or more before its reset: each once per window,
+/// also across restarts. Main thread only.
+class LowQuotaNotifier {
+public:
+    /// The references must outlive the notifier. `locale` is a name as LocaleLabels takes it.
+    LowQuotaNotifier(platform::NotificationCentre& centre, model::DefaultsStore& defaults,
+                     std::string locale);
+
+    /// Processes the snapshot of a refresh and posts at most one notification, with a line for each
+    /// thing to say. What comes up while warnings are not wanted or outside the times of
+    /// `settings`, whose switch is about resets, is never announced. Ignores figures that are not
+    /// current and windows whose reset has passed.
+    void process(const model::QuotaSnapshot& snapshot, bool isWanted,
+                 const NotificationSettings& settings, model::Timestamp now,
+                 const model::LocalZone& zone);
+
+private:
+    /// What need not be said again of a window.
+    struct Said {
+        std::optional<model::Timestamp> resetsAt; ///< when it was last said
+        double usedPercent = 0;                   ///< likewise
+        int left = 100;                           ///< the lowest threshold reached, in percent
+        bool runsOut = false;
+    };
+    using Window = std::pair<model::AIProvider, model::QuotaPeriod>;
+
+    [[nodiscard]] QStringList news(const model::ProviderQuotaSnapshot& entry,
+                                   model::QuotaPeriod period, model::Timestamp now,
+                                   const model::LocalZone& zone);
+    void load();
+    void save();
+
+    platform::NotificationCentre& m_centre;
+    model::DefaultsStore& m_defaults;
+    std::string m_locale;
+    std::map<Window, Said> m_said;
+    QByteArray m_stored; ///< `m_said` as it was last read or written
+};
+
+} // namespace tallyvane::notify
