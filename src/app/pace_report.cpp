@@ -35,6 +35,12 @@ QString paceRow(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
         .arg(outlook.isEmpty() ? unknown : outlook);
 }
 
+/// Percent left; 0 for an absent window.
+double left(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period) {
+    const auto& window = model::window(entry, period);
+    return window ? model::remainingPercent(*window) : 0;
+}
+
 } // namespace
 
 QString aheadText(double points) {
@@ -45,8 +51,7 @@ QString aheadText(double points) {
 QString outlookText(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
                     model::Timestamp now) {
     const auto pace = model::pace(entry, period, now);
-    if (!pace || !pace->isProjected ||
-        model::remainingPercent(*model::window(entry, period)) == 0) {
+    if (!pace || !pace->isProjected || left(entry, period) == 0) {
         return {};
     }
     return pace->runsOutAt
@@ -76,10 +81,9 @@ QByteArray paceJson(const model::QuotaSnapshot& snapshot, model::Timestamp now) 
             QJsonObject object{
                 {QStringLiteral("provider"), model::rawValue(entry.provider)},
                 {QStringLiteral("period"), model::rawValue(period)},
-                {QStringLiteral("syncedAt"), model::formatTimestamp(*entry.syncedAt)},
+                {QStringLiteral("syncedAt"), model::formatTimestamp(entry.syncedAt.value_or(now))},
                 {QStringLiteral("resetsAt"), model::formatTimestamp(pace->resetsAt)},
-                {QStringLiteral("leftPercent"),
-                 model::remainingPercent(*model::window(entry, period))},
+                {QStringLiteral("leftPercent"), left(entry, period)},
                 {QStringLiteral("evenPercent"), pace->evenPercent},
                 {QStringLiteral("aheadPercent"), pace->aheadPercent}};
             if (pace->isProjected) {

@@ -42,7 +42,8 @@ private Q_SLOTS:
             QCOMPARE(model::translated(u"Network error"_s), QString::fromUtf8(text));
         };
         check({}, "C", "Network error");
-        check({u"he_IL.UTF-8"_s, u"zh_TW"_s, u"../de"_s, u"de/../de"_s, u""_s}, "C", "Network error");
+        check({u"he_IL.UTF-8"_s, u"zh_TW"_s, u"../de"_s, u"de/../de"_s, u""_s}, "C",
+              "Network error");
         check({u"xx"_s, u"de_AT.UTF-8@euro"_s, u"fr"_s}, "de_AT", "Netzwerkfehler");
         check({u"fr"_s}, "fr_FR", "Erreur réseau");
         check({u"zh_CN.GB18030"_s}, "zh_CN", "网络错误");
@@ -74,8 +75,8 @@ private Q_SLOTS:
                           model::countdownText(std::chrono::minutes(7)),
                           model::countdownText(std::chrono::hours(7)),
                           model::countdownText(std::chrono::days(7))};
-        texts += model::summaryLines(
-            core::fixtureSnapshot(now, model::LocalZone(QTimeZone::utc())));
+        texts +=
+            model::summaryLines(core::fixtureSnapshot(now, model::LocalZone(QTimeZone::utc())));
         for (QString text : texts) {
             QVERIFY2(!text.contains(QRegularExpression(u"[0-9]"_s)), qPrintable(text));
         }

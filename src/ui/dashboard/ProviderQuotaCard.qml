@@ -10,6 +10,8 @@ LinkRow {
     id: root
 
     required property providerCard card
+    /// Whether the pointer is where a bar explains itself.
+    property bool isExplained: false
 
     function spoken(label: string, row: quotaRow): string {
         //: A quota window, the percentage left of it, and when it resets
@@ -36,10 +38,9 @@ LinkRow {
             card: root.card
         }
         AppBarsCardBody {
-            id: bars
-
             Layout.fillWidth: true
             card: root.card
+            onIsExplainedChanged: root.isExplained = isExplained
         }
     }
     background: CardSurface {
@@ -55,7 +56,7 @@ LinkRow {
     }
 
     HelpTip {
-        visible: root.hovered && !root.down && !bars.isExplained
+        visible: root.hovered && !root.down && !root.isExplained
         //: %1 is an assistant's name
         text: qsTr("Open %1 usage details").arg(root.card.name)
     }
