@@ -72,11 +72,11 @@ LowQuotaNotifier::LowQuotaNotifier(platform::NotificationCentre& centre,
 
 void LowQuotaNotifier::process(const model::QuotaSnapshot& snapshot, bool isWanted,
                                const NotificationSettings& settings, model::Timestamp now,
-                               const model::LocalZone& zone) {
+                               const model::LocalZone& zone, const model::RecentRates& recent) {
     QStringList lines;
     for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
         for (const QuotaPeriod period : model::allCases<QuotaPeriod>) {
-            lines += news(entry, period, now, zone);
+            lines += news(entry, period, now, zone, recent);
         }
     }
     if (!isWanted) {
@@ -93,7 +93,8 @@ void LowQuotaNotifier::process(const model::QuotaSnapshot& snapshot, bool isWant
 }
 
 QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
-                                   model::Timestamp now, const model::LocalZone& zone) {
+                                   model::Timestamp now, const model::LocalZone& zone,
+                                   const model::RecentRates& recent) {
     const std::optional<QuotaWindowSnapshot>& window = model::window(entry, period);
     if (entry.syncState != model::QuotaSyncState::current || !window ||
         (window->resetsAt && *window->resetsAt <= now)) {
@@ -111,7 +112,7 @@ QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, Qu
         said.left = threshold;
         lines += leftText(name, period, left);
     }
-    const auto pace = model::pace(entry, period, now);
+    const auto pace = model::pace(entry, period, now, recent);
     if (pace && pace->runsOutAt && !said.runsOut &&
         pace->resetsAt - *pace->runsOutAt >= model::length(period) / 10) {
         said.runsOut = true;
@@ -128,7 +129,7 @@ QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, Qu
 
 void LowQuotaNotifier::load() {
     struct Row {
-        Window window;
+        model::QuotaKey window;
         Said said;
     };
     m_stored = m_defaults.data(saidKey);

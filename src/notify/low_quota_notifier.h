@@ -1,13 +1,12 @@
 #pragma once
 
 #include "model/defaults_store.h"
-#include "model/quota_snapshot.h"
+#include "model/quota_pace.h"
 #include "notify/notification_settings.h"
 #include "platform/notification_centre.h"
 
 #include <map>
 #include <string>
-#include <utility>
 
 namespace tallyvane::notify {
 
@@ -26,7 +25,7 @@ public:
     /// current and windows whose reset has passed.
     void process(const model::QuotaSnapshot& snapshot, bool isWanted,
                  const NotificationSettings& settings, model::Timestamp now,
-                 const model::LocalZone& zone);
+                 const model::LocalZone& zone, const model::RecentRates& recent = {});
 
 private:
     /// What need not be said again of a window.
@@ -36,18 +35,17 @@ private:
         int left = 100;                           ///< the lowest threshold reached, in percent
         bool runsOut = false;
     };
-    using Window = std::pair<model::AIProvider, model::QuotaPeriod>;
 
     [[nodiscard]] QStringList news(const model::ProviderQuotaSnapshot& entry,
                                    model::QuotaPeriod period, model::Timestamp now,
-                                   const model::LocalZone& zone);
+                                   const model::LocalZone& zone, const model::RecentRates& recent);
     void load();
     void save();
 
     platform::NotificationCentre& m_centre;
     model::DefaultsStore& m_defaults;
     std::string m_locale;
-    std::map<Window, Said> m_said;
+    std::map<model::QuotaKey, Said> m_said;
     QByteArray m_stored; ///< `m_said` as it was last read or written
 };
 
