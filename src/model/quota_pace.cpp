@@ -16,10 +16,20 @@ constexpr double projectedFrom = 0.05;
 /// How many times the rate since the window's start.
 constexpr double muchFaster = 1.5;
 
+/// Percentage points.
+constexpr double largestCorrection = 5;
+
 } // namespace
 
 Timestamp::duration length(QuotaPeriod period) {
     return period == QuotaPeriod::fiveHour ? microseconds{hours{5}} : microseconds{weeks{1}};
+}
+
+bool isNextWindow(const QuotaWindowSnapshot& later, const QuotaWindowSnapshot& earlier,
+                  QuotaPeriod period) {
+    const bool isResetLater = later.resetsAt && earlier.resetsAt &&
+                              *later.resetsAt - *earlier.resetsAt >= length(period) / 2;
+    return isResetLater || later.usedPercent < earlier.usedPercent - largestCorrection;
 }
 
 std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod period, Timestamp now,

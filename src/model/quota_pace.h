@@ -35,6 +35,12 @@ struct QuotaPace {
 
 [[nodiscard]] Timestamp::duration length(QuotaPeriod period);
 
+/// Whether `later` belongs to another window than `earlier`: its reset lies half a window or more
+/// after the other, or more than 5 percentage points less are used. Up to that, providers correct
+/// their figures; and they report one reset with another fraction of a second each time.
+[[nodiscard]] bool isNextWindow(const QuotaWindowSnapshot& later,
+                                const QuotaWindowSnapshot& earlier, QuotaPeriod period);
+
 /// Nothing if the figures are not current, the window or its reset is unknown, the reset is past or
 /// farther away than a window is long, or a clock that was set back puts the sync into the future.
 /// Projected from 5 % of the window on, unless the projected end has passed and the figures are

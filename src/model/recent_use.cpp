@@ -13,9 +13,6 @@ Timestamp::duration horizon(QuotaPeriod period) {
 /// Of a horizon. Keeps the samples few however often the user refreshes.
 constexpr int samplesPerHorizon = 60;
 
-/// Percentage points by which a provider may correct its figures downwards.
-constexpr double correctedPercent = 5;
-
 } // namespace
 
 void RecentUse::add(const QuotaSnapshot& snapshot) {
@@ -25,22 +22,16 @@ void RecentUse::add(const QuotaSnapshot& snapshot) {
             if (entry.syncState == QuotaSyncState::current && entry.syncedAt && quota &&
                 quota->resetsAt) {
                 add(m_samples[{entry.provider, period}], period,
-                    {.time = *entry.syncedAt,
-                     .usedPercent = quota->usedPercent,
-                     .resetsAt = *quota->resetsAt});
+                    {.time = *entry.syncedAt, .window = *quota});
             }
         }
     }
 }
 
 void RecentUse::add(std::deque<Sample>& samples, QuotaPeriod period, const Sample& latest) {
-    if (!samples.empty()) {
-        const Sample& last = samples.back();
-        const bool isAnotherWindow = latest.resetsAt - last.resetsAt >= length(period) / 2 ||
-                                     latest.usedPercent < last.usedPercent - correctedPercent;
-        if (isAnotherWindow || latest.time < last.time) {
-            samples.clear();
-        }
+    if (!samples.empty() && (latest.time < samples.back().time ||
+                             isNextWindow(latest.window, samples.back().window, period))) {
+        samples.clear();
     }
     const auto interval = horizon(period) / samplesPerHorizon;
     if (samples.size() >= 2 && samples.back().time - samples[samples.size() - 2].time < interval) {
@@ -57,7 +48,7 @@ RecentRates RecentUse::rates() const {
     for (const auto& [key, samples] : m_samples) {
         const duration<double> span = samples.back().time - samples.front().time;
         if (span >= 0.9 * horizon(key.second)) {
-            rates[key] = (samples.back().usedPercent - samples.front().usedPercent) *
+            rates[key] = (samples.back().window.usedPercent - samples.front().window.usedPercent) *
                          (duration<double>(length(key.second)) / span);
         }
     }

@@ -20,8 +20,7 @@ public:
 private:
     struct Sample {
         Timestamp time;
-        double usedPercent = 0;
-        Timestamp resetsAt;
+        QuotaWindowSnapshot window;
     };
 
     void add(std::deque<Sample>& samples, QuotaPeriod period, const Sample& latest);

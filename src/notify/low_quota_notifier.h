@@ -30,9 +30,8 @@ public:
 private:
     /// What need not be said again of a window.
     struct Said {
-        std::optional<model::Timestamp> resetsAt; ///< when it was last said
-        double usedPercent = 0;                   ///< likewise
-        int left = 100;                           ///< the lowest threshold reached, in percent
+        model::QuotaWindowSnapshot window; ///< when something was last said
+        int left = 100;                    ///< the lowest threshold reached, in percent
         bool runsOut = false;
     };
 
