@@ -553,12 +553,27 @@
     </message>
     <message>
         <source>At this pace it runs out at %1, %2 before the reset</source>
-        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
         <translation>بهذه الوتيرة تنفد في %1، قبل التجدد بمقدار %2</translation>
     </message>
     <message>
         <source>At this pace it lasts until the reset</source>
         <translation>بهذه الوتيرة تكفي حتى التجدد</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it runs out at %1, %2 before the reset</source>
+        <translation>بوتيرة الساعة الأخيرة تنفد في %1، قبل التجدد بمقدار %2</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it runs out at %1, %2 before the reset</source>
+        <translation>بوتيرة اليوم الأخير تنفد في %1، قبل التجدد بمقدار %2</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it lasts until the reset</source>
+        <translation>بوتيرة الساعة الأخيرة تكفي حتى التجدد</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it lasts until the reset</source>
+        <translation>بوتيرة اليوم الأخير تكفي حتى التجدد</translation>
     </message>
 </context>
 <context>

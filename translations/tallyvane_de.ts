@@ -541,12 +541,27 @@
     </message>
     <message>
         <source>At this pace it runs out at %1, %2 before the reset</source>
-        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
         <translation>In diesem Tempo reicht es nur bis %1, %2 vor dem Reset</translation>
     </message>
     <message>
         <source>At this pace it lasts until the reset</source>
         <translation>In diesem Tempo reicht es bis zum Reset</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it runs out at %1, %2 before the reset</source>
+        <translation>Im Tempo der letzten Stunde reicht es nur bis %1, %2 vor dem Reset</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it runs out at %1, %2 before the reset</source>
+        <translation>Im Tempo des letzten Tages reicht es nur bis %1, %2 vor dem Reset</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it lasts until the reset</source>
+        <translation>Im Tempo der letzten Stunde reicht es bis zum Reset</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it lasts until the reset</source>
+        <translation>Im Tempo des letzten Tages reicht es bis zum Reset</translation>
     </message>
 </context>
 <context>

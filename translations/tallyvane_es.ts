@@ -541,12 +541,27 @@
     </message>
     <message>
         <source>At this pace it runs out at %1, %2 before the reset</source>
-        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
         <translation>A este ritmo se agota antes (%1, %2 antes del reinicio)</translation>
     </message>
     <message>
         <source>At this pace it lasts until the reset</source>
         <translation>A este ritmo alcanza hasta el reinicio</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it runs out at %1, %2 before the reset</source>
+        <translation>Al ritmo de la última hora se agota antes (%1, %2 antes del reinicio)</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it runs out at %1, %2 before the reset</source>
+        <translation>Al ritmo del último día se agota antes (%1, %2 antes del reinicio)</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it lasts until the reset</source>
+        <translation>Al ritmo de la última hora alcanza hasta el reinicio</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it lasts until the reset</source>
+        <translation>Al ritmo del último día alcanza hasta el reinicio</translation>
     </message>
 </context>
 <context>

@@ -541,12 +541,27 @@
     </message>
     <message>
         <source>At this pace it runs out at %1, %2 before the reset</source>
-        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
         <translation>À ce rythme, épuisé trop tôt (%1, %2 avant la réinitialisation)</translation>
     </message>
     <message>
         <source>At this pace it lasts until the reset</source>
         <translation>À ce rythme, il suffit jusqu’à la réinitialisation</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it runs out at %1, %2 before the reset</source>
+        <translation>Au rythme de la dernière heure, épuisé trop tôt (%1, %2 avant la réinitialisation)</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it runs out at %1, %2 before the reset</source>
+        <translation>Au rythme de la dernière journée, épuisé trop tôt (%1, %2 avant la réinitialisation)</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it lasts until the reset</source>
+        <translation>Au rythme de la dernière heure, il suffit jusqu’à la réinitialisation</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it lasts until the reset</source>
+        <translation>Au rythme de la dernière journée, il suffit jusqu’à la réinitialisation</translation>
     </message>
 </context>
 <context>

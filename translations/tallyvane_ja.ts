@@ -538,12 +538,27 @@
     </message>
     <message>
         <source>At this pace it runs out at %1, %2 before the reset</source>
-        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
         <translation>このペースでは %1 に使い切ります（リセットの%2前）</translation>
     </message>
     <message>
         <source>At this pace it lasts until the reset</source>
         <translation>このペースならリセットまで持ちます</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it runs out at %1, %2 before the reset</source>
+        <translation>直近 1 時間のペースでは %1 に使い切ります（リセットの%2前）</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it runs out at %1, %2 before the reset</source>
+        <translation>直近 1 日のペースでは %1 に使い切ります（リセットの%2前）</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it lasts until the reset</source>
+        <translation>直近 1 時間のペースならリセットまで持ちます</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it lasts until the reset</source>
+        <translation>直近 1 日のペースならリセットまで持ちます</translation>
     </message>
 </context>
 <context>

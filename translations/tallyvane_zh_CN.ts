@@ -538,12 +538,27 @@
     </message>
     <message>
         <source>At this pace it runs out at %1, %2 before the reset</source>
-        <extracomment>%1 is a time such as &quot;16:40&quot; or &quot;Tue 16:40&quot;, %2 a length such as &quot;52 min&quot;</extracomment>
         <translation>按此速度将在 %1 用完，比重置早 %2</translation>
     </message>
     <message>
         <source>At this pace it lasts until the reset</source>
         <translation>按此速度可用到重置</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it runs out at %1, %2 before the reset</source>
+        <translation>按最近一小时的速度将在 %1 用完，比重置早 %2</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it runs out at %1, %2 before the reset</source>
+        <translation>按最近一天的速度将在 %1 用完，比重置早 %2</translation>
+    </message>
+    <message>
+        <source>At the pace of the last hour it lasts until the reset</source>
+        <translation>按最近一小时的速度可用到重置</translation>
+    </message>
+    <message>
+        <source>At the pace of the last day it lasts until the reset</source>
+        <translation>按最近一天的速度可用到重置</translation>
     </message>
 </context>
 <context>

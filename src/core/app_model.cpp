@@ -282,6 +282,7 @@ QCoro::Task<RefreshReport> AppModel::runCycle(AskedBy askedBy) {
 
     m_wholeHistory = recorded->history;
     m_wholeSnapshot = current;
+    m_recentUse.add(current);
     m_allFailures = answers.failures;
     publish(onlyProvider());
     m_services.notifier.process(m_snapshot, m_notificationSettings, m_services.clock.now(),

@@ -6,6 +6,7 @@
 #include "model/defaults_store.h"
 #include "model/local_zone.h"
 #include "model/quota_snapshot.h"
+#include "model/recent_use.h"
 #include "model/shared_store.h"
 #include "notify/notification_settings.h"
 #include "notify/quota_notifier.h"
@@ -84,6 +85,9 @@ public:
     /// Why providers gave no figures in the last refresh. Before the first one ends, what the shown
     /// snapshot tells of an earlier run.
     [[nodiscard]] Failures failures() const { return m_failures; }
+
+    /// How fast the quotas were used of late, as far as this process has seen that.
+    [[nodiscard]] model::RecentRates recentRates() const { return m_recentUse.rates(); }
 
     /// The snapshot of all providers, as it is stored.
     [[nodiscard]] model::QuotaSnapshot wholeSnapshot() const { return m_wholeSnapshot; }
@@ -175,6 +179,7 @@ private:
     std::optional<model::QuotaSnapshot> m_storedSnapshot;
     model::QuotaSnapshot m_wholeSnapshot;
     history::UsageHistory m_wholeHistory;
+    model::RecentUse m_recentUse;
     Failures m_allFailures;
     /// The last snapshot that the history accounts for. Differs from `m_wholeSnapshot` in fixture
     /// mode.

@@ -100,10 +100,11 @@ QStringList summaryLines(const QuotaSnapshot& snapshot) {
     return lines;
 }
 
-QStringList runOutTexts(const ProviderQuotaSnapshot& entry, Timestamp now) {
+QStringList runOutTexts(const ProviderQuotaSnapshot& entry, Timestamp now,
+                        const RecentRates& recent) {
     QStringList parts;
     for (const QuotaPeriod period : allCases<QuotaPeriod>) {
-        const auto known = pace(entry, period, now);
+        const auto known = pace(entry, period, now, recent);
         if (known && known->runsOutAt) {
             //: The five-hour window and the weekly one, as short as possible
             const QString name =

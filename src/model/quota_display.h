@@ -52,7 +52,8 @@ inline constexpr QStringView dot = u"  \u00B7  ";
 
 /// When the quotas that will not last until their reset run out, "5H runs out in 1h 10m" and "WK in
 /// 2d 3h", as far as known.
-[[nodiscard]] QStringList runOutTexts(const ProviderQuotaSnapshot& entry, Timestamp now);
+[[nodiscard]] QStringList runOutTexts(const ProviderQuotaSnapshot& entry, Timestamp now,
+                                      const RecentRates& recent = {});
 
 /// When a window resets: "in 1h 30m", or the weekday and time if that is a day or more away, or why
 /// it is unknown.

@@ -13,14 +13,27 @@ using namespace std::chrono;
 /// Of the window. Before it, a single long task would look like a quota's end.
 constexpr double projectedFrom = 0.05;
 
+/// How many times the rate since the window's start.
+constexpr double muchFaster = 1.5;
+
+/// Percentage points.
+constexpr double largestCorrection = 5;
+
 } // namespace
 
 Timestamp::duration length(QuotaPeriod period) {
     return period == QuotaPeriod::fiveHour ? microseconds{hours{5}} : microseconds{weeks{1}};
 }
 
-std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod period,
-                              Timestamp now) {
+bool isNextWindow(const QuotaWindowSnapshot& later, const QuotaWindowSnapshot& earlier,
+                  QuotaPeriod period) {
+    const bool isResetLater = later.resetsAt && earlier.resetsAt &&
+                              *later.resetsAt - *earlier.resetsAt >= length(period) / 2;
+    return isResetLater || later.usedPercent < earlier.usedPercent - largestCorrection;
+}
+
+std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod period, Timestamp now,
+                              const RecentRates& recent) {
     const auto& quota = window(entry, period);
     if (entry.syncState != QuotaSyncState::current || !entry.syncedAt || *entry.syncedAt > now ||
         !quota || !quota->resetsAt || *quota->resetsAt <= now) {
@@ -38,10 +51,18 @@ std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod pe
         return result;
     }
     const double used = std::max(quota->usedPercent, 0.0);
-    const double projected = used / gone;
+    double rate = used / gone;
+    double projected = rate;
+    if (const auto known = recent.find({entry.provider, period});
+        known != recent.end() && known->second > muchFaster * rate) {
+        rate = known->second;
+        projected = used + rate * (1 - gone);
+        result.isRecent = true;
+    }
     std::optional<Timestamp> end;
     if (used < 100 && projected > 100) {
-        end = start + duration_cast<Timestamp::duration>(elapsed * (100 / used));
+        const duration<double> left = duration<double>(length(period)) * ((100 - used) / rate);
+        end = *entry.syncedAt + duration_cast<Timestamp::duration>(left);
     }
     if (end && *end <= now) {
         return result;

@@ -2,8 +2,17 @@
 
 #include "model/quota_snapshot.h"
 
+#include <map>
+#include <utility>
+
 /// Whether a quota lasts until its reset. Pure functions.
 namespace tallyvane::model {
+
+using QuotaKey = std::pair<AIProvider, QuotaPeriod>;
+
+/// Percentage points used per window length at the rate of late; of those windows of which that is
+/// known.
+using RecentRates = std::map<QuotaKey, double>;
 
 /// How the use of a quota window compares with an even one, which would reach 100 % just at the
 /// reset. With the window's length L, its reset r and the last sync s, the share of the window gone
@@ -17,17 +26,27 @@ struct QuotaPace {
     /// When nothing is left if use goes on as so far: r - L + 100 g L / used. Only if that is in
     /// the future and a minute or more before the reset.
     std::optional<Timestamp> runsOutAt;
+    /// Whether what is projected is at the rate of late, which is then the much faster one: used +
+    /// rate (1 - g), and s + L (100 - used) / rate.
+    bool isRecent = false;
 
     bool operator==(const QuotaPace&) const = default;
 };
 
 [[nodiscard]] Timestamp::duration length(QuotaPeriod period);
 
+/// Whether `later` belongs to another window than `earlier`: its reset lies half a window or more
+/// after the other, or more than 5 percentage points less are used. Up to that, providers correct
+/// their figures; and they report one reset with another fraction of a second each time.
+[[nodiscard]] bool isNextWindow(const QuotaWindowSnapshot& later,
+                                const QuotaWindowSnapshot& earlier, QuotaPeriod period);
+
 /// Nothing if the figures are not current, the window or its reset is unknown, the reset is past or
 /// farther away than a window is long, or a clock that was set back puts the sync into the future.
 /// Projected from 5 % of the window on, unless the projected end has passed and the figures are
-/// too old to tell.
+/// too old to tell. The rate of late counts if it is more than one and a half times that since the
+/// window's start. A slower one does not: replayed courses go on after a pause as before.
 [[nodiscard]] std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod period,
-                                            Timestamp now);
+                                            Timestamp now, const RecentRates& recent = {});
 
 } // namespace tallyvane::model

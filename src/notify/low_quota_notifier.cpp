@@ -21,8 +21,6 @@ const QString saidKey = QStringLiteral("lowQuotaWarnings");
 /// Percent left.
 constexpr int thresholds[] = {10, 25};
 constexpr int noThreshold = 100;
-/// Use falls when a window ends early; by less than this, the provider has corrected its figures.
-constexpr double correctedPercent = 5;
 
 class LowQuota {
     Q_DECLARE_TR_FUNCTIONS(Notification)
@@ -55,13 +53,6 @@ QString runsOutText(const QString& name, QuotaPeriod period, const QString& time
         .arg(name, time);
 }
 
-/// Whether a window that resets at `before` has ended when one resets at `now`. The reset of one
-/// window is reported with a different fraction of a second each time, and may drift.
-bool isLater(const std::optional<model::Timestamp>& now,
-             const std::optional<model::Timestamp>& before, QuotaPeriod period) {
-    return now && before && *now - *before >= model::length(period) / 2;
-}
-
 } // namespace
 
 LowQuotaNotifier::LowQuotaNotifier(platform::NotificationCentre& centre,
@@ -72,11 +63,11 @@ LowQuotaNotifier::LowQuotaNotifier(platform::NotificationCentre& centre,
 
 void LowQuotaNotifier::process(const model::QuotaSnapshot& snapshot, bool isWanted,
                                const NotificationSettings& settings, model::Timestamp now,
-                               const model::LocalZone& zone) {
+                               const model::LocalZone& zone, const model::RecentRates& recent) {
     QStringList lines;
     for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
         for (const QuotaPeriod period : model::allCases<QuotaPeriod>) {
-            lines += news(entry, period, now, zone);
+            lines += news(entry, period, now, zone, recent);
         }
     }
     if (!isWanted) {
@@ -93,15 +84,15 @@ void LowQuotaNotifier::process(const model::QuotaSnapshot& snapshot, bool isWant
 }
 
 QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
-                                   model::Timestamp now, const model::LocalZone& zone) {
+                                   model::Timestamp now, const model::LocalZone& zone,
+                                   const model::RecentRates& recent) {
     const std::optional<QuotaWindowSnapshot>& window = model::window(entry, period);
     if (entry.syncState != model::QuotaSyncState::current || !window ||
         (window->resetsAt && *window->resetsAt <= now)) {
         return {};
     }
     Said& said = m_said[{entry.provider, period}];
-    if (isLater(window->resetsAt, said.resetsAt, period) ||
-        window->usedPercent < said.usedPercent - correctedPercent) {
+    if (model::isNextWindow(*window, said.window, period)) {
         said = {};
     }
     QStringList lines;
@@ -111,7 +102,7 @@ QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, Qu
         said.left = threshold;
         lines += leftText(name, period, left);
     }
-    const auto pace = model::pace(entry, period, now);
+    const auto pace = model::pace(entry, period, now, recent);
     if (pace && pace->runsOutAt && !said.runsOut &&
         pace->resetsAt - *pace->runsOutAt >= model::length(period) / 10) {
         said.runsOut = true;
@@ -120,26 +111,26 @@ QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, Qu
         lines += runsOutText(name, period, format.format(*pace->runsOutAt, now));
     }
     if (!lines.isEmpty()) {
-        said.resetsAt = window->resetsAt;
-        said.usedPercent = window->usedPercent;
+        said.window = *window;
     }
     return lines;
 }
 
 void LowQuotaNotifier::load() {
     struct Row {
-        Window window;
+        model::QuotaKey window;
         Said said;
     };
     m_stored = m_defaults.data(saidKey);
     const auto readRow = [](const model::JsonReader& row) {
-        return Row{.window = {row.enumeration<model::AIProvider>(QLatin1StringView{"provider"}),
-                              row.enumeration<QuotaPeriod>(QLatin1StringView{"period"})},
-                   .said = {.resetsAt = row.optionalTimestamp(QLatin1StringView{"resetsAt"}),
-                            .usedPercent = row.number(QLatin1StringView{"usedPercent"}),
-                            .left = static_cast<int>(std::clamp<std::int64_t>(
-                                row.integer(QLatin1StringView{"left"}), 0, noThreshold)),
-                            .runsOut = row.boolean(QLatin1StringView{"runsOut"})}};
+        return Row{
+            .window = {row.enumeration<model::AIProvider>(QLatin1StringView{"provider"}),
+                       row.enumeration<QuotaPeriod>(QLatin1StringView{"period"})},
+            .said = {.window = {.usedPercent = row.number(QLatin1StringView{"usedPercent"}),
+                                .resetsAt = row.optionalTimestamp(QLatin1StringView{"resetsAt"})},
+                     .left = static_cast<int>(std::clamp<std::int64_t>(
+                         row.integer(QLatin1StringView{"left"}), 0, noThreshold)),
+                     .runsOut = row.boolean(QLatin1StringView{"runsOut"})}};
     };
     const auto rows =
         model::decodeJson<std::vector<Row>>(m_stored, [&](const model::JsonReader& reader) {
@@ -160,11 +151,11 @@ void LowQuotaNotifier::save() {
         }
         QJsonObject row{{QStringLiteral("provider"), model::rawValue(window.first)},
                         {QStringLiteral("period"), model::rawValue(window.second)},
-                        {QStringLiteral("usedPercent"), said.usedPercent},
+                        {QStringLiteral("usedPercent"), said.window.usedPercent},
                         {QStringLiteral("left"), said.left},
                         {QStringLiteral("runsOut"), said.runsOut}};
-        if (said.resetsAt) {
-            row[QStringLiteral("resetsAt")] = model::formatTimestamp(*said.resetsAt);
+        if (said.window.resetsAt) {
+            row[QStringLiteral("resetsAt")] = model::formatTimestamp(*said.window.resetsAt);
         }
         rows.append(row);
     }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "model/defaults_store.h"
-#include "model/quota_snapshot.h"
+#include "model/quota_pace.h"
 #include "notify/notification_settings.h"
 #include "platform/notification_centre.h"
 
 #include <map>
 #include <string>
-#include <utility>
 
 namespace tallyvane::notify {
 
@@ -26,28 +25,26 @@ public:
     /// current and windows whose reset has passed.
     void process(const model::QuotaSnapshot& snapshot, bool isWanted,
                  const NotificationSettings& settings, model::Timestamp now,
-                 const model::LocalZone& zone);
+                 const model::LocalZone& zone, const model::RecentRates& recent = {});
 
 private:
     /// What need not be said again of a window.
     struct Said {
-        std::optional<model::Timestamp> resetsAt; ///< when it was last said
-        double usedPercent = 0;                   ///< likewise
-        int left = 100;                           ///< the lowest threshold reached, in percent
+        model::QuotaWindowSnapshot window; ///< when something was last said
+        int left = 100;                    ///< the lowest threshold reached, in percent
         bool runsOut = false;
     };
-    using Window = std::pair<model::AIProvider, model::QuotaPeriod>;
 
     [[nodiscard]] QStringList news(const model::ProviderQuotaSnapshot& entry,
                                    model::QuotaPeriod period, model::Timestamp now,
-                                   const model::LocalZone& zone);
+                                   const model::LocalZone& zone, const model::RecentRates& recent);
     void load();
     void save();
 
     platform::NotificationCentre& m_centre;
     model::DefaultsStore& m_defaults;
     std::string m_locale;
-    std::map<Window, Said> m_said;
+    std::map<model::QuotaKey, Said> m_said;
     QByteArray m_stored; ///< `m_said` as it was last read or written
 };
 

@@ -257,9 +257,25 @@ private Q_SLOTS:
         QCOMPARE(history::loadHistory(writer.store)->points.size(), 2U);
 
         Writer(world).model.setOnlyProvider(std::nullopt);
+        Writer(world).model.setWarnsOfLowQuota(true);
         model.reloadPreferences();
+        QVERIFY(model.warnsOfLowQuota());
         QVERIFY(model.snapshot() == writer.store.loadSnapshot());
         QCOMPARE(model.history().points.size(), 2U);
+    }
+
+    void knowsTheRatesOfLate() {
+        World world;
+        Writer writer(world);
+        auto& codex = world.assistants[0];
+        codex.resetsAt = world.clock.now() + 100h;
+        for (const double used : {10.0, 20.0}) {
+            QVERIFY(writer.model.recentRates().empty());
+            codex.used = used;
+            QCOMPARE(writer.refresh(), Outcome::published);
+            world.clock.advance(23h);
+        }
+        QCOMPARE(writer.model.recentRates().size(), 1U);
     }
 
     void refreshesEveryFiveMinutes() {

@@ -27,6 +27,7 @@ struct Assistant final : providers::QuotaClient {
     World& world;
     model::AIProvider id;
     Figure used;
+    std::optional<model::Timestamp> resetsAt;
     std::int64_t tokens = 0;
     bool isFailing = false;
     providers::QuotaFailure failure;
@@ -86,7 +87,7 @@ inline QCoro::Task<providers::QuotaResult> Assistant::fetch(providers::AskedBy a
     model::ProviderQuotaSnapshot entry{
         .provider = id, .syncedAt = world.clock.now(), .syncState = model::QuotaSyncState::current};
     if (used) {
-        entry.week = model::QuotaWindowSnapshot{.usedPercent = *used};
+        entry.week = model::QuotaWindowSnapshot{.usedPercent = *used, .resetsAt = resetsAt};
     }
     co_return entry;
 }

@@ -61,6 +61,7 @@ private Q_SLOTS:
             model::QuotaPeriod period;
             double even;
             const char* text;
+            model::RecentRates recent = {};
         };
         const auto fiveHour = model::QuotaPeriod::fiveHour;
         const auto week = model::QuotaPeriod::week;
@@ -73,12 +74,22 @@ private Q_SLOTS:
                             {50, 150min, fiveHour, 0.5, "At this pace it lasts until the reset"},
                             {100, 150min, fiveHour, 0.5, ""},
                             {50, 300min, fiveHour, 1, ""},
-                            {50, -1min, fiveHour, -1, ""}};
+                            {50, -1min, fiveHour, -1, ""},
+            {20, 150min, fiveHour, 0.5,
+             "At the pace of the last hour it runs out at 2:00 AM, 30 min before the reset",
+             {{{model::AIProvider::codex, fiveHour}, 200}}},
+            {20, 150min, fiveHour, 0.5, "At the pace of the last hour it lasts until the reset",
+             {{{model::AIProvider::codex, fiveHour}, 61}}},
+            {20, 150min, fiveHour, 0.5, "At this pace it lasts until the reset",
+             {{{model::AIProvider::codex, fiveHour}, 60}}},
+            {20, 24h * 7 / 2, week, 0.5,
+             "At the pace of the last day it runs out at Mon 7:12 PM, 16 hr before the reset",
+             {{{model::AIProvider::codex, week}, 200}}}};
         for (const Row& row : rows) {
             ProviderQuotaSnapshot entry{.syncedAt = m_now, .syncState = QuotaSyncState::current};
             auto& quota = row.period == week ? entry.week : entry.fiveHour;
             quota = {.usedPercent = row.used, .resetsAt = m_now + row.left};
-            const ui::ProviderCard card = ui::providerCard(entry, m_now, m_weekdayTime);
+            const ui::ProviderCard card = ui::providerCard(entry, m_now, m_weekdayTime, row.recent);
             const ui::QuotaRow& shown = row.period == week ? card.week : card.fiveHour;
             QCOMPARE(shown.pace, QLatin1StringView(row.text));
             QCOMPARE(shown.evenFraction, row.even);

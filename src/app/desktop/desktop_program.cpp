@@ -126,7 +126,7 @@ void DesktopProgram::warnOfLowQuota() {
     if (!model.isRefreshing()) {
         m_lowQuotaNotifier.process(model.snapshot(), model.warnsOfLowQuota(),
                                    model.notificationSettings(), m_composition.clock.now(),
-                                   m_environment.zone);
+                                   m_environment.zone, model.recentRates());
     }
 }
 

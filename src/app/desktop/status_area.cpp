@@ -84,7 +84,8 @@ void StatusArea::showSnapshot() {
 }
 
 void StatusArea::showToolTip() {
-    m_item.setToolTip(ui::tooltipLines(m_model.snapshot(), m_model.failures(), m_clock.now()));
+    m_item.setToolTip(ui::tooltipLines(m_model.snapshot(), m_model.failures(), m_clock.now(),
+                                       m_model.recentRates()));
 }
 
 void StatusArea::showMenu() {
@@ -96,7 +97,7 @@ void StatusArea::showMenu() {
         const auto& entry = snapshot.providers[static_cast<std::size_t>(i)];
         const int provider = std::to_underlying(entry.provider);
         menu.append({.id = firstProvider + provider, .text = lines[i]});
-        const QString runOut = ui::runOutMenuLine(entry, now);
+        const QString runOut = ui::runOutMenuLine(entry, now, m_model.recentRates());
         if (!runOut.isEmpty()) {
             menu.append({.id = firstPace + provider, .text = runOut});
         }

@@ -33,9 +33,10 @@ void DashboardModel::update() {
     const model::Timestamp now = m_clock.now();
     const model::QuotaSnapshot snapshot = m_model.snapshot();
     const core::Failures failures = m_model.failures();
+    const model::RecentRates recent = m_model.recentRates();
     std::vector<ProviderCardRow> cards;
     for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
-        ProviderCard card = providerCard(entry, now, m_weekdayTime);
+        ProviderCard card = providerCard(entry, now, m_weekdayTime, recent);
         const auto failed = failures.find(entry.provider);
         if (failed != failures.end() && failed->second.text != m_model.lastError()) {
             card.trouble = failed->second.sentences();
@@ -68,7 +69,7 @@ void DashboardModel::update() {
             }
         }
         for (const model::QuotaPeriod period : model::allCases<model::QuotaPeriod>) {
-            const auto pace = model::pace(entry, period, now);
+            const auto pace = model::pace(entry, period, now, recent);
             if (pace && pace->runsOutAt) {
                 waitNoLongerThan(
                     std::chrono::ceil<std::chrono::milliseconds>(*pace->runsOutAt - now));

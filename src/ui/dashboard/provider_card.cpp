@@ -25,19 +25,38 @@ QString lengthText(model::Timestamp::duration length) {
                             : Card::tr("%n d", nullptr, static_cast<int>(length / days{1}));
 }
 
-QString paceText(const model::QuotaPace& pace, model::Timestamp now,
+/// "%1" a time such as "16:40" or "Tue 16:40", "%2" a length such as "52 min".
+QString endText(const model::QuotaPace& pace, model::QuotaPeriod period) {
+    if (!pace.isRecent) {
+        return Card::tr("At this pace it runs out at %1, %2 before the reset");
+    }
+    return period == model::QuotaPeriod::fiveHour
+               ? Card::tr("At the pace of the last hour it runs out at %1, %2 before the reset")
+               : Card::tr("At the pace of the last day it runs out at %1, %2 before the reset");
+}
+
+QString lastingText(const model::QuotaPace& pace, model::QuotaPeriod period) {
+    if (!pace.isRecent) {
+        return Card::tr("At this pace it lasts until the reset");
+    }
+    return period == model::QuotaPeriod::fiveHour
+               ? Card::tr("At the pace of the last hour it lasts until the reset")
+               : Card::tr("At the pace of the last day it lasts until the reset");
+}
+
+QString paceText(const model::QuotaPace& pace, model::QuotaPeriod period, model::Timestamp now,
                  const model::WeekdayTimeFormat& weekdayTime) {
     if (pace.runsOutAt) {
-        //: %1 is a time such as "16:40" or "Tue 16:40", %2 a length such as "52 min"
-        return Card::tr("At this pace it runs out at %1, %2 before the reset")
+        return endText(pace, period)
             .arg(weekdayTime.format(*pace.runsOutAt, now),
                  lengthText(pace.resetsAt - *pace.runsOutAt));
     }
-    return pace.isProjected ? Card::tr("At this pace it lasts until the reset") : QString();
+    return pace.isProjected ? lastingText(pace, period) : QString();
 }
 
 QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod period,
-                  model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime) {
+                  model::Timestamp now, const model::WeekdayTimeFormat& weekdayTime,
+                  const model::RecentRates& recent) {
     const auto& window = model::window(entry, period);
     const bool isCurrent = entry.syncState == model::QuotaSyncState::current;
     QuotaRow row{.figure = QStringLiteral("--"),
@@ -51,9 +70,9 @@ QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod 
         if (isCurrent) {
             row.level = remaining < model::lowPercent ? QuotaLevel::Low : QuotaLevel::Ample;
         }
-        if (const auto pace = model::pace(entry, period, now)) {
+        if (const auto pace = model::pace(entry, period, now, recent)) {
             row.evenFraction = pace->evenPercent / 100;
-            row.pace = remaining > 0 ? paceText(*pace, now, weekdayTime) : QString();
+            row.pace = remaining > 0 ? paceText(*pace, period, now, weekdayTime) : QString();
         }
     }
     return row;
@@ -68,7 +87,8 @@ QString icon(model::AIProvider provider) {
 } // namespace
 
 ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
-                          const model::WeekdayTimeFormat& weekdayTime) {
+                          const model::WeekdayTimeFormat& weekdayTime,
+                          const model::RecentRates& recent) {
     const bool isPending = entry.syncState == model::QuotaSyncState::pending;
     //: %1 is how long ago the figures were fetched, such as "2 hr ago"
     const QString age = Card::tr("From %1");
@@ -80,8 +100,8 @@ ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry, model::Time
             .usagePage = QUrl(model::usagePage(entry.provider)),
             .age = isPending && entry.syncedAt ? age.arg(model::ageText(entry.syncedAt, now))
                                                : QString(),
-            .fiveHour = quotaRow(entry, model::QuotaPeriod::fiveHour, now, weekdayTime),
-            .week = quotaRow(entry, model::QuotaPeriod::week, now, weekdayTime)};
+            .fiveHour = quotaRow(entry, model::QuotaPeriod::fiveHour, now, weekdayTime, recent),
+            .week = quotaRow(entry, model::QuotaPeriod::week, now, weekdayTime, recent)};
 }
 
 } // namespace tallyvane::ui

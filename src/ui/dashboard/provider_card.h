@@ -89,6 +89,7 @@ public:
 
 [[nodiscard]] ProviderCard providerCard(const model::ProviderQuotaSnapshot& entry,
                                         model::Timestamp now,
-                                        const model::WeekdayTimeFormat& weekdayTime);
+                                        const model::WeekdayTimeFormat& weekdayTime,
+                                        const model::RecentRates& recent = {});
 
 } // namespace tallyvane::ui

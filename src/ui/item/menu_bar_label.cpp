@@ -64,8 +64,9 @@ QStringList menuLines(const model::QuotaSnapshot& snapshot, model::Timestamp now
     return lines;
 }
 
-QString runOutMenuLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now) {
-    const QStringList texts = model::runOutTexts(entry, now);
+QString runOutMenuLine(const model::ProviderQuotaSnapshot& entry, model::Timestamp now,
+                       const model::RecentRates& recent) {
+    const QStringList texts = model::runOutTexts(entry, now, recent);
     //: %1 is "Codex" or "Claude", %2 when its quotas run out, such as "5H runs out in 1h 10m"
     const QString line = MenuBarLabel::tr("%1: %2");
     return texts.isEmpty() ? QString()
@@ -73,7 +74,7 @@ QString runOutMenuLine(const model::ProviderQuotaSnapshot& entry, model::Timesta
 }
 
 QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failures& failures,
-                         model::Timestamp now) {
+                         model::Timestamp now, const model::RecentRates& recent) {
     const QString label = model::labelText(snapshot);
     const QString name = QStringLiteral("Tallyvane");
     QStringList lines = {label.isEmpty() ? name : MenuBarLabel::tr("%1: %2").arg(name, label)};
@@ -82,7 +83,7 @@ QStringList tooltipLines(const model::QuotaSnapshot& snapshot, const core::Failu
         const auto& entry = snapshot.providers[static_cast<std::size_t>(i)];
         lines += providerLines[i];
         for (const QStringList& details :
-             {resetTexts(entry, now), model::runOutTexts(entry, now)}) {
+             {resetTexts(entry, now), model::runOutTexts(entry, now, recent)}) {
             if (!details.isEmpty()) {
                 lines += u'\u2003' +
                          details.join(model::dot); // hosts that parse markup drop plain spaces

@@ -28,12 +28,13 @@ using GaugeValues = std::vector<std::optional<double>>;
 /// "Codex: 5H runs out in 1h 10m"; empty if the provider's quotas last until their resets, as far
 /// as known.
 [[nodiscard]] QString runOutMenuLine(const model::ProviderQuotaSnapshot& entry,
-                                     model::Timestamp now);
+                                     model::Timestamp now, const model::RecentRates& recent = {});
 
 /// Plain text: a title with the smallest figure, as some panels show nothing else, then per
 /// provider its line of the menu, the resets and what will run out before, and lines on why figures
 /// are missing and what to do.
 [[nodiscard]] QStringList tooltipLines(const model::QuotaSnapshot& snapshot,
-                                       const core::Failures& failures, model::Timestamp now);
+                                       const core::Failures& failures, model::Timestamp now,
+                                       const model::RecentRates& recent = {});
 
 } // namespace tallyvane::ui

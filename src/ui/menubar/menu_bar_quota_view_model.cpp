@@ -34,7 +34,7 @@ void MenuBarQuotaViewModel::updateRows() {
         const auto failed = failures.find(provider);
         const QString age = oldFiguresAge(entry, now);
         QStringList details = resetTexts(entry, now);
-        details += model::runOutTexts(entry, now);
+        details += model::runOutTexts(entry, now, m_model.recentRates());
         if (!age.isEmpty()) {
             //: %1 is how long ago, such as "20 min ago"
             details << tr("Last updated %1").arg(age);
