@@ -45,8 +45,7 @@ QString aheadText(double points) {
 QString outlookText(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
                     model::Timestamp now) {
     const auto pace = model::pace(entry, period, now);
-    if (!pace || !pace->isProjected ||
-        model::remainingPercent(*model::window(entry, period)) == 0) {
+    if (!pace || !pace->isProjected || pace->leftPercent == 0) {
         return {};
     }
     return pace->runsOutAt
@@ -73,15 +72,13 @@ QByteArray paceJson(const model::QuotaSnapshot& snapshot, model::Timestamp now) 
             if (!pace) {
                 continue;
             }
-            QJsonObject object{
-                {QStringLiteral("provider"), model::rawValue(entry.provider)},
-                {QStringLiteral("period"), model::rawValue(period)},
-                {QStringLiteral("syncedAt"), model::formatTimestamp(*entry.syncedAt)},
-                {QStringLiteral("resetsAt"), model::formatTimestamp(pace->resetsAt)},
-                {QStringLiteral("leftPercent"),
-                 model::remainingPercent(*model::window(entry, period))},
-                {QStringLiteral("evenPercent"), pace->evenPercent},
-                {QStringLiteral("aheadPercent"), pace->aheadPercent}};
+            QJsonObject object{{QStringLiteral("provider"), model::rawValue(entry.provider)},
+                               {QStringLiteral("period"), model::rawValue(period)},
+                               {QStringLiteral("syncedAt"), model::formatTimestamp(pace->syncedAt)},
+                               {QStringLiteral("resetsAt"), model::formatTimestamp(pace->resetsAt)},
+                               {QStringLiteral("leftPercent"), pace->leftPercent},
+                               {QStringLiteral("evenPercent"), pace->evenPercent},
+                               {QStringLiteral("aheadPercent"), pace->aheadPercent}};
             if (pace->isProjected) {
                 object[QStringLiteral("projectedPercent")] = pace->projectedPercent;
             }

@@ -10,6 +10,7 @@ LinkRow {
     id: root
 
     required property providerCard card
+    property bool isBarExplained: false
 
     function spoken(label: string, row: quotaRow): string {
         //: A quota window, the percentage left of it, and when it resets
@@ -36,10 +37,9 @@ LinkRow {
             card: root.card
         }
         AppBarsCardBody {
-            id: bars
-
             Layout.fillWidth: true
             card: root.card
+            onIsExplainedChanged: root.isBarExplained = isExplained
         }
     }
     background: CardSurface {
@@ -55,7 +55,7 @@ LinkRow {
     }
 
     HelpTip {
-        visible: root.hovered && !root.down && !bars.isExplained
+        visible: root.hovered && !root.down && !root.isBarExplained
         //: %1 is an assistant's name
         text: qsTr("Open %1 usage details").arg(root.card.name)
     }
