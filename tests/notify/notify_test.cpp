@@ -205,8 +205,7 @@ private Q_SLOTS:
             {u"the five-hour quota runs out at 19:16, before the reset"_s,
              {{60, 150min}, {61, 151min}}},
             {{}, {{52, 150min}}}, // hardly before
-            {u"20 % + the five-hour quota runs out at 18:14, before the reset"_s,
-             {{80, 150min}}}};
+            {u"20 % + the five-hour quota runs out at 18:14, before the reset"_s, {{80, 150min}}}};
         for (const auto& [expected, steps] : rows) {
             QCOMPARE(posts(steps), expected);
         }
