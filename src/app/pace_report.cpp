@@ -35,12 +35,6 @@ QString paceRow(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
         .arg(outlook.isEmpty() ? unknown : outlook);
 }
 
-/// Percent left; 0 for an absent window.
-double left(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period) {
-    const auto& window = model::window(entry, period);
-    return window ? model::remainingPercent(*window) : 0;
-}
-
 } // namespace
 
 QString aheadText(double points) {
@@ -51,7 +45,7 @@ QString aheadText(double points) {
 QString outlookText(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
                     model::Timestamp now) {
     const auto pace = model::pace(entry, period, now);
-    if (!pace || !pace->isProjected || left(entry, period) == 0) {
+    if (!pace || !pace->isProjected || pace->leftPercent == 0) {
         return {};
     }
     return pace->runsOutAt
@@ -78,14 +72,13 @@ QByteArray paceJson(const model::QuotaSnapshot& snapshot, model::Timestamp now) 
             if (!pace) {
                 continue;
             }
-            QJsonObject object{
-                {QStringLiteral("provider"), model::rawValue(entry.provider)},
-                {QStringLiteral("period"), model::rawValue(period)},
-                {QStringLiteral("syncedAt"), model::formatTimestamp(entry.syncedAt.value_or(now))},
-                {QStringLiteral("resetsAt"), model::formatTimestamp(pace->resetsAt)},
-                {QStringLiteral("leftPercent"), left(entry, period)},
-                {QStringLiteral("evenPercent"), pace->evenPercent},
-                {QStringLiteral("aheadPercent"), pace->aheadPercent}};
+            QJsonObject object{{QStringLiteral("provider"), model::rawValue(entry.provider)},
+                               {QStringLiteral("period"), model::rawValue(period)},
+                               {QStringLiteral("syncedAt"), model::formatTimestamp(pace->syncedAt)},
+                               {QStringLiteral("resetsAt"), model::formatTimestamp(pace->resetsAt)},
+                               {QStringLiteral("leftPercent"), pace->leftPercent},
+                               {QStringLiteral("evenPercent"), pace->evenPercent},
+                               {QStringLiteral("aheadPercent"), pace->aheadPercent}};
             if (pace->isProjected) {
                 object[QStringLiteral("projectedPercent")] = pace->projectedPercent;
             }

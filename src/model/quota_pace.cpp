@@ -45,8 +45,11 @@ std::optional<QuotaPace> pace(const ProviderQuotaSnapshot& entry, QuotaPeriod pe
     }
     const duration<double> elapsed = *entry.syncedAt - start;
     const double gone = elapsed / duration<double>(length(period));
-    QuotaPace result{.evenPercent = 100 * (1 - gone), .resetsAt = *quota->resetsAt};
-    result.aheadPercent = remainingPercent(*quota) - result.evenPercent;
+    QuotaPace result{.evenPercent = 100 * (1 - gone),
+                     .leftPercent = remainingPercent(*quota),
+                     .syncedAt = *entry.syncedAt,
+                     .resetsAt = *quota->resetsAt};
+    result.aheadPercent = result.leftPercent - result.evenPercent;
     if (gone < projectedFrom) {
         return result;
     }

@@ -20,6 +20,8 @@ using RecentRates = std::map<QuotaKey, double>;
 struct QuotaPace {
     double evenPercent = 100;    ///< what an even use would have left: 100 (1 - g), 0 to 100
     double aheadPercent = 0;     ///< percentage points more left than that; negative: less
+    double leftPercent = 100;    ///< remainingPercent()
+    Timestamp syncedAt;          ///< s
     Timestamp resetsAt;          ///< r
     bool isProjected = false;    ///< whether enough of the window is gone to tell what comes
     double projectedPercent = 0; ///< used at the reset if use goes on as so far: used / g

@@ -64,28 +64,31 @@ LowQuotaNotifier::LowQuotaNotifier(platform::NotificationCentre& centre,
 void LowQuotaNotifier::process(const model::QuotaSnapshot& snapshot, bool isWanted,
                                const NotificationSettings& settings, model::Timestamp now,
                                const model::LocalZone& zone, const model::RecentRates& recent) {
+    NotificationSettings times = settings;
+    times.enabled = true;
+    const bool isToSay = isWanted && allows(times, now, zone);
     QStringList lines;
     for (const model::ProviderQuotaSnapshot& entry : snapshot.providers) {
         for (const QuotaPeriod period : model::allCases<QuotaPeriod>) {
-            lines += news(entry, period, now, zone, recent);
+            const News found = news(entry, period, now, recent);
+            if (isToSay) {
+                lines += texts(found, entry.provider, period, now, zone);
+            }
         }
     }
-    if (!isWanted) {
-        return;
+    if (isWanted) {
+        save();
     }
-    save();
-    NotificationSettings times = settings;
-    times.enabled = true;
-    if (!lines.isEmpty() && allows(times, now, zone)) {
+    if (!lines.isEmpty()) {
         m_centre.post({.identifier = QStringLiteral("low-") + model::unixSecondsText(now),
                        .title = QStringLiteral("Tallyvane"),
                        .body = lines.join(u'\n')});
     }
 }
 
-QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, QuotaPeriod period,
-                                   model::Timestamp now, const model::LocalZone& zone,
-                                   const model::RecentRates& recent) {
+LowQuotaNotifier::News LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry,
+                                              QuotaPeriod period, model::Timestamp now,
+                                              const model::RecentRates& recent) {
     const std::optional<QuotaWindowSnapshot>& window = model::window(entry, period);
     if (entry.syncState != model::QuotaSyncState::current || !window ||
         (window->resetsAt && *window->resetsAt <= now)) {
@@ -95,23 +98,36 @@ QStringList LowQuotaNotifier::news(const model::ProviderQuotaSnapshot& entry, Qu
     if (model::isNextWindow(*window, said.window, period)) {
         said = {};
     }
-    QStringList lines;
-    const QString name = model::displayName(entry.provider);
+    News news;
     const int left = static_cast<int>(model::remainingPercent(*window));
     if (const int threshold = thresholdReached(left); threshold < said.left) {
         said.left = threshold;
-        lines += leftText(name, period, left);
+        news.left = left;
     }
     const auto pace = model::pace(entry, period, now, recent);
     if (pace && pace->runsOutAt && !said.runsOut &&
         pace->resetsAt - *pace->runsOutAt >= model::length(period) / 10) {
         said.runsOut = true;
+        news.runsOutAt = pace->runsOutAt;
+    }
+    if (news.left || news.runsOutAt) {
+        said.window = *window;
+    }
+    return news;
+}
+
+QStringList LowQuotaNotifier::texts(const News& news, model::AIProvider provider,
+                                    QuotaPeriod period, model::Timestamp now,
+                                    const model::LocalZone& zone) const {
+    QStringList lines;
+    const QString name = model::displayName(provider);
+    if (news.left) {
+        lines += leftText(name, period, *news.left);
+    }
+    if (news.runsOutAt) {
         // Not kept: a locale takes megabytes, and this is rarely said.
         const model::WeekdayTimeFormat format(m_locale, zone);
-        lines += runsOutText(name, period, format.format(*pace->runsOutAt, now));
-    }
-    if (!lines.isEmpty()) {
-        said.window = *window;
+        lines += runsOutText(name, period, format.format(*news.runsOutAt, now));
     }
     return lines;
 }

@@ -35,9 +35,18 @@ private:
         bool runsOut = false;
     };
 
-    [[nodiscard]] QStringList news(const model::ProviderQuotaSnapshot& entry,
-                                   model::QuotaPeriod period, model::Timestamp now,
-                                   const model::LocalZone& zone, const model::RecentRates& recent);
+    /// What is to be said of a window that was not.
+    struct News {
+        std::optional<int> left; ///< percent
+        std::optional<model::Timestamp> runsOutAt;
+    };
+
+    /// Takes note of it, too.
+    [[nodiscard]] News news(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod period,
+                            model::Timestamp now, const model::RecentRates& recent);
+    [[nodiscard]] QStringList texts(const News& news, model::AIProvider provider,
+                                    model::QuotaPeriod period, model::Timestamp now,
+                                    const model::LocalZone& zone) const;
     void load();
     void save();
 

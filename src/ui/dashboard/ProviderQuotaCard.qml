@@ -10,8 +10,7 @@ LinkRow {
     id: root
 
     required property providerCard card
-    /// Whether the pointer is where a bar explains itself.
-    property bool isExplained: false
+    property bool isBarExplained: false
 
     function spoken(label: string, row: quotaRow): string {
         //: A quota window, the percentage left of it, and when it resets
@@ -40,7 +39,7 @@ LinkRow {
         AppBarsCardBody {
             Layout.fillWidth: true
             card: root.card
-            onIsExplainedChanged: root.isExplained = isExplained
+            onIsExplainedChanged: root.isBarExplained = isExplained
         }
     }
     background: CardSurface {
@@ -56,7 +55,7 @@ LinkRow {
     }
 
     HelpTip {
-        visible: root.hovered && !root.down && !root.isExplained
+        visible: root.hovered && !root.down && !root.isBarExplained
         //: %1 is an assistant's name
         text: qsTr("Open %1 usage details").arg(root.card.name)
     }
