@@ -14,11 +14,11 @@ const Timestamp courseStart{1000h};
 
 /// How busy a user is `hours` after the window's start; the week begins at one in the morning.
 struct Course {
-    const char* name;
-    QuotaPeriod period;
-    double (*activity)(double hours);
-    double largestError;   ///< the median in percent of the window
-    bool isHelped = false; ///< by the rate of late; the others are not harmed by it
+    const char* name = nullptr;
+    QuotaPeriod period{};
+    double (*activity)(double hours) = nullptr;
+    double largestError = 0; ///< the median in percent of the window
+    bool isHelped = false;   ///< by the rate of late; the others are not harmed by it
 };
 
 double hours(std::chrono::duration<double, std::ratio<3600>> duration) {

@@ -61,7 +61,7 @@ private Q_SLOTS:
             model::QuotaPeriod period;
             double even;
             const char* text;
-            model::RecentRates recent = {};
+            model::RecentRates recent;
         };
         const auto fiveHour = model::QuotaPeriod::fiveHour;
         const auto week = model::QuotaPeriod::week;

@@ -77,7 +77,7 @@ private Q_SLOTS:
                           model::countdownText(std::chrono::days(7))};
         texts +=
             model::summaryLines(core::fixtureSnapshot(now, model::LocalZone(QTimeZone::utc())));
-        for (QString text : texts) {
+        for (const QString& text : texts) {
             QVERIFY2(!text.contains(QRegularExpression(u"[0-9]"_s)), qPrintable(text));
         }
     }
