@@ -4,6 +4,7 @@
 #include <charconv>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace tallyvane::history {
 
@@ -65,16 +66,17 @@ public:
     }
 
     bool skipValue() {
-        std::string open; // closing brackets; no recursion, as nesting may be deep
+        // For each bracket that is open, whether it is an object's. No recursion and few bytes, as
+        // nesting may be deep.
+        std::vector<bool> objects;
         for (;;) {
             skipSpace();
             const bool isObject = m_rest.starts_with('{');
             if (isObject || m_rest.starts_with('[')) {
                 m_rest.remove_prefix(1);
                 skipSpace();
-                const char end = isObject ? '}' : ']';
-                if (!skip(end)) {
-                    open.push_back(end);
+                if (!skip(isObject ? '}' : ']')) {
+                    objects.push_back(isObject);
                     if (isObject && !skipName()) {
                         return false;
                     }
@@ -84,19 +86,19 @@ public:
                 return false;
             }
             for (;;) {
-                if (open.empty()) {
+                if (objects.empty()) {
                     return true;
                 }
                 skipSpace();
                 if (skip(',')) {
                     break;
                 }
-                if (!skip(open.back())) {
+                if (!skip(objects.back() ? '}' : ']')) {
                     return false;
                 }
-                open.pop_back();
+                objects.pop_back();
             }
-            if (open.back() == '}' && !skipName()) {
+            if (objects.back() && !skipName()) {
                 return false;
             }
         }

@@ -121,13 +121,11 @@ LineTokenReader::LineTokenReader() : m_parser(std::make_unique<Parser>()) {}
 
 LineTokenReader::~LineTokenReader() = default;
 
-TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
+std::optional<TokenSum> LineTokenReader::tokens(AIProvider provider, std::string_view line) {
     static_assert(padding >= simdjson::SIMDJSON_PADDING);
-    if (line.starts_with("\xEF\xBB\xBF")) {
-        return {}; // invalid (RFC 8259), but newer versions of the parser accept it
-    }
     simdjson::dom::element element;
-    if (line.size() <= maximumParsedSize &&
+    // A byte-order mark is invalid (RFC 8259), but newer versions of the parser accept it.
+    if (line.size() <= maximumParsedSize && !line.starts_with("\xEF\xBB\xBF") &&
         m_parser->parse(line.data(), line.size(), false).get(element) == simdjson::SUCCESS) {
         bool hasFraction = false;
         const TokenSum sum = lineTokens(provider, ParsedJson(element, hasFraction));
@@ -136,6 +134,9 @@ TokenSum LineTokenReader::tokens(AIProvider provider, std::string_view line) {
         }
     }
     // The parser rejects some valid lines: integers beyond 64 bits, lone surrogates, deep nesting.
+    if (!simdjson::validate_utf8(line.data(), line.size())) {
+        return std::nullopt;
+    }
     return plainLineTokens(provider, line);
 }
 

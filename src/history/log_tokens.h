@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace tallyvane::history {
@@ -37,8 +38,9 @@ public:
     LineTokenReader(const LineTokenReader&) = delete;
     LineTokenReader& operator=(const LineTokenReader&) = delete;
 
-    /// At least `padding` more bytes, of any content, must be readable after `line`.
-    [[nodiscard]] TokenSum tokens(model::AIProvider provider, std::string_view line);
+    /// Nothing if `line` is not valid UTF-8. At least `padding` more bytes, of any content, must be
+    /// readable after it.
+    [[nodiscard]] std::optional<TokenSum> tokens(model::AIProvider provider, std::string_view line);
 
     static constexpr std::size_t padding = 64;
 

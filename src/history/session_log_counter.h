@@ -2,10 +2,11 @@
 
 #include "history/log_tokens.h"
 
+#include <QtCore/QByteArray>
+
 #include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
 namespace tallyvane::history {
 
@@ -30,13 +31,11 @@ public:
     [[nodiscard]] std::optional<TokenSum> finish();
 
 private:
-    [[nodiscard]] bool isUtf8Until(std::size_t end);
-    void countLines(std::string_view lines);
+    [[nodiscard]] bool countLines(std::string_view lines);
 
     LineTokenReader m_reader;
-    std::vector<char> m_buffer; ///< starts at the start of a line
-    std::size_t m_size = 0;     ///< of the processed bytes in m_buffer
-    std::size_t m_checked = 0;  ///< of those known to be UTF-8
+    QByteArray m_buffer;    ///< starts at the start of a line
+    std::size_t m_size = 0; ///< of the bytes of the log in m_buffer
     model::AIProvider m_provider{};
     TokenSum m_sum;
 };

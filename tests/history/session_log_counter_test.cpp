@@ -1,5 +1,8 @@
+#include "history/candidate_search.h"
 #include "support/plain_session_log.h"
 #include "support/test_main.h"
+
+#include <QtCore/QRandomGenerator>
 
 using namespace tallyvane;
 using history::TokenSum;
@@ -123,6 +126,38 @@ private Q_SLOTS:
         };
         check(AIProvider::codex, codexRows);
         check(AIProvider::claude, claudeRows);
+    }
+
+    void findsEveryCandidate() {
+        const auto isCandidate = [](AIProvider provider, QByteArrayView rest) {
+            const QByteArrayView word =
+                provider == AIProvider::codex ? R"("token_count")" : R"("assistant")";
+            return rest.startsWith(word) || (rest.startsWith("\\u00") && rest.size() > 4 &&
+                                             rest[4] >= '4' && rest[4] <= '7');
+        };
+        const QByteArrayView pieces[] = {
+            "\"token_count\"", "\"assistant\"", "\"token_coun", "\"token_cOunt\"", "\"assiztant\"",
+            "\\u0074",         "\\u0034",       "\\u001b",      "\\u00",           "\"\\u\xC3\xA9"};
+        QRandomGenerator random(1);
+        for (int round = 0; round < 300; ++round) {
+            QByteArray text;
+            for (int i = random.bounded(12); i > 0; --i) {
+                text += pieces[random.bounded(static_cast<int>(std::size(pieces)))];
+                text += QByteArray(random.bounded(70), 'x');
+            }
+            const QByteArray padded = text + QByteArray(history::searchOverrun, '"');
+            for (const AIProvider provider : {AIProvider::codex, AIProvider::claude}) {
+                qsizetype expected = 0;
+                while (expected < text.size() &&
+                       !isCandidate(provider, QByteArrayView(padded).sliced(expected))) {
+                    ++expected;
+                }
+                for (const history::CandidateSearch find : history::candidateSearches(provider)) {
+                    const char* end = padded.constData() + text.size();
+                    QCOMPARE(find(padded.constData(), end) - padded.constData(), expected);
+                }
+            }
+        }
     }
 
     void reportsOverflow() {
