@@ -86,22 +86,23 @@ def medians(commands, environment, rounds):
     return [[statistics.median(figure) for figure in zip(*results)] for results in runs]
 
 
-def windows_table(build, environment, rounds):
+def windows_table(report, build, environment, rounds):
     """First frames, Qt Quick's loading included, which the running program puts off until then."""
     frames = str(build / "window_frames")
     (panel, again, _), (first_visit, later, _), (window, _), (empty,) = medians(
         [[frames, "panel"], [frames, "pages"], [frames, "window"],
          [str(build / "bench" / "empty_window")]], environment, rounds)
-    print(f"\n{'from request to first frame':34}{'ms':>9}{'at most':>26}")
-    for name, figure, limit in (("panel", panel, 80), ("panel, opened again", again, 20),
-                                ("page, first visit", first_visit, 33), ("page, later", later, 33),
-                                ("main window", window, 400)):
-        print(f"{name:34}{figure:9.1f}{limit:26}")
-    print(f"{'program with an empty window':34}{empty:9.1f}\n"
-          f"{'the main window to that':34}{window / empty:9.2f}{1.6:26.1f}")
+    report.heading("from request to first frame", "ms")
+    report.row("panel", panel, limit=80)
+    report.row("panel, opened again", again, limit=20)
+    report.row("page, first visit", first_visit, limit=33)
+    report.row("page, later", later, limit=33)
+    report.row("main window", window, limit=400)
+    report.row("program with an empty window", empty)
+    report.row("the main window to that", window / empty, limit=1.6)
 
 
-def desktop_table(build, rounds, idle_seconds):
+def desktop_table(report, build, rounds, idle_seconds):
     ours = [str(build / "tallyvane-desktop"), "--background"]
     bare = [str(build / "bench" / "tray_program")]
     watcher = str(build / "bench" / "item_watcher")
@@ -121,15 +122,14 @@ def desktop_table(build, rounds, idle_seconds):
         time.sleep(idle_seconds)
         switches = figures(item.pid)[2] - before
         item.end()
-        windows_table(build, environment, rounds)
-    (own_time, own_memory, own_share), (base_time, base_memory, base_share) = (
-        map(statistics.median, zip(*runs[name][1:])) for name in ("ours", "bare"))
-    print(f"\n{'on the desktop':34}{'ours':>9}{'bare':>9}{'ratio':>8}{'at most':>9}")
-    for name, own, base, limit in (
-            ("start to registered, ms", own_time, base_time, 1.0),
-            ("memory, nothing opened, MB", own_memory, base_memory, 1.1),
-            ("memory, after a refresh, MB", refreshed, base_memory, 1.6)):
-        print(f"{name:34}{own:9.1f}{base:9.1f}{own / base:8.2f}{limit:9.1f}")
-    print(f"{'its own share (PSS), MB':34}{own_share:9.1f}{base_share:9.1f}"
-          f"{own_share / base_share:8.2f}")
-    print(f"{f'context switches in {idle_seconds} s idle':34}{switches:9}{'':17}{0:9}")
+        (own_time, own_memory, own_share), (base_time, base_memory, base_share) = (
+            map(statistics.median, zip(*runs[name][1:])) for name in ("ours", "bare"))
+        report.heading("on the desktop", "ours", "bare", "ratio")
+        for name, own, base, limit in (
+                ("start to registered, ms", own_time, base_time, 0.85),
+                ("memory, nothing opened, MB", own_memory, base_memory, 1.05),
+                ("its own share of that (PSS), MB", own_share, base_share, None),
+                ("memory, after a refresh, MB", refreshed, base_memory, 1.6)):
+            report.row(name, own, base, own / base, limit=limit)
+        report.row(f"context switches in {idle_seconds} s idle", None, None, switches, limit=0)
+        windows_table(report, build, environment, rounds)

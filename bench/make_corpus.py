@@ -78,7 +78,7 @@ def claude_log(rng, texts, size):
         usage = {"input_tokens": rng.randrange(20), "output_tokens": rng.randrange(2000),
                  "cache_creation_input_tokens": 1266, "cache_read_input_tokens": 20600,
                  "service_tier": "standard"}
-        content = [{"type": "text", "text": rng.choice(texts)[:rng.randrange(100, 900)]}]
+        content = [{"type": "text", "text": rng.choice(texts)[:rng.randrange(500, 2500)]}]
         call = [{"type": "tool_use", "id": "toolu_06", "name": "Bash",
                  "input": {"command": rng.choice(texts)[:rng.randrange(20, 1500)]}}]
         lines = [claude_line("assistant", {"id": "msg_06", "role": "assistant",

@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#ifdef __x86_64__
+#include <immintrin.h>
+#endif
 
 namespace tallyvane::history {
 
@@ -32,6 +35,7 @@ template <AIProvider Provider, std::size_t VectorSize>
 [[gnu::always_inline]] inline bool mayBegin(const char* text) {
     typedef signed char Bytes __attribute__((vector_size(VectorSize)));
     constexpr std::string_view word = neededWord(Provider);
+    constexpr std::size_t half = word.size() / 2;
     Bytes found{};
 #pragma GCC unroll 4
     for (std::size_t i = 0; i < stride; i += VectorSize) {
@@ -43,24 +47,24 @@ template <AIProvider Provider, std::size_t VectorSize>
         std::memcpy(&first, text + i, VectorSize);
         std::memcpy(&second, text + i + 1, VectorSize);
         std::memcpy(&fifth, text + i + 4, VectorSize);
-        std::memcpy(&middle, text + i + word.size() / 2, VectorSize);
+        std::memcpy(&middle, text + i + half, VectorSize);
         std::memcpy(&last, text + i + word.size() - 1, VectorSize);
-        found |= ((first == '"') & (middle == word[word.size() / 2]) & (last == '"')) |
+        found |= ((first == '"') & (middle == word[half]) & (last == '"')) |
                  ((first == '\\') & (second == 'u') & (fifth >= '4'));
     }
+    std::array<std::uint64_t, VectorSize / 8> parts{};
+    std::memcpy(parts.data(), &found, VectorSize);
     std::uint64_t any = 0;
-    for (std::size_t i = 0; i < VectorSize; i += 8) {
-        std::uint64_t part = 0;
-        std::memcpy(&part, reinterpret_cast<const char*>(&found) + i, 8);
+    for (const std::uint64_t part : parts) {
         any |= part;
     }
     return any != 0;
 }
 
-template <AIProvider Provider, std::size_t VectorSize>
+template <AIProvider Provider, auto MayBegin>
 [[gnu::always_inline]] inline const char* search(const char* begin, const char* end) {
     for (const char* from = begin; from < end; from += stride) {
-        if (mayBegin<Provider, VectorSize>(from)) {
+        if (MayBegin(from)) {
             for (const char* place = from; place < from + stride && place < end; ++place) {
                 if (isCandidate<Provider>(place)) {
                     return place;
@@ -73,22 +77,55 @@ template <AIProvider Provider, std::size_t VectorSize>
 
 template <AIProvider Provider>
 const char* plainSearch(const char* begin, const char* end) {
-    return search<Provider, 16>(begin, end);
+    return search<Provider, mayBegin<Provider, 16>>(begin, end);
 }
 
 #ifdef __x86_64__
 template <AIProvider Provider>
 [[gnu::target("avx2")]] const char* avx2Search(const char* begin, const char* end) {
-    return search<Provider, 32>(begin, end);
+    return search<Provider, mayBegin<Provider, 32>>(begin, end);
+}
+
+/// The same as mayBegin, since GCC 12 makes slow code of vectors as large as the stride.
+template <AIProvider Provider>
+[[gnu::target("avx512bw")]] inline bool mayBeginInStride(const char* text) {
+    constexpr std::string_view word = neededWord(Provider);
+    constexpr std::size_t half = word.size() / 2;
+    const __m512i first = _mm512_loadu_si512(text);
+    const __m512i second = _mm512_loadu_si512(text + 1);
+    const __m512i fifth = _mm512_loadu_si512(text + 4);
+    const __m512i middle = _mm512_loadu_si512(text + half);
+    const __m512i last = _mm512_loadu_si512(text + word.size() - 1);
+    __mmask64 words = _mm512_cmpeq_epi8_mask(first, _mm512_set1_epi8('"'));
+    words = _mm512_mask_cmpeq_epi8_mask(words, middle, _mm512_set1_epi8(word[half]));
+    words = _mm512_mask_cmpeq_epi8_mask(words, last, _mm512_set1_epi8('"'));
+    __mmask64 escapes = _mm512_cmpeq_epi8_mask(first, _mm512_set1_epi8('\\'));
+    escapes = _mm512_mask_cmpeq_epi8_mask(escapes, second, _mm512_set1_epi8('u'));
+    escapes = _mm512_mask_cmpge_epi8_mask(escapes, fifth, _mm512_set1_epi8('4'));
+    return (words | escapes) != 0;
 }
 
 template <AIProvider Provider>
-constexpr std::array<CandidateSearch, 2> searches{avx2Search<Provider>, plainSearch<Provider>};
-const std::size_t unsupported = __builtin_cpu_supports("avx2") ? 0 : 1;
+[[gnu::target("avx512bw")]] const char* avx512Search(const char* begin, const char* end) {
+    return search<Provider, mayBeginInStride<Provider>>(begin, end);
+}
+
+template <AIProvider Provider>
+constexpr std::array<CandidateSearch, 3> searches{avx512Search<Provider>, avx2Search<Provider>,
+                                                  plainSearch<Provider>};
+
+std::size_t unsupportedSearches() {
+    return __builtin_cpu_supports("avx512bw") != 0 ? 0
+           : __builtin_cpu_supports("avx2") != 0   ? 1
+                                                   : 2;
+}
 #else
 template <AIProvider Provider>
 constexpr std::array<CandidateSearch, 1> searches{plainSearch<Provider>};
-constexpr std::size_t unsupported = 0;
+
+std::size_t unsupportedSearches() {
+    return 0;
+}
 #endif
 
 } // namespace
@@ -96,7 +133,7 @@ constexpr std::size_t unsupported = 0;
 std::span<const CandidateSearch> candidateSearches(AIProvider provider) {
     const auto& all =
         provider == AIProvider::codex ? searches<AIProvider::codex> : searches<AIProvider::claude>;
-    return std::span(all).subspan(unsupported);
+    return std::span(all).subspan(unsupportedSearches());
 }
 
 } // namespace tallyvane::history

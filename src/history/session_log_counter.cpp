@@ -13,7 +13,7 @@ using model::AIProvider;
 namespace {
 
 /// Small enough to stay in the CPU cache between the passes over it.
-constexpr std::size_t blockSize = 128 * 1024;
+constexpr std::size_t blockSize = 256 * 1024;
 
 bool isUtf8(std::string_view text) {
     return simdjson::validate_utf8(text.data(), text.size());
