@@ -4,6 +4,7 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <array>
 #include <cmath>
 
 namespace tallyvane::ui {
@@ -25,33 +26,29 @@ QString lengthText(model::Timestamp::duration length) {
                             : Card::tr("%n d", nullptr, static_cast<int>(length / days{1}));
 }
 
-/// "%1" a time such as "16:40" or "Tue 16:40", "%2" a length such as "52 min".
-QString endText(const model::QuotaPace& pace, model::QuotaPeriod period) {
-    if (!pace.isRecent) {
-        return Card::tr("At this pace it runs out at %1, %2 before the reset");
-    }
-    return period == model::QuotaPeriod::fiveHour
-               ? Card::tr("At the pace of the last hour it runs out at %1, %2 before the reset")
-               : Card::tr("At the pace of the last day it runs out at %1, %2 before the reset");
-}
+/// By what the projection is based upon: the whole window, the last hour, the last day.
+constexpr std::array lastingTexts{
+    QT_TRANSLATE_NOOP("ProviderCard", "At this pace it lasts until the reset"),
+    QT_TRANSLATE_NOOP("ProviderCard", "At the pace of the last hour it lasts until the reset"),
+    QT_TRANSLATE_NOOP("ProviderCard", "At the pace of the last day it lasts until the reset")};
 
-QString lastingText(const model::QuotaPace& pace, model::QuotaPeriod period) {
-    if (!pace.isRecent) {
-        return Card::tr("At this pace it lasts until the reset");
-    }
-    return period == model::QuotaPeriod::fiveHour
-               ? Card::tr("At the pace of the last hour it lasts until the reset")
-               : Card::tr("At the pace of the last day it lasts until the reset");
-}
+/// Likewise; "%1" a time such as "16:40" or "Tue 16:40", "%2" a length such as "52 min".
+constexpr std::array endTexts{
+    QT_TRANSLATE_NOOP("ProviderCard", "At this pace it runs out at %1, %2 before the reset"),
+    QT_TRANSLATE_NOOP("ProviderCard",
+                      "At the pace of the last hour it runs out at %1, %2 before the reset"),
+    QT_TRANSLATE_NOOP("ProviderCard",
+                      "At the pace of the last day it runs out at %1, %2 before the reset")};
 
 QString paceText(const model::QuotaPace& pace, model::QuotaPeriod period, model::Timestamp now,
                  const model::WeekdayTimeFormat& weekdayTime) {
+    const std::size_t basis = !pace.isRecent ? 0 : period == model::QuotaPeriod::fiveHour ? 1 : 2;
     if (pace.runsOutAt) {
-        return endText(pace, period)
+        return Card::tr(endTexts[basis])
             .arg(weekdayTime.format(*pace.runsOutAt, now),
                  lengthText(pace.resetsAt - *pace.runsOutAt));
     }
-    return pace.isProjected ? lastingText(pace, period) : QString();
+    return pace.isProjected ? Card::tr(lastingTexts[basis]) : QString();
 }
 
 QuotaRow quotaRow(const model::ProviderQuotaSnapshot& entry, model::QuotaPeriod period,

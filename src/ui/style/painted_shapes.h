@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QtGui/QColor>
+#include <QtQml/qqmlregistration.h>
+#include <QtQuick/QQuickPaintedItem>
+
+namespace tallyvane::ui {
+
+/// A shape in one colour.
+class PaintedShape : public QQuickPaintedItem {
+    Q_OBJECT
+    QML_ANONYMOUS
+    Q_PROPERTY(QColor color MEMBER m_colour NOTIFY colorChanged)
+
+public:
+    explicit PaintedShape(QQuickItem* parent = nullptr);
+
+Q_SIGNALS:
+    void colorChanged();
+
+protected:
+    [[nodiscard]] QColor colour() const { return m_colour; }
+
+private:
+    QColor m_colour;
+};
+
+/// A bar with round ends. Unlike a Rectangle's, they stay round at fractional scale factors.
+class Capsule : public PaintedShape {
+    Q_OBJECT
+    QML_ELEMENT
+
+public:
+    using PaintedShape::PaintedShape;
+
+    void paint(QPainter* painter) override;
+};
+
+/// Diagonal lines, which tell a surface from one of another colour.
+class Hatching : public PaintedShape {
+    Q_OBJECT
+    QML_ELEMENT
+
+public:
+    using PaintedShape::PaintedShape;
+
+    void paint(QPainter* painter) override;
+};
+
+} // namespace tallyvane::ui
