@@ -2,6 +2,9 @@
 
 #include "history/json_text.h"
 
+#include <algorithm>
+#include <charconv>
+#include <cstring>
 #include <optional>
 #include <simdjson.h>
 
@@ -108,11 +111,66 @@ TokenSum lineTokens(AIProvider provider, const Json& line) {
     return provider == AIProvider::codex ? codexTokens(line) : claudeTokens(line);
 }
 
+/// The rest of `text` after the first `word`, if it is there.
+std::optional<std::string_view> after(std::string_view word, std::string_view text) {
+    const void* found = ::memmem(text.data(), text.size(), word.data(), word.size());
+    if (found == nullptr) {
+        return std::nullopt;
+    }
+    return std::string_view(static_cast<const char*>(found) + word.size(), text.end());
+}
+
+/// Takes a member such as `"name":12` off the front of `text`.
+std::optional<std::pair<std::string_view, std::int64_t>> takeCount(std::string_view& text) {
+    const std::size_t end = text.find("\":");
+    if (!text.starts_with('"') || end == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string_view name = text.substr(1, end - 1);
+    text.remove_prefix(end + 2);
+    std::int64_t count = 0;
+    const auto [rest, error] = std::from_chars(text.begin(), text.end(), count);
+    text.remove_prefix(static_cast<std::size_t>(rest - text.begin()));
+    return error == std::errc{} ? std::optional(std::pair(name, count)) : std::nullopt;
+}
+
 } // namespace
 
 TokenSum plainLineTokens(AIProvider provider, std::string_view line) {
     const auto object = JsonText::parseObject(line);
     return object ? lineTokens(provider, *object) : TokenSum{};
+}
+
+std::optional<std::int64_t> codexTokenBound(std::string_view line) {
+    // With one such name and nothing escaped, the figures cannot be anywhere else.
+    constexpr std::string_view name = R"("total_token_usage")";
+    auto rest = after(name, line);
+    if (!rest || !rest->starts_with(":{") || after(name, *rest) || line.contains('\\')) {
+        return std::nullopt;
+    }
+    rest->remove_prefix(1);
+    std::optional<std::int64_t> total;
+    std::int64_t input = 0;
+    std::int64_t output = 0;
+    do {
+        rest->remove_prefix(1);
+        const auto member = takeCount(*rest);
+        if (!member) {
+            return std::nullopt;
+        }
+        if (member->first == "total_tokens") {
+            total = std::max(total.value_or(0), member->second);
+        } else if (member->first == "input_tokens") {
+            input = std::max(input, member->second);
+        } else if (member->first == "output_tokens") {
+            output = std::max(output, member->second);
+        }
+    } while (rest->starts_with(','));
+    std::int64_t sum = 0;
+    if (!rest->starts_with('}') || __builtin_add_overflow(input, output, &sum)) {
+        return std::nullopt;
+    }
+    return total.value_or(sum);
 }
 
 struct LineTokenReader::Parser : simdjson::dom::parser {};

@@ -30,7 +30,11 @@ struct TokenSum {
 /// Claude (Code 2.1): the sum of the four token fields of message.usage, if type is "assistant".
 [[nodiscard]] TokenSum plainLineTokens(model::AIProvider provider, std::string_view line);
 
-/// The same, but faster. Reuses its memory from line to line.
+/// No less than the tokens of a line of a Codex log. Found without reading all of it, so only in a
+/// line that is written as Codex writes it; nothing for others.
+[[nodiscard]] std::optional<std::int64_t> codexTokenBound(std::string_view line);
+
+/// The same as plainLineTokens(), but faster. Reuses its memory from line to line.
 class LineTokenReader {
 public:
     LineTokenReader();

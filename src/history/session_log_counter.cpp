@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <ranges>
 #include <simdjson.h>
 
 namespace tallyvane::history {
@@ -46,6 +48,19 @@ const char* nextLineEnd(const char* begin, const char* from, const char* end) {
     return end;
 }
 
+/// Takes the lines up to the first that may count off the front of `lines`. Returns that one, or an
+/// empty text at the end.
+std::string_view nextCandidate(CandidateSearch find, std::string_view& lines) {
+    const char* first = lines.begin();
+    const char* end = lines.end();
+    const char* found = find(first, end);
+    const char* before = found < end ? lastLineEnd(first, first, found) : nullptr;
+    const char* start = found == end ? end : before != nullptr ? before + 1 : first;
+    const char* stop = nextLineEnd(start, found, end);
+    lines = {std::min(stop + 1, end), end};
+    return {start, stop};
+}
+
 } // namespace
 
 void SessionLogCounter::begin(AIProvider provider) {
@@ -83,30 +98,47 @@ std::optional<TokenSum> SessionLogCounter::finish() {
 }
 
 bool SessionLogCounter::countLines(std::string_view lines) {
-    const bool isCodex = m_provider == AIProvider::codex;
-    const CandidateSearch find = candidateSearches(m_provider).front();
-    const char* first = lines.data();
-    const char* end = first + lines.size();
-    for (const char* found = find(first, end); found < end; found = find(first, end)) {
-        const char* before = lastLineEnd(first, first, found);
-        const char* start = before != nullptr ? before + 1 : first;
-        const char* stop = nextLineEnd(start, found, end);
-        if (!isUtf8({first, start})) {
-            return false;
-        }
-        const std::optional<TokenSum> line = m_reader.tokens(m_provider, {start, stop});
-        if (!line) {
-            return false;
-        }
-        if (isCodex) {
-            m_sum.isOverflown |= line->isOverflown;
-            m_sum.value = std::max(m_sum.value, line->value);
-        } else {
-            m_sum.add(*line);
-        }
-        first = std::min(stop + 1, end);
+    return m_provider == AIProvider::codex ? countCodexLines(lines) : countClaudeLines(lines);
+}
+
+bool SessionLogCounter::countCodexLines(std::string_view lines) {
+    if (!isUtf8(lines)) {
+        return false;
     }
-    return isUtf8({first, end});
+    const CandidateSearch find = candidateSearches(AIProvider::codex).front();
+    m_candidates.clear();
+    for (auto line = nextCandidate(find, lines); !line.empty(); line = nextCandidate(find, lines)) {
+        m_candidates.push_back(line);
+    }
+    // Totals grow, so that most lines cannot exceed the one after them.
+    for (const std::string_view line : std::views::reverse(m_candidates)) {
+        if (codexTokenBound(line).value_or(std::numeric_limits<std::int64_t>::max()) >
+            m_sum.value) {
+            const TokenSum tokens = m_reader.tokens(AIProvider::codex, line).value_or(TokenSum());
+            m_sum.isOverflown |= tokens.isOverflown;
+            m_sum.value = std::max(m_sum.value, tokens.value);
+        }
+    }
+    return true;
+}
+
+bool SessionLogCounter::countClaudeLines(std::string_view lines) {
+    const CandidateSearch find = candidateSearches(AIProvider::claude).front();
+    for (;;) {
+        const char* first = lines.data();
+        const std::string_view line = nextCandidate(find, lines);
+        if (!isUtf8({first, line.begin()})) {
+            return false;
+        }
+        if (line.empty()) {
+            return true;
+        }
+        const std::optional<TokenSum> tokens = m_reader.tokens(AIProvider::claude, line);
+        if (!tokens) {
+            return false;
+        }
+        m_sum.add(*tokens);
+    }
 }
 
 } // namespace tallyvane::history

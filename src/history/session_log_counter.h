@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace tallyvane::history {
 
@@ -31,11 +32,15 @@ public:
     [[nodiscard]] std::optional<TokenSum> finish();
 
 private:
+    // False if they are not UTF-8.
     [[nodiscard]] bool countLines(std::string_view lines);
+    [[nodiscard]] bool countCodexLines(std::string_view lines);
+    [[nodiscard]] bool countClaudeLines(std::string_view lines);
 
     LineTokenReader m_reader;
     QByteArray m_buffer;    ///< starts at the start of a line
     std::size_t m_size = 0; ///< of the bytes of the log in m_buffer
+    std::vector<std::string_view> m_candidates;
     model::AIProvider m_provider{};
     TokenSum m_sum;
 };

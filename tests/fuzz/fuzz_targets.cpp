@@ -231,6 +231,9 @@ void session_log(const QByteArray& input) {
     const auto checkedTokens = [](model::AIProvider provider, std::string_view line) {
         const history::TokenSum tokens = history::plainLineTokens(provider, line);
         require(tests::libraryLineTokens(provider, line).value_or(tokens) == tokens);
+        const auto bound = history::codexTokenBound(line);
+        require(!bound || provider != model::AIProvider::codex ||
+                (!tokens.isOverflown && tokens.value <= *bound));
         return tokens;
     };
     const auto provider = input[0] == 'x' ? model::AIProvider::codex : model::AIProvider::claude;
