@@ -62,9 +62,9 @@ QuotaSources::QuotaSources(const Environment& environment)
       codexProgram(defaults, codexPlaces(environment)),
       processRunner(clock, QProcessEnvironment::systemEnvironment()),
       codexClient(codexProgram, processRunner, clock),
-      claudeClient(
+      claude(
           {.credentialsFile = claudeCredentialsFile(environment), .network = environment.network},
-          secrets, clock) {
+          clock) {
     forbidCoreFiles();
 }
 
@@ -76,7 +76,7 @@ Composition::Composition(const Environment& environment)
       notifier(notificationCentre),
       model({.store = store,
              .defaults = defaults,
-             .quotaClients = {codexClient, claudeClient},
+             .quotaClients = {codexClient, claude},
              .tokenEstimator = tokenEstimator,
              .notifier = notifier,
              .widgetCentre = widgetCentre,

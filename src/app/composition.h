@@ -1,13 +1,12 @@
 #pragma once
 
+#include "app/claude_access.h"
 #include "app/environment.h"
 #include "core/app_model.h"
 #include "platform/linux/autostart_entry.h"
 #include "platform/linux/boot_clock.h"
 #include "platform/linux/dbus_notification_centre.h"
 #include "platform/linux/dbus_widget_centre.h"
-#include "platform/linux/secret_service_store.h"
-#include "providers/claude/claude_quota_client.h"
 #include "providers/codex/codex_quota_client.h"
 
 namespace tallyvane::app {
@@ -33,12 +32,11 @@ struct QuotaSources {
     explicit QuotaSources(const Environment& environment);
 
     platform::BootClock clock;
-    platform::SecretServiceStore secrets;
     model::DefaultsStore defaults;
     providers::CodexProgram codexProgram;
     providers::ProcessRunner processRunner;
     providers::CodexQuotaClient codexClient;
-    providers::ClaudeQuotaClient claudeClient;
+    ClaudeAccess claude;
 };
 
 /// The model and its collaborators, in order of construction. Must outlive the event loop. In

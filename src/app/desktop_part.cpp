@@ -7,10 +7,13 @@
 
 namespace tallyvane::app {
 
-QByteArrayList desktopProgramPlaces() {
+QByteArrayList partPlaces(const char* file) {
     const QByteArray folder = QFile::encodeName(QCoreApplication::applicationDirPath());
-    return {folder + "/tallyvane-desktop",
-            folder + "/" TALLYVANE_LIBEXEC_FROM_BIN "/tallyvane-desktop"};
+    return {folder + '/' + file, folder + "/" TALLYVANE_LIBEXEC_FROM_BIN "/" + file};
+}
+
+QByteArrayList desktopProgramPlaces() {
+    return partPlaces("tallyvane-desktop");
 }
 
 std::optional<QByteArray> desktopProgram() {

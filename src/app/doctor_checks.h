@@ -41,8 +41,12 @@ using Checks = QList<Check>;
 /// Asks the service: "claude.service" is fine if it gave figures.
 [[nodiscard]] QCoro::Task<Checks> claudeServiceCheck(QuotaSources* sources);
 
-[[nodiscard]] QCoro::Task<Checks> proxyCheck(providers::NetworkVariables variables);
-[[nodiscard]] Checks certificateChecks(const providers::NetworkVariables& variables);
+/// What QuotaSources::claude has loaded, or why it could not.
+using LoadedClaude = std::expected<ClaudePart*, QString>;
+[[nodiscard]] QCoro::Task<Checks> proxyCheck(LoadedClaude claude,
+                                             providers::NetworkVariables variables);
+[[nodiscard]] Checks certificateChecks(const LoadedClaude& claude,
+                                       const providers::NetworkVariables& variables);
 
 /// What is counted, and what lies elsewhere.
 [[nodiscard]] Checks sessionLogChecks(const Environment& environment, model::Timestamp now);

@@ -138,7 +138,13 @@ QString durationText(std::chrono::seconds duration) {
 
 QCoro::Task<Checks> claudeSignInChecks(QuotaSources* sources, Environment environment) {
     const QString service = providers::ClaudeQuotaSource{}.keychainService;
-    const auto lookup = co_await sources->secrets.lookup(service);
+    platform::SecretLookup lookup;
+    if (const auto part = sources->claude.part(); part) {
+        lookup = co_await (*part)->secrets().lookup(service);
+    } else {
+        lookup = std::unexpected(
+            SecretStoreError{.kind = SecretStoreError::Kind::failed, .reason = part.error()});
+    }
     const FoundSignIn keyring = inKeyring(lookup);
     const FoundSignIn file = inFile(claudeCredentialsFile(environment), environment);
     const bool isLocked = !lookup && lookup.error().kind == SecretStoreError::Kind::locked;
@@ -155,7 +161,7 @@ QCoro::Task<Checks> claudeSignInChecks(QuotaSources* sources, Environment enviro
 
 QCoro::Task<Checks> claudeServiceCheck(QuotaSources* sources) {
     Check check{.id = QStringLiteral("claude.service")};
-    const auto answer = co_await sources->claudeClient.fetch(providers::AskedBy::user);
+    const auto answer = co_await sources->claude.fetch(providers::AskedBy::user);
     if (answer) {
         check.state = CheckState::fine;
         check.text = QStringLiteral("The Claude service gives figures");

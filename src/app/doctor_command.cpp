@@ -90,6 +90,7 @@ QList<Part> startChecks(const Environment& environment, QuotaSources& sources, b
     const model::Timestamp now = sources.clock.now();
     const auto own = [](const char* text) { return QString::fromLatin1(text); };
     const auto only = core::loadOnlyProvider(sources.defaults);
+    const LoadedClaude claude = sources.claude.part();
     QList<Part> parts;
     if (only == model::AIProvider::claude) {
         parts += hiddenPart(own("codex.hidden"));
@@ -110,9 +111,9 @@ QList<Part> startChecks(const Environment& environment, QuotaSources& sources, b
     }
     parts += {
         {own("network.proxy"), own("the desktop's proxy setting"),
-         started(proxyCheck(environment.network))},
+         started(proxyCheck(claude, environment.network))},
         {own("network.certificates"), own("the certificates"),
-         startedInThread([environment] { return certificateChecks(environment.network); })},
+         startedInThread([=] { return certificateChecks(claude, environment.network); })},
         {own("logs.codex"), own("the folders of the session logs"),
          startedInThread([environment, now] { return sessionLogChecks(environment, now); })},
         {own("files.snapshot"), own("the folders of the own files"),

@@ -2,11 +2,8 @@
 #include "model/foreign_text.h"
 #include "providers/advice.h"
 
-#include <QCoro/QCoroFuture>
-
 namespace tallyvane::app {
 
-using providers::NetworkSetupFinder;
 using providers::NetworkVariables;
 
 namespace {
@@ -21,36 +18,38 @@ QString proxySource(const NetworkVariables& variables) {
 
 } // namespace
 
-QCoro::Task<Checks> proxyCheck(NetworkVariables variables) {
-    const QUrl url = providers::ClaudeQuotaSource{}.usageURL;
-    NetworkSetupFinder finder;
-    const QFuture<NetworkSetupFinder::Result> search = finder.find(url, variables, std::nullopt);
-    const NetworkSetupFinder::Result setup = co_await search;
+QCoro::Task<Checks> proxyCheck(LoadedClaude claude, NetworkVariables variables) {
+    ProxyAnswer proxy;
+    if (claude) {
+        proxy = co_await (*claude)->proxy();
+    } else {
+        proxy.fault = claude.error();
+    }
     const QString source = proxySource(variables);
     const bool isVariable = !source.contains(u' ');
     Check check{.id = QStringLiteral("network.proxy"), .state = CheckState::fine};
-    if (!setup) {
+    if (!proxy.fault.isEmpty()) {
         check.state = CheckState::broken;
         check.text =
-            QStringLiteral("The proxy cannot be used: %1").arg(model::readableLine(setup.error()));
+            QStringLiteral("The proxy cannot be used: %1").arg(model::readableLine(proxy.fault));
         check.advice = isVariable
                            ? QStringLiteral("Set %1 to http://host:port or socks5://host:port, or "
                                             "unset it.")
                                  .arg(source)
                            : QStringLiteral("Choose an HTTP or SOCKS proxy in the desktop's "
                                             "settings, or set https_proxy.");
-    } else if (const QString address = providers::proxyAddress(setup->proxy); !address.isEmpty()) {
+    } else if (!proxy.address.isEmpty()) {
         check.text = QStringLiteral("Through the proxy %1, from %2")
-                         .arg(model::readableLine(address), source);
+                         .arg(model::readableLine(proxy.address), source);
     } else {
-        check.text = isVariable
-                         ? QStringLiteral("Without a proxy, as no_proxy lists %1").arg(url.host())
-                         : QStringLiteral("Without a proxy, as none is set");
+        check.text = isVariable ? QStringLiteral("Without a proxy, as no_proxy lists %1")
+                                      .arg(providers::ClaudeQuotaSource{}.usageURL.host())
+                                : QStringLiteral("Without a proxy, as none is set");
     }
     co_return Checks(1, check);
 }
 
-Checks certificateChecks(const NetworkVariables& variables) {
+Checks certificateChecks(const LoadedClaude& claude, const NetworkVariables& variables) {
     QStringList names;
     if (!variables.certificateFile.isEmpty()) {
         names.append(QStringLiteral("SSL_CERT_FILE=") +
@@ -65,7 +64,12 @@ Checks certificateChecks(const NetworkVariables& variables) {
         check.text = QStringLiteral("The certificates of the system are trusted");
         return {check};
     }
-    const qsizetype count = certificateCount(variables);
+    if (!claude) {
+        check.state = CheckState::broken;
+        check.text = QStringLiteral("The certificates could not be read: %1").arg(claude.error());
+        return {check};
+    }
+    const qsizetype count = (*claude)->certificateCount();
     check.text = QStringLiteral("%1 certificates in %2")
                      .arg(count)
                      .arg(model::readableLine(names.join(QStringLiteral(", "))));

@@ -3,7 +3,7 @@
 #include "core/launch_context.h"
 #include "model/local_zone.h"
 #include "model/shared_store.h"
-#include "providers/claude/network_setup.h"
+#include "providers/claude/claude_quota_source.h"
 
 #include <filesystem>
 #include <string>

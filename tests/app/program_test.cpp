@@ -253,6 +253,11 @@ private Q_SLOTS:
         const Run absent = run("", program);
         QVERIFY2(absent.exitCode == 1 && absent.error.contains(u"not installed"),
                  qPrintable(absent.error));
+        for (const char* command : {"refresh", "doctor"}) {
+            const Run without = run(command, program);
+            QVERIFY2((without.error + without.output).contains(u"/tallyvane-claude.so: "),
+                     qPrintable(without.error));
+        }
         install("libexec/tallyvane/tallyvane-desktop", "echo libexec $*; exit 42");
         const Run installed = run("--background", program);
         QCOMPARE(installed.output, u"libexec --background\n"_s);

@@ -1,4 +1,5 @@
 #include "app/desktop/status_area.h"
+#include "platform/application_id.h"
 #include "support/gui_test_main.h"
 #include "support/idle_model.h"
 #include "support/private_bus.h"
@@ -113,7 +114,8 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "wrapper-2.0");
         Desktop desktop;
         const platform::SystemAppearance appearance;
-        const app::StatusArea area(idle.model, appearance, idle.clock, {});
+        platform::StatusItem item(QString(platform::applicationId));
+        const app::StatusArea area(item, idle.model, appearance, idle.clock, {});
         TALLYVANE_TRY_VERIFY(hasInk(light));
         ::prctl(PR_SET_NAME, "status_area_test");
         desktop.change(appearanceGroup, colourScheme, 9U);
@@ -142,7 +144,8 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "waybar");
         Desktop desktop;
         const platform::SystemAppearance appearance;
-        const app::StatusArea area(idle.model, appearance, idle.clock, {});
+        platform::StatusItem item(QString(platform::applicationId));
+        const app::StatusArea area(item, idle.model, appearance, idle.clock, {});
         TALLYVANE_TRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
         for (const auto& [preference, ink] : {std::pair(2U, dark), std::pair(0U, light)}) {
             desktop.change(appearanceGroup, colourScheme, preference);
@@ -162,7 +165,8 @@ private Q_SLOTS:
                                  .syncState = model::QuotaSyncState::current};
         tests::IdleModel idle(snapshot, now);
         const platform::SystemAppearance appearance;
-        const app::StatusArea area(idle.model, appearance, idle.clock, {});
+        platform::StatusItem item(QString(platform::applicationId));
+        const app::StatusArea area(item, idle.model, appearance, idle.clock, {});
         const auto call = [](const QByteArray& method) {
             return tests::callOnBus(QDBusConnection::sessionBus().baseService(), "/MenuBar",
                                     "com.canonical.dbusmenu." + method);

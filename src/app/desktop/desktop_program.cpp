@@ -2,6 +2,7 @@
 
 #include "app/refresh_result.h"
 #include "model/quota_display.h"
+#include "platform/application_id.h"
 #include "platform/linux/desktop_report.h"
 #include "platform/linux/notification_settings_page.h"
 
@@ -38,12 +39,14 @@ public:
 
 DesktopProgram::DesktopProgram(const Environment& environment)
     : m_environment(environment),
+      m_statusItem(QString(platform::applicationId)),
       m_composition(environment),
       m_loginItem(
           autostartPlaces(environment, QCoreApplication::arguments().constFirst().toStdString())),
       m_lowQuotaNotifier(m_composition.notificationCentre, m_composition.defaults,
                          environment.timeLocale),
-      m_statusArea(m_composition.model, m_appearance, m_composition.clock, iconFolder(environment)),
+      m_statusArea(m_statusItem, m_composition.model, m_appearance, m_composition.clock,
+                   iconFolder(environment)),
       m_application([this] { return refreshAndReport(); }) {
     connect(&m_statusArea, &StatusArea::clicked, this,
             [this](std::optional<QPoint> position, const QString& token) {

@@ -38,6 +38,8 @@ private:
     [[nodiscard]] Windows* windows();
 
     Environment m_environment;
+    /// First, so that it is registered while the rest is made. Hosts see what it holds afterwards.
+    platform::StatusItem m_statusItem;
     Composition m_composition;
     QString m_chosenCodex = m_composition.codexProgram.chosen(); ///< at the last look
     std::vector<model::AIProvider> m_shown = m_composition.model.shownProviders(); ///< likewise

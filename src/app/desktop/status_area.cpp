@@ -1,7 +1,6 @@
 #include "app/desktop/status_area.h"
 
 #include "model/quota_display.h"
-#include "platform/application_id.h"
 #include "ui/item/gauge_image.h"
 #include "ui/item/menu_bar_label.h"
 
@@ -31,13 +30,14 @@ constexpr int pictureSizes[] = {16, 22, 24, 32, 44};
 
 } // namespace
 
-StatusArea::StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
-                       const platform::Clock& clock, const std::filesystem::path& iconFolder)
-    : m_model(model),
+StatusArea::StatusArea(platform::StatusItem& item, const core::AppModel& model,
+                       const platform::SystemAppearance& appearance, const platform::Clock& clock,
+                       const std::filesystem::path& iconFolder)
+    : m_item(item),
+      m_model(model),
       m_appearance(appearance),
       m_clock(clock),
-      m_iconFiles(iconFolder),
-      m_item(QString(platform::applicationId)) {
+      m_iconFiles(iconFolder) {
     m_item.setTitle(QStringLiteral("Tallyvane"));
     showSnapshot();
     showToolTip();

@@ -18,8 +18,9 @@ class StatusArea : public QObject {
 public:
     /// The references must outlive it. `iconFolder` holds icons for the desktop to read; if empty,
     /// there are none.
-    StatusArea(const core::AppModel& model, const platform::SystemAppearance& appearance,
-               const platform::Clock& clock, const std::filesystem::path& iconFolder);
+    StatusArea(platform::StatusItem& item, const core::AppModel& model,
+               const platform::SystemAppearance& appearance, const platform::Clock& clock,
+               const std::filesystem::path& iconFolder);
 
     /// The colours of the panel it is in.
     [[nodiscard]] const platform::PanelColourPreference& panelColours() const {
@@ -44,12 +45,12 @@ private:
     void choose(int entry);
     [[nodiscard]] QColor ink() const;
 
+    platform::StatusItem& m_item;
     const core::AppModel& m_model;
     const platform::SystemAppearance& m_appearance;
     const platform::Clock& m_clock;
     platform::PanelColourPreference m_panelColours;
     SymbolicIconFiles m_iconFiles;
-    platform::StatusItem m_item;
 };
 
 } // namespace tallyvane::app

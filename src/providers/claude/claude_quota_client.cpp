@@ -10,8 +10,8 @@ namespace tallyvane::providers {
 using Kind = ClaudeQuotaError::Kind;
 
 ClaudeQuotaClient::ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretStore& secrets,
-                                     platform::Clock& clock)
-    : m_source(std::move(source)), m_secrets(secrets), m_clock(clock) {}
+                                     platform::Clock& clock, std::optional<QSslConfiguration> trust)
+    : m_source(std::move(source)), m_secrets(secrets), m_clock(clock), m_trust(std::move(trust)) {}
 
 QCoro::Task<QuotaResult> ClaudeQuotaClient::fetch(AskedBy askedBy) {
     if (m_pause && askedBy == AskedBy::timer) {
@@ -60,7 +60,7 @@ QCoro::Task<ClaudeQuotaClient::Attempt> ClaudeQuotaClient::request(Credentials c
     HttpsExchange exchange({.url = m_source.usageURL,
                             .headers = {{"Authorization", "Bearer " + credentials.accessToken},
                                         {"anthropic-beta", "oauth-2025-04-20"}}},
-                           m_setupFinder.find(m_source.usageURL, m_source.network, m_source.tls),
+                           m_setupFinder.find(m_source.usageURL, m_source.network, m_trust),
                            m_clock, m_source.timeout);
     const QFuture<HttpsExchange::Result> result = exchange.result();
     const HttpsExchange::Result response = co_await result;

@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "providers/claude/claude_credentials.h"
+#include "providers/claude/claude_quota_source.h"
 #include "providers/claude/network_setup.h"
 #include "providers/claude/usage_reply.h"
 
@@ -10,22 +11,14 @@
 
 namespace tallyvane::providers {
 
-/// Where the Claude figures come from.
-struct ClaudeQuotaSource {
-    QUrl usageURL{QStringLiteral("https://api.anthropic.com/api/oauth/usage")};
-    QString keychainService = QStringLiteral("Claude Code-credentials");
-    std::filesystem::path credentialsFile; ///< .claude/.credentials.json in the home directory
-    std::chrono::milliseconds timeout = std::chrono::seconds{15}; ///< for one whole request
-    NetworkVariables network;
-    std::optional<QSslConfiguration> tls; ///< replaces the roots of the system and of `network`
-};
-
 /// Asks for the Claude quotas with the token of the user's own Claude Code, which is used for
 /// nothing else. Main thread only; must outlive its tasks and be outlived by `secrets` and `clock`.
 class ClaudeQuotaClient final : public QuotaClient {
 public:
+    /// `trust` replaces the roots of the system and of the variables.
     ClaudeQuotaClient(ClaudeQuotaSource source, platform::SecretStore& secrets,
-                      platform::Clock& clock);
+                      platform::Clock& clock,
+                      std::optional<QSslConfiguration> trust = std::nullopt);
 
     [[nodiscard]] model::AIProvider provider() const override { return model::AIProvider::claude; }
 
@@ -46,6 +39,7 @@ private:
     ClaudeQuotaSource m_source;
     platform::SecretStore& m_secrets;
     platform::Clock& m_clock;
+    std::optional<QSslConfiguration> m_trust;
     TokenCache m_cache;
     NetworkSetupFinder m_setupFinder;
     std::unique_ptr<platform::Alarm> m_pause; ///< set while the timer's requests are paused

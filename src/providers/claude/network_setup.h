@@ -1,5 +1,6 @@
 #pragma once
 
+#include "providers/claude/claude_quota_source.h"
 #include "providers/claude/proxy_choice.h"
 
 #include <QtCore/QByteArray>
@@ -11,13 +12,6 @@ namespace tallyvane::providers {
 
 /// The port of an https URL: 443 unless it names one.
 [[nodiscard]] quint16 portOf(const QUrl& url);
-
-/// Environment variables about proxies and trusted roots; empty if not set.
-struct NetworkVariables {
-    ProxyVariables proxy;
-    QByteArray certificateFile;        ///< $SSL_CERT_FILE: additional roots
-    QByteArray certificateDirectories; ///< $SSL_CERT_DIR: replaces the system's; separated by ":"
-};
 
 /// The number of trusted roots in what the variables name.
 [[nodiscard]] qsizetype certificateCount(const NetworkVariables& variables);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "providers/claude/claude_quota_source.h"
+
 #include <QtCore/QString>
 #include <QtNetwork/QNetworkProxy>
 
@@ -7,13 +9,6 @@
 #include <optional>
 
 namespace tallyvane::providers {
-
-/// Environment variables about proxies; empty if not set.
-struct ProxyVariables {
-    QString httpsProxy; ///< https_proxy
-    QString allProxy;   ///< all_proxy
-    QString noProxy;    ///< no_proxy
-};
 
 /// The proxy that the variables choose for `host`, as in curl, Python and Go; `NoProxy` for a host
 /// listed in no_proxy; nullopt if the variables name no proxy at all. A proxy has the form

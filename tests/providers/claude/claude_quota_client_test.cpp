@@ -58,15 +58,20 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
     tests::FakeSecretStore m_secrets;
     tests::ManualClock m_clock{now};
 
-    providers::ClaudeQuotaSource sourceOf(const tests::TlsServer& server) const {
-        providers::ClaudeQuotaSource source{.usageURL = server.url(u"/usage"_s),
-                                            .credentialsFile = m_file.toStdString()};
+    struct Source : providers::ClaudeQuotaSource {
+        std::optional<QSslConfiguration> tls;
+    };
+
+    Source sourceOf(const tests::TlsServer& server) const {
+        Source source{
+            {.usageURL = server.url(u"/usage"_s), .credentialsFile = m_file.toStdString()}, {}};
         source.tls.emplace().setCaCertificates({m_identity.certificate});
         return source;
     }
 
     providers::ClaudeQuotaClient clientOf(const tests::TlsServer& server) {
-        return {sourceOf(server), m_secrets, m_clock};
+        const Source source = sourceOf(server);
+        return {source, m_secrets, m_clock, source.tls};
     }
 
     static QByteArray fetch(providers::ClaudeQuotaClient& client, AskedBy askedBy = AskedBy::user) {
@@ -74,8 +79,8 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
         return outcome(QCoro::waitFor(task));
     }
 
-    QByteArray fetchFrom(const providers::ClaudeQuotaSource& source) {
-        providers::ClaudeQuotaClient client(source, m_secrets, m_clock);
+    QByteArray fetchFrom(const Source& source) {
+        providers::ClaudeQuotaClient client(source, m_secrets, m_clock, source.tls);
         return fetch(client);
     }
 
@@ -194,7 +199,7 @@ private Q_SLOTS:
             source.usageURL.setHost(u"quota.invalid"_s);
             source.tls->setCaCertificates({m_namedIdentity.certificate});
             source.network.proxy.httpsProxy = QString::fromLatin1(variable).arg(proxy.port());
-            providers::ClaudeQuotaClient client(source, m_secrets, m_clock);
+            providers::ClaudeQuotaClient client(source, m_secrets, m_clock, source.tls);
             const auto task = client.fetch(AskedBy::user);
             if (replies.isEmpty()) {
                 TALLYVANE_TRY_COMPARE(proxy.messages().size(), messages.size());
@@ -241,7 +246,8 @@ private Q_SLOTS:
             tests::ManualClock clock(now);
             tests::TlsServer server(
                 m_identity, {httpReply(429, {}, header + QByteArray("\r\n")), answer, answer});
-            providers::ClaudeQuotaClient client(sourceOf(server), m_secrets, clock);
+            const Source source = sourceOf(server);
+            providers::ClaudeQuotaClient client(source, m_secrets, clock, source.tls);
             QCOMPARE(fetch(client, AskedBy::timer), limited);
             QCOMPARE(clock.pendingAlarms(), pause > 0s ? 1u : 0u);
             clock.advance(std::max(pause - 1s, 0s));

@@ -25,24 +25,39 @@ StatusHostWatcher::StatusHostWatcher(const QDBusConnection& bus)
                                   QStringLiteral("StatusNotifierHostUnregistered")}) {
         m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(askForHost()));
     }
+    // Not one question after the other: the item is to be there soon.
     ask(callBus(m_bus, busCall(QStringLiteral("GetNameOwner")) << watcherName),
         [this](const BusReply& owner) {
             if (owner) {
-                takeOwner(owner->arguments().value(0).toString());
+                m_owner = owner->arguments().value(0).toString();
             }
         });
+    registerItem(watcherName);
 }
 
 void StatusHostWatcher::takeOwner(const QString& owner) {
     m_owner = owner;
+    ++m_changes;
     setAvailable(false);
     if (!owner.isEmpty()) {
-        ask(callBus(m_bus, busCall(QStringLiteral("GetConnectionUnixProcessID")) << owner),
-            [this, owner](const BusReply& processId) {
-                takeProfile(processId ? processId->arguments().value(0).toUInt() : 0);
-                registerItem(owner);
-            });
+        registerItem(owner);
     }
+}
+
+void StatusHostWatcher::registerItem(const QString& watcher) {
+    ask(callBus(m_bus, busCall(QStringLiteral("GetConnectionUnixProcessID")) << watcher),
+        [this](const BusReply& processId) {
+            takeProfile(processId ? processId->arguments().value(0).toUInt() : 0);
+        });
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        watcher, watcherPath, watcherName, QStringLiteral("RegisterStatusNotifierItem"));
+    call << m_bus.baseService();
+    call.setAutoStartService(false);
+    ask(callBus(m_bus, call), [this](const BusReply& reply) {
+        if (reply) {
+            askForHost();
+        }
+    });
 }
 
 void StatusHostWatcher::takeProfile(uint processId) {
@@ -53,17 +68,6 @@ void StatusHostWatcher::takeProfile(uint processId) {
     if (std::exchange(m_profile, profile) != profile) {
         Q_EMIT profileChanged();
     }
-}
-
-void StatusHostWatcher::registerItem(const QString& owner) {
-    const auto call = QDBusMessage::createMethodCall(owner, watcherPath, watcherName,
-                                                     QStringLiteral("RegisterStatusNotifierItem"))
-                      << m_bus.baseService();
-    ask(callBus(m_bus, call), [this](const BusReply& reply) {
-        if (reply) {
-            askForHost();
-        }
-    });
 }
 
 void StatusHostWatcher::askForHost() {
@@ -88,8 +92,8 @@ void StatusHostWatcher::setAvailable(bool isAvailable) {
 template <typename Reply, typename Take>
 void StatusHostWatcher::ask(QCoro::Task<Reply> call, Take take) {
     QCoro::connect(std::move(call), this,
-                   [this, owner = m_owner, take = std::move(take)](const Reply& reply) {
-                       if (owner == m_owner) {
+                   [this, changes = m_changes, take = std::move(take)](const Reply& reply) {
+                       if (changes == m_changes) {
                            take(reply);
                        }
                    });

@@ -31,16 +31,19 @@ private Q_SLOTS:
 
 private:
     void takeOwner(const QString& owner);
+    /// Registers with `watcher`, a unique name or the well-known one. What it is, is asked first
+    /// and at the same time, and so is known before the new host reads the item.
+    void registerItem(const QString& watcher);
     void takeProfile(uint processId);
-    void registerItem(const QString& owner);
     void setAvailable(bool isAvailable);
-    /// Drops a reply that arrives after the owner changed.
+    /// Drops a reply that arrives after the owner has changed.
     template <typename Reply, typename Take>
     void ask(QCoro::Task<Reply> call, Take take);
 
     QDBusConnection m_bus;
     QDBusServiceWatcher m_names;
     std::optional<QString> m_owner; ///< unique name; empty: there is none; nullopt: unknown yet
+    int m_changes = 0;              ///< of the owner
     HostProfile m_profile;
     bool m_isAvailable = false;
 };

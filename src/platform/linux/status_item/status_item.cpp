@@ -58,14 +58,13 @@ QString escaped(QString text) {
 } // namespace
 
 StatusItem::StatusItem(const QString& id, const QDBusConnection& bus)
-    : m_bus(bus),
-      m_id(id),
-      m_menu(std::make_unique<DBusMenu>(bus)),
-      m_watcher(std::make_unique<StatusHostWatcher>(bus)) {
+    : m_bus(bus), m_id(id), m_menu(std::make_unique<DBusMenu>(bus)) {
     qDBusRegisterMetaType<ItemPixmap>();
     qDBusRegisterMetaType<QList<ItemPixmap>>();
     qDBusRegisterMetaType<ItemToolTip>();
     m_bus.registerVirtualObject(itemPath, this);
+    // Last, because a host may call as soon as the item is registered.
+    m_watcher = std::make_unique<StatusHostWatcher>(bus);
     connect(m_menu.get(), &DBusMenu::triggered, this, &StatusItem::menuItemTriggered);
     connect(m_watcher.get(), &StatusHostWatcher::profileChanged, this,
             &StatusItem::hostProfileChanged);
