@@ -12,3 +12,13 @@ function(tallyvane_check_version name oldest newest version)
             "this is ${version}.")
     endif()
 endfunction()
+
+# Qt's functions with types of the standard library have other names with libc++, and do not link.
+function(tallyvane_check_standard_library)
+    include(CheckCXXSymbolExists)
+    check_cxx_symbol_exists(_LIBCPP_VERSION version TALLYVANE_USES_LIBCXX)
+    if(TALLYVANE_USES_LIBCXX)
+        message(FATAL_ERROR "Tallyvane needs libstdc++, with which Qt and QCoro are built; "
+            "this compiler uses libc++.")
+    endif()
+endfunction()

@@ -35,7 +35,7 @@ bool controlsTerminal(char32_t c) {
 QString jsonEscape(const QString& character) {
     QString text;
     for (const QChar unit : character) {
-        text += QStringLiteral("\\u%1").arg(unit.unicode(), 4, 16, QChar(u'0'));
+        text += QStringLiteral("\\u%1").arg(uint{unit.unicode()}, 4, 16, QChar(u'0'));
     }
     return text;
 }

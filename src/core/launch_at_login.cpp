@@ -18,7 +18,7 @@ bool takeLaunchQuestion(model::DefaultsStore& defaults, const LaunchContext& con
     if (context.isTestHost || context.isFixtureMode || defaults.flag(hasAsked)) {
         return false;
     }
-    defaults.setFlag(hasAsked, true);
+    (void)defaults.setFlag(hasAsked, true);
     return true;
 }
 

@@ -53,9 +53,9 @@ WindowShape loadWindowShape(const model::DefaultsStore& defaults) {
 }
 
 void saveWindowShape(model::DefaultsStore& defaults, const WindowShape& shape) {
-    defaults.setText(windowSizeKey,
-                     QStringLiteral("%1x%2").arg(shape.size.width()).arg(shape.size.height()));
-    defaults.setFlag(windowMaximizedKey, shape.isMaximized);
+    (void)defaults.setText(
+        windowSizeKey, QStringLiteral("%1x%2").arg(shape.size.width()).arg(shape.size.height()));
+    (void)defaults.setFlag(windowMaximizedKey, shape.isMaximized);
 }
 
 bool hidesStatusHostNotice(const model::DefaultsStore& defaults) {
@@ -63,7 +63,7 @@ bool hidesStatusHostNotice(const model::DefaultsStore& defaults) {
 }
 
 void hideStatusHostNotice(model::DefaultsStore& defaults) {
-    defaults.setFlag(hostNoticeKey, true);
+    (void)defaults.setFlag(hostNoticeKey, true);
 }
 
 } // namespace tallyvane::core

@@ -115,12 +115,12 @@ private Q_SLOTS:
         const QTemporaryDir directory;
         auto store = model::DefaultsStore::open(directory.path().toStdString() + "/defaults.conf");
         for (const char* stored : {"", R"({"enabled":true})"}) {
-            store->setData(u"notificationSettings"_s, stored);
+            QVERIFY(store->setData(u"notificationSettings"_s, stored));
             const NotificationSettings loaded = notify::loadNotificationSettings(*store);
             QVERIFY(!loaded.enabled && loaded.windows.size() == 1 &&
                     !loaded.windows[0].id.isNull());
         }
-        notify::saveNotificationSettings(*store, m_settings);
+        QVERIFY(notify::saveNotificationSettings(*store, m_settings));
         QVERIFY(notify::loadNotificationSettings(*store) == m_settings);
     }
 
