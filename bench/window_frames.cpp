@@ -77,6 +77,7 @@ int main(int argc, char** argv) {
                                              .clock = idle.clock,
                                              .loginItem = loginItem,
                                              .notificationCentre = idle.notificationCentre,
+                                             .codexProgram = idle.codexSetting(),
                                              // without the first start's question
                                              .launchContext = {.isFixtureMode = true},
                                              .timeLocale = "C",
