@@ -114,7 +114,7 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "wrapper-2.0");
         Desktop desktop;
         const platform::SystemAppearance appearance;
-        platform::StatusItem item(QString(platform::applicationId));
+        platform::StatusItem item{QString(platform::applicationId)};
         const app::StatusArea area(item, idle.model, appearance, idle.clock, {});
         TALLYVANE_TRY_VERIFY(hasInk(light));
         ::prctl(PR_SET_NAME, "status_area_test");
@@ -144,7 +144,7 @@ private Q_SLOTS:
         ::prctl(PR_SET_NAME, "waybar");
         Desktop desktop;
         const platform::SystemAppearance appearance;
-        platform::StatusItem item(QString(platform::applicationId));
+        platform::StatusItem item{QString(platform::applicationId)};
         const app::StatusArea area(item, idle.model, appearance, idle.clock, {});
         TALLYVANE_TRY_COMPARE(appearance.colourPreference(), ColourPreference::dark);
         for (const auto& [preference, ink] : {std::pair(2U, dark), std::pair(0U, light)}) {
@@ -165,7 +165,7 @@ private Q_SLOTS:
                                  .syncState = model::QuotaSyncState::current};
         tests::IdleModel idle(snapshot, now);
         const platform::SystemAppearance appearance;
-        platform::StatusItem item(QString(platform::applicationId));
+        platform::StatusItem item{QString(platform::applicationId)};
         const app::StatusArea area(item, idle.model, appearance, idle.clock, {});
         const auto call = [](const QByteArray& method) {
             return tests::callOnBus(QDBusConnection::sessionBus().baseService(), "/MenuBar",

@@ -25,8 +25,10 @@ private:
     QColor m_colour;
 };
 
+// The namespace below is for qmllint, which otherwise does not find the base.
+
 /// A bar with round ends. Unlike a Rectangle's, they stay round at fractional scale factors.
-class Capsule : public PaintedShape {
+class Capsule : public tallyvane::ui::PaintedShape {
     Q_OBJECT
     QML_ELEMENT
 
@@ -37,7 +39,7 @@ public:
 };
 
 /// Diagonal lines, which tell a surface from one of another colour.
-class Hatching : public PaintedShape {
+class Hatching : public tallyvane::ui::PaintedShape {
     Q_OBJECT
     QML_ELEMENT
 

@@ -58,20 +58,21 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
     tests::FakeSecretStore m_secrets;
     tests::ManualClock m_clock{now};
 
-    struct Source : providers::ClaudeQuotaSource {
-        std::optional<QSslConfiguration> tls;
+    struct Source {
+        providers::ClaudeQuotaSource quotas;
+        std::optional<QSslConfiguration> trust;
     };
 
     Source sourceOf(const tests::TlsServer& server) const {
-        Source source{
-            {.usageURL = server.url(u"/usage"_s), .credentialsFile = m_file.toStdString()}, {}};
-        source.tls.emplace().setCaCertificates({m_identity.certificate});
+        Source source{.quotas = {.usageURL = server.url(u"/usage"_s),
+                                 .credentialsFile = m_file.toStdString()}};
+        source.trust.emplace().setCaCertificates({m_identity.certificate});
         return source;
     }
 
     providers::ClaudeQuotaClient clientOf(const tests::TlsServer& server) {
         const Source source = sourceOf(server);
-        return {source, m_secrets, m_clock, source.tls};
+        return {source.quotas, m_secrets, m_clock, source.trust};
     }
 
     static QByteArray fetch(providers::ClaudeQuotaClient& client, AskedBy askedBy = AskedBy::user) {
@@ -80,7 +81,7 @@ class ClaudeQuotaClientTest : public tests::HermeticTest {
     }
 
     QByteArray fetchFrom(const Source& source) {
-        providers::ClaudeQuotaClient client(source, m_secrets, m_clock, source.tls);
+        providers::ClaudeQuotaClient client(source.quotas, m_secrets, m_clock, source.trust);
         return fetch(client);
     }
 
@@ -196,10 +197,11 @@ private Q_SLOTS:
             const auto port = static_cast<quint16>(server.url({}).port());
             const tests::ScriptedProxy proxy(replies, port);
             auto source = sourceOf(server);
-            source.usageURL.setHost(u"quota.invalid"_s);
-            source.tls->setCaCertificates({m_namedIdentity.certificate});
-            source.network.proxy.httpsProxy = QString::fromLatin1(variable).arg(proxy.port());
-            providers::ClaudeQuotaClient client(source, m_secrets, m_clock, source.tls);
+            source.quotas.usageURL.setHost(u"quota.invalid"_s);
+            source.trust->setCaCertificates({m_namedIdentity.certificate});
+            source.quotas.network.proxy.httpsProxy =
+                QString::fromLatin1(variable).arg(proxy.port());
+            providers::ClaudeQuotaClient client(source.quotas, m_secrets, m_clock, source.trust);
             const auto task = client.fetch(AskedBy::user);
             if (replies.isEmpty()) {
                 TALLYVANE_TRY_COMPARE(proxy.messages().size(), messages.size());
@@ -247,7 +249,7 @@ private Q_SLOTS:
             tests::TlsServer server(
                 m_identity, {httpReply(429, {}, header + QByteArray("\r\n")), answer, answer});
             const Source source = sourceOf(server);
-            providers::ClaudeQuotaClient client(source, m_secrets, clock, source.tls);
+            providers::ClaudeQuotaClient client(source.quotas, m_secrets, clock, source.trust);
             QCOMPARE(fetch(client, AskedBy::timer), limited);
             QCOMPARE(clock.pendingAlarms(), pause > 0s ? 1u : 0u);
             clock.advance(std::max(pause - 1s, 0s));
@@ -276,9 +278,9 @@ private Q_SLOTS:
                                   bool isTrusted) {
             tests::TlsServer server(m_identity, {answer});
             auto source = sourceOf(server);
-            source.tls.reset();
-            source.network.certificateFile = file;
-            source.network.certificateDirectories = directories;
+            source.trust.reset();
+            source.quotas.network.certificateFile = file;
+            source.quotas.network.certificateDirectories = directories;
             const QByteArray actual = fetchFrom(source);
             QVERIFY2(
                 actual.startsWith(isTrusted ? figures : unreachable + "SSL handshake failed: "),
@@ -295,7 +297,7 @@ private Q_SLOTS:
     void sendsNothingToOthers() {
         tests::TlsServer server(m_namedIdentity, {});
         auto source = sourceOf(server);
-        source.tls->setCaCertificates({m_namedIdentity.certificate});
+        source.trust->setCaCertificates({m_namedIdentity.certificate});
         QVERIFY(fetchFrom(source).startsWith(unreachable + "SSL handshake failed"));
         QVERIFY(server.requests().isEmpty());
     }
