@@ -8,8 +8,8 @@
 namespace tallyvane::app {
 
 /// Asks for the Claude quotas with the part that is loaded at the first request: Qt Network,
-/// libsecret and what those load are a tenth of the idle program's memory and most of the time that
-/// `tallyvane status` would take to start. Main thread only; must outlive its tasks.
+/// libsecret and what those load are a tenth of the idle program's memory and half of the time that
+/// `tallyvane status` would take above an empty program. Main thread only; must outlive its tasks.
 class ClaudeAccess final : public providers::QuotaClient {
 public:
     /// `clock` must outlive it.
