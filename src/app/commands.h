@@ -57,3 +57,8 @@ namespace tallyvane::app {
 [[nodiscard]] ExitCode reportNoAnswer();
 
 } // namespace tallyvane::app
+
+/// Entry point of the library with the commands that `tallyvane` does not hold itself, for one of
+/// which `commandLine` asks. Needs a QCoreApplication.
+extern "C" Q_DECL_EXPORT tallyvane::app::ExitCode
+tallyvaneRunCommand(const tallyvane::app::CommandLine& commandLine);

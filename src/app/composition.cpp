@@ -1,7 +1,6 @@
 #include "app/composition.h"
 
 #include "core/fixtures.h"
-#include "core/preferences.h"
 #include "platform/linux/session_bus.h"
 
 #include <QtCore/QFile>
@@ -44,13 +43,11 @@ platform::AutostartPlaces autostartPlaces(const Environment& environment,
     return places;
 }
 
-model::DefaultsStore openDefaults(const Environment& environment) {
-    return model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
-                                           environment.locations.standardDefaults());
-}
-
-std::optional<model::AIProvider> onlyProvider(const Environment& environment) {
-    return core::loadOnlyProvider(openDefaults(environment));
+void leaveSilentSessionBus() {
+    constexpr auto variable = "DBUS_SESSION_BUS_ADDRESS";
+    if (platform::isSilentBus(qgetenv(variable))) {
+        qputenv(variable, "unix:path=/nonexistent");
+    }
 }
 
 std::filesystem::path claudeCredentialsFile(const Environment& environment) {

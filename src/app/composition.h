@@ -20,11 +20,9 @@ namespace tallyvane::app {
 /// Where Claude Code keeps its sign-in when there is no keyring.
 [[nodiscard]] std::filesystem::path claudeCredentialsFile(const Environment& environment);
 
-/// The preferences and token baselines.
-[[nodiscard]] model::DefaultsStore openDefaults(const Environment& environment);
-
-/// The provider that alone is shown according to the preferences.
-[[nodiscard]] std::optional<model::AIProvider> onlyProvider(const Environment& environment);
+/// Makes this program run without a session bus that accepts connections but does not answer. Call
+/// it before anything uses the bus.
+void leaveSilentSessionBus();
 
 /// Where figures come from. Creates no file or folder. Must outlive the event loop: suspended
 /// coroutines resume on it.

@@ -1,6 +1,6 @@
 #include "app/environment.h"
 
-#include "platform/linux/session_bus.h"
+#include "core/preferences.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QProcessEnvironment>
@@ -143,11 +143,13 @@ Environment readEnvironment() {
             .hasDumbTerminal = hasDumbTerminal()};
 }
 
-void leaveSilentSessionBus() {
-    constexpr auto variable = "DBUS_SESSION_BUS_ADDRESS";
-    if (platform::isSilentBus(qgetenv(variable))) {
-        qputenv(variable, "unix:path=/nonexistent");
-    }
+model::DefaultsStore openDefaults(const Environment& environment) {
+    return model::DefaultsStore::openFirst(environment.locations.defaultsSuite(),
+                                           environment.locations.standardDefaults());
+}
+
+std::optional<model::AIProvider> onlyProvider(const Environment& environment) {
+    return core::loadOnlyProvider(openDefaults(environment));
 }
 
 } // namespace tallyvane::app

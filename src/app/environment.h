@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/launch_context.h"
+#include "model/defaults_store.h"
 #include "model/local_zone.h"
 #include "model/shared_store.h"
 #include "providers/claude/claude_quota_source.h"
@@ -39,8 +40,10 @@ struct Environment {
 
 [[nodiscard]] Environment readEnvironment();
 
-/// Makes this program run without a session bus that accepts connections but does not answer. Call
-/// it before anything uses the bus.
-void leaveSilentSessionBus();
+/// The preferences and token baselines.
+[[nodiscard]] model::DefaultsStore openDefaults(const Environment& environment);
+
+/// The provider that alone is shown according to the preferences.
+[[nodiscard]] std::optional<model::AIProvider> onlyProvider(const Environment& environment);
 
 } // namespace tallyvane::app

@@ -1,5 +1,4 @@
 #include "app/commands.h"
-#include "app/composition.h"
 #include "core/fixtures.h"
 #include "core/preferences.h"
 #include "history/calendar_days.h"

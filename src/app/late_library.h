@@ -10,7 +10,9 @@
 namespace tallyvane::app {
 
 /// A part of the program that is loaded when it is first needed. The file is opened at once: an
-/// update may replace it while the program runs, and a part of another version would not fit.
+/// update may replace it while the program runs, and a part of another version would not fit. It
+/// stays open: the loader knows it by the number of its descriptor, and would take the next file of
+/// that number for the same one. So an object must outlive all later ones.
 class LateLibrary {
 public:
     /// `file` is its name, beside this program or in libexec.

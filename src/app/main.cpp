@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/late_library.h"
 #include "app/resource_check.h"
 #include "app/usage.h"
 
@@ -10,31 +11,37 @@ namespace tallyvane::app {
 
 namespace {
 
-ExitCode run(const CommandLine& commandLine) {
+/// A command of the library that the programs share.
+ExitCode runLoaded(const CommandLine& commandLine, int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const LateLibrary library("libtallyvane-program.so");
+    const auto function = library.function("tallyvaneRunCommand");
+    if (!function) {
+        printError(
+            QStringLiteral("A part of the program could not be loaded: %1").arg(function.error()));
+        return ExitCode::failure;
+    }
+    return reinterpret_cast<decltype(&tallyvaneRunCommand)>(*function)(commandLine);
+}
+
+/// The commands that panels and scripts run every minute need neither the library nor the session
+/// bus.
+ExitCode run(const CommandLine& commandLine, int argc, char** argv) {
     switch (commandLine.command) {
-    case Command::refresh:
-        return runRefresh(readEnvironment(), commandLine.outputFormat);
     case Command::status:
         return runStatus(readEnvironment(), commandLine.outputFormat, commandLine.status);
     case Command::pace:
         return runPace(readEnvironment(), commandLine.outputFormat);
     case Command::history:
         return runHistory(readEnvironment(), commandLine.outputFormat, commandLine.history);
-    case Command::tokens:
-        return runTokens(readEnvironment(), commandLine.outputFormat);
-    case Command::doctor:
-        return runDoctor(readEnvironment(), commandLine.outputFormat, commandLine.isOnline);
-    case Command::config:
-        return runConfig(readEnvironment(), commandLine.words);
     case Command::help:
         return print(helpText()) ? ExitCode::success : ExitCode::failure;
     case Command::version:
         return print(QStringLiteral("tallyvane " TALLYVANE_VERSION "\n")) ? ExitCode::success
                                                                           : ExitCode::failure;
-    case Command::desktop:
-        break;
+    default:
+        return runLoaded(commandLine, argc, argv);
     }
-    return runStart(readEnvironment(), commandLine.startMode);
 }
 
 } // namespace
@@ -46,10 +53,13 @@ int main(int argc, char** argv) {
     if (!checkResources(commandResources)) {
         return std::to_underlying(ExitCode::failure);
     }
-    const QCoreApplication application(argc, argv);
-    const auto commandLine = parseCommandLine(QCoreApplication::arguments());
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    const auto commandLine = parseCommandLine(arguments);
     if (!commandLine) {
         return std::to_underlying(reportMisuse(commandLine.error()));
     }
-    endProgram(std::to_underlying(run(*commandLine)));
+    endProgram(std::to_underlying(run(*commandLine, argc, argv)));
 }

@@ -1,4 +1,5 @@
 #include "app/commands.h"
+#include "app/composition.h"
 #include "app/desktop_part.h"
 #include "app/resource_check.h"
 #include "platform/linux/dbus_application.h"

@@ -1,5 +1,4 @@
 #include "app/commands.h"
-#include "app/composition.h"
 #include "app/pace_report.h"
 #include "app/status_format.h"
 #include "app/status_report.h"

@@ -32,12 +32,13 @@ QString resetValue(const model::QuotaWindowSnapshot& window, ProviderQuotaSnapsh
 /// Of a quota window.
 enum class Detail { left, reset, pace, runsOut };
 
-/// By the third word of a field.
-std::optional<Detail> detailOf(const QString& word) {
-    constexpr std::pair<QStringView, Detail> known[] = {
-        {u"reset", Detail::reset}, {u"pace", Detail::pace}, {u"runsOut", Detail::runsOut}};
-    const auto* found =
-        std::ranges::find(known, QStringView(word), &std::pair<QStringView, Detail>::first);
+/// By what follows the second word of a field.
+std::optional<Detail> detailOf(QStringView rest) {
+    constexpr std::pair<QStringView, Detail> known[] = {{u"", Detail::left},
+                                                        {u".reset", Detail::reset},
+                                                        {u".pace", Detail::pace},
+                                                        {u".runsOut", Detail::runsOut}};
+    const auto* found = std::ranges::find(known, rest, &std::pair<QStringView, Detail>::first);
     return found == std::end(known) ? std::nullopt : std::optional(found->second);
 }
 
@@ -88,9 +89,7 @@ std::optional<FieldValue> fieldValue(const QString& field, const model::QuotaSna
     const QStringList words = field.split(u'.');
     const auto provider = model::fromRawValue<model::AIProvider>(words[0]);
     const auto period = model::fromRawValue<model::QuotaPeriod>(words.value(1));
-    const auto detail = words.size() == 2   ? std::optional(Detail::left)
-                        : words.size() == 3 ? detailOf(words[2])
-                                            : std::nullopt;
+    const auto detail = detailOf(field.sliced(words.mid(0, 2).join(u'.').size()));
     const bool ofPlan = words.size() == 2 && words[1] == u"plan";
     const bool ofState = words.size() == 2 && words[1] == u"state";
     if (!provider || !(period ? detail.has_value() : ofPlan || ofState)) {
@@ -101,7 +100,7 @@ std::optional<FieldValue> fieldValue(const QString& field, const model::QuotaSna
     if (entry == snapshot.providers.end()) {
         return FieldValue();
     }
-    if (period) {
+    if (period && detail) {
         return windowValue(*entry, *period, *detail, now, weekdayTime);
     }
     return ofPlan ? planValue(*entry) : FieldValue(model::rawValue(entry->syncState));

@@ -21,6 +21,9 @@ namespace {
 
 using Run = tests::CommandRun;
 
+const QString sharedLibrary =
+    QFileInfo(QStringLiteral(TALLYVANE_PROGRAM)).dir().filePath(u"libtallyvane-program.so"_s);
+
 /// Where the program looks for the Codex CLI.
 void installCodex(const char* script) {
     install(".local/bin/codex", script);
@@ -250,6 +253,12 @@ private Q_SLOTS:
         const QString program = inHome("bin/tallyvane");
         QVERIFY(QDir::home().mkdir(u"bin"_s));
         QVERIFY(QFile::copy(QStringLiteral(TALLYVANE_PROGRAM), program));
+        QVERIFY(QDir::home().mkpath(u"libexec/tallyvane"_s));
+        QCOMPARE(run("status", program).exitCode, 4);
+        const Run broken = run("refresh", program);
+        QVERIFY2(broken.exitCode == 1 && broken.error.contains(u"/libtallyvane-program.so: "),
+                 qPrintable(broken.error));
+        QVERIFY(QFile::link(sharedLibrary, inHome("libexec/tallyvane/libtallyvane-program.so")));
         const Run absent = run("", program);
         QVERIFY2(absent.exitCode == 1 && absent.error.contains(u"not installed"),
                  qPrintable(absent.error));
@@ -473,9 +482,11 @@ private Q_SLOTS:
         }
     }
 
-    void loadsNoGui() {
-        const QByteArray libraries = tests::output("ldd " TALLYVANE_PROGRAM);
-        QVERIFY(libraries.contains("libQt6Core") && !libraries.contains("libQt6Gui"));
+    void loadsLittle() {
+        const QByteArray atOnce = tests::output("ldd " TALLYVANE_PROGRAM);
+        QVERIFY(atOnce.contains("libQt6Core") && !atOnce.contains("libQt6DBus"));
+        const QByteArray later = tests::output("ldd " + sharedLibrary.toUtf8());
+        QVERIFY(later.contains("libQt6DBus") && !later.contains("libQt6Gui"));
     }
 };
 

@@ -265,8 +265,9 @@ private Q_SLOTS:
 
     void goesOnWhenItIsReplaced() {
         QVERIFY(QDir::home().mkdir(u"installed"_s));
-        for (const auto& file : {u"tallyvane"_s, u"tallyvane-desktop"_s, u"tallyvane-claude.so"_s,
-                                 u"tallyvane-windows.so"_s}) {
+        for (const auto& file :
+             {u"tallyvane"_s, u"libtallyvane-program.so"_s, u"tallyvane-desktop"_s,
+              u"tallyvane-claude.so"_s, u"tallyvane-windows.so"_s}) {
             QVERIFY(QFile::copy(QFileInfo(QStringLiteral(TALLYVANE_PROGRAM)).dir().filePath(file),
                                 inHome("installed/") + file));
         }
