@@ -23,6 +23,27 @@ FocusScope {
     /// Whether something covers the pages.
     readonly property bool isCovered: showsHelp || viewModel.launchPrompt.isShown
 
+    /// The place of a page, which is loaded when it is first shown, by name, and then stays.
+    component Page: Loader {
+        id: place
+
+        required property string file
+        required property var properties
+
+        function load(): void {
+            if (visible && status === Loader.Null) {
+                setSource(file, properties);
+            }
+        }
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Theme.pageMargin
+        width: Math.min(parent.width - 2 * Theme.pageMargin, Theme.scaled(880))
+        height: parent.height - 2 * Theme.pageMargin
+        onVisibleChanged: load()
+        Component.onCompleted: load()
+    }
+
     function open(page: int): void {
         root.page = page;
         scroller.contentY = 0;
@@ -32,27 +53,6 @@ FocusScope {
     function turn(by: int): void {
         const count = ContentView.Settings + 1;
         open((page + by + count) % count);
-    }
-    // By name, so that pages never shown are never loaded.
-    function load(): void {
-        switch (page) {
-        case ContentView.Dashboard:
-            pageLoader.setSource("DashboardContent.qml", {
-                viewModel: viewModel.dashboard
-            });
-            break;
-        case ContentView.UsageHistory:
-            pageLoader.setSource("qrc:/Tallyvane/History/UsageHistoryView.qml", {
-                viewModel: viewModel.history,
-                heatmap: viewModel.heatmap
-            });
-            break;
-        case ContentView.Settings:
-            pageLoader.setSource("qrc:/Tallyvane/Settings/SettingsContent.qml", {
-                viewModel: viewModel.settings
-            });
-            break;
-        }
     }
     function loadPrompt(): void {
         if (viewModel.launchPrompt.isShown) {
@@ -93,12 +93,8 @@ FocusScope {
         scrollTo(scroller.contentY + part * scroller.height);
     }
 
-    onPageChanged: load()
     onShowsHelpChanged: loadHelp()
-    Component.onCompleted: {
-        load();
-        loadPrompt();
-    }
+    Component.onCompleted: loadPrompt()
 
     implicitWidth: Math.max(560, tabs.implicitWidth + 2 * (helpButton.width + Theme.largeSpacing + Theme.spacing))
     implicitHeight: Math.max(480, Theme.scaled(300))
@@ -266,15 +262,23 @@ FocusScope {
                 id: pages
 
                 width: scroller.width
-                height: Math.max(scroller.height, pageLoader.implicitHeight + 2 * Theme.pageMargin)
+                // The places are in the order of AppPage.
+                height: Math.max(scroller.height, children[root.page].implicitHeight + 2 * Theme.pageMargin)
 
-                Loader {
-                    id: pageLoader
-
-                    anchors.horizontalCenter: parent.horizontalCenter
-                    y: Theme.pageMargin
-                    width: Math.min(parent.width - 2 * Theme.pageMargin, Theme.scaled(880))
-                    height: parent.height - 2 * Theme.pageMargin
+                Page {
+                    visible: root.page === ContentView.Dashboard
+                    file: "DashboardContent.qml"
+                    properties: ({ viewModel: root.viewModel.dashboard })
+                }
+                Page {
+                    visible: root.page === ContentView.UsageHistory
+                    file: "qrc:/Tallyvane/History/UsageHistoryView.qml"
+                    properties: ({ viewModel: root.viewModel.history, heatmap: root.viewModel.heatmap })
+                }
+                Page {
+                    visible: root.page === ContentView.Settings
+                    file: "qrc:/Tallyvane/Settings/SettingsContent.qml"
+                    properties: ({ viewModel: root.viewModel.settings })
                 }
             }
         }

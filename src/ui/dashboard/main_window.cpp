@@ -24,8 +24,7 @@ public:
         setTitle(QStringLiteral("Tallyvane"));
         setResizeMode(SizeRootObjectToView);
         setInitialProperties({{QStringLiteral("viewModel"), QVariant::fromValue(&m_model)}});
-        setSource(QUrl(QStringLiteral("qrc:/Tallyvane/Dashboard/ContentView.qml")));
-        checkLoaded(*this);
+        load(*this, QUrl(QStringLiteral("qrc:/Tallyvane/Dashboard/ContentView.qml")));
         // The content's implicit size grows with the desktop's text.
         connect(rootObject(), &QQuickItem::implicitWidthChanged, this, &Window::fitContent);
         connect(rootObject(), &QQuickItem::implicitHeightChanged, this, &Window::fitContent);

@@ -100,8 +100,7 @@ public:
         setTitle(QGuiApplication::applicationDisplayName());
         setInitialProperties(
             {{QStringLiteral("viewModel"), QVariant::fromValue(&panel.m_viewModel)}});
-        setSource(QUrl(QStringLiteral("qrc:/Tallyvane/MenuBar/MenuBarQuotaView.qml")));
-        checkLoaded(*this);
+        load(*this, QUrl(QStringLiteral("qrc:/Tallyvane/MenuBar/MenuBarQuotaView.qml")));
         connect(rootObject(), &QQuickItem::widthChanged, this, &Window::fixSize);
         connect(rootObject(), &QQuickItem::heightChanged, this, &Window::fixSize);
         fixSize();

@@ -19,9 +19,15 @@ ColumnLayout {
 
     spacing: Theme.pageMargin
     Component.onCompleted: viewModel.show()
+    onVisibleChanged: {
+        if (visible) {
+            viewModel.show();
+        }
+    }
 
     Connections {
         target: root.Window.window
+        enabled: root.visible
 
         function onActiveChanged(): void {
             root.viewModel.readAuthorization();

@@ -2,6 +2,9 @@
 
 #include "ui/style/appearance.h"
 
+#include <QtGui/QFontInfo>
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlComponent>
 #include <QtQml/QQmlError>
 #include <QtQuick/QQuickView>
 
@@ -14,7 +17,11 @@ std::unique_ptr<QQmlEngine> makeEngine(Appearance& appearance) {
     return engine;
 }
 
-void checkLoaded(const QQuickView& view) {
+void load(QQuickView& view, const QUrl& file) {
+    // Qt loads the types on a thread of its own, and meanwhile the fonts on this one.
+    const QQmlComponent types(view.engine(), file, QQmlComponent::Asynchronous);
+    (void)QFontInfo(QGuiApplication::font()).pixelSize();
+    view.setSource(file);
     if (view.rootObject() == nullptr) {
         for (const QQmlError& error : view.errors()) {
             qCritical("%s", qPrintable(error.toString()));

@@ -16,8 +16,9 @@ inline constexpr char appearanceProperty[] = "tallyvaneAppearance";
 /// Returns an engine that finds this program's QML modules. `appearance` must outlive it.
 [[nodiscard]] std::unique_ptr<QQmlEngine> makeEngine(Appearance& appearance);
 
-/// Ends the program, naming the errors, if the view's QML failed to load. That means a broken
-/// installation: QML modules are packages of their own, and nothing else notices a missing one.
-void checkLoaded(const QQuickView& view);
+/// Fills the view, whose initial properties are set, with the QML of that file. Ends the program,
+/// naming the errors, if that fails. It means a broken installation: QML modules are packages of
+/// their own, and nothing else notices a missing one.
+void load(QQuickView& view, const QUrl& file);
 
 } // namespace tallyvane::ui
