@@ -1,6 +1,7 @@
 #include "history/heatmap.h"
 #include "support/gui_test_main.h"
 #include "support/idle_model.h"
+#include "ui/history/heat_cells.h"
 #include "ui/style/appearance.h"
 #include "ui/style/colour.h"
 #include "ui/style/engine.h"
@@ -104,13 +105,25 @@ private Q_SLOTS:
                     QVERIFY(ui::contrast(derived("badgeInk", accent),
                                          derived("badgeGround", accent)) >= least);
                 }
+                ui::HeatCells cells;
+                for (const auto& [name, value] : std::initializer_list<std::pair<const char*, QVariant>>{
+                         {"cell", 12}, {"pitch", 12}, {"ground", card}, {"hasWideEdges", isHigh},
+                         {"contrast", theme->property("symbolContrast")}}) {
+                    cells.setProperty(name, value);
+                }
                 using enum history::HeatmapFilter;
                 for (const auto filter : {total, codex, claude}) {
                     for (int level = 1; level <= history::highestLevel; ++level) {
                         const auto fill =
                             history::levelColour(level, filter, model::ColourScheme::dark);
                         const QColor cell = ui::toColour(fill.colour, fill.opacity);
-                        QVERIFY(ui::contrast(derived("cellEdge", cell), card) >= least);
+                        cells.setProperty("cells", QVariant::fromValue(QList<ui::HeatmapCell>{
+                                                       {.colour = cell, .level = level}}));
+                        QImage image(12, 12, QImage::Format_RGB32);
+                        image.fill(card);
+                        QPainter painter(&image);
+                        cells.paint(&painter);
+                        QVERIFY(ui::contrast(image.pixelColor(6, 0), card) >= least);
                     }
                 }
             }

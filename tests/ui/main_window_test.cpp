@@ -200,13 +200,11 @@ private Q_SLOTS:
         open.press(Qt::Key_Left);
         QVERIFY(open.text("told").startsWith("Sa., 14. Nov."_L1));
         const auto* heatmap = open.viewModel()->heatmap();
-        const auto colours = heatmap->property("legend");
-        const auto* cells = heatmap->property("cells").value<QAbstractItemModel*>();
-        const int colour = cells->roleNames().key("colour");
-        const QVariant before = cells->index(0, 0).data(colour);
+        const auto legend = heatmap->legend();
+        const auto cells = heatmap->cells();
         open.idle.model.setAppearance(model::AppAppearance::dark);
-        QVERIFY(heatmap->property("legend") != colours);
-        QVERIFY(before.isValid() && cells->index(0, 0).data(colour) != before);
+        QVERIFY(!cells.isEmpty() && heatmap->cells()[0] != cells[0]);
+        QVERIFY(heatmap->legend() != legend);
         open.idle.model.clearHistory();
         QVERIFY(open.text("told").endsWith(": No record"_L1));
         for (const auto& [day, reason] : {std::pair{90, false}, {91, true}}) {

@@ -18,6 +18,13 @@ ColumnLayout {
     readonly property double pitch: Math.max(8, Math.floor(room / weeks))
     readonly property double cell: pitch - (pitch > 14 ? gap : 2)
 
+    component Cells: HeatCells {
+        ground: Theme.card
+        contrast: Theme.symbolContrast
+        hasWideEdges: Theme.isHighContrast
+        isRightToLeft: Theme.isRightToLeft
+    }
+
     spacing: Theme.largeSpacing
     Component.onCompleted: viewModel.weeks = weeks
 
@@ -121,26 +128,15 @@ ColumnLayout {
                 }
             }
         }
-        Grid {
+        Cells {
             id: days
 
             anchors.left: months.left
             anchors.top: months.bottom
+            cells: root.viewModel.cells
             rows: 7
-            flow: Grid.TopToBottom
-            spacing: root.pitch - root.cell
-
-            Repeater {
-                id: cells
-
-                model: root.viewModel.cells
-
-                HeatCell {
-                    required isFilled
-
-                    width: root.cell
-                }
-            }
+            cell: root.cell
+            pitch: root.pitch
         }
         HoverHandler {
             readonly property point place: point.position
@@ -159,14 +155,15 @@ ColumnLayout {
             }
         }
         Rectangle {
-            readonly property Item target: root.viewModel.current >= 0 ? cells.itemAt(root.viewModel.current) : null
+            readonly property int column: Math.floor(root.viewModel.current / 7)
+            readonly property int row: root.viewModel.current % 7
 
-            x: target ? days.x + target.x - 2 : 0
-            y: target ? days.y + target.y - 2 : 0
+            x: days.x + (Theme.isRightToLeft ? root.weeks - 1 - column : column) * root.pitch - 2
+            y: days.y + row * root.pitch - 2
             width: root.cell + 4
             height: root.cell + 4
             radius: root.cell / 4.5 + 2
-            visible: target !== null
+            visible: root.viewModel.current >= 0
             color: "transparent"
             border.width: 2
             border.color: Theme.text
@@ -191,18 +188,11 @@ ColumnLayout {
                 rightPadding: Theme.isRightToLeft ? 0 : Theme.smallSpacing
                 text: qsTr("Less")
             }
-            Repeater {
-                model: root.viewModel.legend
-
-                HeatCell {
-                    required property int index
-                    required property color modelData
-
-                    y: (legend.height - height) / 2
-                    width: Theme.scaled(12)
-                    colour: modelData
-                    level: index
-                }
+            Cells {
+                y: (legend.height - height) / 2
+                cells: root.viewModel.legend
+                cell: Theme.scaled(12)
+                pitch: Theme.scaled(12) + root.gap
             }
             Caption {
                 leftPadding: Theme.isRightToLeft ? 0 : Theme.smallSpacing

@@ -56,19 +56,17 @@ void HeatmapModel::update() {
     m_columns = history::heatmapColumns(m_weeks, m_calendar, now);
     m_firstKept = history::localDay(now, m_calendar.zone).addDays(-history::retentionDays);
     m_totals = history::dayTotals(m_model.history(), m_filter, m_calendar);
-    std::vector<HeatmapCell> cells;
-    cells.reserve(m_columns.size() * daysPerWeek);
+    m_cells.clear();
     for (const history::WeekColumn& column : m_columns) {
         for (const DayCell& cell : column) {
             const auto fill =
                 history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
-            cells.push_back({.colour = cell.isFuture ? QColor(Qt::transparent)
+            m_cells.append({.colour = cell.isFuture ? QColor(Qt::transparent)
                                                      : toColour(fill.colour, fill.opacity),
                              .level = history::cellLevel(cell.day, m_totals),
                              .isFilled = isCovered(cell.day)});
         }
     }
-    m_cells.setRecords(std::move(cells));
     Q_EMIT changed();
     Q_EMIT currentChanged();
 }
@@ -97,13 +95,13 @@ QStringList HeatmapModel::months() const {
     return names;
 }
 
-QList<QColor> HeatmapModel::legend() const {
-    QList<QColor> colours;
+QList<HeatmapCell> HeatmapModel::legend() const {
+    QList<HeatmapCell> cells;
     for (int level = 0; level <= history::highestLevel; ++level) {
         const auto fill = history::levelColour(level, m_filter, scheme());
-        colours << toColour(fill.colour, fill.opacity);
+        cells.append({.colour = toColour(fill.colour, fill.opacity), .level = level});
     }
-    return colours;
+    return cells;
 }
 
 const DayCell* HeatmapModel::cell(int index) const {

@@ -4,16 +4,12 @@
 #include "history/heatmap.h"
 #include "model/locale_labels.h"
 #include "ui/style/appearance.h"
-#include "ui/style/record_list.h"
 
 namespace tallyvane::ui {
 
 /// One day of the heatmap.
 class HeatmapCell {
     Q_GADGET
-    Q_PROPERTY(QColor colour MEMBER colour)
-    Q_PROPERTY(int level MEMBER level)
-    Q_PROPERTY(bool isFilled MEMBER isFilled)
 
 public:
     QColor colour;        ///< transparent if the day is in the future
@@ -32,10 +28,10 @@ class HeatmapModel : public QObject {
     Q_PROPERTY(int filter READ filter WRITE setFilter NOTIFY changed)
     Q_PROPERTY(bool hasFilter READ hasFilter NOTIFY changed)
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
-    Q_PROPERTY(QAbstractItemModel* cells READ cells CONSTANT)
+    Q_PROPERTY(QList<tallyvane::ui::HeatmapCell> cells READ cells NOTIFY changed)
     Q_PROPERTY(QStringList weekdays READ weekdays CONSTANT)
     Q_PROPERTY(QStringList months READ months NOTIFY changed)
-    Q_PROPERTY(QList<QColor> legend READ legend NOTIFY changed)
+    Q_PROPERTY(QList<tallyvane::ui::HeatmapCell> legend READ legend NOTIFY changed)
     Q_PROPERTY(int current READ current NOTIFY currentChanged)
     Q_PROPERTY(QString currentText READ currentText NOTIFY currentChanged)
 
@@ -53,10 +49,10 @@ public:
     /// The number of columns, 0 until the view sets it.
     [[nodiscard]] int weeks() const { return m_weeks; }
     void setWeeks(int weeks);
-    [[nodiscard]] QAbstractItemModel* cells() { return &m_cells; }
+    [[nodiscard]] const QList<HeatmapCell>& cells() const { return m_cells; }
     [[nodiscard]] QStringList weekdays() const;             ///< from top to bottom
     [[nodiscard]] QStringList months() const;               ///< one per column, mostly empty
-    [[nodiscard]] QList<QColor> legend() const;             ///< from "Less" to "More"
+    [[nodiscard]] QList<HeatmapCell> legend() const;        ///< from "Less" to "More"
     [[nodiscard]] int current() const { return m_current; } ///< a cell's index; -1 for none
     [[nodiscard]] QString currentText() const;              ///< that cell's day and tokens, if any
 
@@ -89,7 +85,7 @@ private:
     std::vector<history::WeekColumn> m_columns;
     QDate m_firstKept; ///< the oldest day that the history keeps
     history::DayTotals m_totals;
-    RecordList<HeatmapCell> m_cells;
+    QList<HeatmapCell> m_cells;
 };
 
 } // namespace tallyvane::ui

@@ -22,6 +22,8 @@ QtObject {
     /// Whether borders and text have a contrast of 7 or more. Colours that stand for something then
     /// get an outline, a pattern or a weight beside them.
     readonly property bool isHighContrast: Appearance.isHighContrast
+    /// The least contrast of a symbol or an edge and its ground.
+    readonly property double symbolContrast: isHighContrast ? 7 : 3
 
     // Surfaces, from back to front.
     readonly property color window: pick("#f6f6f8", "#202124", "#ffffff", "#000000")
@@ -96,7 +98,7 @@ QtObject {
 
     /// `colour`, if need be changed until a symbol or an edge in it can be seen on `ground`.
     function distinct(colour: color, ground: color): color {
-        return Appearance.readable(colour, ground, isHighContrast ? 7 : 3);
+        return Appearance.readable(colour, ground, symbolContrast);
     }
 
     /// The ink and the ground of a badge in `colour` on a card.
@@ -105,11 +107,6 @@ QtObject {
     }
     function badgeInk(colour: color): color {
         return distinct(colour, badgeGround(colour));
-    }
-
-    /// The edge of a cell on a card, whose fill has that colour in any opacity.
-    function cellEdge(fill: color): color {
-        return distinct(Qt.rgba(fill.r, fill.g, fill.b, 1), card);
     }
 
     /// A length in pixels that scales with the desktop's text.
