@@ -85,8 +85,8 @@ tallyvane::app::Windows* tallyvaneMakeWindows(const tallyvane::app::WindowsConte
     // The software renderer uses a third of the memory of software OpenGL and is as fast for
     // windows that change this little.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    const QString icon(platform::applicationId);
-    QGuiApplication::setWindowIcon(
-        QIcon::fromTheme(icon, QIcon(QStringLiteral(":/%1.svg").arg(icon))));
+    // Not from the icon theme, which would be searched before the first frame; taskbars that follow
+    // it find the icon by the desktop entry.
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/%1.svg").arg(platform::applicationId)));
     return std::make_unique<app::QuickWindows>(context).release();
 }
