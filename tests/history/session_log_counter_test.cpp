@@ -114,6 +114,7 @@ private Q_SLOTS:
             {claudeLine("-9223372036854775808.5"), std::numeric_limits<qint64>::min()},
             {claudeLine("-3.7") + '\n' + claudeLine("5"), 2},
             {claudeLine("3").replace("assistant", "a\\u0073sist\\u0061nt"), 3},
+            {claudeLine("3") + "\n\xFF\n" + claudeLine("4"), {}},
             {total("3"), 0}};
         for (const QByteArray beyond :
              {"9223372036854775808", "-9223372036854775809", "18446744073709551615",
@@ -135,6 +136,10 @@ private Q_SLOTS:
                                  tests::tokensInBlocks(counter, provider, log, blockSize) == plain,
                              start);
                 }
+                const QByteArray whole = log + '\n'; // whose last line is counted with the others
+                QVERIFY2(tests::tokensInBlocks(counter, provider, whole, 1'000'000) ==
+                             tests::plainLogTokens(provider, whole),
+                         start);
             }
         };
         check(AIProvider::codex, codexRows);
@@ -150,7 +155,8 @@ private Q_SLOTS:
         };
         const QByteArrayView pieces[] = {
             "\"token_count\"", "\"assistant\"", "\"token_coun", "\"token_cOunt\"", "\"assiztant\"",
-            "\\u0074",         "\\u0034",       "\\u001b",      "\\u00",           "\"\\u\xC3\xA9"};
+            "\\u0074",         "\\u005f",       "\\u0034",      "\\u001b",         "\\u00",
+            "\"\\u\xC3\xA9"};
         QRandomGenerator random(1);
         for (int round = 0; round < 300; ++round) {
             QByteArray text;

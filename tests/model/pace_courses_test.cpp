@@ -154,7 +154,8 @@ private Q_SLOTS:
                             {"reset", {{60min, 50}, {120min, 2}}, {}},
                             {"corrected", {{60min, 50}, {120min, 46}}, -20},
                             {"next window", {{60min, 1}, {120min, 2}}, {}, 300min},
-                            {"clock set back", {{60min, 1}, {59min, 2}, {112min, 3}}, {}}};
+                            {"reset moved", {{60min, 10}, {120min, 20}}, 50, 1min},
+                            {"clock set back", {{60min, 1}, {59min, 2}, {119min, 3}}, 5}};
         for (const Row& row : rows) {
             RecentUse recent;
             for (std::size_t i = 0; i < row.seen.size(); ++i) {
