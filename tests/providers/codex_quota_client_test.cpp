@@ -177,7 +177,7 @@ private Q_SLOTS:
             fetch.clock.advance(1ms);
             TALLYVANE_TRY_COMPARE(fetch.outcome, expected);
         };
-        for (const char* name : {"hangs", "launcher-ends", "garbage"}) {
+        for (const char* name : {"hangs", "launcher-ends", "garbage", "starts-a-job"}) {
             check(name, u"Command timed out."_s);
         }
         check("dies", u"Command failed (-1): boom"_s);
