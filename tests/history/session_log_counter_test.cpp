@@ -153,10 +153,10 @@ private Q_SLOTS:
             return rest.startsWith(word) || (rest.startsWith("\\u00") && rest.size() > 4 &&
                                              rest[4] >= '4' && rest[4] <= '7');
         };
-        const QByteArrayView pieces[] = {
-            "\"token_count\"", "\"assistant\"", "\"token_coun", "\"token_cOunt\"", "\"assiztant\"",
-            "\\u0074",         "\\u005f",       "\\u0034",      "\\u001b",         "\\u00",
-            "\"\\u\xC3\xA9"};
+        const QByteArrayView pieces[] = {"\"token_count\"", "\"assistant\"", "\"token_coun",
+                                         "\"token_cOunt\"", "\"assiztant\"", "\\u0074",
+                                         "\\u005f",         "\\u0034",       "\\u001b",
+                                         "\\u00",           "\"\\u\xC3\xA9"};
         QRandomGenerator random(1);
         for (int round = 0; round < 300; ++round) {
             QByteArray text;

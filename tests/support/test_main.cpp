@@ -15,6 +15,14 @@ bool add(const std::filesystem::path& sourceFile, Run run) {
     return knownTests().emplace(sourceFile.stem(), run).second;
 }
 
+bool comesTrue(const std::function<bool()>& condition) {
+    constexpr int afterFailure = 1000;
+    static bool hasFailed = false;
+    const bool isTrue = QTest::qWaitFor(condition, hasFailed ? afterFailure : patience);
+    hasFailed = hasFailed || !isTrue;
+    return isTrue;
+}
+
 int HermeticTest::execute(int argc, char** argv) {
     constexpr int skipped = 77; // SKIP_RETURN_CODE in cmake/targets.cmake
     QDir::setCurrent(QDir::tempPath());

@@ -106,8 +106,12 @@ private Q_SLOTS:
                                          derived("badgeGround", accent)) >= least);
                 }
                 ui::HeatCells cells;
-                for (const auto& [name, value] : std::initializer_list<std::pair<const char*, QVariant>>{
-                         {"cell", 12}, {"pitch", 12}, {"ground", card}, {"hasWideEdges", isHigh},
+                for (const auto& [name, value] :
+                     std::initializer_list<std::pair<const char*, QVariant>>{
+                         {"cell", 12},
+                         {"pitch", 12},
+                         {"ground", card},
+                         {"hasWideEdges", isHigh},
                          {"contrast", theme->property("symbolContrast")}}) {
                     cells.setProperty(name, value);
                 }

@@ -44,9 +44,9 @@ void HeatCells::paint(QPainter* painter) {
         const double half = edge / 2; // a pen paints on both sides of a line
         const QColor opaque = cell.colour.toRgb().rgb();
         painter->setPen(
-            edge == 0 ? Qt::NoPen
-                      : QPen(cell.isFilled ? readable(opaque, m_ground, m_contrast) : cell.colour,
-                             edge));
+            edge == 0
+                ? Qt::NoPen
+                : QPen(cell.isFilled ? readable(opaque, m_ground, m_contrast) : cell.colour, edge));
         painter->setBrush(cell.isFilled ? QBrush(cell.colour) : Qt::NoBrush);
         const double radius = m_cell / 4.5 - half;
         painter->drawRoundedRect(

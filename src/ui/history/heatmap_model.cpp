@@ -62,9 +62,9 @@ void HeatmapModel::update() {
             const auto fill =
                 history::cellColour(cell.day, m_totals.byDay, m_totals.maximum, m_filter, scheme());
             m_cells.append({.colour = cell.isFuture ? QColor(Qt::transparent)
-                                                     : toColour(fill.colour, fill.opacity),
-                             .level = history::cellLevel(cell.day, m_totals),
-                             .isFilled = isCovered(cell.day)});
+                                                    : toColour(fill.colour, fill.opacity),
+                            .level = history::cellLevel(cell.day, m_totals),
+                            .isFilled = isCovered(cell.day)});
         }
     }
     Q_EMIT changed();
