@@ -11,7 +11,8 @@ namespace tallyvane::app {
 
 namespace {
 
-/// A command of the library that the programs share.
+/// A command of the library that the programs share. Returns only if that cannot be loaded: without
+/// its destructor, the application does not wait for threads, such as one that looks up a name.
 ExitCode runLoaded(const CommandLine& commandLine, int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const LateLibrary library("libtallyvane-program.so");
@@ -21,7 +22,8 @@ ExitCode runLoaded(const CommandLine& commandLine, int argc, char** argv) {
             QStringLiteral("A part of the program could not be loaded: %1").arg(function.error()));
         return ExitCode::failure;
     }
-    return reinterpret_cast<decltype(&tallyvaneRunCommand)>(*function)(commandLine);
+    endProgram(std::to_underlying(
+        reinterpret_cast<decltype(&tallyvaneRunCommand)>(*function)(commandLine)));
 }
 
 /// The commands that panels and scripts run every minute need neither the library nor the session
