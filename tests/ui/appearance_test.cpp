@@ -22,6 +22,31 @@ class AppearanceTest : public tests::HermeticTest {
     ui::Appearance m_appearance{m_idle.model};
 
 private Q_SLOTS:
+    void placesHeatCells() {
+        ui::HeatCells cells;
+        const QList<ui::HeatmapCell> days{
+            {.colour = Qt::red}, {.colour = Qt::transparent}, {.colour = Qt::blue}};
+        cells.setProperty("cells", QVariant::fromValue(days));
+        cells.setProperty("rows", 2);
+        cells.setProperty("cell", 8);
+        cells.setProperty("pitch", 10);
+        QCOMPARE(QSizeF(cells.implicitWidth(), cells.implicitHeight()), QSizeF(18, 18));
+        for (const bool isRightToLeft : {false, true}) {
+            cells.setProperty("isRightToLeft", isRightToLeft);
+            QImage image(18, 18, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            cells.paint(&painter);
+            const auto at = [&](int x, int y) {
+                return image.pixelColor(isRightToLeft ? 17 - x : x, y);
+            };
+            QCOMPARE(at(4, 4), QColor(Qt::red));
+            QCOMPARE(at(4, 14), QColor(Qt::white));
+            QCOMPARE(at(14, 4), QColor(Qt::blue));
+            QCOMPARE(at(14, 14), QColor(Qt::white));
+        }
+    }
+
     void choosesTheScheme() {
         const auto isDark = [this](AppAppearance choice, ColourPreference system,
                                    Qt::GlobalColor window) {

@@ -25,8 +25,6 @@ FocusScope {
 
     /// The place of a page, which is loaded when it is first shown, by name, and then stays.
     component Page: Loader {
-        id: place
-
         required property string file
         required property var properties
 

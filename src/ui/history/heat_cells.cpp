@@ -18,8 +18,7 @@ HeatCells::HeatCells(QQuickItem* parent) : QQuickPaintedItem(parent) {
 }
 
 int HeatCells::columns() const {
-    const int rows = std::max(m_rows, 1);
-    return (static_cast<int>(m_cells.size()) + rows - 1) / rows;
+    return (static_cast<int>(m_cells.size()) + m_rows - 1) / m_rows;
 }
 
 double HeatCells::edgeWidth(const HeatmapCell& cell) const {

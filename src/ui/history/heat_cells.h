@@ -6,14 +6,15 @@
 
 namespace tallyvane::ui {
 
-/// Days of the heatmap, in columns of `rows`, from the reader's side on. Where there are tokens, an
-/// edge sets a cell off from the ground; in high contrast that is the wider the more there are. One
-/// item, as half a year of them would take longer to make than all else on the page.
+/// Days of the heatmap, in columns of `rows`; the first column is on the right where text begins
+/// there. Where there are tokens, an edge sets a cell off from the ground; in high contrast that is
+/// the wider the more there are. One item, as one for each day of half a year would take longer to
+/// make than all else on the page.
 class HeatCells : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QList<tallyvane::ui::HeatmapCell> cells MEMBER m_cells NOTIFY changed)
-    Q_PROPERTY(int rows MEMBER m_rows NOTIFY changed)
+    Q_PROPERTY(int rows MEMBER m_rows NOTIFY changed)      // at least 1
     Q_PROPERTY(double cell MEMBER m_cell NOTIFY changed)   // its width and height
     Q_PROPERTY(double pitch MEMBER m_pitch NOTIFY changed) // from one to the next
     Q_PROPERTY(QColor ground MEMBER m_ground NOTIFY changed)
