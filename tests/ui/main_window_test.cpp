@@ -372,10 +372,13 @@ private Q_SLOTS:
             QCOMPARE(open.root()->property("page").toInt(), page);
         };
         goes(Qt::Key_Comma, Qt::ControlModifier, 2);
+        open.item("notifies")->forceActiveFocus(Qt::TabFocusReason);
         goes(Qt::Key_Tab, Qt::ControlModifier, 0);
         goes(Qt::Key_PageDown, Qt::ControlModifier, 1);
         goes(Qt::Key_PageUp, Qt::ControlModifier, 0);
         goes(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 2);
+        open.press(Qt::Key_Space); // scrolls, as the switch has lost the focus
+        QVERIFY(!open.idle.model.notificationSettings().enabled);
         for (const auto close : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_F1}) {
             open.press(Qt::Key_Question, Qt::ControlModifier);
             QCOMPARE(open.text("version"), u"Tallyvane 1.2"_s);

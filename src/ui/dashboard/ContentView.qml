@@ -38,7 +38,10 @@ FocusScope {
         y: Theme.pageMargin
         width: Math.min(parent.width - 2 * Theme.pageMargin, Theme.scaled(880))
         height: parent.height - 2 * Theme.pageMargin
-        onVisibleChanged: load()
+        onVisibleChanged: {
+            load();
+            focus = false; // or its control would get the keys again before it is scrolled to
+        }
         Component.onCompleted: load()
     }
 
