@@ -10,6 +10,7 @@ namespace tallyvane::ui {
 /// One day of the heatmap.
 class HeatmapCell {
     Q_GADGET
+    QML_VALUE_TYPE(heatmapCell)
 
 public:
     QColor colour;        ///< transparent if the day is in the future
