@@ -1,4 +1,5 @@
 #include "app/command_line.h"
+#include "app/environment.h"
 #include "support/test_main.h"
 
 using namespace Qt::StringLiterals;
@@ -64,6 +65,14 @@ private Q_SLOTS:
             QVERIFY2(!parsed && parsed.error().contains(QLatin1String(error)), arguments);
             QVERIFY2(!parsed.error().contains(u'\n'), arguments);
         }
+    }
+
+    void readsTheEnvironment() {
+        using Paths = std::vector<std::filesystem::path>;
+        qputenv("XDG_CONFIG_DIRS", "relative:/one:/two");
+        QVERIFY((readEnvironment().systemConfigDirectories == Paths{"/one", "/two"}));
+        qunsetenv("XDG_CONFIG_DIRS");
+        QVERIFY(readEnvironment().systemConfigDirectories == Paths{"/etc/xdg"});
     }
 };
 

@@ -164,7 +164,10 @@ private Q_SLOTS:
                 text += pieces[random.bounded(static_cast<int>(std::size(pieces)))];
                 text += QByteArray(random.bounded(70), 'x');
             }
-            const QByteArray padded = text + QByteArray(history::searchOverrun, '"');
+            // What comes after the end is no candidate.
+            const QByteArray padded = text + QByteArray(R"("token_count""assistant")")
+                                                 .repeated(history::searchOverrun)
+                                                 .first(history::searchOverrun);
             for (const AIProvider provider : {AIProvider::codex, AIProvider::claude}) {
                 qsizetype expected = 0;
                 while (expected < text.size() &&
