@@ -35,7 +35,7 @@ Capsule {
         }
         Hatching {
             anchors.fill: parent
-            visible: Theme.isHighContrast && root.isLow && width >= 1
+            visible: Theme.isHighContrast && root.isLow
             color: Theme.hatching
         }
         Behavior on width {

@@ -121,8 +121,7 @@ FocusScope {
                 Hatching {
                     anchors.fill: parent
                     anchors.margins: 1
-                    // Nothing can be painted on less than a pixel.
-                    visible: Theme.isHighContrast && segment.isHatched && height >= 1
+                    visible: Theme.isHighContrast && segment.isHatched
                     color: Theme.hatching
                 }
                 Behavior on opacity {

@@ -1,11 +1,21 @@
 #include "ui/style/painted_shapes.h"
 
 #include <QtGui/QPainter>
+#include <QtQuick/QSGNode>
 
 namespace tallyvane::ui {
 
 PaintedShape::PaintedShape(QQuickItem* parent) : QQuickPaintedItem(parent) {
     connect(this, &PaintedShape::colorChanged, this, [this] { update(); });
+}
+
+QSGNode* PaintedShape::updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) {
+    // Qt would paint on an image without pixels and warn of that, even where the item is hidden.
+    if (width() < 1 || height() < 1) {
+        delete node;
+        return nullptr;
+    }
+    return QQuickPaintedItem::updatePaintNode(node, data);
 }
 
 void Capsule::paint(QPainter* painter) {

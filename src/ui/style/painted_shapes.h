@@ -6,7 +6,7 @@
 
 namespace tallyvane::ui {
 
-/// A shape in one colour.
+/// A shape in one colour. Nothing is painted of what is less than a pixel wide or high.
 class PaintedShape : public QQuickPaintedItem {
     Q_OBJECT
     QML_ANONYMOUS
@@ -20,6 +20,7 @@ Q_SIGNALS:
 
 protected:
     [[nodiscard]] QColor colour() const { return m_colour; }
+    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
 private:
     QColor m_colour;
