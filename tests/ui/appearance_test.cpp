@@ -131,15 +131,11 @@ private Q_SLOTS:
                                          derived("badgeGround", accent)) >= least);
                 }
                 ui::HeatCells cells;
-                for (const auto& [name, value] :
-                     std::initializer_list<std::pair<const char*, QVariant>>{
-                         {"cell", 12},
-                         {"pitch", 12},
-                         {"ground", card},
-                         {"hasWideEdges", isHigh},
-                         {"contrast", theme->property("symbolContrast")}}) {
-                    cells.setProperty(name, value);
-                }
+                cells.setProperty("cell", 12);
+                cells.setProperty("pitch", 12);
+                cells.setProperty("ground", card);
+                cells.setProperty("hasWideEdges", isHigh);
+                cells.setProperty("contrast", theme->property("symbolContrast"));
                 using enum history::HeatmapFilter;
                 for (const auto filter : {total, codex, claude}) {
                     for (int level = 1; level <= history::highestLevel; ++level) {

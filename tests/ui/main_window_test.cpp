@@ -108,6 +108,8 @@ private Q_SLOTS:
             const auto colour = fill->childItems().at(0)->property("color").value<QColor>();
             QCOMPARE(colour.red() > colour.green(), look.isLow);
         }
+        open.items("fill").at(0)->setWidth(0.3); // as while it grows
+        QVERIFY(!open.view()->grabWindow().isNull());
         const QQuickItem* mark = open.items("evenMark").at(0);
         const double even =
             mark->parentItem()->width() * 136 / 300; // minutes of the window to come
@@ -179,6 +181,7 @@ private Q_SLOTS:
         auto* periods = QAccessible::queryAccessibleInterface(open.item("period"));
         const auto isMonthly = [=] { return periods->child(1)->state().checked; };
         QVERIFY(!isMonthly());
+        chart->hover(0);
         periods->child(1)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
         QVERIFY(isMonthly() && !periods->child(0)->state().checked && !chart->isHovered());
         QCOMPARE(open.text("subtitle"), u"Estimated tokens used"_s);

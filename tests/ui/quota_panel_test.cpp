@@ -40,6 +40,8 @@ private Q_SLOTS:
         OpenPanel open;
         QCOMPARE(open.text("summary"), u"5H 58%  ·  WK 32%"_s);
         QCOMPARE(open.text("details").simplified(), u"5H resets in 2h 14m · WK in 2d 0h"_s);
+        open.idle.model.setOnlyProvider(model::AIProvider::codex);
+        QVERIFY(open.item("Claude") == nullptr);
         open.idle.clock.advance(20min);
         QCOMPARE(open.text("details").simplified(),
                  u"5H resets in 1h 54m · WK in 1d 23h · Last updated 22 min ago"_s);
