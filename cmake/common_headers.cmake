@@ -3,7 +3,6 @@
 
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/common_headers.cpp CONTENT "")
 add_library(tallyvane_common_headers OBJECT ${PROJECT_BINARY_DIR}/common_headers.cpp)
-set_target_properties(tallyvane_common_headers PROPERTIES AUTOMOC OFF)
 target_link_libraries(tallyvane_common_headers PRIVATE tallyvane_options QCoro6::Core)
 target_precompile_headers(tallyvane_common_headers PRIVATE
     <QCoro/QCoroFuture> <QCoro/QCoroTask>

@@ -8,5 +8,4 @@ if(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$")
         -fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3
         -ffile-prefix-map=${PROJECT_BINARY_DIR}=build -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
     add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
-    set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 endif()

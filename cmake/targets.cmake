@@ -13,10 +13,12 @@ target_compile_options(tallyvane_options INTERFACE
     # GCC sees the frames of coroutines that a unity build includes as types of a header.
     $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>)
 
-# tallyvane_library(<folder> SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])
+# tallyvane_library(<folder> [MOC] SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])
+# MOC: some of its headers have a Q_OBJECT or the like. Else moc would cost a compilation.
 function(tallyvane_library folder)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;PUBLIC;PRIVATE")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "MOC" "" "SOURCES;PUBLIC;PRIVATE")
     add_library(tallyvane_${folder} STATIC ${ARG_SOURCES})
+    set_target_properties(tallyvane_${folder} PROPERTIES AUTOMOC ${ARG_MOC})
     target_link_libraries(tallyvane_${folder}
         PUBLIC ${ARG_PUBLIC}
         PRIVATE tallyvane_options ${ARG_PRIVATE})
@@ -34,6 +36,7 @@ function(tallyvane_tests folder)
     endif()
     set(program ${folder}_tests)
     add_executable(${program} ${ARG_SOURCES})
+    set_target_properties(${program} PROPERTIES AUTOMOC ON)
     target_link_libraries(${program} PRIVATE tallyvane_options tallyvane_test_support ${ARG_LINK})
     foreach(source IN LISTS ARG_SOURCES)
         cmake_path(GET source STEM name)
@@ -62,8 +65,10 @@ function(tallyvane_qml_module folder)
         set(cache NO_CACHEGEN) # compiling QML to C++ takes a quarter of the build
     endif()
     qt_add_library(${target} STATIC)
-    # Made as C++ too, two builds would differ: its declarations stand in no fixed order.
-    set_target_properties(${target} PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
+    set_target_properties(${target} PROPERTIES
+        AUTOMOC ON
+        # Made as C++ too, two builds would differ: its declarations stand in no fixed order.
+        QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
     qt_add_qml_module(${target}
         URI ${ARG_URI}
         VERSION 1.0
