@@ -259,4 +259,8 @@ void usage_reply(const QByteArray& input) {
 
 // NOLINTEND(readability-identifier-naming)
 
+void call(void (*target)(const QByteArray&), const char* data, std::size_t size) {
+    target(QByteArray(data, static_cast<qsizetype>(size)));
+}
+
 } // namespace tallyvane::fuzz
