@@ -13,12 +13,30 @@ target_compile_options(tallyvane_options INTERFACE
     # GCC sees the frames of coroutines that a unity build includes as types of a header.
     $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>)
 
-# tallyvane_library(<folder> [MOC] SOURCES <file>... [PUBLIC <target>...] [PRIVATE <target>...])
-# MOC: some of its headers have a Q_OBJECT or the like. Else moc would cost a compilation.
+# tallyvane_moc(<target> <file>...)
+# Runs moc on files of the target, which include what it makes: moc_<name>.cpp of a header,
+# <name>.moc of a source. It is told of no folder of headers, as it needs none; AUTOMOC names them
+# all, and moc would read all of Qt for every file, which takes a hundred times as long.
+function(tallyvane_moc target)
+    foreach(file IN LISTS ARGN)
+        cmake_path(GET file STEM name)
+        set(made ${CMAKE_CURRENT_BINARY_DIR}/moc_${name}.cpp)
+        if(file MATCHES "\\.cpp$")
+            set(made ${CMAKE_CURRENT_BINARY_DIR}/${name}.moc)
+        endif()
+        qt_generate_moc(${file} ${made})
+        set_source_files_properties(${made} PROPERTIES HEADER_FILE_ONLY ON)
+        target_sources(${target} PRIVATE ${made})
+    endforeach()
+    target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
+# tallyvane_library(<folder> SOURCES <file>... [MOC <header>...] [PUBLIC <target>...] [PRIVATE <target>...])
+# The headers after MOC have a Q_OBJECT or the like.
 function(tallyvane_library folder)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "MOC" "" "SOURCES;PUBLIC;PRIVATE")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "SOURCES;MOC;PUBLIC;PRIVATE")
     add_library(tallyvane_${folder} STATIC ${ARG_SOURCES})
-    set_target_properties(tallyvane_${folder} PROPERTIES AUTOMOC ${ARG_MOC})
+    tallyvane_moc(tallyvane_${folder} ${ARG_MOC})
     target_link_libraries(tallyvane_${folder}
         PUBLIC ${ARG_PUBLIC}
         PRIVATE tallyvane_options ${ARG_PRIVATE})
@@ -27,7 +45,7 @@ endfunction()
 # tallyvane_tests(<folder> SOURCES <file>... LINK <target>... [LABEL <label>] [THREADS <test>...])
 # The folder's test program, <folder>_tests, and a ctest entry for each of its files <test>_test.cpp,
 # with the label "unit" unless another is named. The tests after THREADS also get the label
-# "threads": they run with the thread sanitizer too. A test that skips anything shows as skipped.
+# "threads": the thread sanitizer's build has these alone. A test that skips anything shows as skipped.
 function(tallyvane_tests folder)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "LABEL" "SOURCES;LINK;THREADS")
     set(label unit)
@@ -35,20 +53,26 @@ function(tallyvane_tests folder)
         set(label ${ARG_LABEL})
     endif()
     set(program ${folder}_tests)
-    add_executable(${program} ${ARG_SOURCES})
-    set_target_properties(${program} PROPERTIES AUTOMOC ON)
-    target_link_libraries(${program} PRIVATE tallyvane_options tallyvane_test_support ${ARG_LINK})
-    foreach(source IN LISTS ARG_SOURCES)
-        cmake_path(GET source STEM name)
-        if(name MATCHES "_test$")
-            add_test(NAME ${name} COMMAND ${program} ${name})
-            set_tests_properties(${name} PROPERTIES LABELS ${label} SKIP_RETURN_CODE 77)
+    list(TRANSFORM ARG_THREADS APPEND _test)
+    set(tests ${ARG_SOURCES})
+    list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+    foreach(test IN LISTS tests)
+        cmake_path(GET test STEM name)
+        add_test(NAME ${name} COMMAND ${program} ${name})
+        set_tests_properties(${name} PROPERTIES LABELS ${label} SKIP_RETURN_CODE 77)
+        if(name IN_LIST ARG_THREADS)
+            set_property(TEST ${name} APPEND PROPERTY LABELS threads)
+        elseif(ARG_THREADS AND CMAKE_CXX_FLAGS MATCHES "-fsanitize=thread")
+            list(REMOVE_ITEM ARG_SOURCES ${test})
+            list(REMOVE_ITEM tests ${test})
         endif()
     endforeach()
-    foreach(name IN LISTS ARG_THREADS)
-        set_property(TEST ${name}_test APPEND PROPERTY LABELS threads)
+    add_executable(${program} ${ARG_SOURCES})
+    tallyvane_moc(${program} ${tests})
+    target_link_libraries(${program} PRIVATE tallyvane_options tallyvane_test_support ${ARG_LINK})
+    if(ARG_THREADS)
         add_dependencies(tests_of_threads ${program})
-    endforeach()
+    endif()
 endfunction()
 
 # tallyvane_qml_module(<folder of src/ui> URI <uri> QML <file>... [SINGLETONS <file>...]

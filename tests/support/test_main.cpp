@@ -74,3 +74,5 @@ void isolate(const QTemporaryDir& directory) {
 }
 
 } // namespace tallyvane::tests
+
+#include "moc_test_main.cpp"
