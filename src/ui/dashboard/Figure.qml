@@ -9,7 +9,7 @@ Item {
 
     required property string text
     required property color color
-    property font font
+    required property font font
 
     implicitWidth: characters.width
     implicitHeight: characters.height

@@ -42,9 +42,11 @@ RowLayout {
         Layout.preferredWidth: 42 * Theme.point
         text: root.row.figure
         color: Theme.isHighContrast ? Theme.text : root.ink
-        font.family: Theme.body.family
-        font.pixelSize: 12 * Theme.point
-        font.weight: Font.Bold
+        font: Qt.font({
+            family: Theme.body.family,
+            pixelSize: 12 * Theme.point,
+            weight: Font.Bold
+        })
     }
     TextLabel {
         Layout.preferredWidth: 76 * Theme.point
