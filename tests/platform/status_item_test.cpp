@@ -121,7 +121,16 @@ private Q_SLOTS:
             }));
             return text;
         };
-        heard("is owned by"); // it is listening
+        heard("is owned by");
+        // It listens some time after it says so.
+        QVERIFY(QTest::qWaitFor([&] {
+            item.setTitle(u"a"_s);
+            item.setTitle(u"b"_s);
+            return !monitor.readAll().isEmpty();
+        }));
+        item.setLabel(u"1%"_s, u"100%"_s);
+        fill(item);
+        heard("'37%'");
         fill(item);
         item.setLabel(u"36%"_s, u"100%"_s);
         item.setTitle(u"T"_s);
