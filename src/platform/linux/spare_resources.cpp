@@ -97,10 +97,12 @@ bool hasAmpleRoom(int threads, const fs::path& root) {
 
 std::expected<void, QString> trySpare(SpareResources wanted) {
     std::list<model::FileDescriptor> descriptors;
-    for (int i = 0; i < wanted.descriptors; ++i) {
-        if (descriptors.emplace_back("/", O_PATH).get() < 0) {
-            return std::unexpected(qt_error_string(errno));
-        }
+    descriptors.emplace_back("/", O_PATH);
+    while (descriptors.back().get() >= 0 && std::ssize(descriptors) < wanted.descriptors) {
+        descriptors.emplace_back(::fcntl(descriptors.back().get(), F_DUPFD_CLOEXEC, 0));
+    }
+    if (descriptors.back().get() < 0) {
+        return std::unexpected(qt_error_string(errno));
     }
     std::latch end(1);
     std::list<std::jthread> threads;

@@ -21,10 +21,6 @@ StatusHostWatcher::StatusHostWatcher(const QDBusConnection& bus)
     }
     connect(&m_names, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) { takeOwner(owner); });
-    for (const QString& signal : {QStringLiteral("StatusNotifierHostRegistered"),
-                                  QStringLiteral("StatusNotifierHostUnregistered")}) {
-        m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(askForHost()));
-    }
     // Not one question after the other: the item is to be there soon.
     ask(callBus(m_bus, busCall(QStringLiteral("GetNameOwner")) << watcherName),
         [this](const BusReply& owner) {
@@ -33,6 +29,11 @@ StatusHostWatcher::StatusHostWatcher(const QDBusConnection& bus)
             }
         });
     registerItem(watcherName);
+    // In time, as the watcher is asked for a host when it has replied.
+    for (const QString& signal : {QStringLiteral("StatusNotifierHostRegistered"),
+                                  QStringLiteral("StatusNotifierHostUnregistered")}) {
+        m_bus.connect({}, watcherPath, watcherName, signal, this, SLOT(askForHost()));
+    }
 }
 
 void StatusHostWatcher::takeOwner(const QString& owner) {
