@@ -14,9 +14,9 @@ target_compile_options(tallyvane_options INTERFACE
     $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>)
 
 # tallyvane_moc(<target> <file>...)
-# Runs moc on files of the target, which include what it makes: moc_<name>.cpp of a header,
-# <name>.moc of a source. It is told of no folder of headers, as it needs none; AUTOMOC names them
-# all, and moc would read all of Qt for every file, which takes a hundred times as long.
+# Runs moc on files of the target. They include what it makes: moc_<name>.cpp of a header, <name>.moc
+# of a source. moc needs no other header; AUTOMOC would show it all of Qt's, and reading those takes a
+# hundred times as long.
 function(tallyvane_moc target)
     foreach(file IN LISTS ARGN)
         cmake_path(GET file STEM name)
