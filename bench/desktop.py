@@ -91,14 +91,15 @@ def medians(commands, environment, rounds):
 def windows_table(report, build, environment, rounds):
     """First frames, Qt Quick's loading included, which the running program puts off until then."""
     frames = str(build / "window_frames")
-    (panel, again, _), (first_visit, later, _), (window, _), (empty,) = medians(
+    (panel, again, _), (history, settings, *later, _), (window, _), (empty,) = medians(
         [[frames, "panel"], [frames, "pages"], [frames, "window"],
          [str(build / "bench" / "empty_window")]], environment, rounds)
     report.heading("from request to first frame", "ms")
     report.row("panel", panel, limit=80)
     report.row("panel, opened again", again, limit=20)
-    report.row("page, first visit", first_visit, limit=33)
-    report.row("page, later", later, limit=33)
+    report.row("history, first visit", history, limit=33)
+    report.row("settings, first visit", settings, limit=33)
+    report.row("page, later", max(later), limit=33)
     report.row("main window", window, limit=400)
     report.row("program with an empty window", empty)
     report.row("the main window to that", window / empty, limit=1.6)
