@@ -9,6 +9,8 @@
 #include <unicode/smpdtfmt.h>
 #include <unicode/timezone.h>
 
+#include <map>
+
 namespace tallyvane::model {
 
 namespace {
@@ -40,6 +42,7 @@ struct LocaleLabels::Formatters {
     icu::number::LocalizedNumberFormatter compact;
     icu::number::LocalizedNumberFormatter decimal;
     std::unique_ptr<icu::DateTimePatternGenerator> patterns;
+    std::map<std::string, std::unique_ptr<icu::SimpleDateFormat>> datesBySkeleton;
 
     explicit Formatters(const icu::Locale& locale)
         : locale(locale),
@@ -57,16 +60,26 @@ struct LocaleLabels::Formatters {
         }
     }
 
-    /// Empty on an error of ICU.
-    [[nodiscard]] QString format(UDate time, const char* skeleton) const {
-        if (!patterns) {
-            return {};
+    /// Null on an error of ICU. Made once, as that takes far longer than to format.
+    const icu::SimpleDateFormat* dates(const std::string& skeleton) {
+        const auto [place, isNew] = datesBySkeleton.try_emplace(skeleton);
+        if (isNew && patterns) {
+            UErrorCode status = U_ZERO_ERROR;
+            const auto pattern =
+                patterns->getBestPattern(icu::UnicodeString(skeleton.c_str()), status);
+            auto made = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
+            if (U_SUCCESS(status) != 0) {
+                place->second = std::move(made);
+            }
         }
-        UErrorCode status = U_ZERO_ERROR;
-        const auto pattern = patterns->getBestPattern(icu::UnicodeString(skeleton), status);
-        const icu::SimpleDateFormat dates(pattern, locale, status);
+        return place->second.get();
+    }
+
+    /// Empty on an error of ICU.
+    [[nodiscard]] QString format(UDate time, const std::string& skeleton) {
+        const icu::SimpleDateFormat* format = dates(skeleton);
         icu::UnicodeString text;
-        return U_SUCCESS(status) != 0 ? plainText(dates.format(time, text)) : QString();
+        return format != nullptr ? plainText(format->format(time, text)) : QString();
     }
 
     /// 0 for "am" or the locale's equivalent, 1 for "pm", nothing for other letters.
