@@ -1,6 +1,7 @@
 #include "history/heatmap.h"
 #include "support/gui_test_main.h"
 #include "support/idle_model.h"
+#include "ui/history/chart_bars.h"
 #include "ui/history/heat_cells.h"
 #include "ui/style/appearance.h"
 #include "ui/style/colour.h"
@@ -44,6 +45,37 @@ private Q_SLOTS:
             QCOMPARE(at(4, 14), QColor(Qt::white));
             QCOMPARE(at(14, 4), QColor(Qt::blue));
             QCOMPARE(at(14, 14), QColor(Qt::white));
+        }
+    }
+
+    void placesChartBars() {
+        ui::ChartBars bars;
+        bars.setSize({20, 20});
+        const QList<ui::ChartSegment> segments{
+            {.centre = 0.25, .extent = 0.5, .colour = Qt::red},
+            {.centre = 0.25, .base = 0.5, .extent = 0.25, .colour = Qt::blue, .isHatched = true},
+            {.centre = 0.75, .extent = 1, .colour = Qt::red, .isDimmed = true}};
+        bars.setProperty("segments", QVariant::fromValue(segments));
+        bars.setProperty("barWidth", 6);
+        bars.setProperty("dimmedOpacity", 0.5);
+        for (const bool isRightToLeft : {false, true}) {
+            bars.setProperty("isRightToLeft", isRightToLeft);
+            QImage image(20, 20, QImage::Format_RGB32);
+            const auto at = [&](int x, int y) {
+                return image.pixelColor(isRightToLeft ? 19 - x : x, y);
+            };
+            for (const QColor hatching : {Qt::transparent, Qt::green}) {
+                bars.setProperty("hatching", hatching);
+                image.fill(Qt::white);
+                QPainter painter(&image);
+                bars.paint(&painter);
+                QCOMPARE(at(5, 15), QColor(Qt::red));
+                QCOMPARE(at(5, 19), QColor(Qt::white)); // the gap
+                QCOMPARE(at(5, 7) == QColor(Qt::blue), hatching.alpha() == 0);
+                QCOMPARE(at(5, 3), QColor(Qt::white));
+                QVERIFY(at(15, 10).green() > 120 && at(15, 10).red() == 255);
+                QCOMPARE(at(10, 10), QColor(Qt::white));
+            }
         }
     }
 

@@ -93,42 +93,20 @@ FocusScope {
                 Accessible.ignored: true
             }
         }
-        Repeater {
-            model: root.viewModel.segments
+        ChartBars {
+            objectName: "bars"
+            anchors.fill: parent
+            segments: root.viewModel.segments
+            barWidth: root.barWidth
+            dimmedOpacity: root.viewModel.isHovered ? 0.28 : 1
+            outline: Theme.controlOutline
+            hatching: Theme.isHighContrast ? Theme.hatching : "transparent"
+            isRightToLeft: Theme.isRightToLeft
 
-            Rectangle {
-                id: segment
-
-                objectName: "segment"
-
-                required property double centre
-                required property double base
-                required property double extent
-                required property color colour
-                required property double strength
-                required property bool isHatched
-
-                x: root.across(centre, width)
-                y: (1 - base - extent) * plot.height
-                width: root.barWidth
-                // Leaves a hairline between the segments of a bar.
-                height: Math.max(extent * plot.height - (base > 0 ? 0 : 1), 0)
-                radius: Math.min(3, width / 4, height / 2)
-                color: colour
-                border.color: Theme.controlOutline
-                opacity: strength
-
-                Hatching {
-                    anchors.fill: parent
-                    anchors.margins: 1
-                    visible: Theme.isHighContrast && segment.isHatched
-                    color: Theme.hatching
-                }
-                Behavior on opacity {
-                    enabled: Theme.isAnimated
-                    NumberAnimation {
-                        duration: Theme.quickly
-                    }
+            Behavior on dimmedOpacity {
+                enabled: Theme.isAnimated
+                NumberAnimation {
+                    duration: Theme.quickly
                 }
             }
         }
@@ -159,18 +137,21 @@ FocusScope {
         TapHandler {
             onTapped: root.forceActiveFocus(Qt.MouseFocusReason)
         }
-        ChartTooltip {
-            readonly property double beside: root.across(root.viewModel.hoveredCentre, 0)
-            readonly property double away: root.barWidth / 2 + Theme.spacing
-            readonly property double wanted: beside + (beside > plot.width / 2 ? -width - away : away)
+        Repeater {
+            model: root.viewModel.isHovered ? 1 : 0
 
-            visible: root.viewModel.isHovered
-            // On the side of the bar that has more room.
-            x: Math.max(0, Math.min(wanted, plot.width - width))
-            y: 0
-            title: root.viewModel.hoveredTitle
-            lines: root.viewModel.hoveredLines
-            note: root.viewModel.hoveredNote
+            ChartTooltip {
+                readonly property double beside: root.across(root.viewModel.hoveredCentre, 0)
+                readonly property double away: root.barWidth / 2 + Theme.spacing
+                readonly property double wanted: beside + (beside > plot.width / 2 ? -width - away : away)
+
+                // On the side of the bar that has more room.
+                x: Math.max(0, Math.min(wanted, plot.width - width))
+                y: 0
+                title: root.viewModel.hoveredTitle
+                lines: root.viewModel.hoveredLines
+                note: root.viewModel.hoveredNote
+            }
         }
     }
 }

@@ -118,12 +118,12 @@ ColumnLayout {
                 model: root.viewModel.months
 
                 Caption {
-                    required property int index
-                    required property string modelData
+                    required property double position
+                    required property string label
 
-                    x: Theme.isRightToLeft ? months.width - index * root.pitch - (root.pitch - root.cell) - width : index * root.pitch
-                    visible: modelData !== "" && x >= 0 && x + width <= months.width + Theme.pageMargin
-                    text: modelData
+                    x: Theme.isRightToLeft ? (1 - position) * months.width - (root.pitch - root.cell) - width : position * months.width
+                    visible: x >= 0 && x + width <= months.width + Theme.pageMargin
+                    text: label
                     Accessible.ignored: true
                 }
             }

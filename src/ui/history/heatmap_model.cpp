@@ -67,6 +67,7 @@ void HeatmapModel::update() {
                             .isFilled = isCovered(cell.day)});
         }
     }
+    showMonths();
     Q_EMIT changed();
     Q_EMIT currentChanged();
 }
@@ -80,19 +81,21 @@ QStringList HeatmapModel::weekdays() const {
     return names;
 }
 
-QStringList HeatmapModel::months() const {
-    QStringList names;
-    qsizetype free = 0; // the first column whose label would not touch the previous one
+void HeatmapModel::showMonths() {
+    std::vector<AxisMark> months;
+    int free = 0; // the first column whose label would not touch the previous one
+    int index = -1;
     for (const history::WeekColumn& column : m_columns) {
+        ++index;
         const auto first =
             std::ranges::find(column, 1, [](const DayCell& cell) { return cell.day.day(); });
-        const bool isNamed = first != column.end() && !first->isFuture && names.size() >= free;
-        names << (isNamed ? m_labels.month(first->day) : QString());
-        if (isNamed) {
-            free = names.size() + widthOfMonthLabel - 1;
+        if (first != column.end() && !first->isFuture && index >= free) {
+            months.push_back({.position = static_cast<double>(index) / m_weeks,
+                              .label = m_labels.month(first->day)});
+            free = index + widthOfMonthLabel;
         }
     }
-    return names;
+    m_months.setRecords(std::move(months));
 }
 
 QList<HeatmapCell> HeatmapModel::legend() const {

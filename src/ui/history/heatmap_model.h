@@ -3,7 +3,9 @@
 #include "core/app_model.h"
 #include "history/heatmap.h"
 #include "model/locale_labels.h"
+#include "ui/history/axis_mark.h"
 #include "ui/style/appearance.h"
+#include "ui/style/record_list.h"
 
 namespace tallyvane::ui {
 
@@ -31,7 +33,7 @@ class HeatmapModel : public QObject {
     Q_PROPERTY(int weeks READ weeks WRITE setWeeks NOTIFY changed)
     Q_PROPERTY(QList<tallyvane::ui::HeatmapCell> cells READ cells NOTIFY changed)
     Q_PROPERTY(QStringList weekdays READ weekdays CONSTANT)
-    Q_PROPERTY(QStringList months READ months NOTIFY changed)
+    Q_PROPERTY(QAbstractItemModel* months READ months CONSTANT)
     Q_PROPERTY(QList<tallyvane::ui::HeatmapCell> legend READ legend NOTIFY changed)
     Q_PROPERTY(int current READ current NOTIFY currentChanged)
     Q_PROPERTY(QString currentText READ currentText NOTIFY currentChanged)
@@ -51,8 +53,8 @@ public:
     [[nodiscard]] int weeks() const { return m_weeks; }
     void setWeeks(int weeks);
     [[nodiscard]] const QList<HeatmapCell>& cells() const { return m_cells; }
-    [[nodiscard]] QStringList weekdays() const;             ///< from top to bottom
-    [[nodiscard]] QStringList months() const;               ///< one per column, mostly empty
+    [[nodiscard]] QStringList weekdays() const; ///< from top to bottom
+    [[nodiscard]] QAbstractItemModel* months() { return &m_months; }
     [[nodiscard]] QList<HeatmapCell> legend() const;        ///< from "Less" to "More"
     [[nodiscard]] int current() const { return m_current; } ///< a cell's index; -1 for none
     [[nodiscard]] QString currentText() const;              ///< that cell's day and tokens, if any
@@ -71,6 +73,7 @@ Q_SIGNALS:
 
 private:
     void followProviders();
+    void showMonths();
     [[nodiscard]] model::ColourScheme scheme() const;
     [[nodiscard]] const history::DayCell* cell(int index) const;
     [[nodiscard]] bool isCovered(QDate day) const;
@@ -87,6 +90,7 @@ private:
     QDate m_firstKept; ///< the oldest day that the history keeps
     history::DayTotals m_totals;
     QList<HeatmapCell> m_cells;
+    RecordList<AxisMark> m_months; ///< at the columns in which they begin
 };
 
 } // namespace tallyvane::ui

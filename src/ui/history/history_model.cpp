@@ -19,7 +19,6 @@ using std::chrono::duration;
 
 namespace {
 
-constexpr double dimmedOpacity = 0.28;
 constexpr double barShare = 0.62; // a bar's share of its bucket's width
 
 bool isHatched(model::AIProvider provider) {
@@ -123,7 +122,7 @@ double HistoryModel::barThickness() const {
 }
 
 void HistoryModel::showSegments() {
-    std::vector<ChartSegment> segments;
+    m_segments.clear();
     double base = 0;
     for (std::size_t i = 0; i < m_points.size(); ++i) {
         const ChartPoint& point = m_points[i];
@@ -131,16 +130,15 @@ void HistoryModel::showSegments() {
             base = 0;
         }
         const double extent = std::max(history::height(point, m_metric), 0.0) / m_top;
-        segments.push_back(
-            {.centre = centre(point.date),
-             .base = base,
-             .extent = extent,
-             .colour = toColour(model::accentColour(point.provider)),
-             .strength = m_hoveredDate.value_or(point.date) == point.date ? 1 : dimmedOpacity,
-             .isHatched = isHatched(point.provider)});
+        m_segments.append({.centre = centre(point.date),
+                           .base = base,
+                           .extent = extent,
+                           .colour = toColour(model::accentColour(point.provider)),
+                           .isDimmed = m_hoveredDate.value_or(point.date) != point.date,
+                           .isHatched = isHatched(point.provider)});
         base += extent;
     }
-    m_segments.setRecords(std::move(segments));
+    Q_EMIT segmentsChanged();
 }
 
 double HistoryModel::hoveredCentre() const {

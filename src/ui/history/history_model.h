@@ -3,6 +3,7 @@
 #include "core/app_model.h"
 #include "history/history_chart.h"
 #include "model/locale_labels.h"
+#include "ui/history/axis_mark.h"
 #include "ui/style/record_list.h"
 
 #include <QtGui/QColor>
@@ -13,34 +14,17 @@ namespace tallyvane::ui {
 /// One segment of a bar. Lengths are fractions of the plot's width or height.
 class ChartSegment {
     Q_GADGET
-    Q_PROPERTY(double centre MEMBER centre)
-    Q_PROPERTY(double base MEMBER base)
-    Q_PROPERTY(double extent MEMBER extent)
-    Q_PROPERTY(QColor colour MEMBER colour)
-    Q_PROPERTY(double strength MEMBER strength)
-    Q_PROPERTY(bool isHatched MEMBER isHatched)
+    QML_VALUE_TYPE(chartSegment)
 
 public:
     double centre = 0;
     double base = 0; ///< the height of its lower end
     double extent = 0;
     QColor colour;
-    double strength = 1;    ///< opacity
+    bool isDimmed = false;  ///< another bar is pointed at
     bool isHatched = false; ///< where colours alone do not do, to tell the providers apart
 
     bool operator==(const ChartSegment&) const = default;
-};
-
-class AxisMark {
-    Q_GADGET
-    Q_PROPERTY(double position MEMBER position)
-    Q_PROPERTY(QString label MEMBER label)
-
-public:
-    double position = 0; ///< fraction of the plot's width or height, from the leading or lower end
-    QString label;
-
-    bool operator==(const AxisMark&) const = default;
 };
 
 /// One provider's line of the tooltip or of the key to the colours, which has no values.
@@ -70,7 +54,7 @@ class HistoryModel : public QObject {
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
     Q_PROPERTY(double barThickness READ barThickness NOTIFY changed)
-    Q_PROPERTY(QAbstractItemModel* segments READ segments CONSTANT)
+    Q_PROPERTY(QList<tallyvane::ui::ChartSegment> segments READ segments NOTIFY segmentsChanged)
     Q_PROPERTY(QAbstractItemModel* dateMarks READ dateMarks CONSTANT)
     Q_PROPERTY(QAbstractItemModel* valueMarks READ valueMarks CONSTANT)
     Q_PROPERTY(bool isHovered READ isHovered NOTIFY hoverChanged)
@@ -96,7 +80,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_isEmpty; }
     /// As a share of the plot's width.
     [[nodiscard]] double barThickness() const;
-    [[nodiscard]] QAbstractItemModel* segments() { return &m_segments; }
+    [[nodiscard]] const QList<ChartSegment>& segments() const { return m_segments; }
     [[nodiscard]] QAbstractItemModel* dateMarks() { return &m_dateMarks; }
     [[nodiscard]] QAbstractItemModel* valueMarks() { return &m_valueMarks; }
 
@@ -124,6 +108,7 @@ public:
 Q_SIGNALS:
     void changed();
     void hoverChanged();
+    void segmentsChanged();
 
 private:
     [[nodiscard]] double centre(QDate date) const;
@@ -145,7 +130,7 @@ private:
     model::Timestamp m_end;                    ///< the plot's trailing end
     bool m_isEmpty = true;                     ///< all values shown are 0
     double m_top = 1;                          ///< the value at the plot's upper end
-    RecordList<ChartSegment> m_segments;
+    QList<ChartSegment> m_segments;
     RecordList<AxisMark> m_dateMarks;
     RecordList<AxisMark> m_valueMarks;
     RecordList<TooltipLine> m_hoveredLines;

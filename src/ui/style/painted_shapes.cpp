@@ -5,6 +5,19 @@
 
 namespace tallyvane::ui {
 
+void hatch(QPainter& painter, const QRectF& area, const QColor& colour) {
+    constexpr double distance = 5;
+    painter.save();
+    painter.setClipRect(area);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.2));
+    for (double x = distance / 2; x < area.width() + area.height(); x += distance) {
+        painter.drawLine(area.topLeft() + QPointF(x, 0),
+                         area.bottomLeft() + QPointF(x - area.height(), 0));
+    }
+    painter.restore();
+}
+
 PaintedShape::PaintedShape(QQuickItem* parent) : QQuickPaintedItem(parent) {
     connect(this, &PaintedShape::colorChanged, this, [this] { update(); });
 }
@@ -26,12 +39,7 @@ void Capsule::paint(QPainter* painter) {
 }
 
 void Hatching::paint(QPainter* painter) {
-    constexpr double distance = 5;
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(colour(), 1.2));
-    for (double x = distance / 2; x < width() + height(); x += distance) {
-        painter->drawLine(QPointF(x, 0), QPointF(x - height(), height()));
-    }
+    hatch(*painter, boundingRect(), colour());
 }
 
 } // namespace tallyvane::ui

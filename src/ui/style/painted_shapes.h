@@ -6,6 +6,9 @@
 
 namespace tallyvane::ui {
 
+/// Draws diagonal lines, which tell a surface from one of another colour.
+void hatch(QPainter& painter, const QRectF& area, const QColor& colour);
+
 /// A shape in one colour. Nothing is painted of what is less than a pixel wide or high.
 class PaintedShape : public QQuickPaintedItem {
     Q_OBJECT
@@ -39,7 +42,7 @@ public:
     void paint(QPainter* painter) override;
 };
 
-/// Diagonal lines, which tell a surface from one of another colour.
+/// An area that is hatched.
 class Hatching : public tallyvane::ui::PaintedShape {
     Q_OBJECT
     QML_ELEMENT
