@@ -244,7 +244,7 @@ private Q_SLOTS:
         open.idle.notificationCentre.isOn = false;
         open.open(3);
         QCOMPARE(open.text("start"), u"09:00"_s);
-        open.press("openSettings", Qt::Key_Space);
+        open.press("notAuthorizedHelp", Qt::Key_Space);
         QCOMPARE(open.settingsOpened, 1);
         open.idle.notificationCentre.isOn = true;
         QVERIFY(!open.item("lowQuotaNotAuthorized"));
@@ -285,7 +285,7 @@ private Q_SLOTS:
         off.windows[0].endMinutes = 1;
         open.idle.model.setNotificationSettings(off);
         QVERIFY(open.text("windowsNote").endsWith(u"allows any."));
-        open.press("turnWindowOn", Qt::Key_Space);
+        open.press("windowNoteHelp", Qt::Key_Space);
         QVERIFY(!open.item("windowNote") && !open.item("windowsNote"));
         open.press("addWindow", Qt::Key_Space);
         TALLYVANE_TRY_COMPARE(open.items("remove").size(), 2);

@@ -11,6 +11,12 @@ ColumnLayout {
 
     required property SettingsModel viewModel
 
+    component TurnedOff: Warning {
+        text: qsTr("Notifications are turned off in System Settings")
+        help: root.viewModel.hasNotificationSettings ? qsTr("Open Settings") : ""
+        onHelpWanted: root.viewModel.openNotificationSettings()
+    }
+
     /// Focuses the time window that has taken the place of the one removed at `index`.
     function focusTimeWindow(index: int): void {
         const row = timeWindows.itemAt(Math.min(index, timeWindows.count - 1)) as TimeWindowRow;
@@ -167,27 +173,20 @@ ColumnLayout {
             Layout.fillWidth: true
             text: qsTr("Sends a desktop alert when Codex or Claude's quota resets during an enabled window. Requires the menu bar app to be running.")
         }
-        AdaptiveRow {
-            visible: !root.viewModel.isAuthorized
-            columnSpacing: Theme.spacing
+        Repeater {
+            model: root.viewModel.isAuthorized ? 0 : 1
 
-            WarningText {
+            TurnedOff {
                 objectName: "notAuthorized"
-                text: qsTr("Notifications are turned off in System Settings")
-            }
-            PushButton {
-                objectName: "openSettings"
-                Layout.alignment: Qt.AlignRight
-                visible: root.viewModel.hasNotificationSettings
-                text: qsTr("Open Settings")
-                onClicked: root.viewModel.openNotificationSettings()
             }
         }
-        WarningText {
-            objectName: "windowsNote"
-            Layout.fillWidth: true
-            visible: text !== ""
-            text: root.viewModel.windowsNote
+        Repeater {
+            model: root.viewModel.windowsNote === "" ? 0 : 1
+
+            Warning {
+                objectName: "windowsNote"
+                text: root.viewModel.windowsNote
+            }
         }
         Divider {
             Layout.fillWidth: true
@@ -262,19 +261,11 @@ ColumnLayout {
             Layout.fillWidth: true
             text: qsTr("Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.")
         }
-        AdaptiveRow {
-            visible: root.viewModel.warnsOfLowQuota && !root.viewModel.isAuthorized
-            columnSpacing: Theme.spacing
+        Repeater {
+            model: root.viewModel.warnsOfLowQuota && !root.viewModel.isAuthorized ? 1 : 0
 
-            WarningText {
+            TurnedOff {
                 objectName: "lowQuotaNotAuthorized"
-                text: qsTr("Notifications are turned off in System Settings")
-            }
-            PushButton {
-                Layout.alignment: Qt.AlignRight
-                visible: root.viewModel.hasNotificationSettings
-                text: qsTr("Open Settings")
-                onClicked: root.viewModel.openNotificationSettings()
             }
         }
     }

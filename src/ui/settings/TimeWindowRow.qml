@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Settings
@@ -73,20 +75,14 @@ ColumnLayout {
             }
         }
     }
-    AdaptiveRow {
-        visible: root.note !== ""
+    Repeater {
+        model: root.note === "" ? 0 : 1
 
-        WarningText {
+        Warning {
             objectName: "windowNote"
-            Layout.fillWidth: true
             text: root.note
-        }
-        PushButton {
-            objectName: "turnWindowOn"
-            Layout.alignment: Qt.AlignRight
-            visible: !root.isOn
-            text: qsTr("Turn on")
-            onClicked: root.viewModel.turnWindowOn(root.windowId)
+            help: root.isOn ? "" : qsTr("Turn on")
+            onHelpWanted: root.viewModel.turnWindowOn(root.windowId)
         }
     }
 }
