@@ -206,7 +206,9 @@ private Q_SLOTS:
         open.press(Qt::Key_Down); // Sunday is in the future.
         open.press(Qt::Key_Left);
         QVERIFY(open.text("told").startsWith("Sa., 14. Nov."_L1));
-        const auto* heatmap = open.viewModel()->heatmap();
+        auto* heatmap = open.viewModel()->heatmap();
+        QCOMPARE(heatmap->months()->rowCount(), 6);
+        QCOMPARE(value(heatmap->months(), 5, "position"), 22. / 26); // in whose week November began
         const auto legend = heatmap->legend();
         const auto cells = heatmap->cells();
         open.idle.model.setAppearance(model::AppAppearance::dark);

@@ -10,7 +10,6 @@ using history::DayCell;
 namespace {
 
 constexpr int daysPerWeek = 7;
-constexpr int widthOfMonthLabel = 3; // columns
 
 } // namespace
 
@@ -83,16 +82,14 @@ QStringList HeatmapModel::weekdays() const {
 
 void HeatmapModel::showMonths() {
     std::vector<AxisMark> months;
-    int free = 0; // the first column whose label would not touch the previous one
     int index = -1;
     for (const history::WeekColumn& column : m_columns) {
         ++index;
         const auto first =
             std::ranges::find(column, 1, [](const DayCell& cell) { return cell.day.day(); });
-        if (first != column.end() && !first->isFuture && index >= free) {
+        if (first != column.end() && !first->isFuture) {
             months.push_back({.position = static_cast<double>(index) / m_weeks,
                               .label = m_labels.month(first->day)});
-            free = index + widthOfMonthLabel;
         }
     }
     m_months.setRecords(std::move(months));
