@@ -115,11 +115,15 @@ std::optional<QByteArray> readFile(const fs::path& path, qsizetype maximumSize) 
     if (!file.open(descriptor.get(), QIODevice::ReadOnly)) {
         return std::nullopt;
     }
-    QByteArray bytes = file.read(maximumSize + 1);
-    if (file.error() != QFile::NoError || bytes.size() > maximumSize) {
-        return std::nullopt;
+    constexpr qsizetype pieceSize = 64 * 1024; // read() allocates what it is asked for
+    QByteArray bytes;
+    for (QByteArray piece; !(piece = file.read(pieceSize)).isEmpty();) {
+        bytes += piece;
+        if (bytes.size() > maximumSize) {
+            return std::nullopt;
+        }
     }
-    return bytes;
+    return file.error() == QFile::NoError ? std::optional(bytes) : std::nullopt;
 }
 
 std::expected<void, FileError> writeFile(const fs::path& path, const QByteArray& bytes) {
