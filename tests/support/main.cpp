@@ -1,6 +1,7 @@
 #include "support/test_main.h"
 
 #include <cstdio>
+#include <malloc.h>
 
 using namespace tallyvane;
 
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
                      argv[0]);
         return 2;
     }
+    mallopt(M_PERTURB, 0xA5); // what reads freed memory, Qt too, shall fail
     const QTemporaryDir directory;
     tests::isolate(directory);
     return test->second(argc - 1, argv + 1);

@@ -339,6 +339,30 @@ private Q_SLOTS:
         QCOMPARE(open.loginItem.status(), platform::LoginItemStatus::enabled);
     }
 
+    void forgetsRemovedItems() {
+        OpenWindow open;
+        open.open(3);
+        open.press("addWindow", Qt::Key_Space);
+        open.idle.notificationCentre.isOn = false;
+        Q_EMIT open.idle.notificationCentre.authorizationChanged();
+        TALLYVANE_TRY_VERIFY(open.item("notAuthorized"));
+        auto windows = open.idle.model.notificationSettings();
+        windows.windows.clear();
+        const std::function<void()> rows[] = {
+            [&] { open.idle.model.setOnlyProvider(model::AIProvider::claude); },
+            [&] { open.idle.model.setNotificationSettings(windows); },
+            [&] {
+                open.idle.notificationCentre.isOn = true;
+                Q_EMIT open.idle.notificationCentre.authorizationChanged();
+            }};
+        for (const auto& remove : rows) {
+            remove();
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            open.root()->setWidth(open.root()->width() - 1); // before the next frame
+        }
+    }
+
     void remembersItsShape() {
         OpenWindow open;
         open.view()->resize(700, 600);

@@ -74,7 +74,7 @@ ColumnLayout {
         action: root.viewModel.foundProgram === "" ? "" : qsTr("Use %1").arg(root.viewModel.foundProgram)
         onAccepted: root.viewModel.useFoundProgram()
     }
-    Repeater {
+    LayoutRepeater {
         model: root.viewModel.cards
 
         ProviderQuotaCard {

@@ -30,7 +30,7 @@ Rectangle {
             font: Theme.captionSemibold
             Accessible.ignored: true
         }
-        Repeater {
+        LayoutRepeater {
             model: root.lines
 
             RowLayout {

@@ -76,7 +76,7 @@ FocusScope {
                 visible: root.viewModel.isRefreshing
             }
         }
-        Repeater {
+        LayoutRepeater {
             model: root.viewModel.rows
 
             ProviderQuotaRow {

@@ -173,14 +173,14 @@ ColumnLayout {
             Layout.fillWidth: true
             text: qsTr("Sends a desktop alert when Codex or Claude's quota resets during an enabled window. Requires the menu bar app to be running.")
         }
-        Repeater {
+        LayoutRepeater {
             model: root.viewModel.isAuthorized ? 0 : 1
 
             TurnedOff {
                 objectName: "notAuthorized"
             }
         }
-        Repeater {
+        LayoutRepeater {
             model: root.viewModel.windowsNote === "" ? 0 : 1
 
             Warning {
@@ -191,7 +191,7 @@ ColumnLayout {
         Divider {
             Layout.fillWidth: true
         }
-        Repeater {
+        LayoutRepeater {
             id: timeWindows
 
             model: root.viewModel.windows
@@ -261,7 +261,7 @@ ColumnLayout {
             Layout.fillWidth: true
             text: qsTr("Sends a desktop alert when 25 % and 10 % of a quota are left, and when it is going to run out before its reset. The time windows above apply. Requires the menu bar app to be running.")
         }
-        Repeater {
+        LayoutRepeater {
             model: root.viewModel.warnsOfLowQuota && !root.viewModel.isAuthorized ? 1 : 0
 
             TurnedOff {

@@ -75,7 +75,7 @@ ColumnLayout {
             }
         }
     }
-    Repeater {
+    LayoutRepeater {
         model: root.note === "" ? 0 : 1
 
         Warning {
