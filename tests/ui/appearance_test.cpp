@@ -46,6 +46,14 @@ private Q_SLOTS:
             QCOMPARE(at(14, 4), QColor(Qt::blue));
             QCOMPARE(at(14, 14), QColor(Qt::white));
         }
+        QImage enlarged(22, 22, QImage::Format_RGB32);
+        enlarged.fill(Qt::white);
+        QPainter painter(&enlarged);
+        painter.scale(1.25, 1.25);
+        cells.paint(&painter);
+        for (const auto& [x, colour] : {std::pair{9, Qt::blue}, {10, Qt::white}, {12, Qt::red}}) {
+            QCOMPARE(enlarged.pixelColor(x, 5), QColor(colour));
+        }
     }
 
     void placesChartBars() {

@@ -2,10 +2,13 @@
 
 #include "ui/style/colour.h"
 
+#include <QtGui/QImage>
 #include <QtGui/QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace tallyvane::ui {
 
@@ -28,29 +31,46 @@ double HeatCells::edgeWidth(const HeatmapCell& cell) const {
     return cell.level > 0 || !cell.isFilled ? 1 : 0;
 }
 
+QImage HeatCells::drawn(const HeatmapCell& cell, double scale) const {
+    const int pixels = std::max(1, static_cast<int>(m_cell * scale));
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    const double edge = edgeWidth(cell);
+    const double half = edge / 2; // a pen paints on both sides of a line
+    const double side = pixels / scale - edge;
+    const double radius = m_cell / 4.5 - half;
+    const QColor opaque = cell.colour.toRgb().rgb();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(
+        edge == 0
+            ? Qt::NoPen
+            : QPen(cell.isFilled ? readable(opaque, m_ground, m_contrast) : cell.colour, edge));
+    painter.setBrush(cell.isFilled ? QBrush(cell.colour) : Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(half, half, side, side), radius, radius);
+    return image;
+}
+
 void HeatCells::paint(QPainter* painter) {
-    painter->setRenderHint(QPainter::Antialiasing);
+    const double scale = painter->deviceTransform().m11();
+    const auto wholePixels = [scale](double length) { return std::floor(length * scale) / scale; };
+    std::vector<std::pair<HeatmapCell, QImage>> looks; // a handful, each drawn once
     int index = -1;
     for (const HeatmapCell& cell : m_cells) {
         ++index;
         if (cell.colour.alpha() == 0) {
             continue;
         }
+        auto look = std::ranges::find(looks, cell, &std::pair<HeatmapCell, QImage>::first);
+        if (look == looks.end()) {
+            look = looks.emplace(look, cell, drawn(cell, scale));
+        }
         const int column = index / m_rows;
-        const QPointF corner((m_isRightToLeft ? columns() - 1 - column : column) * m_pitch,
-                             index % m_rows * m_pitch);
-        const double edge = edgeWidth(cell);
-        const double half = edge / 2; // a pen paints on both sides of a line
-        const QColor opaque = cell.colour.toRgb().rgb();
-        painter->setPen(
-            edge == 0
-                ? Qt::NoPen
-                : QPen(cell.isFilled ? readable(opaque, m_ground, m_contrast) : cell.colour, edge));
-        painter->setBrush(cell.isFilled ? QBrush(cell.colour) : Qt::NoBrush);
-        const double radius = m_cell / 4.5 - half;
-        painter->drawRoundedRect(
-            QRectF(corner, QSizeF(m_cell, m_cell)).adjusted(half, half, -half, -half), radius,
-            radius);
+        painter->drawImage(
+            QPointF(wholePixels((m_isRightToLeft ? columns() - 1 - column : column) * m_pitch),
+                    wholePixels(index % m_rows * m_pitch)),
+            look->second);
     }
 }
 

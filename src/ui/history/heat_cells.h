@@ -33,6 +33,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] int columns() const;
     [[nodiscard]] double edgeWidth(const HeatmapCell& cell) const;
+    [[nodiscard]] QImage drawn(const HeatmapCell& cell, double scale) const;
 
     QList<HeatmapCell> m_cells;
     int m_rows = 1;
