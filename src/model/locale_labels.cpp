@@ -60,6 +60,22 @@ struct LocaleLabels::Formatters {
         }
     }
 
+    /// Those that all labels of a locale share, as making them takes milliseconds. English ones if
+    /// ICU has none.
+    static std::shared_ptr<Formatters> of(const std::string& locale) {
+        static std::map<std::string, std::weak_ptr<Formatters>> inUse;
+        std::weak_ptr<Formatters>& place = inUse[locale];
+        auto formatters = place.lock();
+        if (!formatters) {
+            formatters = std::make_shared<Formatters>(icuLocale(locale));
+            if (formatters->format(0, "ccc").isEmpty()) {
+                formatters = std::make_shared<Formatters>(icu::Locale::getEnglish());
+            }
+            place = formatters;
+        }
+        return formatters;
+    }
+
     /// Null on an error of ICU. Made once, as that takes far longer than to format.
     const icu::SimpleDateFormat* dates(const std::string& skeleton) {
         const auto [place, isNew] = datesBySkeleton.try_emplace(skeleton);
@@ -102,13 +118,7 @@ struct LocaleLabels::Formatters {
     }
 };
 
-LocaleLabels::LocaleLabels(const std::string& locale)
-    : m_formatters(std::make_unique<Formatters>(icuLocale(locale))) {
-    if (weekday(QDate(1970, 1, 1)).isEmpty()) {
-        m_formatters = std::make_unique<Formatters>(icu::Locale::getEnglish());
-    }
-}
-LocaleLabels::~LocaleLabels() = default;
+LocaleLabels::LocaleLabels(const std::string& locale) : m_formatters(Formatters::of(locale)) {}
 
 QString LocaleLabels::compactNumber(std::int64_t number) const {
     UErrorCode status = U_ZERO_ERROR;

@@ -18,9 +18,6 @@ public:
     /// `locale` is a POSIX or BCP 47 name such as "de_AT.UTF-8" or "sr-Latn". The texts of unknown
     /// locales are English.
     explicit LocaleLabels(const std::string& locale);
-    ~LocaleLabels();
-    LocaleLabels(const LocaleLabels&) = delete;
-    LocaleLabels& operator=(const LocaleLabels&) = delete;
 
     /// "950", "1.2K", "12K", "3.4M".
     [[nodiscard]] QString compactNumber(std::int64_t number) const;
@@ -46,7 +43,7 @@ public:
 private:
     struct Formatters;
 
-    std::unique_ptr<Formatters> m_formatters;
+    std::shared_ptr<Formatters> m_formatters;
 };
 
 } // namespace tallyvane::model
