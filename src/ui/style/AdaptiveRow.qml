@@ -2,9 +2,11 @@ import QtQuick
 import QtQuick.Layouts
 import Tallyvane.Style
 
-/// Two items side by side, or one above the other if they do not fit.
+/// Two items side by side, or one above the other if they do not fit. Their implicit widths must not
+/// depend on which it is.
 GridLayout {
-    columns: children[0].implicitWidth + children[1].implicitWidth + columnSpacing > width ? 1 : 2
+    // Without a width yet, as is usual with one, so that it need not be laid out anew.
+    columns: width > 0 && children[0].implicitWidth + children[1].implicitWidth + columnSpacing > width ? 1 : 2
     columnSpacing: Theme.largeSpacing
     rowSpacing: Theme.spacing
 }
