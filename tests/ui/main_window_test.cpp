@@ -193,7 +193,12 @@ private Q_SLOTS:
         QCOMPARE(chart->hoveredText(),
                  u"November 2026, Codex 13\u00A0Mio. tokens, Claude 8,8\u00A0Mio. tokens"_s);
 
+        const auto* period = open.item("period");
+        const double place = period->mapToScene({}).x();
         open.press("copy", Qt::Key_Space);
+        QCOMPARE(open.text("copy"), u"Copied"_s);
+        QVERIFY(!open.view()->grabWindow().isNull());
+        QCOMPARE(period->mapToScene({}).x(), place);
         const QString copied = QGuiApplication::clipboard()->text();
         QVERIFY2(copied.startsWith(u"day,provider,weekly_quota_percent,tokens\r\n"
                                    "2026-11-21,codex,8,120000\r\n2026-11-21,claude,14,84000\r\n"),

@@ -29,33 +29,43 @@ ColumnLayout {
             }
             Flow {
                 Layout.fillWidth: true
+                // That of one line even when wrapped, as the row's arrangement depends on it.
+                Layout.preferredWidth: subtitle.implicitWidth + spacing + key.implicitWidth
                 spacing: Theme.largeSpacing
 
                 TextLabel {
+                    id: subtitle
+
                     objectName: "subtitle"
                     text: root.viewModel.subtitle
                     color: Theme.secondaryText
                 }
-                Repeater {
-                    model: root.viewModel.key
+                Row {
+                    id: key
 
-                    Row {
-                        id: provider
+                    spacing: Theme.largeSpacing
 
-                        required property string name
-                        required property color colour
-                        required property bool isHatched
+                    Repeater {
+                        model: root.viewModel.key
 
-                        spacing: Theme.smallSpacing + 2
+                        Row {
+                            id: provider
 
-                        ProviderDot {
-                            anchors.verticalCenter: parent.verticalCenter
-                            colour: provider.colour
-                            isHatched: provider.isHatched
-                        }
-                        TextLabel {
-                            text: provider.name
-                            color: Theme.secondaryText
+                            required property string name
+                            required property color colour
+                            required property bool isHatched
+
+                            spacing: Theme.smallSpacing + 2
+
+                            ProviderDot {
+                                anchors.verticalCenter: parent.verticalCenter
+                                colour: provider.colour
+                                isHatched: provider.isHatched
+                            }
+                            TextLabel {
+                                text: provider.name
+                                color: Theme.secondaryText
+                            }
                         }
                     }
                 }
@@ -84,12 +94,21 @@ ColumnLayout {
                 id: copy
 
                 objectName: "copy"
+                // Wide enough for either text, so that what is beside it stays in place.
+                Layout.minimumWidth: otherText.implicitWidth + leftPadding + rightPadding
                 text: copied.running ? qsTr("Copied") : qsTr("Copy")
                 onClicked: {
                     root.viewModel.copy();
                     copied.restart();
                 }
 
+                TextLabel {
+                    id: otherText
+
+                    visible: false
+                    text: copied.running ? qsTr("Copy") : qsTr("Copied")
+                    Accessible.ignored: true
+                }
                 Timer {
                     id: copied
 
